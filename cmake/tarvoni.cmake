@@ -1,0 +1,42 @@
+# What every target of the house shares: warnings as errors, ccache, sanitizers, and the way a folder becomes a library.
+
+option(TARVONI_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(TARVONI_BENCH "Build the benchmarks" ON)
+option(TARVONI_FUZZ "Build the libFuzzer target (clang only)" OFF)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(tarvoni_options INTERFACE)
+target_compile_options(tarvoni_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
+                                                 -Werror)
+target_include_directories(tarvoni_options INTERFACE ${CMAKE_SOURCE_DIR})
+if(TARVONI_SANITIZE)
+  target_compile_options(tarvoni_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer)
+  target_link_options(tarvoni_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# tarvoni_library(NAME [DEPENDENCY...]): a static library of all sources of the current folder.
+function(tarvoni_library name)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(sources)
+    add_library(${name} STATIC ${sources})
+    target_link_libraries(${name} PUBLIC tarvoni_options ${ARGN})
+  else()
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE tarvoni_options ${ARGN})
+  endif()
+endfunction()
+
+# tarvoni_test(NAME [DEPENDENCY...]): a GoogleTest program of all *_test.cpp of the current folder.
+function(tarvoni_test name)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp)
+  if(sources)
+    add_executable(${name} ${sources})
+    target_link_libraries(${name} PRIVATE ${ARGN} GTest::gmock GTest::gtest_main)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+  endif()
+endfunction()

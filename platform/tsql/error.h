@@ -1,0 +1,65 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace tarvoni::tsql {
+
+// A place in the text of a batch, counted from 1; columns count characters.
+struct Position {
+  int line = 0;
+  int column = 0;
+};
+
+// Error numbers of a T-SQL server that the front end itself raises.
+enum ErrorNumber : int {
+  kSyntax = 102,
+  kUnclosedQuote = 105,
+  kOrdinalOutOfRange = 108,
+  kFewerValuesThanColumns = 109,
+  kMoreValuesThanColumns = 110,
+  kUnclosedComment = 113,
+  kOnlyOneColumn = 116,
+  kFewerSelectColumns = 120,
+  kMoreSelectColumns = 121,
+  kDistinctOrder = 145,
+  kAggregateInWhere = 147,
+  kSyntaxKeyword = 156,
+  kArgumentCount = 174,
+  kTooDeep = 191,
+  kUnknownFunction = 195,
+  kUnionWidth = 205,
+  kUnknownColumn = 207,
+  kUnknownTable = 208,
+  kAmbiguousColumn = 209,
+  kWrongInsertWidth = 213,
+  kDuplicateColumn = 264,
+  kExplicitIdentity = 544,
+  kIdentityMissing = 545,
+  kExposedNames = 1013,
+  kOrderInDerived = 1033,
+  kTableExists = 2714,
+  kUnboundIdentifier = 4104,
+  kNoCondition = 4145,
+  kIdentityUpdate = 8102,
+  kNoIdentity = 8106,
+  kOperandType = 8117,
+  kNotGrouped = 8120,
+  kUnnamedColumn = 8155,
+  kDuplicateDerivedColumn = 8156,
+  kUnsupported = 50001,  // our own: the construct is named in the message
+};
+
+// What is wrong with a batch before anything of it runs, and where.
+class Error : public std::runtime_error {
+ public:
+  Error(int number, const std::string& message, Position at) : std::runtime_error(message), number_(number), at_(at) {}
+  int Number() const { return number_; }
+  Position At() const { return at_; }
+
+ private:
+  int number_;
+  Position at_;
+};
+
+}  // namespace tarvoni::tsql
