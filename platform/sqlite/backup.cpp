@@ -15,10 +15,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Database& SharedOf(Connection& connection) { return dynamic_cast<SqliteConnection&>(connection).Shared(); }
+Database& SharedOf(Connection& connection) {
+  return dynamic_cast<SqliteConnection&>(connection).Shared();
+}
 
 [[noreturn]] void FailWriting(const fs::path& path, const std::string& reason) {
-  throw DatabaseError(kErrorConnection, "Die Sicherung „" + path.string() + "“ lässt sich nicht schreiben: " + reason);
+  throw DatabaseError(kErrorConnection,
+                      "Die Sicherung „" + path.string() + "“ lässt sich nicht schreiben: " + reason);
 }
 
 // The unfinished copy: gone again unless it became the target.
@@ -57,8 +60,8 @@ std::vector<std::string> Problems(Handle& handle) {
   }
   Statement references(handle, "PRAGMA foreign_key_check");
   while (references.Step()) {
-    problems.push_back("row " + references.Text(1) + " of " + references.Text(0) + " refers to a missing row of " +
-                       references.Text(2));
+    problems.push_back("row " + references.Text(1) + " of " + references.Text(0) +
+                       " refers to a missing row of " + references.Text(2));
   }
   return problems;
 }
@@ -79,7 +82,8 @@ void WriteCopy(Database& database, const fs::path& path) {
   CopyPages(database.File(), copy);
   const auto problems = Problems(copy);
   if (!problems.empty()) {
-    throw DatabaseError(kErrorDamaged, "Die Datenbank ist beschädigt, es wurde nichts gesichert: " + problems.front());
+    throw DatabaseError(kErrorDamaged,
+                        "Die Datenbank ist beschädigt, es wurde nichts gesichert: " + problems.front());
   }
 }
 
@@ -90,7 +94,8 @@ void Backup(Connection& connection, const std::string& target) {
   database.Commit();
   const fs::path path = fs::absolute(target);
   std::error_code ignored;
-  if (fs::equivalent(path, database.Name(), ignored)) FailWriting(path, "Das ist die geöffnete Datenbank selbst.");
+  if (fs::equivalent(path, database.Name(), ignored))
+    FailWriting(path, "Das ist die geöffnete Datenbank selbst.");
   if (fs::is_directory(path)) FailWriting(path, "Das ist ein Ordner.");
   const PartialFile partial(path);
   try {
@@ -103,6 +108,8 @@ void Backup(Connection& connection, const std::string& target) {
   }
 }
 
-std::vector<std::string> CheckIntegrity(Connection& connection) { return Problems(SharedOf(connection).File()); }
+std::vector<std::string> CheckIntegrity(Connection& connection) {
+  return Problems(SharedOf(connection).File());
+}
 
 }  // namespace tarvoni::sqlite

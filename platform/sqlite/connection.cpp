@@ -16,7 +16,9 @@ SqliteConnection::~SqliteConnection() {
   }
 }
 
-long long SqliteConnection::Execute(std::string_view text) { return Run(text, false).affected; }
+long long SqliteConnection::Execute(std::string_view text) {
+  return Run(text, false).affected;
+}
 
 Recordset SqliteConnection::Open(std::string_view text) {
   auto result = Run(text, true);

@@ -20,19 +20,24 @@ Database::Database(std::string name, const std::string& path, int flags, const O
   InstallIdentityHooks();
 }
 
-Database::~Database() { assert(handlers_ == 0); }
+Database::~Database() {
+  assert(handlers_ == 0);
+}
 
 void Database::CheckSchemaVersion(int version) {
   const auto found = handle_.QueryInteger("PRAGMA user_version");
   if (version == 0 || found <= version) return;
-  throw DatabaseError(kErrorNewerSchema, "Die Datenbank (Stand " + std::to_string(found) +
-                                             ") stammt von einer neueren Programmversion; diese kennt nur Stand " +
-                                             std::to_string(version) + ".");
+  throw DatabaseError(kErrorNewerSchema,
+                      "Die Datenbank (Stand " + std::to_string(found) +
+                          ") stammt von einer neueren Programmversion; diese kennt nur Stand " +
+                          std::to_string(version) + ".");
 }
 
 void Database::InstallIdentityHooks() {
   handle_.Functions().next_identity = [this](std::string_view table) { return identities_.Next(table); };
-  handle_.Functions().current_identity = [this](std::string_view table) { return identities_.Current(table); };
+  handle_.Functions().current_identity = [this](std::string_view table) {
+    return identities_.Current(table);
+  };
 }
 
 void Database::EndHandler() {

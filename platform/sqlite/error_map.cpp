@@ -9,7 +9,9 @@
 namespace tarvoni::sqlite {
 namespace {
 
-bool Contains(std::string_view text, std::string_view part) { return text.find(part) != std::string_view::npos; }
+bool Contains(std::string_view text, std::string_view part) {
+  return text.find(part) != std::string_view::npos;
+}
 
 // "UNIQUE constraint failed: KONTO.ID" names its columns behind the colon.
 std::string Detail(std::string_view message) {
@@ -47,7 +49,8 @@ DatabaseError StatementError(std::string_view message) {
     return {1913, "The operation failed because an " + std::string(message) + "."};
   if (Contains(message, "already exists") || Contains(message, "there is already"))
     return {2714, "There is already an object of that name in the database (" + std::string(message) + ")."};
-  return {kErrorNotSupported, "Die eingebettete Datenbank lehnt die Anweisung ab: " + std::string(message) + "."};
+  return {kErrorNotSupported,
+          "Die eingebettete Datenbank lehnt die Anweisung ab: " + std::string(message) + "."};
 }
 
 }  // namespace
@@ -65,7 +68,8 @@ DatabaseError ErrorOf(int extended_code, std::string_view message) {
       return {kErrorDiskFull, "Auf dem Datenträger der Datenbank ist kein Platz mehr."};
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      return {kErrorBusy, "Ein anderes Programm hält die Datenbank gerade fest. Bitte gleich noch einmal versuchen."};
+      return {kErrorBusy,
+              "Ein anderes Programm hält die Datenbank gerade fest. Bitte gleich noch einmal versuchen."};
     case SQLITE_READONLY:
     case SQLITE_PERM:
       return {kErrorReadOnly, "Die Datenbank oder ihr Ordner ist schreibgeschützt."};
@@ -86,7 +90,8 @@ DatabaseError ErrorOf(const tsql::Error& error, std::string_view batch) {
 
 bool EndsBatch(int number) {
   static constexpr std::array kFailedConversions = {208, 235, 241, 242, 244, 245, 248, 8114};
-  return number >= kErrorNotSupported || std::ranges::find(kFailedConversions, number) != kFailedConversions.end();
+  return number >= kErrorNotSupported ||
+         std::ranges::find(kFailedConversions, number) != kFailedConversions.end();
 }
 
 }  // namespace tarvoni::sqlite

@@ -21,7 +21,8 @@ StoredValue Now() {
 // Where the batch finds tables: the file's, and its own temporary ones.
 class BatchCatalogue : public tsql::Catalogue {
  public:
-  BatchCatalogue(const tsql::Catalogue& file, const TemporaryTables* temporary) : file_(file), temporary_(temporary) {}
+  BatchCatalogue(const tsql::Catalogue& file, const TemporaryTables* temporary)
+      : file_(file), temporary_(temporary) {}
 
   std::shared_ptr<const tsql::TableDefinition> FindTable(std::string_view name) const override {
     if (!name.starts_with('#')) return file_.FindTable(name);
@@ -76,7 +77,9 @@ PreparedPlanPtr Executor::Prepare(tsql::Plan plan) {
   return std::make_shared<PreparedPlan>(database_.File(), database_.Identities(), std::move(plan), lexed_);
 }
 
-tsql::CompileOptions Executor::Options() const { return {session_.identity_insert, suffix_}; }
+tsql::CompileOptions Executor::Options() const {
+  return {session_.identity_insert, suffix_};
+}
 
 void Executor::RunSteps(PreparedPlan& plan) {
   const auto outer = std::pair(std::exchange(plan_, &plan), std::exchange(index_, 0));
@@ -196,9 +199,13 @@ std::size_t Executor::Do(const tsql::ConditionStep& step) {
   return holds ? index_ + 1 : static_cast<std::size_t>(step.otherwise);
 }
 
-std::size_t Executor::Do(const tsql::JumpStep& step) { return static_cast<std::size_t>(step.target); }
+std::size_t Executor::Do(const tsql::JumpStep& step) {
+  return static_cast<std::size_t>(step.target);
+}
 
-std::size_t Executor::Do(const tsql::RaiseStep& step) { throw DatabaseError(step.number, step.message); }
+std::size_t Executor::Do(const tsql::RaiseStep& step) {
+  throw DatabaseError(step.number, step.message);
+}
 
 std::size_t Executor::Do(const tsql::DeferredStep& step) {
   try {

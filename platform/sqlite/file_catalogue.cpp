@@ -17,7 +17,8 @@ tsql::Type DeclaredType(const std::string& declared) {
 std::shared_ptr<const tsql::TableDefinition> FileCatalogue::FindTable(std::string_view name) const {
   if (const auto known = tables_.find(name); known != tables_.end()) return known->second;
   const auto& names = Names();
-  const auto found = std::ranges::find_if(names, [&](const auto& each) { return tsql::SameName(each, name); });
+  const auto found =
+      std::ranges::find_if(names, [&](const auto& each) { return tsql::SameName(each, name); });
   if (found == names.end()) return nullptr;
   // Other spellings of the name share one definition.
   auto table = name == *found ? Load(*found) : FindTable(*found);
@@ -40,9 +41,10 @@ bool FileCatalogue::ClearIfChanged() {
 const std::vector<std::string>& FileCatalogue::Names() const {
   if (names_) return *names_;
   version_ = Version();
-  Statement query(handle_, "SELECT name FROM main.sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' "
-                           "ESCAPE '\\' AND name <> ?1");
-  query.Bind(1, std::string_view(tsql::kIdentityTable));
+  Statement query(handle_,
+                  "SELECT name FROM main.sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' "
+                  "ESCAPE '\\' AND name <> ?1");
+  query.BindText(1, tsql::kIdentityTable);
   std::vector<std::string> names;
   while (query.Step()) names.push_back(query.Text(0));
   return names_.emplace(std::move(names));
@@ -57,9 +59,10 @@ FileCatalogue::TablePtr FileCatalogue::Load(const std::string& name) const {
 }
 
 void FileCatalogue::LoadColumns(tsql::TableDefinition& table) const {
-  Statement query(handle_, "SELECT name, type, \"notnull\", dflt_value IS NOT NULL, pk "
-                           "FROM pragma_table_xinfo(?1, 'main') WHERE hidden = 0 ORDER BY cid");
-  query.Bind(1, table.name);
+  Statement query(handle_,
+                  "SELECT name, type, \"notnull\", dflt_value IS NOT NULL, pk "
+                  "FROM pragma_table_xinfo(?1, 'main') WHERE hidden = 0 ORDER BY cid");
+  query.BindText(1, table.name);
   std::vector<std::pair<std::int64_t, int>> primary;
   while (query.Step()) {
     const std::int64_t place = query.Integer(4);
@@ -85,7 +88,7 @@ void FileCatalogue::LoadKeys(tsql::TableDefinition& table, const std::vector<int
                   "pragma_index_info(list.name, 'main') AS info "
                   "WHERE list.\"unique\" = 1 AND list.partial = 0 AND list.origin <> 'pk' "
                   "ORDER BY list.seq, info.seqno");
-  query.Bind(1, table.name);
+  query.BindText(1, table.name);
   std::map<std::int64_t, std::vector<int>> keys;
   while (query.Step()) keys[query.Integer(0)].push_back(query.IsNull(1) ? -1 : table.Find(query.Text(1)));
   for (auto& [place, key] : keys) {
@@ -95,11 +98,11 @@ void FileCatalogue::LoadKeys(tsql::TableDefinition& table, const std::vector<int
 
 void FileCatalogue::LoadIdentity(tsql::TableDefinition& table) const {
   Statement notes(handle_, "SELECT 1 FROM main.sqlite_schema WHERE name = ?1");
-  notes.Bind(1, std::string_view(tsql::kIdentityTable));
+  notes.BindText(1, tsql::kIdentityTable);
   if (!notes.Step()) return;
   Statement query(handle_, std::string("SELECT column_name, seed, step FROM main.") + tsql::kIdentityTable +
                                " WHERE table_name = ?1");
-  query.Bind(1, table.name);
+  query.BindText(1, table.name);
   if (!query.Step()) return;
   const int found = table.Find(query.Text(0));
   if (found < 0) return;

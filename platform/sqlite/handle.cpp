@@ -20,7 +20,9 @@ Handle::Handle(const std::string& path, int flags, std::chrono::milliseconds bus
   RegisterFunctions(db_, functions_);
 }
 
-Handle::~Handle() { sqlite3_close_v2(db_); }
+Handle::~Handle() {
+  sqlite3_close_v2(db_);
+}
 
 void Handle::Execute(const char* sql) {
   functions_.error.reset();

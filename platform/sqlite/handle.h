@@ -10,7 +10,8 @@
 
 namespace tarvoni::sqlite {
 
-// An open SQLite file that knows the functions and the collation of T-SQL. What fails in it throws DatabaseError.
+// An open SQLite file that knows the functions and the collation of T-SQL. What fails in it throws
+// DatabaseError.
 class Handle {
  public:
   // `flags` are those of sqlite3_open_v2.

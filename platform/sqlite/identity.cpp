@@ -16,7 +16,7 @@ std::string OnNotes(std::string_view before, std::string_view after) {
 bool IdentityValues::HasNotes() {
   if (read_) return true;
   Statement query(handle_, "SELECT 1 FROM sqlite_schema WHERE name = ?1");
-  query.Bind(1, std::string_view(tsql::kIdentityTable));
+  query.BindText(1, tsql::kIdentityTable);
   return query.Step();
 }
 
@@ -29,10 +29,10 @@ void IdentityValues::Note(const tsql::TableDefinition& table) {
                               "last INTEGER) WITHOUT ROWID"));
   const auto& definition = table.columns[static_cast<std::size_t>(column)];
   Statement insert(handle_, OnNotes("INSERT OR REPLACE INTO", "VALUES (?1, ?2, ?3, ?4, NULL)"));
-  insert.Bind(1, table.name);
-  insert.Bind(2, definition.name);
-  insert.Bind(3, definition.seed);
-  insert.Bind(4, definition.step);
+  insert.BindText(1, table.name);
+  insert.BindText(2, definition.name);
+  insert.BindInteger(3, definition.seed);
+  insert.BindInteger(4, definition.step);
   insert.Run();
   std::erase_if(kept_, [&](const Sequence& sequence) { return tsql::SameName(sequence.table, table.name); });
 }
@@ -41,7 +41,7 @@ void IdentityValues::Forget(const std::string& table) {
   std::erase_if(kept_, [&](const Sequence& sequence) { return tsql::SameName(sequence.table, table); });
   if (!HasNotes()) return;
   Statement remove(handle_, OnNotes("DELETE FROM", "WHERE table_name = ?1"));
-  remove.Bind(1, table);
+  remove.BindText(1, table);
   remove.Run();
 }
 
@@ -88,10 +88,11 @@ void IdentityValues::Flush() {
   for (Sequence& sequence : kept_) {
     if (!sequence.changed) continue;
     if (!write_) {
-      write_ = Statement(handle_, OnNotes("UPDATE", "SET last = ?2 WHERE table_name = ?1"), Statement::Use::kOften);
+      write_ = Statement(handle_, OnNotes("UPDATE", "SET last = ?2 WHERE table_name = ?1"),
+                         Statement::Use::kOften);
     }
-    write_.Bind(1, sequence.table);
-    write_.Bind(2, sequence.last.value_or(sequence.seed));
+    write_.BindText(1, sequence.table);
+    write_.BindInteger(2, sequence.last.value_or(sequence.seed));
     write_.Run();
     sequence.changed = false;
   }
@@ -127,7 +128,7 @@ std::optional<IdentityValues::Sequence> IdentityValues::Read(std::string_view ta
                       Statement::Use::kOften);
   }
   const StatementScope scope(read_);
-  read_.Bind(1, table);
+  read_.BindText(1, table);
   if (!read_.Step()) return std::nullopt;
   Sequence sequence{read_.Text(0), read_.Integer(1), read_.Integer(2), std::nullopt, false, false};
   if (!read_.IsNull(3)) sequence.last = read_.Integer(3);

@@ -11,9 +11,9 @@
 
 namespace tarvoni::sqlite {
 
-// The values that identity columns give. A value once given is not given again, even if its row never came to be or is
-// deleted. Within a transaction the last values are kept here, since no other process can write then; Flush notes them
-// in the file before the commit.
+// The values that identity columns give. A value once given is not given again, even if its row never came to
+// be or is deleted. Within a transaction the last values are kept here, since no other process can write
+// then; Flush notes them in the file before the commit.
 class IdentityValues {
  public:
   explicit IdentityValues(Handle& handle) : handle_(handle) {}
@@ -25,7 +25,8 @@ class IdentityValues {
   void NoteTemporary(const std::string& name, const tsql::TableDefinition& table);
   void ForgetTemporary(std::string_view name);
 
-  // The next value of a table within a write transaction; nothing when it has no identity or runs out of numbers.
+  // The next value of a table within a write transaction; nothing when it has no identity or runs out of
+  // numbers.
   std::optional<std::int64_t> Next(std::string_view table);
   // The last value given, the seed before the first; nothing for a table without an identity.
   std::optional<std::int64_t> Current(std::string_view table);

@@ -15,7 +15,8 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kMemory = ":memory:";
 
-// The open databases of this process, by name. A file opened for reading only is another one than the same for writing.
+// The open databases of this process, by name. A file opened for reading only is another one than the same
+// for writing.
 std::map<std::string, std::weak_ptr<Database>>& OpenDatabases() {
   static std::map<std::string, std::weak_ptr<Database>> databases;
   return databases;
@@ -48,7 +49,8 @@ bool IsWritable(const fs::path& path) {
 
 void CheckFile(const fs::path& path, const OpenOptions& options) {
   const std::string shown = "„" + path.string() + "“";
-  if (fs::is_directory(path)) throw DatabaseError(kErrorConnection, shown + " ist ein Ordner, keine Datenbank.");
+  if (fs::is_directory(path))
+    throw DatabaseError(kErrorConnection, shown + " ist ein Ordner, keine Datenbank.");
   if (!fs::exists(path)) {
     if (!options.create) throw DatabaseError(kErrorConnection, "Die Datenbank " + shown + " gibt es nicht.");
     if (!fs::is_directory(path.parent_path())) {

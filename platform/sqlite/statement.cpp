@@ -9,7 +9,8 @@ namespace tarvoni::sqlite {
 Statement::Statement(Handle& handle, std::string_view sql, Use use) : handle_(&handle) {
   handle.Functions().error.reset();
   const unsigned flags = use == Use::kOften ? SQLITE_PREPARE_PERSISTENT : 0;
-  const int code = sqlite3_prepare_v3(handle.Raw(), sql.data(), static_cast<int>(sql.size()), flags, &statement_, nullptr);
+  const int code =
+      sqlite3_prepare_v3(handle.Raw(), sql.data(), static_cast<int>(sql.size()), flags, &statement_, nullptr);
   if (code != SQLITE_OK) handle.Fail(code);
 }
 
@@ -22,15 +23,19 @@ Statement& Statement::operator=(Statement&& other) noexcept {
   return *this;
 }
 
-Statement::~Statement() { sqlite3_finalize(statement_); }
+Statement::~Statement() {
+  sqlite3_finalize(statement_);
+}
 
-void Statement::Bind(int parameter, const StoredValue& value) { Check(BindStored(statement_, parameter, value)); }
+void Statement::Bind(int parameter, const StoredValue& value) {
+  Check(BindStored(statement_, parameter, value));
+}
 
-void Statement::Bind(int parameter, std::string_view text) {
+void Statement::BindText(int parameter, std::string_view text) {
   Check(sqlite3_bind_text64(statement_, parameter, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
 }
 
-void Statement::Bind(int parameter, std::int64_t number) {
+void Statement::BindInteger(int parameter, std::int64_t number) {
   Check(sqlite3_bind_int64(statement_, parameter, number));
 }
 
@@ -57,7 +62,9 @@ void Statement::Reset() {
 
 std::string Statement::Text(int column) const {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
-  return text == nullptr ? std::string() : std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column)));
+  return text == nullptr
+             ? std::string()
+             : std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column)));
 }
 
 void Statement::Check(int code) {

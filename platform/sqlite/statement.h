@@ -24,8 +24,8 @@ class Statement {
 
   // Parameters count from 1.
   void Bind(int parameter, const StoredValue& value);
-  void Bind(int parameter, std::string_view text);
-  void Bind(int parameter, std::int64_t number);
+  void BindText(int parameter, std::string_view text);
+  void BindInteger(int parameter, std::int64_t number);
 
   // True when a row is there. At the end, and on an error, which it throws, the statement is reset.
   bool Step();

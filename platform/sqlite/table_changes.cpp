@@ -27,10 +27,11 @@ class Savepoint {
 };
 
 bool IsReferredTo(Handle& handle, const std::string& table) {
-  Statement query(handle,
-                  "SELECT 1 FROM main.sqlite_schema AS other, pragma_foreign_key_list(other.name, 'main') AS key "
-                  "WHERE other.type = 'table' AND other.name <> ?1 AND key.\"table\" = ?1 COLLATE NOCASE");
-  query.Bind(1, table);
+  Statement query(
+      handle,
+      "SELECT 1 FROM main.sqlite_schema AS other, pragma_foreign_key_list(other.name, 'main') AS key "
+      "WHERE other.type = 'table' AND other.name <> ?1 AND key.\"table\" = ?1 COLLATE NOCASE");
+  query.BindText(1, table);
   return query.Step();
 }
 
@@ -52,7 +53,8 @@ void CreateIndex(Database& database, const tsql::CreateIndexStep& step) {
     database.File().Execute(step.sql);
   } catch (const DatabaseError& error) {
     if (error.Number() != 2627) throw;
-    throw DatabaseError(1505, "The CREATE UNIQUE INDEX statement terminated because a duplicate key was found.");
+    throw DatabaseError(1505,
+                        "The CREATE UNIQUE INDEX statement terminated because a duplicate key was found.");
   }
   database.TablesChanged();
 }
@@ -61,7 +63,8 @@ void DropTable(Database& database, const std::string& name) {
   const auto table = database.Tables().FindTable(name);
   if (!table) throw DatabaseError(3701, "Cannot drop the table '" + name + "', because it does not exist.");
   if (IsReferredTo(database.File(), table->name)) {
-    throw DatabaseError(3726, "Could not drop object '" + name + "' because it is referenced by a FOREIGN KEY constraint.");
+    throw DatabaseError(
+        3726, "Could not drop object '" + name + "' because it is referenced by a FOREIGN KEY constraint.");
   }
   Savepoint savepoint(database.File());
   database.File().Execute("DROP TABLE main." + Quoted(table->name));

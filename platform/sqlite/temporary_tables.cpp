@@ -1,9 +1,13 @@
 #include "platform/sqlite/temporary_tables.h"
 
+#include "src/context/database_error.h"
+
 namespace tarvoni::sqlite {
 namespace {
 
-std::string InTemp(const std::string& stored_name) { return "temp." + Quoted(stored_name); }
+std::string InTemp(const std::string& stored_name) {
+  return "temp." + Quoted(stored_name);
+}
 
 }  // namespace
 

@@ -10,8 +10,8 @@
 
 namespace tarvoni::sqlite {
 
-// The temporary tables of one plan. Each is made once and kept for the plan's next run: between runs it is empty and
-// does not count as being there.
+// The temporary tables of one plan. Each is made once and kept for the plan's next run: between runs it is
+// empty and does not count as being there.
 class TemporaryTables {
  public:
   TemporaryTables(Handle& handle, IdentityValues& identities) : handle_(handle), identities_(identities) {}
