@@ -53,7 +53,8 @@ enum ErrorNumber : int {
 // What is wrong with a batch before anything of it runs, and where.
 class Error : public std::runtime_error {
  public:
-  Error(int number, const std::string& message, Position at) : std::runtime_error(message), number_(number), at_(at) {}
+  Error(int number, const std::string& message, Position at)
+      : std::runtime_error(message), number_(number), at_(at) {}
   int Number() const { return number_; }
   Position At() const { return at_; }
 

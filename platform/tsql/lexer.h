@@ -40,12 +40,13 @@ struct LexedBatch {
   std::vector<Token> tokens;  // the last one is kEnd
   std::vector<LiteralToken> literals;
   std::vector<std::string> unescaped;
-  // The batch with its literals replaced by their kinds: equal shapes share a plan. A decimal keeps its precision
-  // and scale, which decide the types it meets.
+  // The batch with its literals replaced by their kinds: equal shapes share a plan. A decimal keeps its
+  // precision and scale, which decide the types it meets.
   std::string shape;
 };
 
-// Throws Error 105 for an unclosed quote, 113 for an unclosed comment, 102 for a character that begins nothing.
+// Throws Error 105 for an unclosed quote, 113 for an unclosed comment, 102 for a character that begins
+// nothing.
 LexedBatch Lex(std::string_view text);
 
 }  // namespace tarvoni::tsql

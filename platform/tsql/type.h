@@ -17,12 +17,12 @@ enum class TypeKind {
   kMoney,
   kFloat,
   kDateTime,
-  kChar,      // CHAR and NCHAR: padded with blanks
-  kVarChar,   // VARCHAR and NVARCHAR
+  kChar,     // CHAR and NCHAR: padded with blanks
+  kVarChar,  // VARCHAR and NVARCHAR
 };
 
-// A T-SQL type. In the file whole numbers and flags are integers, decimals and money integers in units of their last
-// place (12.35 as MONEY is 123500), floats are REAL, texts are TEXT, dates are ISO text.
+// A T-SQL type. In the file whole numbers and flags are integers, decimals and money integers in units of
+// their last place (12.35 as MONEY is 123500), floats are REAL, texts are TEXT, dates are ISO text.
 struct Type {
   static constexpr int kMaxPrecision = 38;
   static constexpr int kMoneyScale = 4;
