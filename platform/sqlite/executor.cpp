@@ -18,22 +18,6 @@ StoredValue Now() {
   return now.ToIso();
 }
 
-// Where the batch finds tables: the file's, and its own temporary ones.
-class BatchCatalogue : public tsql::Catalogue {
- public:
-  BatchCatalogue(const tsql::Catalogue& file, const TemporaryTables* temporary)
-      : file_(file), temporary_(temporary) {}
-
-  std::shared_ptr<const tsql::TableDefinition> FindTable(std::string_view name) const override {
-    if (!name.starts_with('#')) return file_.FindTable(name);
-    return temporary_ == nullptr ? nullptr : temporary_->Find(name);
-  }
-
- private:
-  const tsql::Catalogue& file_;
-  const TemporaryTables* temporary_;
-};
-
 }  // namespace
 
 Executor::Executor(Database& database, Session& session, std::string_view text, bool wants_rows)
@@ -59,6 +43,7 @@ BatchResult Executor::RunPlan(PreparedPlan& plan) {
   temporary_ = &plan.Temporary();
   const TemporaryTables::Run run(*temporary_);
   RunSteps(plan);
+  if (session_.identity_insert.starts_with('#')) session_.identity_insert.clear();
   return std::move(result_);
 }
 
@@ -67,8 +52,7 @@ PreparedPlanPtr Executor::FindPlan() {
   database_.NoticeForeignChanges();
   suffix_ = database_.NextSuffix();
   auto batch = std::make_shared<const tsql::Batch>(tsql::Parse(lexed_));
-  const BatchCatalogue catalogue(database_.Tables(), nullptr);
-  auto plan = Prepare(tsql::Compile(lexed_, std::move(batch), catalogue, Options()));
+  auto plan = Prepare(tsql::Compile(lexed_, std::move(batch), database_.Tables(), Options()));
   if (plan->Plan().reusable) database_.Plans().Add(lexed_, session_.identity_insert, plan);
   return plan;
 }
@@ -153,13 +137,12 @@ std::size_t Executor::Do(const tsql::WriteStep& step) {
 
 void Executor::NoteExplicitIdentity(const std::string& table) {
   if (!tsql::SameName(table, session_.identity_insert)) return;
-  const auto definition = database_.Tables().FindTable(table);
+  const auto [definition, stored_name] = FindTable(table);
   const int found = definition ? definition->IdentityColumn() : -1;
   if (found < 0) return;
   const auto& column = definition->columns[static_cast<std::size_t>(found)];
   const std::string extreme = column.step > 0 ? "MAX(" : "MIN(";
-  Statement query(database_.File(),
-                  "SELECT " + extreme + Quoted(column.name) + ") FROM main." + Quoted(definition->name));
+  Statement query(database_.File(), "SELECT " + extreme + Quoted(column.name) + ") FROM " + stored_name);
   if (query.Step() && !query.IsNull(0)) database_.Identities().RaiseTo(definition->name, query.Integer(0));
 }
 
@@ -209,9 +192,8 @@ std::size_t Executor::Do(const tsql::RaiseStep& step) {
 
 std::size_t Executor::Do(const tsql::DeferredStep& step) {
   try {
-    const BatchCatalogue catalogue(database_.Tables(), temporary_);
-    const auto plan =
-        Prepare(tsql::CompileDeferred(lexed_, plan_->Plan().batch, *step.statement, catalogue, Options()));
+    const auto plan = Prepare(
+        tsql::CompileDeferred(lexed_, plan_->Plan().batch, *step.statement, database_.Tables(), Options()));
     RunSteps(*plan);
   } catch (const tsql::Error& error) {
     if (!result_.error) result_.error = ErrorOf(error, text_);
@@ -232,7 +214,7 @@ std::size_t Executor::Do(const tsql::SetDateFormat& step) {
 }
 
 std::size_t Executor::Do(const tsql::SetIdentityInsert& step) {
-  const auto table = FindTable(step.table);
+  const auto table = FindTable(step.table).definition;
   if (!table) {
     throw DatabaseError(1088, "Cannot find the object '" + step.table + "' because it does not exist.");
   }
@@ -274,8 +256,11 @@ void Executor::BeginWrite() {
   wrote_ = true;
 }
 
-std::shared_ptr<const tsql::TableDefinition> Executor::FindTable(std::string_view name) const {
-  return BatchCatalogue(database_.Tables(), temporary_).FindTable(name);
+StoredTable Executor::FindTable(std::string_view name) const {
+  if (name.starts_with('#')) return temporary_->Find(name);
+  auto definition = database_.Tables().FindTable(name);
+  std::string stored_name = definition ? "main." + Quoted(definition->name) : std::string();
+  return {std::move(definition), std::move(stored_name)};
 }
 
 }  // namespace tarvoni::sqlite

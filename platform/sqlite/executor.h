@@ -65,7 +65,7 @@ class Executor {
   void ReadRows(const tsql::QueryStep& step, Statement& statement);
   void BeginWrite();
   void NoteExplicitIdentity(const std::string& table);
-  std::shared_ptr<const tsql::TableDefinition> FindTable(std::string_view name) const;
+  StoredTable FindTable(std::string_view name) const;
 
   Database& database_;
   Session& session_;

@@ -45,12 +45,12 @@ void IdentityValues::Forget(const std::string& table) {
   remove.Run();
 }
 
-void IdentityValues::NoteTemporary(const std::string& name, const tsql::TableDefinition& table) {
-  ForgetTemporary(name);
+void IdentityValues::NoteTemporary(const tsql::TableDefinition& table) {
+  ForgetTemporary(table.name);
   const int column = table.IdentityColumn();
   if (column < 0) return;
   const auto& definition = table.columns[static_cast<std::size_t>(column)];
-  temporary_.push_front({name, definition.seed, definition.step, std::nullopt, false, true});
+  temporary_.push_front({table.name, definition.seed, definition.step, std::nullopt, false, true});
 }
 
 void IdentityValues::ForgetTemporary(std::string_view name) {

@@ -22,7 +22,7 @@ class IdentityValues {
   void Note(const tsql::TableDefinition& table);
   void Forget(const std::string& table);
   // The same for a temporary table, of which nothing is kept in the file.
-  void NoteTemporary(const std::string& name, const tsql::TableDefinition& table);
+  void NoteTemporary(const tsql::TableDefinition& table);
   void ForgetTemporary(std::string_view name);
 
   // The next value of a table within a write transaction; nothing when it has no identity or runs out of

@@ -3,14 +3,6 @@
 #include "src/context/database_error.h"
 
 namespace tarvoni::sqlite {
-namespace {
-
-std::string InTemp(const std::string& stored_name) {
-  return "temp." + Quoted(stored_name);
-}
-
-}  // namespace
-
 TemporaryTables::~TemporaryTables() {
   for (auto& [name, table] : tables_) {
     try {
@@ -27,14 +19,14 @@ void TemporaryTables::Create(const tsql::CreateTableStep& step) {
     throw DatabaseError(2714, "There is already an object named '" + step.table.name + "' in the database.");
   }
   if (table.made_by != &step) Make(step, table);
-  identities_.NoteTemporary(step.stored_name, step.table);
+  identities_.NoteTemporary(step.table);
   table.there = true;
 }
 
 void TemporaryTables::Make(const tsql::CreateTableStep& step, Table& table) {
   Remove(step.stored_name, table);
   for (const std::string& sql : step.sql) handle_.Execute(sql);
-  table.clear = Statement(handle_, "DELETE FROM " + InTemp(step.stored_name), Statement::Use::kOften);
+  table.clear = Statement(handle_, "DELETE FROM " + step.stored_name, Statement::Use::kOften);
   table.definition = std::make_shared<tsql::TableDefinition>(step.table);
   table.made_by = &step;
 }
@@ -42,7 +34,7 @@ void TemporaryTables::Make(const tsql::CreateTableStep& step, Table& table) {
 void TemporaryTables::Remove(const std::string& stored_name, Table& table) {
   table.clear = {};
   table.made_by = nullptr;
-  handle_.Execute("DROP TABLE IF EXISTS " + InTemp(stored_name));
+  handle_.Execute("DROP TABLE IF EXISTS " + stored_name);
 }
 
 void TemporaryTables::Drop(const tsql::DropTableStep& step) {
@@ -50,24 +42,24 @@ void TemporaryTables::Drop(const tsql::DropTableStep& step) {
   if (found == tables_.end() || !found->second.there) {
     throw DatabaseError(3701, "Cannot drop the table '" + step.table + "', because it does not exist.");
   }
-  Clear(found->first, found->second);
+  Clear(found->second);
 }
 
-std::shared_ptr<const tsql::TableDefinition> TemporaryTables::Find(std::string_view name) const {
+StoredTable TemporaryTables::Find(std::string_view name) const {
   for (const auto& [stored_name, table] : tables_) {
-    if (table.there && tsql::SameName(table.definition->name, name)) return table.definition;
+    if (table.there && tsql::SameName(table.definition->name, name)) return {table.definition, stored_name};
   }
-  return nullptr;
+  return {};
 }
 
 void TemporaryTables::Empty() {
   for (auto& [name, table] : tables_) {
-    if (table.there) Clear(name, table);
+    if (table.there) Clear(table);
   }
 }
 
-void TemporaryTables::Clear(const std::string& stored_name, Table& table) {
-  identities_.ForgetTemporary(stored_name);
+void TemporaryTables::Clear(Table& table) {
+  identities_.ForgetTemporary(table.definition->name);
   table.there = false;
   try {
     table.clear.Run();

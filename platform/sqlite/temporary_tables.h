@@ -10,6 +10,11 @@
 
 namespace tarvoni::sqlite {
 
+struct StoredTable {
+  std::shared_ptr<const tsql::TableDefinition> definition;  // null if there is no such table
+  std::string name;                                         // with its schema, ready to be written
+};
+
 // The temporary tables of one plan. Each is made once and kept for the plan's next run: between runs it is
 // empty and does not count as being there.
 class TemporaryTables {
@@ -24,7 +29,7 @@ class TemporaryTables {
   // Throws 3701 if the table is not there.
   void Drop(const tsql::DropTableStep& step);
   // A table that is there, by its name in the batch.
-  std::shared_ptr<const tsql::TableDefinition> Find(std::string_view name) const;
+  StoredTable Find(std::string_view name) const;
 
   // Empties the tables when a run ends.
   class Run {
@@ -49,7 +54,7 @@ class TemporaryTables {
   void Empty();
   void Make(const tsql::CreateTableStep& step, Table& table);
   void Remove(const std::string& stored_name, Table& table);
-  void Clear(const std::string& stored_name, Table& table);
+  void Clear(Table& table);
 
   Handle& handle_;
   IdentityValues& identities_;

@@ -66,7 +66,7 @@ tsql::CreateTableStep CreateStep(std::string name, std::vector<std::string> sql,
   tsql::CreateTableStep step;
   step.table.name = name;
   step.table.columns = {{"ID", Type::Int(), false, identity, 10, 5, false}};
-  step.stored_name = step.table.name.starts_with('#') ? "t7_" + name.substr(1) : name;
+  step.stored_name = step.table.name.starts_with('#') ? "temp.t7_" + name.substr(1) : name;
   step.temporary = name.starts_with('#');
   step.sql = std::move(sql);
   return step;
@@ -199,7 +199,7 @@ TEST_F(ExecutorTest, TemporaryTablesEndWithTheirBatchAndAreMadeOnce) {
 }
 
 TEST_F(ExecutorTest, TemporaryTablesAreThereBetweenCreateAndDrop) {
-  const tsql::Step drop{{}, tsql::DropTableStep{"#auswahl", "t7_auswahl", true}};
+  const tsql::Step drop{{}, tsql::DropTableStep{"#auswahl", "temp.t7_auswahl", true}};
   EXPECT_EQ(Run({CreateTemporary(), CreateTemporary()}).error->Number(), 2714);
   EXPECT_EQ(Run({drop}).error->Number(), 3701);
   EXPECT_EQ(Run({CreateTemporary(), drop, drop}).error->Number(), 3701);
