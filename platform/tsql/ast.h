@@ -10,8 +10,8 @@
 #include "platform/tsql/error.h"
 #include "platform/tsql/type.h"
 
-// The syntax tree: what was written, before any name has a meaning. Names stand without their brackets or quotes,
-// spelled as written.
+// The syntax tree: what was written, before any name has a meaning. Names stand without their brackets or
+// quotes, spelled as written.
 namespace tarvoni::tsql {
 
 struct Expression;
@@ -43,9 +43,19 @@ struct Unary {
 };
 
 enum class BinaryOperator {
-  kAdd, kSubtract, kMultiply, kDivide, kModulo,
-  kEqual, kNotEqual, kLess, kLessEqual, kGreater, kGreaterEqual,
-  kAnd, kOr,
+  kAdd,
+  kSubtract,
+  kMultiply,
+  kDivide,
+  kModulo,
+  kEqual,
+  kNotEqual,
+  kLess,
+  kLessEqual,
+  kGreater,
+  kGreaterEqual,
+  kAnd,
+  kOr,
 };
 struct Binary {
   BinaryOperator op;
@@ -115,8 +125,8 @@ struct ScalarQuery {
 
 struct Expression {
   Position at;
-  std::variant<Literal, ColumnName, Star, Unary, Binary, IsNull, Between, InList, InQuery, Like, Exists, Case, Call,
-               Cast, ScalarQuery>
+  std::variant<Literal, ColumnName, Star, Unary, Binary, IsNull, Between, InList, InQuery, Like, Exists, Case,
+               Call, Cast, ScalarQuery>
       node;
 };
 
@@ -278,8 +288,8 @@ struct SetIdentityInsert {
 struct Statement {
   Position at;
   std::variant<SelectStatement, InsertStatement, UpdateStatement, DeleteStatement, CreateTableStatement,
-               CreateIndexStatement, DropTableStatement, BlockStatement, IfStatement, SetNocount, SetDateFormat,
-               SetIdentityInsert>
+               CreateIndexStatement, DropTableStatement, BlockStatement, IfStatement, SetNocount,
+               SetDateFormat, SetIdentityInsert>
       node;
 };
 
