@@ -37,6 +37,7 @@ inline constexpr int kErrorReadOnly = 50004;         // the file or its folder c
 inline constexpr int kErrorDamaged = 50005;          // the file is damaged or no database
 inline constexpr int kErrorDiskFull = 50006;         // no space left
 inline constexpr int kErrorNewerSchema = 50007;      // made by a newer release
+inline constexpr int kErrorInvalidArgument = 3001;   // ADO: a criterion or position that makes no sense
 inline constexpr int kErrorNoCurrentRow = 3021;      // ADO: the recordset stands before the first or behind the last row
 inline constexpr int kErrorItemNotFound = 3265;      // ADO: no field of that name or number
 inline constexpr int kErrorObjectClosed = 3704;      // ADO: the recordset is closed
