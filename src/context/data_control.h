@@ -50,6 +50,7 @@ class BoundRecordset {
 class DataControl : public Control {
  public:
   DataControl(Form& form, std::string name, int index = kNoIndex);
+  ~DataControl() override;
 
   const std::string& ConnectionString() const { return connection_string_; }
   void SetConnectionString(std::string_view connection_string);

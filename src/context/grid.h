@@ -74,8 +74,8 @@ class Grid : public Control {
 
  protected:
   void ResetColumns(const std::vector<std::string>& data_fields);
-  const GridColumns& ConstColumns() const { return columns_; }
   const GridColumn& ColumnAt(int number) const;
+  int ColumnCount() const { return columns_.Count(); }
 
  private:
   friend class GridColumn;
@@ -86,6 +86,7 @@ class Grid : public Control {
 class DataGrid : public Grid {
  public:
   using Grid::Grid;
+  ~DataGrid() override;
 
   void Bind(DataControl& data);
   DataControl* Data() const { return data_; }
@@ -102,6 +103,7 @@ class DataGrid : public Grid {
  private:
   friend class DataControl;
   void RowsChanged();
+  void RowMoved() { Announce(Aspect::kRow); }
 
   DataControl* data_ = nullptr;
   mutable Recordset view_;
@@ -112,7 +114,7 @@ class FlexGrid : public Grid {
  public:
   using Grid::Grid;
 
-  int Cols() const { return const_cast<FlexGrid*>(this)->Columns().Count(); }
+  int Cols() const { return ColumnCount(); }
   void SetCols(int count);
   // Rows with the caption row, as the system counts them: 1 is an empty grid.
   int Rows() const { return RowCount() + 1; }

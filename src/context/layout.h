@@ -43,11 +43,11 @@ enum class Kind {
 struct Node {
   Kind kind = Kind::kNone;
   Control* control = nullptr;  // frame, label of a row, grid, tab control, page or cell
-  std::string text;
+  std::string text = {};
   int width = 0;  // characters
   int rows = 0;   // lines
-  std::vector<std::string> captions;
-  std::vector<Node> children;
+  std::vector<std::string> captions = {};
+  std::vector<Node> children = {};
 };
 
 template <typename T>

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <deque>
+#include <exception>
 #include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
-#include <vector>
 
 #include "src/context/form.h"
 #include "src/context/toolkit.h"
@@ -67,29 +70,37 @@ class UserActions : private FormHost {
   void RunTimer(Timer& timer);
 
  private:
-  void MoveFocus(Control& target) override;
+  void MoveFocus(Control& target) override { Arrive(target); }
   void PostKey(int key) override { posted_.push_back(key); }
 
-  // One user action: the events, then posted keys, then the focus off a control that can no longer hold it.
+  // One user action: its events, then posted keys, then the focus off a control that can no longer hold it.
   void Act(const std::function<void()>& action);
-  void Handle(const std::function<void()>& handler);
+  // One event. False if it ended in an error.
+  bool Handle(const std::function<void()>& handler);
   void Report(const std::exception& error);
-  void SettleFocus();
+  bool Arrive(Control& target);
   bool Leave(Control& target);
-  void PressKey(int key, int shift);
-  void KeyInText(TextBox& box, int key);
-  bool Insert(int character);
-  void DefaultKey(Control& control, int key, int shift);
-  void Step(Control& control, int key);
+  void SettleFocus();
   void ClickSelf(Control& control);
+
+  void PressKey(int key, int shift);
+  void ActOnKey(Control& control, int key, int shift);
+  bool PressCharacter(Control& control, char32_t character);
+  bool Insert(TextBox& box, char32_t character);
+  void Erase(TextBox& box, int key);
+  void Step(Control& control, int rows);
+  void Replace(TextBox& box, const std::string& text, int caret);
 
   Form& form_;
   Toolkit& toolkit_;
-  std::vector<int> posted_;
-  int depth_ = 0;         // handlers at work
-  bool acting_ = false;   // inside Act
-  bool leaving_ = false;  // between LostFocus and GotFocus
-  Control* redirected_ = nullptr;
+  std::deque<int> posted_;
+  int handling_ = 0;               // handlers at work
+  bool acting_ = false;            // inside Act
+  bool leaving_ = false;           // between Validate and GotFocus
+  Control* redirected_ = nullptr;  // where a handler sent the focus meanwhile
+  const Grid* sorted_grid_ = nullptr;
+  int sorted_column_ = -1;
+  bool descending_ = false;
 };
 
 }  // namespace tarvoni
