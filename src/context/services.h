@@ -62,6 +62,7 @@ class ConvertHelper {
   // The date as the literal of `format`, with quotes only where the format holds them; "" for no date.
   virtual std::string DateToSql(const Value& date, const std::string& format) = 0;
   virtual std::string NumberToSql(const std::string& text, const std::string& separator) = 0;
+  // The typed text as ParseNumber reads it in the current locale: a point becomes the locale's separator.
   virtual std::string NormalizeNumber(const std::string& text) = 0;
 };
 
