@@ -18,9 +18,9 @@ struct ClientRow {
   std::string_view short_name, name;
 };
 constexpr auto kClients = std::to_array<ClientRow>({
-    {2010, 0, {200, 200}, "FB Kaltenwald", "Forstbetrieb Kaltenwald"},
-    {2020, 0, {60, 60}, "FB Auenfels", "Forstbetrieb Auenfels"},
-    {2030, 1, {45, 40}, "Stift Marienwald", "Stiftsforste Marienwald"},
+    {2010, 0, {130, 200}, "FB Kaltenwald", "Forstbetrieb Kaltenwald"},
+    {2020, 0, {45, 60}, "FB Auenfels", "Forstbetrieb Auenfels"},
+    {2030, 1, {35, 40}, "Stift Marienwald", "Stiftsforste Marienwald"},
 });
 
 // The districts of each client in turn.

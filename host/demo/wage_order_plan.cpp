@@ -5,7 +5,7 @@
 namespace tarvoni::demo {
 namespace {
 
-constexpr int kLongest = 9;  // working days of an order
+constexpr int kLongest = 7;  // working days of an order
 
 // The orders of one team, spread evenly over the days.
 void PlanTeam(Random& random, std::size_t team, int orders, const std::vector<DateTime>& days,
