@@ -54,7 +54,7 @@ std::vector<std::vector<std::string>> GridRows(Grid& grid) {
 }  // namespace
 
 void ScriptPlayer::Expect() {
-  static const std::map<std::string, Command, std::less<>> subjects = {
+  static const std::map<std::string, Action, std::less<>> subjects = {
       {"screen", &ScriptPlayer::ExpectScreen},  {"grid", &ScriptPlayer::ExpectGrid},
       {"list", &ScriptPlayer::ExpectList},      {"rows", &ScriptPlayer::ExpectRows},
       {"sql", &ScriptPlayer::ExpectSql},        {"result", &ScriptPlayer::ExpectResult},

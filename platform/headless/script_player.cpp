@@ -17,38 +17,38 @@ ScriptPlayer::ScriptPlayer(Environment& environment, Driver& driver, ScriptHooks
 const std::map<std::string, ScriptPlayer::Command, std::less<>>& ScriptPlayer::Commands() {
   using P = ScriptPlayer;
   static const std::map<std::string, Command, std::less<>> commands = {
-      {"database", &P::Database},
-      {"demo", &P::Demo},
-      {"today", &P::Today},
-      {"locale", &P::SetLocale},
-      {"context", &P::SetContext},
-      {"option", &P::SetOption},
-      {"sql", &P::Sql},
-      {"call", &P::Call},
-      {"run", &P::Run},
-      {"focus", &P::FocusControl},
-      {"type", &P::Type},
-      {"enter", &P::Enter},
-      {"key", &P::Key},
-      {"paste", &P::Paste},
-      {"leave", &P::Leave},
-      {"click", &P::Click},
-      {"doubleclick", &P::DoubleClick},
-      {"mousedown", &P::MouseDown},
-      {"select", &P::Select},
-      {"row", &P::Row},
-      {"head", &P::Head},
-      {"tab", &P::Tab},
-      {"close", &P::Close},
-      {"shot", &P::Shot},
-      {"expect", &P::Expect},
-      {"answer", &P::UnusedAnswer},
-      {"input", &P::UnusedAnswer},
-      {"pick", &P::UnusedAnswer},
-      {"date", &P::UnusedAnswer},
-      {"month", &P::UnusedAnswer},
-      {"locations", &P::UnusedAnswer},
-      {"text", &P::UnusedAnswer},
+      {"database", {&P::Database}},
+      {"demo", {&P::Demo, 2}},
+      {"today", {&P::Today, 2}},
+      {"locale", {&P::SetLocale, 2}},
+      {"context", {&P::SetContext}},
+      {"option", {&P::SetOption}},
+      {"sql", {&P::Sql}},
+      {"call", {&P::Call}},
+      {"run", {&P::Run}},
+      {"focus", {&P::FocusControl, 2}},
+      {"type", {&P::Type}},
+      {"enter", {&P::Enter}},
+      {"key", {&P::Key, 3}},
+      {"paste", {&P::Paste}},
+      {"leave", {&P::Leave, 2}},
+      {"click", {&P::Click, 2}},
+      {"doubleclick", {&P::DoubleClick, 2}},
+      {"mousedown", {&P::MouseDown, 2}},
+      {"select", {&P::Select}},
+      {"row", {&P::Row}},
+      {"head", {&P::Head, 3}},
+      {"tab", {&P::Tab, 3}},
+      {"close", {&P::Close, 1}},
+      {"shot", {&P::Shot, 2}},
+      {"expect", {&P::Expect}},
+      {"answer", {&P::UnusedAnswer}},
+      {"input", {&P::UnusedAnswer}},
+      {"pick", {&P::UnusedAnswer}},
+      {"date", {&P::UnusedAnswer}},
+      {"month", {&P::UnusedAnswer}},
+      {"locations", {&P::UnusedAnswer}},
+      {"text", {&P::UnusedAnswer}},
   };
   return commands;
 }
@@ -75,9 +75,11 @@ void ScriptPlayer::RunLine() {
   if (failure_ && !expects_failure) Fail("Der Aufruf davor schlug fehl: " + *failure_);
   const auto command = Commands().find(word);
   if (command == Commands().end()) Fail("Den Befehl \"" + word + "\" gibt es nicht.");
+  const auto [action, words] = command->second;
+  if (words > 0 && Line().words.size() > words) Fail("Die Zeile hat zu viele Wörter.");
   if (!Line().block.empty() && word != "expect") Fail("Zu diesem Befehl gehören keine Zeilen mit |.");
   try {
-    (this->*command->second)();
+    (this->*action)();
   } catch (const DatabaseError& error) {
     Fail("Datenbankfehler " + std::to_string(error.Number()) + ": " + error.what());
   } catch (const std::exception& error) {

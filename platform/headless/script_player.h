@@ -60,7 +60,11 @@ class ScriptPlayer : public Partner {
 
  private:
   using Rows = std::vector<std::vector<std::string>>;
-  using Command = void (ScriptPlayer::*)();
+  using Action = void (ScriptPlayer::*)();
+  struct Command {
+    Action action;
+    std::size_t words = 0;  // at most so many; 0: the last may be a text of any length
+  };
   static const std::map<std::string, Command, std::less<>>& Commands();
 
   // What is open besides Screens and waits for an answer.
