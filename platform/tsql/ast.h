@@ -10,9 +10,15 @@
 #include "platform/tsql/error.h"
 #include "platform/tsql/type.h"
 
-// The syntax tree: what was written, before any name has a meaning. Names stand without their brackets or quotes,
-// spelled as written.
+// The syntax tree: what was written, before any name has a meaning. Names stand without their brackets or
+// quotes, spelled as written.
 namespace tarvoni::tsql {
+
+// What the parser lets through (Error 191 beyond), so that all others may walk the tree recursively: levels of
+// brackets, subqueries and statements, and with them the links of chains such as 1+1+1… or A OR B OR C… on any way
+// down the tree. SQLite takes no expression higher than 1000, and a link may become two levels there.
+inline constexpr int kMaxNesting = 250;
+inline constexpr int kMaxHeight = 500;
 
 struct Expression;
 struct Query;
@@ -43,9 +49,19 @@ struct Unary {
 };
 
 enum class BinaryOperator {
-  kAdd, kSubtract, kMultiply, kDivide, kModulo,
-  kEqual, kNotEqual, kLess, kLessEqual, kGreater, kGreaterEqual,
-  kAnd, kOr,
+  kAdd,
+  kSubtract,
+  kMultiply,
+  kDivide,
+  kModulo,
+  kEqual,
+  kNotEqual,
+  kLess,
+  kLessEqual,
+  kGreater,
+  kGreaterEqual,
+  kAnd,
+  kOr,
 };
 struct Binary {
   BinaryOperator op;
@@ -113,10 +129,11 @@ struct ScalarQuery {
   QueryPtr query;
 };
 
+// `at` is the place of an operator's sign or word, else of the beginning.
 struct Expression {
   Position at;
-  std::variant<Literal, ColumnName, Star, Unary, Binary, IsNull, Between, InList, InQuery, Like, Exists, Case, Call,
-               Cast, ScalarQuery>
+  std::variant<Literal, ColumnName, Star, Unary, Binary, IsNull, Between, InList, InQuery, Like, Exists, Case,
+               Call, Cast, ScalarQuery>
       node;
 };
 
@@ -278,13 +295,16 @@ struct SetIdentityInsert {
 struct Statement {
   Position at;
   std::variant<SelectStatement, InsertStatement, UpdateStatement, DeleteStatement, CreateTableStatement,
-               CreateIndexStatement, DropTableStatement, BlockStatement, IfStatement, SetNocount, SetDateFormat,
-               SetIdentityInsert>
+               CreateIndexStatement, DropTableStatement, BlockStatement, IfStatement, SetNocount,
+               SetDateFormat, SetIdentityInsert>
       node;
 };
 
 struct Batch {
   std::vector<Statement> statements;
+  // Literals whose value has become part of the tree: lengths of types, names in single quotes. A plan of this batch
+  // serves another one of its shape only if these are the same.
+  std::vector<int> pinned;
 };
 
 }  // namespace tarvoni::tsql

@@ -12,11 +12,13 @@ struct CompileOptions {
   std::string temporary_suffix;  // makes the stored names of this plan's temporary tables its own
 };
 
-// Binds and emits a parsed batch. Throws Error for what a server refuses before it runs anything of the batch.
+// Binds and emits a parsed batch. Throws Error for what a server refuses before it runs anything of the
+// batch.
 Plan Compile(const LexedBatch& lexed, std::shared_ptr<const Batch> batch, const Catalogue& catalogue,
              const CompileOptions& options);
 
-// The steps of one deferred statement, with the tables there are now. Throws Error 208 if one is still missing.
+// The steps of one deferred statement, with the tables there are now. Throws Error 208 if one is still
+// missing.
 Plan CompileDeferred(const LexedBatch& lexed, std::shared_ptr<const Batch> batch, const Statement& statement,
                      const Catalogue& catalogue, const CompileOptions& options);
 

@@ -25,6 +25,7 @@ enum ErrorNumber : int {
   kDistinctOrder = 145,
   kAggregateInWhere = 147,
   kSyntaxKeyword = 156,
+  kFloatTooLarge = 168,
   kArgumentCount = 174,
   kTooDeep = 191,
   kUnknownFunction = 195,
@@ -36,9 +37,11 @@ enum ErrorNumber : int {
   kDuplicateColumn = 264,
   kExplicitIdentity = 544,
   kIdentityMissing = 545,
+  kNumberTooLong = 1007,
   kExposedNames = 1013,
   kOrderInDerived = 1033,
   kTableExists = 2714,
+  kDateOrder = 2741,
   kUnboundIdentifier = 4104,
   kNoCondition = 4145,
   kIdentityUpdate = 8102,
@@ -53,7 +56,8 @@ enum ErrorNumber : int {
 // What is wrong with a batch before anything of it runs, and where.
 class Error : public std::runtime_error {
  public:
-  Error(int number, const std::string& message, Position at) : std::runtime_error(message), number_(number), at_(at) {}
+  Error(int number, const std::string& message, Position at)
+      : std::runtime_error(message), number_(number), at_(at) {}
   int Number() const { return number_; }
   Position At() const { return at_; }
 

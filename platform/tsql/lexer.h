@@ -1,10 +1,12 @@
 #pragma once
 
+#include <forward_list>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/tsql/error.h"
+#include "platform/tsql/type.h"
 
 namespace tarvoni::tsql {
 
@@ -21,8 +23,7 @@ enum class TokenKind {
 
 struct Token {
   TokenKind kind = TokenKind::kEnd;
-  std::string_view text;  // names and texts without their quotes where that needs no change, else see `own`
-  bool own = false;       // the text stands in LexedBatch::unescaped
+  std::string_view text;  // without quotes; of a text as written in between (its value: LiteralToken::text)
   bool quoted = false;    // [name] or "name": never a word of the language
   int literal = -1;       // place among LexedBatch::literals
   Position at;
@@ -35,17 +36,26 @@ struct LiteralToken {
   Position at;
 };
 
-// The words of one batch. Tokens point into the text that was lexed, which must outlive them.
+// The words of one batch. Tokens point into the text that was lexed, which must outlive them, and into `unescaped`.
 struct LexedBatch {
+  LexedBatch() = default;
+  LexedBatch(LexedBatch&&) = default;
+  LexedBatch& operator=(LexedBatch&&) = default;
+
   std::vector<Token> tokens;  // the last one is kEnd
   std::vector<LiteralToken> literals;
-  std::vector<std::string> unescaped;
-  // The batch with its literals replaced by their kinds: equal shapes share a plan. A decimal keeps its precision
-  // and scale, which decide the types it meets.
+  std::forward_list<std::string> unescaped;  // names with a doubled quote in them
+  // The batch with its literals replaced by their kinds, one blank between words, reserved words in upper case:
+  // equal shapes share a plan. Names stay as they are spelled, since results bear them. A decimal keeps its
+  // precision and scale, which decide the types it meets.
   std::string shape;
 };
 
-// Throws Error 105 for an unclosed quote, 113 for an unclosed comment, 102 for a character that begins nothing.
+// Throws Error 105 for an unclosed quote, 113 for an unclosed comment, 102 for a character that begins nothing,
+// 168 and 1007 for a number that no type can hold, kUnsupported for variables and binary literals.
 LexedBatch Lex(std::string_view text);
+
+// The type of a kDecimal literal: "0012.50" is a decimal of 4 digits, 2 of them after the point.
+Type DecimalType(std::string_view digits);
 
 }  // namespace tarvoni::tsql

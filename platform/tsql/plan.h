@@ -45,8 +45,8 @@ struct WriteStep {
   std::string table;
 };
 
-// Creates a table, its indexes and the note of its identity column. A temporary table has a name of its own in the
-// file's temporary schema (`stored_name`); it is emptied when the batch ends.
+// Creates a table, its indexes and the note of its identity column. A temporary table has a name of its own
+// in the file's temporary schema (`stored_name`); it is emptied when the batch ends.
 struct CreateTableStep {
   TableDefinition table;
   std::string stored_name;

@@ -17,12 +17,12 @@ enum class TypeKind {
   kMoney,
   kFloat,
   kDateTime,
-  kChar,      // CHAR and NCHAR: padded with blanks
-  kVarChar,   // VARCHAR and NVARCHAR
+  kChar,     // CHAR and NCHAR: padded with blanks
+  kVarChar,  // VARCHAR and NVARCHAR
 };
 
-// A T-SQL type. In the file whole numbers and flags are integers, decimals and money integers in units of their last
-// place (12.35 as MONEY is 123500), floats are REAL, texts are TEXT, dates are ISO text.
+// A T-SQL type. In the file whole numbers and flags are integers, decimals and money integers in units of
+// their last place (12.35 as MONEY is 123500), floats are REAL, texts are TEXT, dates are ISO text.
 struct Type {
   static constexpr int kMaxPrecision = 38;
   static constexpr int kMoneyScale = 4;
@@ -62,7 +62,8 @@ std::string ToSql(const Type& type);
 std::string_view NameOf(TypeKind kind);
 // Reads a declared type (also INTEGER, NUMERIC, NCHAR, TEXT, REAL, SMALLDATETIME …); nothing if it is none.
 std::optional<Type> ParseType(std::string_view declared);
-// ParseType's first half: the type of a name with its bracketed numbers, -1 where there are none and for MAX.
+// The type of a name and its bracketed numbers: -1 where there is none, kMaxLength for MAX. Nothing if there is
+// no such type, or it takes no such numbers.
 std::optional<Type> TypeFromName(std::string_view name, int first, int second);
 
 }  // namespace tarvoni::tsql

@@ -27,10 +27,9 @@ std::optional<Decimal> Checked(UInt128 magnitude, bool negative, int scale) {
   return Decimal(WithSign(magnitude, negative), scale);
 }
 
-// The quotient by a power of ten, half away from zero; 0 when the power lies beyond every number.
+// The quotient by a power of ten, half away from zero.
 Int128 DivideByPower(Int128 value, int exponent) {
-  if (exponent > Decimal::kMaxDigits) return 0;
-  const Int128 power = kPowers[static_cast<std::size_t>(exponent)];
+  const Int128 power = PowerOfTen(exponent);
   const Int128 remainder = value % power;
   const Int128 quotient = value / power;
   if (remainder >= power - remainder) return quotient + 1;

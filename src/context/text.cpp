@@ -155,7 +155,7 @@ char32_t TakeCharacter(std::string_view& text) {
                            : lead < 0xF5 ? 4
                                          : 0;
   char32_t code = size <= 1 ? lead : lead & (0xFFU >> (size + 1));
-  bool whole = size > 0 && size <= text.size();
+  bool whole = size > 0;
   for (std::size_t i = 1; whole && i < size; ++i) {
     whole = IsContinuation(text, i);
     code = (code << 6) | (static_cast<unsigned char>(text[i]) & 0x3FU);

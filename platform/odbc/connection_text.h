@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvoni::odbc {
+
+// Behind the closing mark of a part that opens at `at`, a doubled one standing for itself; the text's end
+// when it is not closed.
+std::size_t QuotedEnd(std::string_view text, std::size_t at, char closing);
+
+// The value of an attribute of "Name=value;Name={value};…" without its braces, the first of several;
+// `upper_name` is in capital letters.
+std::optional<std::string> Attribute(std::string_view text, std::string_view upper_name);
+
+// What goes to the driver manager for "odbc:…": the rest, and for FreeTDS what an administrator may leave
+// out. Throws DatabaseError when the text begins otherwise.
+std::string DriverText(std::string_view connection_string);
+
+}  // namespace tarvoni::odbc

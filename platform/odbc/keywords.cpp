@@ -1,0 +1,34 @@
+#include "platform/odbc/keywords.h"
+
+#include <algorithm>
+
+namespace tarvoni::odbc {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n";
+
+char Upper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+bool SameLetter(char a, char upper) {
+  return Upper(a) == upper;
+}
+
+}  // namespace
+
+bool EqualsKeyword(std::string_view text, std::string_view upper) {
+  return std::equal(text.begin(), text.end(), upper.begin(), upper.end(), SameLetter);
+}
+
+bool ContainsKeyword(std::string_view text, std::string_view upper) {
+  return std::search(text.begin(), text.end(), upper.begin(), upper.end(), SameLetter) != text.end();
+}
+
+std::string_view Trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+}  // namespace tarvoni::odbc

@@ -1,0 +1,67 @@
+#include "platform/sqlite/connection.h"
+
+#include <cassert>
+#include <chrono>
+#include <utility>
+
+#include "platform/sqlite/error_map.h"
+
+namespace tarvoni::sqlite {
+
+SqliteConnection::~SqliteConnection() {
+  try {
+    while (handlers_ > 0) EndHandler();
+  } catch (const DatabaseError&) {
+    // Nobody is left to hear of it.
+  }
+}
+
+long long SqliteConnection::Execute(std::string_view text) {
+  return Run(text, false).affected;
+}
+
+Recordset SqliteConnection::Open(std::string_view text) {
+  auto result = Run(text, true);
+  return result.rows ? Recordset(std::move(*result.rows)) : Recordset();
+}
+
+void SqliteConnection::BeginHandler() {
+  ++handlers_;
+  database_->BeginHandler();
+}
+
+void SqliteConnection::EndHandler() {
+  assert(handlers_ > 0);
+  --handlers_;
+  database_->EndHandler();
+}
+
+BatchResult SqliteConnection::Run(std::string_view text, bool wants_rows) {
+  const auto start = std::chrono::steady_clock::now();
+  auto result = RunBatch(text, wants_rows);
+  if (trace_) {
+    const auto elapsed = std::chrono::steady_clock::now() - start;
+    trace_({text, elapsed, result.affected, result.error ? result.error->Number() : 0});
+  }
+  if (result.error) throw DatabaseError(*result.error);
+  return result;
+}
+
+BatchResult SqliteConnection::RunBatch(std::string_view text, bool wants_rows) {
+  BatchResult result;
+  try {
+    result = Executor(*database_, session_, text, wants_rows).Run();
+  } catch (const tsql::Error& error) {
+    result.error = ErrorOf(error, text);
+  }
+  if (database_->InHandler()) return result;
+  try {
+    database_->Commit();
+  } catch (const DatabaseError& error) {
+    // That nothing stays weighs more than what failed before.
+    result.error.emplace(error.Number(), error.what(), 0, 0, std::string(text));
+  }
+  return result;
+}
+
+}  // namespace tarvoni::sqlite

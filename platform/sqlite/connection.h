@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/sqlite/database.h"
+#include "platform/sqlite/executor.h"
+#include "src/context/database.h"
+
+namespace tarvoni::sqlite {
+
+// A connection's own settings on a shared database.
+class SqliteConnection : public Connection {
+ public:
+  explicit SqliteConnection(std::shared_ptr<Database> database) : database_(std::move(database)) {}
+  ~SqliteConnection() override;
+
+  long long Execute(std::string_view text) override;
+  Recordset Open(std::string_view text) override;
+  const std::string& ConnectionString() const override { return database_->Name(); }
+  void BeginHandler() override;
+  void EndHandler() override;
+  void CommitHandler() override { database_->Commit(); }
+  void SetTraceHook(TraceHook hook) override { trace_ = std::move(hook); }
+
+  Database& Shared() { return *database_; }
+
+ private:
+  BatchResult Run(std::string_view text, bool wants_rows);
+  BatchResult RunBatch(std::string_view text, bool wants_rows);
+
+  std::shared_ptr<Database> database_;
+  Session session_;
+  TraceHook trace_;
+  int handlers_ = 0;  // own share of the database's
+};
+
+}  // namespace tarvoni::sqlite

@@ -1,0 +1,97 @@
+#include "platform/sqlite/error_map.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace tarvoni::sqlite {
+namespace {
+
+bool Contains(std::string_view text, std::string_view part) {
+  return text.find(part) != std::string_view::npos;
+}
+
+// "UNIQUE constraint failed: KONTO.ID" names its columns behind the colon.
+std::string Detail(std::string_view message) {
+  const auto colon = message.find(": ");
+  return colon == std::string_view::npos ? std::string() : std::string(message.substr(colon + 2));
+}
+
+std::string WithDetail(std::string sentence, std::string_view message) {
+  const std::string detail = Detail(message);
+  return detail.empty() ? sentence + "." : sentence + ": " + detail + ".";
+}
+
+DatabaseError ConstraintError(int code, std::string_view message) {
+  switch (code) {
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_ROWID:
+      return {2627, WithDetail("Diesen Wert gibt es schon, er darf nur einmal vorkommen", message)};
+    case SQLITE_CONSTRAINT_NOTNULL:
+      return {515, WithDetail("Hier muss ein Wert stehen", message)};
+    case SQLITE_CONSTRAINT_CHECK:
+      return {547, WithDetail("Der Wert verletzt eine Bedingung der Tabelle", message)};
+    default:
+      return {547, "Der Datensatz gehört zu einem anderen, der fehlt oder noch gebraucht wird."};
+  }
+}
+
+// SQLite has one code for all that is wrong with a statement; only the message tells them apart.
+DatabaseError StatementError(std::string_view message) {
+  if (message == "integer overflow") return {8115, "Arithmetic overflow error converting expression."};
+  if (Contains(message, "no such table")) return {208, "Invalid object name '" + Detail(message) + "'."};
+  if (Contains(message, "no such column") || Contains(message, "has no column named"))
+    return {207, "Invalid column name: " + std::string(message) + "."};
+  if (message.starts_with("index ") && Contains(message, "already exists"))
+    return {1913, "The operation failed because an " + std::string(message) + "."};
+  if (Contains(message, "already exists") || Contains(message, "there is already"))
+    return {2714, "There is already an object of that name in the database (" + std::string(message) + ")."};
+  return {kErrorNotSupported,
+          "Die eingebettete Datenbank lehnt die Anweisung ab: " + std::string(message) + "."};
+}
+
+}  // namespace
+
+DatabaseError ErrorOf(int extended_code, std::string_view message) {
+  switch (extended_code & 0xff) {
+    case SQLITE_CONSTRAINT:
+      return ConstraintError(extended_code, message);
+    case SQLITE_ERROR:
+    case SQLITE_SCHEMA:
+      return StatementError(message);
+    case SQLITE_MISMATCH:
+      return {8114, "Error converting data type."};
+    case SQLITE_FULL:
+      return {kErrorDiskFull, "Auf dem Datenträger der Datenbank ist kein Platz mehr."};
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return {kErrorBusy,
+              "Ein anderes Programm hält die Datenbank gerade fest. Bitte gleich noch einmal versuchen."};
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+      return {kErrorReadOnly, "Die Datenbank oder ihr Ordner ist schreibgeschützt."};
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return {kErrorDamaged, "Die Datei ist beschädigt oder keine Datenbank."};
+    case SQLITE_TOOBIG:
+      return {kErrorNotSupported, "Der Text oder die Anweisung ist zu lang für die eingebettete Datenbank."};
+    default:
+      return {kErrorConnection, "Die Datenbankdatei lässt sich nicht öffnen, lesen oder schreiben (" +
+                                    std::string(message) + ", " + std::to_string(extended_code) + ")."};
+  }
+}
+
+DatabaseError ErrorOf(const tsql::Error& error, std::string_view batch) {
+  return {error.Number(), error.what(), error.At().line, error.At().column, std::string(batch)};
+}
+
+bool EndsBatch(int number) {
+  static constexpr std::array kFailedConversions = {208, 235, 241, 242, 244, 245, 248, 8114};
+  return number >= kErrorNotSupported ||
+         std::ranges::find(kFailedConversions, number) != kFailedConversions.end();
+}
+
+}  // namespace tarvoni::sqlite

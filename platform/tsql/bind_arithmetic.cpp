@@ -1,0 +1,106 @@
+#include <algorithm>
+#include <cmath>
+
+#include "platform/tsql/convert.h"
+#include "platform/tsql/expression_binder.h"
+#include "platform/tsql/type_rules.h"
+
+namespace tarvoni::tsql {
+namespace {
+
+std::string_view NameOf(BinaryOperator op) {
+  switch (op) {
+    case BinaryOperator::kAdd:
+      return "add";
+    case BinaryOperator::kSubtract:
+      return "subtract";
+    case BinaryOperator::kMultiply:
+      return "multiply";
+    case BinaryOperator::kDivide:
+      return "divide";
+    default:
+      return "modulo";
+  }
+}
+
+// A whole-number literal beside a decimal counts with the digits it has, not with the ten of an INT.
+Type OperandType(const BoundExpression& operand, const Type& other) {
+  const auto* constant = operand.As<BoundConstant>();
+  if (constant && constant->kind == Literal::Kind::kInteger && other.kind == TypeKind::kDecimal)
+    return Type::Decimal(static_cast<int>(ScaledDigits(constant->text, 0).size()), 0);
+  return operand.type;
+}
+
+double OwnLimit(const BoundExpression& operand) {
+  return operand.type.IsExact() ? std::min(operand.limit, LimitOf(operand.type)) : 0;
+}
+
+double QuotientLimit(const BoundExpression& left, const BoundExpression& right, const Type& type) {
+  const int shift = type.scale - left.type.scale + right.type.scale;
+  const double divisor = right.As<BoundConstant>() ? std::max(1.0, right.limit) : 1.0;
+  return OwnLimit(left) * PowerOfTenLimit(shift) / divisor;
+}
+
+double ResultLimit(BinaryOperator op, const BoundExpression& left, const BoundExpression& right,
+                   const Type& type) {
+  if (!type.IsExact()) return 0;
+  const auto aligned = [&](const BoundExpression& operand) {
+    return OwnLimit(operand) * PowerOfTenLimit(type.scale - operand.type.scale);
+  };
+  switch (op) {
+    case BinaryOperator::kMultiply: {
+      const int dropped = left.type.scale + right.type.scale - type.scale;
+      return OwnLimit(left) * OwnLimit(right) / PowerOfTenLimit(dropped);
+    }
+    case BinaryOperator::kDivide:
+      return QuotientLimit(left, right, type);
+    case BinaryOperator::kModulo:
+      return OwnLimit(right);
+    default:
+      return aligned(left) + aligned(right);
+  }
+}
+
+[[noreturn]] void InvalidOperand(const Type& type, BinaryOperator op, Position at) {
+  throw Error(kOperandType,
+              "Operand data type " + std::string(NameOf(type.kind)) + " is invalid for " +
+                  std::string(NameOf(op)) + " operator.",
+              at);
+}
+
+}  // namespace
+
+BoundPtr ExpressionBinder::BindArithmetic(BinaryOperator op, BoundPtr left, BoundPtr right, Position at) {
+  const Type common = CommonType(left->type, right->type);
+  if (common.IsDate()) return BindDateArithmetic(op, std::move(left), std::move(right), at);
+  if (common.IsText()) {
+    if (op != BinaryOperator::kAdd) InvalidOperand(common, op, at);
+    const int length = std::min(left->type.length + right->type.length, Type::kMaxLength);
+    return MakeValue(at, Type::VarChar(length), 0, BoundConcat{std::move(left), std::move(right)});
+  }
+  left = ConvertTo(std::move(left), left->type.IsText() ? common : left->type);
+  right = ConvertTo(std::move(right), right->type.IsText() ? common : right->type);
+  PinLiteral(*left);
+  PinLiteral(*right);
+  const Type type = ArithmeticType(op, OperandType(*left, right->type), OperandType(*right, left->type));
+  if (op == BinaryOperator::kModulo && !type.IsInteger() && !type.IsNull())
+    throw Error(kUnsupported, "The operator % is supported on whole numbers only.", at);
+  if (!type.IsExact()) {
+    left = ConvertTo(std::move(left), type);
+    right = ConvertTo(std::move(right), type);
+  }
+  const double limit = ResultLimit(op, *left, *right, type);
+  return MakeValue(at, type, limit, BoundArithmetic{op, std::move(left), std::move(right)});
+}
+
+BoundPtr ExpressionBinder::BindDateArithmetic(BinaryOperator op, BoundPtr left, BoundPtr right, Position at) {
+  if (op != BinaryOperator::kAdd && op != BinaryOperator::kSubtract) InvalidOperand(Type::DateTime(), op, at);
+  if (!left->type.IsDate() && op == BinaryOperator::kAdd) std::swap(left, right);
+  if (!left->type.IsDate() || !(right->type.IsNumeric() || right->type.IsNull()))
+    throw Error(kUnsupported, "Of a date only a number of days can be added or subtracted.", at);
+  right = ConvertTo(std::move(right), Type::Float());
+  const bool subtract = op == BinaryOperator::kSubtract;
+  return MakeValue(at, Type::DateTime(), 0, BoundDateAdd{std::move(left), std::move(right), subtract});
+}
+
+}  // namespace tarvoni::tsql

@@ -1,0 +1,194 @@
+#include <algorithm>
+#include <array>
+
+#include "platform/tsql/convert.h"
+#include "platform/tsql/expression_binder.h"
+#include "platform/tsql/type_rules.h"
+
+namespace tarvoni::tsql {
+namespace {
+
+constexpr int kAnyCount = 99;
+
+struct FunctionRow {
+  std::string_view name;
+  Function function;
+  size_t fewest;
+  size_t most;
+};
+
+constexpr std::array kFunctions{
+    FunctionRow{"ISNULL", Function::kIsNull, 2, 2},
+    FunctionRow{"COALESCE", Function::kCoalesce, 2, kAnyCount},
+    FunctionRow{"NULLIF", Function::kNullIf, 2, 2},
+    FunctionRow{"ROUND", Function::kRound, 2, 2},
+    FunctionRow{"ABS", Function::kAbs, 1, 1},
+    FunctionRow{"ISNUMERIC", Function::kIsNumeric, 1, 1},
+    FunctionRow{"IDENT_CURRENT", Function::kIdentCurrent, 1, 1},
+    FunctionRow{"RIGHT", Function::kRight, 2, 2},
+    FunctionRow{"LEFT", Function::kLeft, 2, 2},
+    FunctionRow{"LEN", Function::kLen, 1, 1},
+    FunctionRow{"RTRIM", Function::kRtrim, 1, 1},
+    FunctionRow{"LTRIM", Function::kLtrim, 1, 1},
+    FunctionRow{"UPPER", Function::kUpper, 1, 1},
+    FunctionRow{"LOWER", Function::kLower, 1, 1},
+    FunctionRow{"YEAR", Function::kYear, 1, 1},
+    FunctionRow{"MONTH", Function::kMonth, 1, 1},
+    FunctionRow{"DAY", Function::kDay, 1, 1},
+};
+
+struct AggregateRow {
+  std::string_view name;
+  Aggregate function;
+};
+
+constexpr std::array kAggregates{
+    AggregateRow{"COUNT", Aggregate::kCount}, AggregateRow{"SUM", Aggregate::kSum},
+    AggregateRow{"AVG", Aggregate::kAvg},     AggregateRow{"MIN", Aggregate::kMin},
+    AggregateRow{"MAX", Aggregate::kMax},
+};
+
+void RequireCount(const Call& call, size_t fewest, size_t most, Position at) {
+  const size_t count = call.arguments.size();
+  if (count >= fewest && count <= most) return;
+  throw Error(kArgumentCount,
+              "The " + call.function + " function requires " + std::to_string(fewest) + " argument(s).", at);
+}
+
+// Sums are kept in 64 bits unless their terms are wider: a sum beyond that is an overflow, not a wider value.
+double SumLimit(const Type& type, const BoundExpression& argument) {
+  return IsWide(argument) ? LimitOf(type) : LimitOf(Type::BigInt());
+}
+
+double YearLimit(Function part) {
+  constexpr double kLastYear = 9999;
+  return part == Function::kYear ? kLastYear : part == Function::kMonth ? 12 : 31;
+}
+
+}  // namespace
+
+BoundPtr ExpressionBinder::BindNode(const Call& call, Position at) {
+  if (SameName(call.function, "GETDATE")) {
+    RequireCount(call, 0, 0, at);
+    return MakeValue(at, Type::DateTime(), 0, BoundNow{});
+  }
+  for (const AggregateRow& row : kAggregates)
+    if (SameName(row.name, call.function)) return BindAggregate(row.function, call, at);
+  for (const FunctionRow& row : kFunctions) {
+    if (!SameName(row.name, call.function)) continue;
+    RequireCount(call, row.fewest, row.most, at);
+    return BindFunction(row.function, call, at);
+  }
+  throw Error(kUnknownFunction, "'" + call.function + "' is not a recognized built-in function name.", at);
+}
+
+BoundPtr ExpressionBinder::BindAggregate(Aggregate function, const Call& call, Position at) {
+  if (!rules_.aggregates || inside_aggregate_)
+    throw Error(kAggregateInWhere, "An aggregate may not appear here.", at);
+  saw_aggregate_ = true;
+  if (call.star)
+    return MakeValue(at, Type::Int(), LimitOf(Type::Int()),
+                     BoundAggregate{Aggregate::kCountRows, false, nullptr});
+  RequireCount(call, 1, 1, at);
+  inside_aggregate_ = true;
+  BoundPtr argument = Value(*call.arguments.front());
+  inside_aggregate_ = false;
+  const Type& type = argument->type;
+  const bool sums = function == Aggregate::kSum || function == Aggregate::kAvg;
+  const bool orders = function == Aggregate::kMin || function == Aggregate::kMax;
+  if ((sums && (!type.IsNumeric() || type.kind == TypeKind::kBit)) || (orders && type.kind == TypeKind::kBit))
+    throw Error(kOperandType,
+                "Operand data type " + std::string(NameOf(type.kind)) + " is invalid for " + call.function +
+                    " operator.",
+                at);
+  Type result = Type::Int();
+  double limit = LimitOf(result);
+  if (function == Aggregate::kSum) result = SumType(type), limit = SumLimit(result, *argument);
+  if (function == Aggregate::kAvg) result = AverageType(type), limit = SumLimit(result, *argument);
+  if (orders) result = type, limit = argument->limit;
+  return MakeValue(at, result, limit, BoundAggregate{function, call.distinct, std::move(argument)});
+}
+
+BoundPtr ExpressionBinder::BindFunction(Function function, const Call& call, Position at) {
+  BoundCall bound{function, {}};
+  for (const ExpressionPtr& argument : call.arguments) bound.arguments.push_back(Value(*argument));
+  BoundPtr& first = bound.arguments.front();
+  const auto as = [&](size_t argument, const Type& type) {
+    bound.arguments[argument] = ConvertTo(std::move(bound.arguments[argument]), type);
+  };
+  const auto text = [&] {
+    if (!first->type.IsText()) as(0, Type::VarChar(Type::kMaxLength));
+    return Type::VarChar(first->type.length);
+  };
+  switch (function) {
+    case Function::kIsNull:
+      return BindIsNullFunction(std::move(bound), at);
+    case Function::kCoalesce: {
+      Type common;
+      double limit = 0;
+      for (const BoundPtr& argument : bound.arguments) common = CommonType(common, argument->type);
+      for (size_t i = 0; i < bound.arguments.size(); ++i)
+        as(i, common), limit = std::max(limit, bound.arguments[i]->limit);
+      return MakeValue(at, common, limit, std::move(bound));
+    }
+    case Function::kNullIf: {
+      const Type common = CommonType(first->type, bound.arguments[1]->type);
+      as(0, common), as(1, common);
+      const double limit = first->limit;
+      return MakeValue(at, common, limit, std::move(bound));
+    }
+    case Function::kRound:
+      if (first->type.IsText()) as(0, Type::Float());
+      if (first->type.IsInteger())
+        as(0, first->type.kind == TypeKind::kBigInt ? Type::BigInt() : Type::Int());
+      as(1, Type::Int());
+      [[fallthrough]];
+    case Function::kAbs: {
+      const Type type = first->type;
+      // Rounding up may add a unit of the highest place.
+      const double limit = std::min(first->limit * (function == Function::kRound ? 10 : 1), LimitOf(type));
+      return MakeValue(at, type, limit, std::move(bound));
+    }
+    case Function::kIsNumeric:
+      return MakeValue(at, Type::Int(), 1, std::move(bound));
+    case Function::kIdentCurrent:
+      text();
+      return MakeValue(at, Type::Decimal(Type::kMaxPrecision, 0), LimitOf(Type::BigInt()), std::move(bound));
+    case Function::kRight:
+    case Function::kLeft: {
+      const Type type = text();
+      as(1, Type::Int());
+      return MakeValue(at, type, 0, std::move(bound));
+    }
+    case Function::kLen:
+      text();
+      return MakeValue(at, Type::Int(), Type::kMaxLength, std::move(bound));
+    case Function::kYear:
+    case Function::kMonth:
+    case Function::kDay:
+      as(0, Type::DateTime());
+      return MakeValue(at, Type::Int(), YearLimit(function), std::move(bound));
+    default: {
+      const Type type = text();
+      return MakeValue(at, type, 0, std::move(bound));
+    }
+  }
+}
+
+// ISNULL keeps the type of its first argument; the second is cut or rounded to it.
+BoundPtr ExpressionBinder::BindIsNullFunction(BoundCall call, Position at) {
+  BoundPtr& first = call.arguments[0];
+  BoundPtr& second = call.arguments[1];
+  if (first->type.IsNull()) first->type = second->type;
+  Type type = first->type;
+  if (type.IsText()) {
+    PinLiteral(*second);
+    type = Type::VarChar(type.length);
+  }
+  second = ConvertTo(std::move(second), type,
+                     type.IsText() ? BoundConvert::Mode::kCast : BoundConvert::Mode::kImplicit);
+  const double limit = std::max(first->limit, second->limit);
+  return MakeValue(at, type, limit, std::move(call));
+}
+
+}  // namespace tarvoni::tsql

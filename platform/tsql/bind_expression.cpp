@@ -1,0 +1,260 @@
+#include <algorithm>
+#include <charconv>
+
+#include "platform/tsql/convert.h"
+#include "platform/tsql/expression_binder.h"
+#include "platform/tsql/query_binder.h"
+#include "platform/tsql/type_rules.h"
+
+namespace tarvoni::tsql {
+namespace {
+
+bool IsComparison(BinaryOperator op) {
+  return op >= BinaryOperator::kEqual && op <= BinaryOperator::kGreaterEqual;
+}
+
+bool IsLogical(BinaryOperator op) {
+  return op == BinaryOperator::kAnd || op == BinaryOperator::kOr;
+}
+
+// The one type that all of these meet in.
+Type CommonTypeOf(const std::vector<const BoundExpression*>& values) {
+  Type common;
+  for (const BoundExpression* value : values) common = CommonType(common, value->type);
+  return common;
+}
+
+}  // namespace
+
+BoundPtr MakeCondition(Position at, decltype(BoundExpression::node) node) {
+  auto condition = MakeValue(at, Type::Bit(), 1, std::move(node));
+  condition->condition = true;
+  return condition;
+}
+
+BoundPtr MakeValue(Position at, const Type& type, double limit, decltype(BoundExpression::node) node) {
+  auto value = std::make_unique<BoundExpression>();
+  value->at = at;
+  value->type = type;
+  value->limit = limit;
+  value->node = std::move(node);
+  return value;
+}
+
+BoundPtr WithoutFolding(BoundPtr value) {
+  while (auto* call = value->As<BoundCall>()) {
+    const bool folds = call->function == Function::kUpper || call->function == Function::kLower ||
+                       call->function == Function::kRtrim;
+    if (!folds) break;
+    BoundPtr argument = std::move(call->arguments.front());
+    value = std::move(argument);
+  }
+  return value;
+}
+
+BoundPtr MakeComparison(BinaryOperator op, BoundPtr left, BoundPtr right, Position at) {
+  const Type common = CommonType(left->type, right->type);
+  if (common.IsText())
+    return MakeCondition(at,
+                         BoundCompare{op, WithoutFolding(std::move(left)), WithoutFolding(std::move(right))});
+  left = ConvertTo(std::move(left), common);
+  right = ConvertTo(std::move(right), common);
+  return MakeCondition(at, BoundCompare{op, std::move(left), std::move(right)});
+}
+
+BoundPtr ExpressionBinder::Value(const Expression& expression) {
+  BoundPtr value = Bind(expression);
+  if (value->condition)
+    throw Error(kSyntax, "Incorrect syntax: a condition stands where a value is due.", value->at);
+  return value;
+}
+
+BoundPtr ExpressionBinder::Condition(const Expression& expression) {
+  BoundPtr condition = Bind(expression);
+  if (!condition->condition)
+    throw Error(kNoCondition,
+                "An expression of non-boolean type specified in a context where a condition is expected.",
+                condition->at);
+  return condition;
+}
+
+BoundPtr ExpressionBinder::Bind(const Expression& expression) {
+  return std::visit([&](const auto& node) { return BindNode(node, expression.at); }, expression.node);
+}
+
+BoundPtr ExpressionBinder::BindNode(const Literal& literal, Position at) {
+  if (literal.kind == Literal::Kind::kNull)
+    return MakeValue(at, {}, 0, BoundConstant{"", Literal::Kind::kNull});
+  const std::string& text = state_->LiteralText(literal.index);
+  auto value = MakeValue(at, NaturalType(literal.kind, text), NaturalLimit(literal.kind, text),
+                         BoundParameter{literal.index, literal.kind});
+  if (rules_.pin_literals) PinLiteral(*value);
+  return value;
+}
+
+// From here on the literal's digits may decide types and limits; a text its length.
+void ExpressionBinder::PinLiteral(BoundExpression& value) {
+  const auto* parameter = value.As<BoundParameter>();
+  if (parameter == nullptr ||
+      value.type != NaturalType(parameter->kind, state_->LiteralText(parameter->literal)))
+    return;
+  const std::string text = state_->LiteralText(parameter->literal);
+  if (parameter->kind == Literal::Kind::kInteger)
+    std::from_chars(text.data(), text.data() + text.size(), value.limit);
+  if (parameter->kind == Literal::Kind::kText) value.type.length = static_cast<int>(text.size());
+  value.node = state_->Pin(*parameter);
+}
+
+BoundPtr ExpressionBinder::BindNode(const ColumnName& name, Position at) {
+  return scope_->Resolve(name, at);
+}
+
+BoundPtr ExpressionBinder::BindNode(const Star&, Position at) {
+  throw Error(kSyntax, "Incorrect syntax near '*'.", at);
+}
+
+BoundPtr ExpressionBinder::BindNode(const Unary& unary, Position at) {
+  if (unary.op == UnaryOperator::kNot) return MakeCondition(at, BoundNot{Condition(*unary.operand)});
+  BoundPtr operand = Value(*unary.operand);
+  if (operand->type.IsText() || operand->type.IsDate())
+    throw Error(
+        kOperandType,
+        "Operand data type " + std::string(NameOf(operand->type.kind)) + " is invalid for minus operator.",
+        at);
+  if (unary.op == UnaryOperator::kPlus) return operand;
+  const Type type = operand->type;
+  const double limit = operand->limit;
+  return MakeValue(at, type, limit, BoundNegate{std::move(operand)});
+}
+
+BoundPtr ExpressionBinder::BindNode(const Binary& binary, Position at) {
+  if (IsLogical(binary.op)) return BindLogical(binary, at);
+  BoundPtr left = Value(*binary.left);
+  BoundPtr right = Value(*binary.right);
+  // `1 = 1` is decided once, not for each row.
+  if (left->As<BoundParameter>() && right->As<BoundParameter>()) PinLiteral(*left), PinLiteral(*right);
+  if (IsComparison(binary.op)) return MakeComparison(binary.op, std::move(left), std::move(right), at);
+  return BindArithmetic(binary.op, std::move(left), std::move(right), at);
+}
+
+// A chain of the same operator becomes one node, however long it is.
+BoundPtr ExpressionBinder::BindLogical(const Binary& binary, Position at) {
+  std::vector<const Expression*> operands{binary.right.get()};
+  const Expression* left = binary.left.get();
+  while (const auto* inner = std::get_if<Binary>(&left->node)) {
+    if (inner->op != binary.op) break;
+    operands.push_back(inner->right.get());
+    left = inner->left.get();
+  }
+  operands.push_back(left);
+  BoundLogical logical{binary.op, {}};
+  for (auto operand = operands.rbegin(); operand != operands.rend(); ++operand)
+    logical.operands.push_back(Condition(**operand));
+  return MakeCondition(at, std::move(logical));
+}
+
+BoundPtr ExpressionBinder::BindNode(const IsNull& test, Position at) {
+  return MakeCondition(at, BoundIsNull{Value(*test.operand), test.negated});
+}
+
+BoundPtr ExpressionBinder::BindNode(const Between& between, Position at) {
+  BoundLogical both{BinaryOperator::kAnd, {}};
+  both.operands.push_back(
+      MakeComparison(BinaryOperator::kGreaterEqual, Value(*between.operand), Value(*between.low), at));
+  both.operands.push_back(
+      MakeComparison(BinaryOperator::kLessEqual, Value(*between.operand), Value(*between.high), at));
+  BoundPtr condition = MakeCondition(at, std::move(both));
+  return between.negated ? MakeCondition(at, BoundNot{std::move(condition)}) : std::move(condition);
+}
+
+BoundPtr ExpressionBinder::BindNode(const InList& list, Position at) {
+  BoundIn in{Value(*list.operand), {}, list.negated};
+  std::vector<const BoundExpression*> values{in.operand.get()};
+  for (const ExpressionPtr& item : list.items) {
+    in.items.push_back(Value(*item));
+    values.push_back(in.items.back().get());
+  }
+  const Type common = CommonTypeOf(values);
+  const auto align = [&](BoundPtr value) {
+    return common.IsText() ? WithoutFolding(std::move(value)) : ConvertTo(std::move(value), common);
+  };
+  in.operand = align(std::move(in.operand));
+  for (BoundPtr& item : in.items) item = align(std::move(item));
+  return MakeCondition(at, std::move(in));
+}
+
+BoundPtr ExpressionBinder::BindNode(const InQuery& in, Position at) {
+  BoundPtr operand = Value(*in.operand);
+  BoundQueryPtr query = BindSubquery(*state_, *scope_, *in.query, 1);
+  const Type common = CommonType(operand->type, query->selects.front().items.front().value->type);
+  if (common.IsText())
+    operand = WithoutFolding(std::move(operand));
+  else
+    operand = ConvertTo(std::move(operand), common);
+  ConvertColumn(*query, 0, common);
+  return MakeCondition(at, BoundInQuery{std::move(operand), std::move(query), in.negated});
+}
+
+BoundPtr ExpressionBinder::BindNode(const Like& like, Position at) {
+  BoundCall call{Function::kLike, {}};
+  call.arguments.push_back(ConvertTo(Value(*like.operand), Type::VarChar(Type::kMaxLength)));
+  call.arguments.push_back(ConvertTo(Value(*like.pattern), Type::VarChar(Type::kMaxLength)));
+  BoundPtr condition = MakeCondition(at, std::move(call));
+  return like.negated ? MakeCondition(at, BoundNot{std::move(condition)}) : std::move(condition);
+}
+
+BoundPtr ExpressionBinder::BindNode(const Exists& exists, Position at) {
+  return MakeCondition(at, BoundExists{BindSubquery(*state_, *scope_, *exists.query, 0)});
+}
+
+BoundPtr ExpressionBinder::BindNode(const ScalarQuery& scalar, Position at) {
+  BoundQueryPtr query = BindSubquery(*state_, *scope_, *scalar.query, 1);
+  double limit = 0;
+  for (const BoundSelect& select : query->selects) limit = std::max(limit, select.items.front().value->limit);
+  const Type type = query->selects.front().items.front().value->type;
+  const bool single = HasOneRowAtMost(*query);
+  return MakeValue(at, type, limit, BoundScalarQuery{std::move(query), single});
+}
+
+BoundPtr ExpressionBinder::BindNode(const Cast& cast, Position at) {
+  BoundPtr operand = Value(*cast.operand);
+  operand->at = at;
+  return ConvertTo(std::move(operand), cast.type, BoundConvert::Mode::kCast);
+}
+
+BoundPtr ExpressionBinder::BindNode(const Case& branches, Position at) {
+  BoundCase bound;
+  std::vector<const BoundExpression*> results;
+  std::vector<const BoundExpression*> compared;
+  if (branches.operand) bound.operand = Value(*branches.operand);
+  for (const Case::Branch& branch : branches.branches) {
+    BoundPtr when = branches.operand ? Value(*branch.when) : Condition(*branch.when);
+    bound.branches.push_back({std::move(when), Value(*branch.then)});
+    results.push_back(bound.branches.back().then.get());
+    compared.push_back(bound.branches.back().when.get());
+  }
+  if (branches.otherwise) {
+    bound.otherwise = Value(*branches.otherwise);
+    results.push_back(bound.otherwise.get());
+  }
+  if (bound.operand) {
+    compared.push_back(bound.operand.get());
+    const Type common = CommonTypeOf(compared);
+    const auto align = [&](BoundPtr& value) {
+      value = common.IsText() ? WithoutFolding(std::move(value)) : ConvertTo(std::move(value), common);
+    };
+    align(bound.operand);
+    for (BoundCase::Branch& branch : bound.branches) align(branch.when);
+  }
+  const Type type = CommonTypeOf(results);
+  double limit = 0;
+  const auto convert = [&](BoundPtr& value) {
+    value = ConvertTo(std::move(value), type);
+    limit = std::max(limit, value->limit);
+  };
+  for (BoundCase::Branch& branch : bound.branches) convert(branch.then);
+  if (bound.otherwise) convert(bound.otherwise);
+  return MakeValue(at, type, limit, std::move(bound));
+}
+
+}  // namespace tarvoni::tsql

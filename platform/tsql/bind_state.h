@@ -1,0 +1,58 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/tsql/bound.h"
+#include "platform/tsql/compile.h"
+#include "platform/tsql/lexer.h"
+
+namespace tarvoni::tsql {
+
+// The tables a statement can see: those of the database and those its batch has created before it.
+class BatchCatalogue {
+ public:
+  explicit BatchCatalogue(const Catalogue& database, std::string suffix)
+      : database_(&database), suffix_(std::move(suffix)) {}
+
+  std::shared_ptr<const TableDefinition> Find(std::string_view name) const;
+  // The name under which the table stands in the file, with its schema, ready to be written.
+  std::string StoredName(std::string_view name) const;
+  bool CreatedHere(std::string_view name) const;
+
+  void Create(TableDefinition table);
+  void Drop(std::string_view name);
+
+ private:
+  struct Created {
+    std::shared_ptr<const TableDefinition> table;
+    std::string stored_name;
+  };
+  const Catalogue* database_;
+  std::string suffix_;
+  std::vector<Created> created_;
+  int temporaries_ = 0;
+};
+
+// What is shared by everything that binds one batch.
+struct BindState {
+  const LexedBatch* lexed;
+  BatchCatalogue* tables;
+  std::vector<PinnedLiteral> pinned;
+  std::string identity_insert;
+  int next_source = 1;
+
+  const std::string& LiteralText(int index) const { return lexed->literals[static_cast<size_t>(index)].text; }
+  // Makes the literal's value part of the plan.
+  BoundConstant Pin(const BoundParameter& parameter);
+};
+
+inline bool IsTemporary(std::string_view table) {
+  return !table.empty() && table.front() == '#';
+}
+
+// "NAME" with its quotes doubled, as SQLite reads a name.
+std::string QuoteName(std::string_view name);
+
+}  // namespace tarvoni::tsql

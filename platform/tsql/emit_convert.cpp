@@ -1,0 +1,119 @@
+#include <algorithm>
+
+#include "platform/tsql/emitter.h"
+#include "platform/tsql/type_rules.h"
+
+namespace tarvoni::tsql {
+namespace {
+
+double OwnLimit(const BoundExpression& value) {
+  return std::min(value.limit, LimitOf(value.type));
+}
+
+bool IsUnsigned(const Type& type) {
+  return type.kind == TypeKind::kTinyInt || type.kind == TypeKind::kBit;
+}
+
+[[noreturn]] void NoConversion(const BoundExpression& from, const Type& to) {
+  throw Error(kUnsupported,
+              "A conversion from " + std::string(NameOf(from.type.kind)) + " to " +
+                  std::string(NameOf(to.kind)) + " is not supported.",
+              from.at);
+}
+
+}  // namespace
+
+void Emitter::Node(const BoundConvert& node, const BoundExpression& self) {
+  const BoundExpression& from = *node.operand;
+  const Type& to = self.type;
+  if (from.type.IsNull()) return Expression(from);
+  if (to.IsInteger()) return ToInteger(from, to);
+  if (to.IsExact()) return ToExact(from, to);
+  if (to.kind == TypeKind::kFloat) return ToFloat(from);
+  if (to.IsDate()) return ToDate(from);
+  ToText(from, to, node.mode);
+}
+
+void Emitter::ToInteger(const BoundExpression& from, const Type& to) {
+  const auto kind = static_cast<int>(to.kind);
+  if (from.type.IsText()) return Function("ts_int_from_text", from, {kind});
+  if (from.type.IsDate()) NoConversion(from, to);
+  if (to.kind == TypeKind::kBit) {
+    Text("(");
+    Expression(from);
+    Text("<>0)");
+    return;
+  }
+  if (from.type.IsInteger()) {
+    const bool fits = OwnLimit(from) <= LimitOf(to) && (!IsUnsigned(to) || IsUnsigned(from.type));
+    return fits ? Expression(from) : Function("ts_int_cast", from, {kind});
+  }
+  if (!from.type.IsExact()) return Function("ts_int_from_float", from, {kind});
+  const bool rounds = from.type.kind == TypeKind::kMoney;
+  Function("ts_int_from_exact", from, {from.type.scale, kind, rounds ? 1 : 0});
+}
+
+void Emitter::ToExact(const BoundExpression& from, const Type& to) {
+  const bool money = to.kind == TypeKind::kMoney;
+  if (from.type.IsText())
+    return money ? Function("ts_money_from_text", from)
+                 : Function("ts_exact_from_text", from, {to.precision, to.scale});
+  if (from.type.IsDate()) NoConversion(from, to);
+  if (!from.type.IsExact()) return Function("ts_exact_from_float", from, {to.precision, to.scale});
+  const int places = to.scale - from.type.scale;
+  if (places >= 0 && OwnLimit(from) * PowerOfTenLimit(places) <= LimitOf(to)) return Scaled(from, to.scale);
+  if (money) Text("ts_exact_money(");
+  Function("ts_exact_rescale", from, {from.type.scale, to.scale, money ? Type::kMaxPrecision : to.precision});
+  if (money) Text(")");
+}
+
+void Emitter::ToFloat(const BoundExpression& from) {
+  if (from.type.kind == TypeKind::kFloat) return Expression(from);
+  if (from.type.IsText()) return Function("ts_float_from_text", from);
+  if (from.type.IsDate()) NoConversion(from, Type::Float());
+  if (IsWide(from)) return Function("ts_float_from_exact", from, {from.type.scale});
+  if (from.type.scale == 0) {
+    Text("CAST(");
+    Expression(from);
+    Text(" AS REAL)");
+    return;
+  }
+  Text("(");
+  Expression(from);
+  Text("/1e").Number(from.type.scale).Text(")");
+}
+
+// The digits or letters of any value, of whatever length they are.
+void Emitter::TextOf(const BoundExpression& from) {
+  if (from.type.IsText()) return Expression(from);
+  if (from.type.IsDate()) return Function("ts_text_from_date", from);
+  if (from.type.kind == TypeKind::kMoney) return Function("ts_text_from_money", from);
+  if (from.type.kind == TypeKind::kDecimal) return Function("ts_text_from_exact", from, {from.type.scale});
+  if (from.type.kind == TypeKind::kFloat) return Function("ts_text_from_float", from);
+  Text("CAST(");
+  Expression(from);
+  Text(" AS TEXT)");
+}
+
+void Emitter::ToText(const BoundExpression& from, const Type& to, BoundConvert::Mode mode) {
+  const int fixed = to.kind == TypeKind::kChar ? 1 : 0;
+  if (mode != BoundConvert::Mode::kStore) {
+    if (to.length >= Type::kMaxLength && fixed == 0) return TextOf(from);
+    if (from.type.IsInteger()) return Function("ts_int_text_cast", from, {to.length, fixed});
+  }
+  const bool number = from.type.IsNumeric();
+  Text(mode == BoundConvert::Mode::kStore ? "ts_text_store("
+       : number                           ? "ts_number_text_cast("
+                                          : "ts_text_cast(");
+  TextOf(from);
+  Text(",").Number(to.length).Text(",").Number(fixed).Text(")");
+}
+
+void Emitter::ToDate(const BoundExpression& from) {
+  if (from.type.IsText()) return Function("ts_date_from_text", from);
+  Text("ts_date_from_days(");
+  ToFloat(from);
+  Text(")");
+}
+
+}  // namespace tarvoni::tsql

@@ -1,0 +1,232 @@
+#include <cassert>
+
+#include "platform/tsql/bind_state.h"
+#include "platform/tsql/convert.h"
+#include "platform/tsql/emitter.h"
+#include "platform/tsql/runtime.h"
+
+namespace tarvoni::tsql {
+namespace {
+
+std::string QuoteText(std::string_view text) {
+  std::string quoted = "'";
+  for (const char c : text) {
+    if (c == '\'') quoted += '\'';
+    quoted += c;
+  }
+  return quoted + '\'';
+}
+
+std::string FloatDigits(std::string_view literal) {
+  const bool whole = literal.find_first_of(".eE") == std::string_view::npos;
+  return std::string(literal) + (whole ? ".0" : "");
+}
+
+std::string_view Symbol(BinaryOperator op) {
+  switch (op) {
+    case BinaryOperator::kEqual:
+      return "=";
+    case BinaryOperator::kNotEqual:
+      return "<>";
+    case BinaryOperator::kLess:
+      return "<";
+    case BinaryOperator::kLessEqual:
+      return "<=";
+    case BinaryOperator::kGreater:
+      return ">";
+    case BinaryOperator::kGreaterEqual:
+      return ">=";
+    case BinaryOperator::kAnd:
+      return " AND ";
+    case BinaryOperator::kOr:
+      return " OR ";
+    default:
+      break;
+  }
+  assert(false);
+  return "";
+}
+
+bool IsStoredColumn(const BoundExpression& expression) {
+  const auto* column = expression.As<BoundColumn>();
+  return column != nullptr && column->stored;
+}
+
+}  // namespace
+
+void Emitter::Expression(const BoundExpression& expression) {
+  std::visit([&](const auto& node) { Node(node, expression); }, expression.node);
+}
+
+void Emitter::Collated(const BoundExpression& expression) {
+  Expression(expression);
+  if (expression.type.IsText() && !IsStoredColumn(expression)) Text(" COLLATE ").Text(kCollation);
+}
+
+void Emitter::Infix(const BoundExpression& left, std::string_view op, const BoundExpression& right) {
+  Text("(");
+  Expression(left);
+  Text(op);
+  Expression(right);
+  Text(")");
+}
+
+void Emitter::Function(std::string_view name, const BoundExpression& argument,
+                       std::initializer_list<long long> rest) {
+  Text(name).Text("(");
+  Expression(argument);
+  for (const long long number : rest) Text(",").Number(number);
+  Text(")");
+}
+
+void Emitter::Function(std::string_view name, const BoundExpression& first, const BoundExpression& second) {
+  Text(name).Text("(");
+  Expression(first);
+  Text(",");
+  Expression(second);
+  Text(")");
+}
+
+void Emitter::Arguments(const std::vector<BoundPtr>& arguments) {
+  Text("(");
+  for (size_t i = 0; i < arguments.size(); ++i) {
+    if (i > 0) Text(",");
+    Expression(*arguments[i]);
+  }
+  Text(")");
+}
+
+void Emitter::Node(const BoundParameter& node, const BoundExpression& self) {
+  sql_.parameters.push_back({Parameter::Source::kLiteral, node.literal, self.type});
+  Text("?").Number(static_cast<long long>(sql_.parameters.size()));
+}
+
+void Emitter::Node(const BoundNow&, const BoundExpression& self) {
+  sql_.parameters.push_back({Parameter::Source::kNow, -1, self.type});
+  Text("?").Number(static_cast<long long>(sql_.parameters.size()));
+}
+
+void Emitter::Node(const BoundConstant& node, const BoundExpression& self) {
+  if (node.kind == Literal::Kind::kNull)
+    Text("NULL");
+  else if (self.type.IsText())
+    Text(QuoteText(node.text));
+  else if (self.type.IsExact())
+    Text(ScaledDigits(node.text, self.type.scale));
+  else
+    Text(FloatDigits(node.text));
+}
+
+void Emitter::Node(const BoundColumn& node, const BoundExpression&) {
+  if (style_ == ColumnStyle::kQualified) Text("t").Number(node.source).Text(".");
+  Text(node.stored ? QuoteName(node.name) : node.name);
+}
+
+void Emitter::Node(const BoundConcat& node, const BoundExpression&) {
+  Infix(*node.left, "||", *node.right);
+}
+
+void Emitter::Node(const BoundDateAdd& node, const BoundExpression&) {
+  Text("ts_date_add(");
+  Expression(*node.date);
+  Text(node.subtract ? ",-" : ",");
+  Expression(*node.days);
+  Text(")");
+}
+
+void Emitter::Node(const BoundCompare& node, const BoundExpression&) {
+  if (IsWide(*node.left) || IsWide(*node.right)) {
+    Text("(ts_exact_cmp(");
+    Expression(*node.left);
+    Text(",").Number(node.left->type.scale).Text(",");
+    Expression(*node.right);
+    Text(",").Number(node.right->type.scale).Text(")").Text(Symbol(node.op)).Text("0)");
+    return;
+  }
+  Text("(");
+  if (IsStoredColumn(*node.right))
+    Expression(*node.left);
+  else
+    Collated(*node.left);
+  Text(Symbol(node.op));
+  Expression(*node.right);
+  Text(")");
+}
+
+void Emitter::Node(const BoundLogical& node, const BoundExpression&) {
+  Text("(");
+  for (size_t i = 0; i < node.operands.size(); ++i) {
+    if (i > 0) Text(Symbol(node.op));
+    Expression(*node.operands[i]);
+  }
+  Text(")");
+}
+
+void Emitter::Node(const BoundNot& node, const BoundExpression&) {
+  Text("(NOT ");
+  Expression(*node.operand);
+  Text(")");
+}
+
+void Emitter::Node(const BoundIsNull& node, const BoundExpression&) {
+  Text("(");
+  Expression(*node.operand);
+  Text(node.negated ? " IS NOT NULL)" : " IS NULL)");
+}
+
+void Emitter::Node(const BoundIn& node, const BoundExpression&) {
+  Text("(");
+  Collated(*node.operand);
+  Text(node.negated ? " NOT IN " : " IN ");
+  Arguments(node.items);
+  Text(")");
+}
+
+void Emitter::Node(const BoundInQuery& node, const BoundExpression&) {
+  Text("(");
+  Collated(*node.operand);
+  Text(node.negated ? " NOT IN (" : " IN (");
+  WholeQuery(*node.query, Naming::kNone);
+  Text("))");
+}
+
+void Emitter::Node(const BoundExists& node, const BoundExpression&) {
+  Text("EXISTS(");
+  WholeQuery(*node.query, Naming::kNone);
+  Text(")");
+}
+
+void Emitter::Node(const BoundScalarQuery& node, const BoundExpression&) {
+  if (!node.single) return SingleValue(*node.query);
+  Text("(");
+  WholeQuery(*node.query, Naming::kNone);
+  Text(")");
+}
+
+// A query of several rows where one value belongs is an error, not its first row.
+void Emitter::SingleValue(const BoundQuery& query) {
+  Text("(SELECT CASE WHEN COUNT(*)>1 THEN ts_raise(512) ELSE MAX(c1) END FROM (");
+  WholeQuery(query, Naming::kNumbered);
+  Text("))");
+}
+
+void Emitter::Node(const BoundCase& node, const BoundExpression&) {
+  Text("CASE");
+  if (node.operand) {
+    Text(" ");
+    Collated(*node.operand);
+  }
+  for (const BoundCase::Branch& branch : node.branches) {
+    Text(" WHEN ");
+    Expression(*branch.when);
+    Text(" THEN ");
+    Expression(*branch.then);
+  }
+  if (node.otherwise) {
+    Text(" ELSE ");
+    Expression(*node.otherwise);
+  }
+  Text(" END");
+}
+
+}  // namespace tarvoni::tsql

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/tsql/bound.h"
+#include "platform/tsql/plan.h"
+
+namespace tarvoni::tsql {
+
+// Writes bound trees as SQLite text. Nothing before this stage knows SQLite.
+class Emitter {
+ public:
+  enum class ColumnStyle {
+    kQualified,  // t1."NAME"
+    kBare,       // "NAME", inside a table's own definition
+  };
+
+  explicit Emitter(ColumnStyle style = ColumnStyle::kQualified) : style_(style) {}
+
+  Emitter& Text(std::string_view text) {
+    sql_.text += text;
+    return *this;
+  }
+  Emitter& Number(long long number) { return Text(std::to_string(number)); }
+
+  void Expression(const BoundExpression& expression);
+  void Query(const BoundQuery& query);
+  // The columns are named c1, c2 …
+  void DerivedQuery(const BoundQuery& query);
+
+  Sql Take() { return std::move(sql_); }
+
+ private:
+  enum class Naming { kNone, kNumbered };
+
+  void Node(const BoundParameter& node, const BoundExpression& self);
+  void Node(const BoundConstant& node, const BoundExpression& self);
+  void Node(const BoundNow& node, const BoundExpression& self);
+  void Node(const BoundColumn& node, const BoundExpression& self);
+  void Node(const BoundNegate& node, const BoundExpression& self);
+  void Node(const BoundArithmetic& node, const BoundExpression& self);
+  void Node(const BoundConcat& node, const BoundExpression& self);
+  void Node(const BoundDateAdd& node, const BoundExpression& self);
+  void Node(const BoundCompare& node, const BoundExpression& self);
+  void Node(const BoundLogical& node, const BoundExpression& self);
+  void Node(const BoundNot& node, const BoundExpression& self);
+  void Node(const BoundIsNull& node, const BoundExpression& self);
+  void Node(const BoundIn& node, const BoundExpression& self);
+  void Node(const BoundInQuery& node, const BoundExpression& self);
+  void Node(const BoundExists& node, const BoundExpression& self);
+  void Node(const BoundScalarQuery& node, const BoundExpression& self);
+  void Node(const BoundCase& node, const BoundExpression& self);
+  void Node(const BoundConvert& node, const BoundExpression& self);
+  void Node(const BoundCall& node, const BoundExpression& self);
+  void Node(const BoundAggregate& node, const BoundExpression& self);
+
+  // Text that is no stored column does not know the collation by itself.
+  void Collated(const BoundExpression& expression);
+  void Infix(const BoundExpression& left, std::string_view op, const BoundExpression& right);
+  void Function(std::string_view name, const BoundExpression& argument,
+                std::initializer_list<long long> rest = {});
+  void Function(std::string_view name, const BoundExpression& first, const BoundExpression& second);
+  void Arguments(const std::vector<BoundPtr>& arguments);
+
+  // An exact operand in units of another place.
+  void Scaled(const BoundExpression& operand, int scale);
+  void IntegerArithmetic(const BoundArithmetic& node, const BoundExpression& self);
+  void ExactSum(const BoundArithmetic& node, const BoundExpression& self);
+  void ExactProduct(const BoundArithmetic& node, const BoundExpression& self);
+  void ExactQuotient(const BoundArithmetic& node, const BoundExpression& self);
+
+  void ToInteger(const BoundExpression& from, const Type& to);
+  void ToExact(const BoundExpression& from, const Type& to);
+  void ToFloat(const BoundExpression& from);
+  void ToText(const BoundExpression& from, const Type& to, BoundConvert::Mode mode);
+  void TextOf(const BoundExpression& from);
+  void ToDate(const BoundExpression& from);
+
+  void Sum(const BoundAggregate& node, const BoundExpression& self);
+  void Average(const BoundAggregate& node, const BoundExpression& self);
+  void AggregateCall(std::string_view name, const BoundAggregate& node, bool collated = false);
+
+  void WholeQuery(const BoundQuery& query, Naming naming);
+  void Select(const BoundSelect& select, Naming naming, bool collate_texts);
+  void Source(const BoundSource& source);
+  void Join(const BoundJoin& join);
+  void OrderBy(const BoundQuery& query);
+  void Limit(const BoundSelect& select);
+  void SingleValue(const BoundQuery& query);
+
+  ColumnStyle style_;
+  Sql sql_;
+};
+
+}  // namespace tarvoni::tsql

@@ -1,0 +1,151 @@
+#include "platform/tsql/type_rules.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarvoni::tsql {
+namespace {
+
+constexpr int kMinimumScale = 6;
+
+int Precedence(TypeKind kind) {
+  switch (kind) {
+    case TypeKind::kNull:
+      return 0;
+    case TypeKind::kChar:
+      return 1;
+    case TypeKind::kVarChar:
+      return 2;
+    case TypeKind::kBit:
+      return 3;
+    case TypeKind::kTinyInt:
+      return 4;
+    case TypeKind::kSmallInt:
+      return 5;
+    case TypeKind::kInt:
+      return 6;
+    case TypeKind::kBigInt:
+      return 7;
+    case TypeKind::kMoney:
+      return 8;
+    case TypeKind::kDecimal:
+      return 9;
+    case TypeKind::kFloat:
+      return 10;
+    case TypeKind::kDateTime:
+      return 11;
+  }
+  return 0;
+}
+
+// Products and quotients give up places beyond the sixth before they give up digits in front of the point.
+Type FitProduct(int precision, int scale) {
+  if (precision > Type::kMaxPrecision) {
+    const int whole = precision - scale;
+    scale = std::min(scale, std::max(Type::kMaxPrecision - whole, std::min(scale, kMinimumScale)));
+    precision = Type::kMaxPrecision;
+  }
+  return Type::Decimal(precision, scale);
+}
+
+Type FitSum(int whole, int scale) {
+  if (whole + scale > Type::kMaxPrecision) scale = std::max(0, Type::kMaxPrecision - whole);
+  return Type::Decimal(std::min(whole + scale, Type::kMaxPrecision), scale);
+}
+
+Type DecimalArithmetic(BinaryOperator op, const Type& a, const Type& b) {
+  const int whole = std::max(a.precision - a.scale, b.precision - b.scale);
+  switch (op) {
+    case BinaryOperator::kMultiply:
+      return FitProduct(a.precision + b.precision + 1, a.scale + b.scale);
+    case BinaryOperator::kDivide: {
+      const int scale = std::max(kMinimumScale, a.scale + b.precision + 1);
+      return FitProduct(a.precision - a.scale + b.scale + scale, scale);
+    }
+    default:
+      return FitSum(whole + 1, std::max(a.scale, b.scale));
+  }
+}
+
+Type CommonDecimal(const Type& a, const Type& b) {
+  return FitSum(std::max(a.precision - a.scale, b.precision - b.scale), std::max(a.scale, b.scale));
+}
+
+}  // namespace
+
+Type AsDecimal(const Type& type) {
+  switch (type.kind) {
+    case TypeKind::kBit:
+      return Type::Decimal(1, 0);
+    case TypeKind::kTinyInt:
+      return Type::Decimal(3, 0);
+    case TypeKind::kSmallInt:
+      return Type::Decimal(5, 0);
+    case TypeKind::kInt:
+      return Type::Decimal(10, 0);
+    case TypeKind::kBigInt:
+      return Type::Decimal(19, 0);
+    case TypeKind::kMoney:
+      return Type::Decimal(19, Type::kMoneyScale);
+    default:
+      return type;
+  }
+}
+
+Type CommonType(const Type& a, const Type& b) {
+  const Type& high = Precedence(a.kind) >= Precedence(b.kind) ? a : b;
+  const Type& low = &high == &a ? b : a;
+  if (low.IsNull()) return high;
+  if (high.kind == TypeKind::kDecimal && low.IsExact()) return CommonDecimal(AsDecimal(a), AsDecimal(b));
+  if (high.IsText() && low.IsText()) {
+    const bool fixed = a.kind == TypeKind::kChar && b.kind == TypeKind::kChar && a.length == b.length;
+    const int length = std::max(a.length, b.length);
+    return fixed ? Type::Char(length) : Type::VarChar(length);
+  }
+  return high;
+}
+
+Type ArithmeticType(BinaryOperator op, const Type& a, const Type& b) {
+  const Type common = CommonType(a, b);
+  if (common.kind == TypeKind::kDecimal) return DecimalArithmetic(op, AsDecimal(a), AsDecimal(b));
+  if (common.kind == TypeKind::kBit) return Type::Int();
+  return common;
+}
+
+Type SumType(const Type& argument) {
+  if (argument.kind == TypeKind::kDecimal) return Type::Decimal(Type::kMaxPrecision, argument.scale);
+  if (argument.IsInteger() && argument.kind != TypeKind::kBigInt) return Type::Int();
+  return argument;
+}
+
+Type AverageType(const Type& argument) {
+  if (argument.kind != TypeKind::kDecimal) return SumType(argument);
+  return Type::Decimal(Type::kMaxPrecision, std::max(argument.scale, kMinimumScale));
+}
+
+double PowerOfTenLimit(int exponent) {
+  return std::pow(10.0, exponent);
+}
+
+double LimitOf(const Type& type) {
+  switch (type.kind) {
+    case TypeKind::kBit:
+      return 1;
+    case TypeKind::kTinyInt:
+      return 255;
+    case TypeKind::kSmallInt:
+      return 32768;
+    case TypeKind::kInt:
+      return 2147483648.0;
+    case TypeKind::kBigInt:
+      return 9.2233720368547748e18;
+    case TypeKind::kMoney:
+      return 9.2233720368547748e18;
+    case TypeKind::kDecimal:
+      return PowerOfTenLimit(type.precision);
+    default:
+      return 0;
+  }
+}
+
+}  // namespace tarvoni::tsql

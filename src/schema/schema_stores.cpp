@@ -1,0 +1,45 @@
+#include "src/schema/schema_parts.h"
+
+namespace tarvoni::schema {
+
+const std::string_view kStores = R"sql(
+-- Stores documents. No key guards the goods of a document: it is deleted before them.
+CREATE TABLE LAGER (
+  ID INT IDENTITY(1,1) NOT NULL PRIMARY KEY,
+  NUMMER NVARCHAR(30),
+  PERSONAL_ID INT,
+  BUCHUNGSDAT DATETIME,
+  KAPITEL_ID INT,
+  TITEL_ID INT,
+  HULNR NVARCHAR(50),
+  TAGANORD DATETIME,
+  RECHNUMER NVARCHAR(50),
+  RECHDATUM DATETIME,
+  RECHBERTRAG MONEY,
+  RECHEURO BIT,
+  ZAHLUNGSART INT,
+  ZAHLUNGSGRUND INT,
+  ZAHLUNGSEMF INT
+)
+
+CREATE INDEX LAGER_CLIENT ON LAGER (PERSONAL_ID)
+
+CREATE INDEX LAGER_NUMMER ON LAGER (NUMMER)
+
+-- Goods of a stores document. KOSTENE is the cost per unit, GESAMT the total.
+CREATE TABLE LAGER_POS (
+  ID INT IDENTITY(1,1) NOT NULL PRIMARY KEY,
+  LAGER_ID INT,
+  BELEGE_ID INT,
+  KOSTENE MONEY,
+  MENGE DECIMAL(12,4),
+  EINH_ID INT,
+  GESAMT MONEY,
+  EURO BIT,
+  BEZEICHNUNG NVARCHAR(100)
+)
+
+CREATE INDEX LAGER_POS_DOCUMENT ON LAGER_POS (LAGER_ID)
+)sql";
+
+}  // namespace tarvoni::schema

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace tarvoni::odbc {
+
+// The tokens of one answer as a T-SQL server sends them, so that the FreeTDS driver can be tested without a
+// server.
+class TdsAnswer {
+ public:
+  enum class Type {
+    kBit,
+    kTinyInt,
+    kSmallInt,
+    kInt,
+    kBigInt,
+    kReal,
+    kFloat,
+    kMoney,
+    kDecimal,
+    kDateTime,
+    kVarChar,
+    kNVarChar,
+    kNVarCharMax
+  };
+  struct Column {
+    std::string name;
+    Type type;
+    int size = 0;  // of texts in characters, of decimals the precision
+    int scale = 0;
+  };
+
+  TdsAnswer& Columns(const std::vector<Column>& columns);
+  // Every row is begun once, then filled with its values in order.
+  TdsAnswer& Row();
+  TdsAnswer& Null();
+  // Whole numbers, flags, money in ten-thousandths and decimals without their point.
+  TdsAnswer& Whole(std::int64_t value);
+  TdsAnswer& Float(double value);
+  TdsAnswer& DateTime(std::int32_t days, std::uint32_t three_hundredths);
+  TdsAnswer& Text(std::string_view utf8);
+  TdsAnswer& Error(int number, int severity, std::string_view message, int line);
+  // Ends one statement; `count` below zero: none is reported.
+  TdsAnswer& Done(long long count = -1, bool failed = false);
+
+  // The bytes, with the last end marked as the answer's.
+  std::string Bytes() const;
+
+ private:
+  void NextCell();
+  const Column& Cell() const { return columns_[cell_]; }
+
+  std::string bytes_;
+  std::vector<Column> columns_;
+  std::size_t cell_ = 0;
+  std::size_t last_done_ = 0;
+};
+
+// Listens on the local machine, accepts every login and answers each batch by a function. An empty answer
+// hangs up; without an answer (kSilence) the client waits for its time limit.
+class TdsServer {
+ public:
+  using Answer = std::function<std::string(const std::string& batch)>;
+  static const std::string kSilence;
+
+  explicit TdsServer(Answer answer);
+  ~TdsServer();
+
+  int Port() const { return port_; }
+  std::vector<std::string> Batches() const;
+  int Cancellations() const { return cancellations_; }
+
+ private:
+  void Serve();
+  void Converse(int client);
+  bool Reply(int client, int type, const std::string& request);
+
+  Answer answer_;
+  int listener_ = -1;
+  int port_ = 0;
+  std::atomic<int> cancellations_{0};
+  std::atomic<bool> stopping_{false};
+  mutable std::mutex mutex_;
+  std::vector<std::string> batches_;
+  std::thread thread_;
+};
+
+}  // namespace tarvoni::odbc
