@@ -236,17 +236,17 @@ std::size_t Executor::Do(const tsql::SetIdentityInsert& step) {
 
 Statement& Executor::Bound(const tsql::Sql& sql) {
   Statement& statement = plan_->Prepared(index_, sql);
-  std::optional<StoredValue> now;
-  int place = 0;
+  bound_.clear();
+  bound_.reserve(sql.parameters.size());
+  const StoredValue now = Now();
   for (const auto& parameter : sql.parameters) {
-    ++place;
     if (parameter.source == tsql::Parameter::Source::kNow) {
-      if (!now) now = Now();
-      statement.Bind(place, *now);
+      bound_.push_back(now);
     } else {
       const auto& literal = lexed_.literals[static_cast<std::size_t>(parameter.literal)];
-      statement.Bind(place, LiteralToStored(literal, parameter.type, session_.date_format));
+      bound_.push_back(LiteralToStored(literal, parameter.type, session_.date_format));
     }
+    statement.Bind(static_cast<int>(bound_.size()), bound_.back());
   }
   return statement;
 }

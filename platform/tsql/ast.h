@@ -14,6 +14,12 @@
 // quotes, spelled as written.
 namespace tarvoni::tsql {
 
+// What the parser lets through (Error 191 beyond), so that all others may walk the tree recursively: levels of
+// brackets, subqueries and statements, and with them the links of chains such as 1+1+1… or A OR B OR C… on any way
+// down the tree. SQLite takes no expression higher than 1000, and a link may become two levels there.
+inline constexpr int kMaxNesting = 250;
+inline constexpr int kMaxHeight = 500;
+
 struct Expression;
 struct Query;
 struct Statement;
@@ -123,6 +129,7 @@ struct ScalarQuery {
   QueryPtr query;
 };
 
+// `at` is the place of an operator's sign or word, else of the beginning.
 struct Expression {
   Position at;
   std::variant<Literal, ColumnName, Star, Unary, Binary, IsNull, Between, InList, InQuery, Like, Exists, Case,
@@ -295,6 +302,9 @@ struct Statement {
 
 struct Batch {
   std::vector<Statement> statements;
+  // Literals whose value has become part of the tree: lengths of types, names in single quotes. A plan of this batch
+  // serves another one of its shape only if these are the same.
+  std::vector<int> pinned;
 };
 
 }  // namespace tarvoni::tsql

@@ -62,10 +62,7 @@ Type NaturalType(Literal::Kind kind, std::string_view text) {
     case Literal::Kind::kDecimal:
       break;
   }
-  const auto point = text.find('.');
-  const auto whole = WithoutLeadingZeros(text.substr(0, point));
-  const int scale = point == std::string_view::npos ? 0 : static_cast<int>(text.size() - point - 1);
-  return Type::Decimal(std::max(1, static_cast<int>(whole.size()) + scale), scale);
+  return DecimalType(text);
 }
 
 double NaturalLimit(Literal::Kind kind, std::string_view text) {

@@ -21,6 +21,17 @@ bool IsContinuation(char c) {
   return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
+bool IsSymbol(char c) {
+  return std::string_view("(),.;=<>+-*/%&|^~").find(c) != std::string_view::npos;
+}
+
+// <> <= >= != !< !>
+bool IsPair(char first, char second) {
+  if (second == '=') return first == '<' || first == '>' || first == '!';
+  if (second == '>') return first == '<' || first == '!';
+  return second == '<' && first == '!';
+}
+
 std::string_view WithoutLeadingZeros(std::string_view digits) {
   digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
   return digits;
@@ -248,17 +259,14 @@ void Lexer::LexNumber() {
 }
 
 void Lexer::LexSymbol() {
-  constexpr std::string_view kPairs[] = {"<>", "!=", "<=", ">=", "!<", "!>"};
-  constexpr std::string_view kSingles = "(),.;=<>+-*/%&|^~";
-  std::string_view symbol = text_.substr(offset_, 2);
-  if (std::ranges::find(kPairs, symbol) == std::end(kPairs)) {
-    symbol = symbol.substr(0, 1);
-    if (symbol == "@") Fail(kUnsupported, "A variable (@…) is not supported.", offset_);
-    if (kSingles.find(symbol[0]) == std::string_view::npos) {
-      const bool printable = symbol[0] >= ' ' && symbol[0] <= '~';
-      Fail(kSyntax, "Incorrect syntax near '" + std::string(printable ? symbol : "?") + "'.", offset_);
-    }
+  const char c = text_[offset_];
+  if (c == '@') Fail(kUnsupported, "A variable (@…) is not supported.", offset_);
+  const bool pair = IsPair(c, CharAt(offset_ + 1));
+  if (!pair && !IsSymbol(c)) {
+    const bool printable = c >= ' ' && c <= '~';
+    Fail(kSyntax, std::string("Incorrect syntax near '") + (printable ? c : '?') + "'.", offset_);
   }
+  const std::string_view symbol = text_.substr(offset_, pair ? 2 : 1);
   AddToShape(symbol);
   AddToken(TokenKind::kSymbol, symbol);
   offset_ += symbol.size();

@@ -118,7 +118,7 @@ TEST_F(CompileTest, ExactArithmeticIsNativeWhereItFits) {
 TEST_F(CompileTest, TypesOfArithmetic) {
   EXPECT_EQ(TypeOf("STD*SATZ"), Type::Decimal(19, 8));
   EXPECT_EQ(TypeOf("STD+SATZ"), Type::Decimal(10, 4));
-  EXPECT_EQ(TypeOf("1.0/3"), Type::Decimal(8, 6));
+  EXPECT_EQ(TypeOf("1.0/3"), Type::Decimal(7, 6));
   EXPECT_EQ(TypeOf("BETRAG*2"), Type::Money());
   EXPECT_EQ(TypeOf("BETRAG*STD").scale, 8);
   EXPECT_EQ(TypeOf("SUM(STD)"), Type::Decimal(38, 4));

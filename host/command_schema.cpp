@@ -1,0 +1,15 @@
+#include <fmt/format.h>
+
+#include <cstdio>
+
+#include "host/commands.h"
+#include "src/schema/schema.h"
+
+namespace tarvoni::host {
+
+ExitCode RunSchema() {
+  fmt::print("{}", SchemaSql());
+  return kOk;
+}
+
+}  // namespace tarvoni::host

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "src/context/database.h"
+
+namespace tarvoni::host {
+
+enum class OpenMode { kExisting, kReadOnly, kCreate };
+
+// Opens a file, or with "odbc:…" a server. Throws DatabaseError, also for a file of a newer schema.
+std::shared_ptr<Connection> OpenDatabase(const std::string& database, OpenMode mode = OpenMode::kExisting);
+
+bool IsServer(const std::string& database);
+
+}  // namespace tarvoni::host

@@ -1,0 +1,121 @@
+#include "platform/tsql/parser.h"
+
+#include <algorithm>
+
+#include "platform/tsql/catalogue.h"
+#include "platform/tsql/parser_impl.h"
+
+namespace tarvoni::tsql {
+
+Batch Parse(const LexedBatch& lexed) {
+  return Parser(lexed).ParseBatch();
+}
+
+Parser::Nesting::Nesting(Parser& parser) : parser_(parser), outside_(parser.deepest_) {
+  if (parser.depth_ == kMaxNesting) parser.FailTooDeep();
+  parser.deepest_ = ++parser.depth_;
+}
+
+Parser::Nesting::~Nesting() {
+  --parser_.depth_;
+  parser_.deepest_ = std::max(outside_, parser_.deepest_);
+}
+
+Parser::Link::Link(Parser& parser) : parser_(parser), left_(parser.deepest_ + 1) {
+  if (left_ > kMaxHeight) parser.FailTooDeep();
+  parser.deepest_ = parser.depth_;
+}
+
+Parser::Link::~Link() {
+  parser_.deepest_ = std::max(left_, parser_.deepest_);
+}
+
+const Token& Parser::Peek(size_t ahead) const {
+  return lexed_.tokens[std::min(next_ + ahead, lexed_.tokens.size() - 1)];
+}
+
+bool Parser::Match(std::string_view reserved_word_or_symbol, size_t ahead) const {
+  const Token& token = Peek(ahead);
+  return (token.kind == TokenKind::kKeyword || token.kind == TokenKind::kSymbol) &&
+         token.text == reserved_word_or_symbol;
+}
+
+bool Parser::MatchName(std::string_view unreserved_word, size_t ahead) const {
+  const Token& token = Peek(ahead);
+  return token.kind == TokenKind::kName && !token.quoted && SameName(token.text, unreserved_word);
+}
+
+const Token& Parser::Consume() {
+  const Token& token = Peek();
+  if (token.kind == TokenKind::kEnd) FailUnexpected();
+  ++next_;
+  return token;
+}
+
+bool Parser::ConsumeIf(std::string_view reserved_word_or_symbol) {
+  const bool matches = Match(reserved_word_or_symbol);
+  if (matches) Consume();
+  return matches;
+}
+
+const Token& Parser::Expect(std::string_view reserved_word_or_symbol) {
+  if (!Match(reserved_word_or_symbol)) FailUnexpected();
+  return Consume();
+}
+
+const Token& Parser::ExpectName() {
+  if (!MatchKind(TokenKind::kName)) FailUnexpected();
+  return Consume();
+}
+
+const Token& Parser::ExpectPinned(TokenKind kind) {
+  if (!MatchKind(kind)) FailUnexpected();
+  batch_.pinned.push_back(Peek().literal);
+  return Consume();
+}
+
+bool Parser::ExpectOnOff() {
+  if (ConsumeIf("ON")) return true;
+  Expect("OFF");
+  return false;
+}
+
+// Where the text ends too early, the last word there is counts as the place.
+void Parser::FailUnexpected() const {
+  const bool at_end = MatchKind(TokenKind::kEnd);
+  const Token& token = at_end && next_ > 0 ? lexed_.tokens[next_ - 1] : Peek();
+  const std::string text(token.text);
+  if (!at_end && token.kind == TokenKind::kKeyword) {
+    throw Error(kSyntaxKeyword, "Incorrect syntax near the keyword '" + text + "'.", token.at);
+  }
+  throw Error(kSyntax, "Incorrect syntax near '" + text + "'.", token.at);
+}
+
+void Parser::FailUnsupported(const std::string& construct) const {
+  throw Error(kUnsupported, construct + " is not supported.", Peek().at);
+}
+
+void Parser::FailTooDeep() const {
+  throw Error(
+      kTooDeep,
+      "Some part of your SQL statement is nested too deeply. Rewrite the query or break it up into smaller "
+      "queries.",
+      Peek().at);
+}
+
+void Parser::Refuse(std::initializer_list<Foreign> words) const {
+  for (const Foreign& foreign : words) {
+    if (Match(foreign.word) || MatchName(foreign.word)) FailUnsupported(std::string(foreign.construct));
+  }
+}
+
+Batch Parser::ParseBatch() {
+  while (ConsumeIf(";")) continue;
+  while (!MatchKind(TokenKind::kEnd)) {
+    batch_.statements.push_back(ParseStatement());
+    while (ConsumeIf(";")) continue;
+  }
+  return std::move(batch_);
+}
+
+}  // namespace tarvoni::tsql

@@ -1,0 +1,40 @@
+#include "src/common/box_rules.h"
+
+#include "src/common/m_common.h"
+
+namespace tarvoni {
+
+EnterRule TabOnEnter(Form& form) {
+  return [&form] { form.PostTab(); };
+}
+
+EnterRule FocusOnEnter(Control& next) {
+  return [&next] { SafeSetFocus(next); };
+}
+
+EnterRule NextOpenBoxOnEnter(Form& form) {
+  return [&form] { FocusNextEditableTextBox(form); };
+}
+
+void SelectOnFocus(Control& box) {
+  Append(box.GotFocus, [] { SelectActiveText(); });
+}
+
+void OnEnter(Control& box, EnterRule rule) {
+  Append(box.KeyPress, [rule = std::move(rule)](int& key) {
+    if (key != kKeyEnter) return;
+    key = 0;
+    rule();
+  });
+}
+
+void NumberBox(TextBox& box, const std::string& mask) {
+  NumberBox(box, mask, mask);
+}
+
+void NumberBox(TextBox& box, const std::string& key_mask, const std::string& leaving_format) {
+  Append(box.KeyPress, [&box, key_mask](int& key) { FormatKeyFilter(key, box, key_mask); });
+  Append(box.LostFocus, [&box, leaving_format] { FormatNumberBox(box, leaving_format); });
+}
+
+}  // namespace tarvoni

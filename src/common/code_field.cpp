@@ -1,0 +1,61 @@
+#include "src/common/code_field.h"
+
+#include "src/common/box_rules.h"
+
+namespace tarvoni {
+
+CodeField::CodeField(const TvnVar_Dll& context, const Guard& loading, TextBox& code, TextBox* companion,
+                     Rule rule)
+    : context_(context), loading_(loading), code_(code), companion_(companion), rule_(std::move(rule)) {
+  SelectOnFocus(code_);
+  Append(code_.KeyDown, [this](int key, int) {
+    if (key == kKeyCtrl && (rule_.opens_locked || !code_.Locked())) Lookup();
+  });
+  Append(code_.LostFocus, [this] { Check(); });
+}
+
+void CodeField::Lookup() {
+  code_.SetText(
+      CurrentSuite().Lookup().Pick(context_, rule_.offered(), rule_.caption(), code_.Text(), rule_.option));
+  code_.LostFocus();
+}
+
+bool CodeField::Check() {
+  const std::string before = code_.Tag();
+  const bool valid = Validate();
+  if (code_.Tag() != before) Changed();
+  return valid;
+}
+
+bool CodeField::Validate() {
+  if (code_.Empty()) {
+    Clear();
+    return false;
+  }
+  const bool report = !loading_.IsSet();
+  if (ValidateNamedField(context_, report, rule_.check(), &code_, nullptr, rule_.name_column, companion_,
+                         "")) {
+    return true;
+  }
+  Clear();
+  if (rule_.keeps_focus && report) SafeSetFocus(code_);
+  return false;
+}
+
+void CodeField::Clear() {
+  code_.Clear();
+  if (companion_) companion_->SetText("");
+}
+
+CodeField::Rule NamedCode(const TvnVar_Dll& context, const TextBox& code, const Label& label,
+                          const std::string& stem, const std::string& name_column,
+                          std::function<std::string(const std::string* typed)> parameter) {
+  return {.offered = [=, &context] { return GetNamedSql(context, stem + "_GRID", parameter(nullptr)); },
+          .check = [=, &context,
+                    &code] { return GetNamedSql(context, stem + "_VALID", parameter(&code.Text())); },
+          .caption = [&label] { return label.Caption(); },
+          .name_column = name_column,
+          .option = {}};
+}
+
+}  // namespace tarvoni

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "src/common/screen.h"
+
+namespace tarvoni {
+
+// A box for a code: Ctrl opens the list of codes, leaving checks the typed one. The code's id is the box's
+// Tag, its name goes into a companion box.
+class CodeField {
+ public:
+  struct Rule {
+    std::function<std::string()> offered;  // statement of the list, its first column is the code
+    std::function<std::string()> check;    // statement that finds the typed code
+    std::function<std::string()> caption;  // of the list
+    std::string name_column;               // of the companion box
+    std::string option;                    // of LookupDialog
+    bool opens_locked = false;             // the list also opens on a locked box
+    bool keeps_focus = true;               // a wrong code takes the focus back
+  };
+
+  // `loading` silences the warning while the Screen fills its fields.
+  CodeField(const TvnVar_Dll& context, const Guard& loading, TextBox& code, TextBox* companion, Rule rule);
+  CodeField(const CodeField&) = delete;
+  CodeField& operator=(const CodeField&) = delete;
+
+  // Fills the box from the list and checks it; a cancelled list changes nothing.
+  void Lookup();
+  // The check on leaving. An empty box clears Tag and companion without a word; a wrong code clears all and
+  // takes the focus back. True if the box holds a valid code.
+  bool Check();
+  void Clear();
+
+  // The id behind the code changed, valid or cleared.
+  Event<> Changed;
+
+ private:
+  bool Validate();
+
+  const TvnVar_Dll& context_;
+  const Guard& loading_;
+  TextBox& code_;
+  TextBox* companion_;
+  Rule rule_;
+};
+
+// The rule of a field over the catalogue: keys STEM_GRID and STEM_VALID. `parameter` makes the values of the
+// statement; for the check it gets the typed text, for the list none.
+CodeField::Rule NamedCode(const TvnVar_Dll& context, const TextBox& code, const Label& label,
+                          const std::string& stem, const std::string& name_column,
+                          std::function<std::string(const std::string* typed)> parameter);
+
+}  // namespace tarvoni

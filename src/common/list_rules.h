@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "src/common/guard.h"
+#include "src/context/form.h"
+#include "src/context/tvn_var_dll.h"
+
+// What Screens do with their lists.
+namespace tarvoni {
+
+// Runs the list's statement again while the guard keeps MoveComplete quiet, then sets the columns, which a
+// refresh makes anew.
+void RefreshUnderGuard(DataControl& data, Guard& guard, const std::function<void()>& set_columns);
+// The same, with the widths of the columns carried over.
+void RefreshKeepingWidths(DataControl& data, DataGrid& grid, Guard& guard,
+                          const std::function<void()>& set_columns);
+
+// Searches from the first row for "COLUMN = id"; behind the last row without a hit. False on an empty list.
+bool FindRow(DataControl& data, std::string_view column, std::int32_t id);
+
+// The row event's guard against the ends: steps back onto the list. False if there is no current row.
+bool StepOntoRow(DataControl& data);
+
+// Id of the row that takes the place of the current one when it is deleted: the next, or for the last the one
+// before; 0 if there is no other.
+std::int32_t NeighbourOfCurrentRow(const DataControl& data, std::string_view id_column);
+
+// One shown column of a grid, by its field.
+struct ShownColumn {
+  std::string data_field;
+  std::string caption;
+  std::string number_format = {};
+  Alignment alignment = Alignment::kLeft;
+  int width = 0;  // twips; 0 leaves it
+};
+
+// Shows these columns with their captions and hides all others.
+void ShowColumns(DataGrid& grid, const std::vector<ShownColumn>& columns);
+
+// The user's widths of a grid, stored under a key.
+class GridLayout {
+ public:
+  GridLayout(Grid& grid, std::string key) : grid_(grid), key_(std::move(key)) {}
+  void Load(const TvnVar_Dll& context) const;
+  void Save(const TvnVar_Dll& context) const;
+
+ private:
+  Grid& grid_;
+  std::string key_;
+};
+
+// A call that waits until the current event has finished: the timer runs once and turns itself off.
+class DeferredCall {
+ public:
+  DeferredCall(Timer& timer, std::function<void()> action);
+  DeferredCall(const DeferredCall&) = delete;
+  DeferredCall& operator=(const DeferredCall&) = delete;
+  void Request();
+
+ private:
+  Timer& timer_;
+};
+
+}  // namespace tarvoni

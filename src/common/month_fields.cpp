@@ -1,0 +1,75 @@
+#include "src/common/month_fields.h"
+
+#include "src/context/clock.h"
+#include "src/context/date_text.h"
+#include "src/context/environment.h"
+#include "src/context/number_text.h"
+
+namespace tarvoni {
+namespace {
+
+// A whole number within bounds, as typed; nothing otherwise.
+std::optional<int> WholeIn(const TextBox& box, int low, int high) {
+  const auto number = ParseNumber(box.Text(), CurrentLocale());
+  if (!number || *number < Decimal(low, 0) || *number > Decimal(high, 0)) return std::nullopt;
+  const int whole = ToInt32(number->ToDouble());
+  return *number == Decimal(whole, 0) ? std::optional(whole) : std::nullopt;
+}
+
+std::string TwoDigits(int number) {
+  return FormatNumber(Decimal(number, 0), "00", CurrentLocale());
+}
+
+}  // namespace
+
+void MonthFields::LeaveMonth() const {
+  const auto month = Month();
+  month_.SetText(month ? TwoDigits(*month) : "");
+  if (!name_) return;
+  const DateTime first{.year = Clock::Today().year, .month = month.value_or(1), .day = 1};
+  name_->SetText(month ? FormatDate(first, "mmmm", CurrentLocale()) : "");
+}
+
+void MonthFields::Set(int year, int month) const {
+  month_.SetText(TwoDigits(month));
+  if (year_) year_->SetText(FormatNumber(Decimal(year, 0), "0000", CurrentLocale()));
+  LeaveMonth();
+}
+
+void MonthFields::Clear() const {
+  month_.SetText("");
+  LeaveMonth();
+  if (year_) year_->SetText("");
+}
+
+std::optional<int> MonthFields::Month() const {
+  return WholeIn(month_, 1, 12);
+}
+std::optional<int> MonthFields::Year() const {
+  return year_ ? WholeIn(*year_, 1753, 9999) : std::nullopt;
+}
+
+std::optional<DateTime> MonthFields::FirstDay() const {
+  const auto month = Month(), year = Year();
+  if (!month || !year) return std::nullopt;
+  return DateTime{.year = *year, .month = *month, .day = 1};
+}
+
+int MonthFields::Key() const {
+  const auto first = FirstDay();
+  return first ? first->year * 100 + first->month : 0;
+}
+
+void LeaveDay(TextBox& day, const MonthFields& month) {
+  const auto first = month.FirstDay();
+  const int last = first ? DaysInMonth(first->year, first->month) : 31;
+  const auto number = WholeIn(day, 1, last);
+  day.SetText(number ? TwoDigits(*number) : "");
+}
+
+DateTime AddMonths(const DateTime& first_day, int months) {
+  const int count = first_day.year * 12 + first_day.month - 1 + months;
+  return {.year = count / 12, .month = count % 12 + 1, .day = 1};
+}
+
+}  // namespace tarvoni

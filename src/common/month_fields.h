@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+
+#include "src/context/controls.h"
+#include "src/context/date_time.h"
+
+namespace tarvoni {
+
+// Boxes that hold a month: its number with two digits, its name, its year with four. Any may be missing.
+class MonthFields {
+ public:
+  MonthFields(TextBox& month, TextBox* name, TextBox* year) : month_(month), name_(name), year_(year) {}
+
+  // The rule on leaving the month: 1 to 12 is shown as "00" with its name; anything else empties both.
+  void LeaveMonth() const;
+  void Set(int year, int month) const;
+  void Clear() const;
+
+  std::optional<int> Month() const;  // 1 to 12
+  std::optional<int> Year() const;
+  std::optional<DateTime> FirstDay() const;
+  // Year times 100 plus month; 0 unless both are there. Compares with MAXLOHNABSCHLUSS.
+  int Key() const;
+
+ private:
+  TextBox& month_;
+  TextBox* name_;
+  TextBox* year_;
+};
+
+// The rule on leaving a day: it stays if it lies in the month of the fields, or from 1 to 31 while month or
+// year is not known, and is shown as "00"; otherwise it is emptied.
+void LeaveDay(TextBox& day, const MonthFields& month);
+
+DateTime AddMonths(const DateTime& first_day, int months);
+
+}  // namespace tarvoni

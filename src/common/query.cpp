@@ -1,0 +1,40 @@
+#include "src/common/query.h"
+
+#include "src/context/call_error.h"
+#include "src/context/environment.h"
+#include "src/context/number_text.h"
+#include "src/context/services.h"
+
+namespace tarvoni {
+
+Connection& DbOf(const TvnVar_Dll& context) {
+  if (!context.dbAdo) throw CallError("Es ist keine Datenbank geöffnet.");
+  return *context.dbAdo;
+}
+
+Value ReadValue(Connection& connection, std::string_view statement) {
+  const Recordset rows = connection.Open(statement);
+  return rows.EndOfFile() ? Value(Null{}) : rows.Fields()[0].Value();
+}
+
+std::int32_t ReadNumber(Connection& connection, std::string_view statement) {
+  return ToLong(ReadValue(connection, statement));
+}
+
+std::string ReadText(Connection& connection, std::string_view statement) {
+  return ToText(ReadValue(connection, statement));
+}
+
+bool HasRow(Connection& connection, std::string_view statement) {
+  return !connection.Open(statement).EndOfFile();
+}
+
+std::int32_t ToLong(const Value& value) {
+  return ToInt32(CurrentSuite().Values().ToNumber(value));
+}
+
+std::string ToText(const Value& value) {
+  return CurrentSuite().Values().ToText(value, true, false);
+}
+
+}  // namespace tarvoni

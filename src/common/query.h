@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "src/context/database.h"
+#include "src/context/tvn_var_dll.h"
+
+// Reading single values. Errors of the database leave every function.
+namespace tarvoni {
+
+// The context record's connection; a CallError if the host gave none.
+Connection& DbOf(const TvnVar_Dll& context);
+
+// First column of the first row; NULL if there is no row.
+Value ReadValue(Connection& connection, std::string_view statement);
+// As ValueHelper reads it, rounded to a Long; 0 for NULL and for no row.
+std::int32_t ReadNumber(Connection& connection, std::string_view statement);
+// As ValueHelper reads it; "" for NULL and for no row.
+std::string ReadText(Connection& connection, std::string_view statement);
+bool HasRow(Connection& connection, std::string_view statement);
+
+std::int32_t ToLong(const Value& value);
+std::string ToText(const Value& value);
+
+}  // namespace tarvoni

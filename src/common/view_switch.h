@@ -1,0 +1,32 @@
+#pragma once
+
+#include <initializer_list>
+#include <vector>
+
+#include "src/context/control.h"
+
+namespace tarvoni {
+
+// The two states of a Screen with one Boolean: `view` are the controls open in view state (row actions, the
+// grid, closing), `edit` those open while editing (save, cancel, the frame of the fields).
+class ViewSwitch {
+ public:
+  ViewSwitch(std::initializer_list<Control*> view, std::initializer_list<Control*> edit)
+      : view_(view), edit_(edit) {}
+
+  void Set(bool view) const {
+    for (Control* control : view_) control->SetEnabled(view);
+    for (Control* control : edit_) control->SetEnabled(!view);
+  }
+
+ private:
+  std::vector<Control*> view_;
+  std::vector<Control*> edit_;
+};
+
+// Form_Unload refuses while the closing button is disabled, that is while a row is being edited.
+inline void RefuseUnloadWhileDisabled(bool& cancel, const Control& closing_button) {
+  if (!closing_button.Enabled()) cancel = true;
+}
+
+}  // namespace tarvoni

@@ -1,0 +1,51 @@
+#include "src/context/running_handler.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+namespace tarvoni {
+namespace {
+
+thread_local std::vector<Connection*> at_work;
+
+void Leave(Connection* connection) {
+  const auto last = std::ranges::find(at_work.rbegin(), at_work.rend(), connection);
+  if (last != at_work.rend()) at_work.erase(std::next(last).base());
+}
+
+}  // namespace
+
+RunningHandler::RunningHandler(Connection* connection) : connection_(connection) {
+  if (!connection_) return;
+  connection_->BeginHandler();
+  at_work.push_back(connection_);
+}
+
+RunningHandler::~RunningHandler() {
+  try {
+    Finish();
+  } catch (...) {  // on the way of another error, which tells more
+  }
+}
+
+void RunningHandler::Finish() {
+  Connection* const connection = std::exchange(connection_, nullptr);
+  if (!connection) return;
+  Leave(connection);
+  // Inside the modal loop of an outer handler the writes must not wait for that one to end.
+  try {
+    connection->CommitHandler();
+  } catch (...) {
+    connection->EndHandler();
+    throw;
+  }
+  connection->EndHandler();
+}
+
+void RunningHandler::CommitAll() {
+  for (std::size_t i = 0; i < at_work.size(); ++i) at_work[i]->CommitHandler();
+}
+
+}  // namespace tarvoni

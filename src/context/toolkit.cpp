@@ -1,0 +1,74 @@
+#include "src/context/toolkit.h"
+
+#include "src/context/call_error.h"
+#include "src/context/running_handler.h"
+
+namespace tarvoni {
+
+void Toolkit::ShowModal(Form& form) {
+  RunningHandler::CommitAll();
+  form.Load();
+  if (form.IsShown()) throw CallError("Der Bildschirm " + form.Name() + " ist bereits geöffnet.");
+  struct Open {
+    Open(std::vector<Form*>& forms, Form& form) : forms_(forms) { forms_.push_back(&form); }
+    ~Open() { forms_.pop_back(); }
+    std::vector<Form*>& forms_;
+  } open(open_forms_, form);
+  DoShowModal(form);
+}
+
+int Toolkit::MessageBox(const std::string& prompt, int style, const std::string& title) {
+  RunningHandler::CommitAll();
+  return DoMessageBox(prompt, style, title);
+}
+
+std::string Toolkit::InputBox(const std::string& prompt, const std::string& title,
+                              const std::string& initial) {
+  RunningHandler::CommitAll();
+  return DoInputBox(prompt, title, initial);
+}
+
+PickResult Toolkit::PickList(const PickRequest& request) {
+  RunningHandler::CommitAll();
+  return DoPickList(request);
+}
+
+PickResult Toolkit::PickPerson(const PickRequest& request) {
+  RunningHandler::CommitAll();
+  return DoPickPerson(request);
+}
+
+std::optional<DateTime> Toolkit::PickDate(const std::string& caption, const std::optional<DateTime>& start) {
+  RunningHandler::CommitAll();
+  return DoPickDate(caption, start);
+}
+
+std::optional<YearMonth> Toolkit::PickMonth(const std::string& caption, const YearMonth& start) {
+  RunningHandler::CommitAll();
+  return DoPickMonth(caption, start);
+}
+
+std::vector<std::int32_t> Toolkit::PickLocations(const LocationRequest& request) {
+  RunningHandler::CommitAll();
+  return DoPickLocations(request);
+}
+
+std::optional<std::string> Toolkit::EditText(const TextRequest& request) {
+  RunningHandler::CommitAll();
+  return DoEditText(request);
+}
+
+void Toolkit::PreviewPrint(const PrintDocument& document) {
+  RunningHandler::CommitAll();
+  DoPreviewPrint(document);
+}
+
+void Toolkit::BeginWait() {
+  if (waits_++ == 0) ShowWaitPointer(true);
+}
+
+void Toolkit::EndWait() {
+  if (--waits_ == 0) ShowWaitPointer(false);
+}
+
+}  // namespace tarvoni
