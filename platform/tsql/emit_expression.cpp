@@ -54,6 +54,13 @@ bool IsStoredColumn(const BoundExpression& expression) {
 
 }  // namespace
 
+Emitter& Emitter::Name(std::string_view name) {
+  sql_.text += '"';
+  for (const char c : name) sql_.text.append(c == '"' ? 2 : 1, c);
+  sql_.text += '"';
+  return *this;
+}
+
 void Emitter::Expression(const BoundExpression& expression) {
   std::visit([&](const auto& node) { Node(node, expression); }, expression.node);
 }
@@ -120,7 +127,10 @@ void Emitter::Node(const BoundConstant& node, const BoundExpression& self) {
 
 void Emitter::Node(const BoundColumn& node, const BoundExpression&) {
   if (style_ == ColumnStyle::kQualified) Text("t").Number(node.source).Text(".");
-  Text(node.stored ? QuoteName(node.name) : node.name);
+  if (node.stored)
+    Name(node.name);
+  else
+    Text(node.name);
 }
 
 void Emitter::Node(const BoundConcat& node, const BoundExpression&) {
