@@ -3,6 +3,13 @@
 #include <cassert>
 
 namespace tarvoni::sqlite {
+namespace {
+
+DatabaseError NothingKept(const DatabaseError& error) {
+  return {error.Number(), std::string(error.what()) + " Von diesem Vorgang wurde nichts gespeichert."};
+}
+
+}  // namespace
 
 Database::Database(std::string name, const std::string& path, int flags, const OpenOptions& options)
     : name_(std::move(name)),
@@ -60,17 +67,19 @@ void Database::Commit() {
   try {
     identities_.Flush();
     commit_.Run();
-  } catch (const DatabaseError&) {
+  } catch (const DatabaseError& error) {
     Rollback();
-    throw;
+    throw NothingKept(error);
   }
   EndTransaction(false);
 }
 
-void Database::NoteFailure(const DatabaseError& error) {
-  if (!writing_ || handle_.InTransaction()) return;
+DatabaseError Database::NoteFailure(const DatabaseError& error) {
+  if (!writing_ || handle_.InTransaction()) return error;
   EndTransaction(true);
-  if (InHandler()) given_up_ = error;
+  const DatabaseError final_error = NothingKept(error);
+  if (InHandler()) given_up_ = final_error;
+  return final_error;
 }
 
 void Database::Rollback() {
