@@ -8,10 +8,6 @@
 namespace tarvoni::bench {
 namespace {
 
-sqlite::StoredValue Text(const std::string& text) {
-  return sqlite::StoredValue(text);
-}
-
 std::string ListText() {
   std::string text = StatementText("20_wage_orders.sql", "the wage orders of a client's year");
   const std::string client = std::to_string(TheKeys().client);

@@ -96,14 +96,15 @@ void Emitter::Arguments(const std::vector<BoundPtr>& arguments) {
   Text(")");
 }
 
+// Parameters are numbered by their place in the text: SQLite searches a list for those that bear a number.
 void Emitter::Node(const BoundParameter& node, const BoundExpression& self) {
   sql_.parameters.push_back({Parameter::Source::kLiteral, node.literal, self.type});
-  Text("?").Number(static_cast<long long>(sql_.parameters.size()));
+  Text("?");
 }
 
 void Emitter::Node(const BoundNow&, const BoundExpression& self) {
   sql_.parameters.push_back({Parameter::Source::kNow, -1, self.type});
-  Text("?").Number(static_cast<long long>(sql_.parameters.size()));
+  Text("?");
 }
 
 void Emitter::Node(const BoundConstant& node, const BoundExpression& self) {
