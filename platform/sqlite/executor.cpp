@@ -238,10 +238,11 @@ Statement& Executor::Bound(const tsql::Sql& sql) {
   Statement& statement = plan_->Prepared(index_, sql);
   bound_.clear();
   bound_.reserve(sql.parameters.size());
-  const StoredValue now = Now();
+  std::optional<StoredValue> now;
   for (const auto& parameter : sql.parameters) {
     if (parameter.source == tsql::Parameter::Source::kNow) {
-      bound_.push_back(now);
+      if (!now) now = Now();
+      bound_.push_back(*now);
     } else {
       const auto& literal = lexed_.literals[static_cast<std::size_t>(parameter.literal)];
       bound_.push_back(LiteralToStored(literal, parameter.type, session_.date_format));

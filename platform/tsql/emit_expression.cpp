@@ -144,7 +144,9 @@ void Emitter::Node(const BoundCompare& node, const BoundExpression&) {
     return;
   }
   Text("(");
-  if (IsStoredColumn(*node.right))
+  // A column of a derived table would bring SQLite's own collation along.
+  const bool right_decides = IsStoredColumn(*node.right) && !node.left->As<BoundColumn>();
+  if (right_decides)
     Expression(*node.left);
   else
     Collated(*node.left);

@@ -9,7 +9,7 @@ class BackupTest : public ::testing::Test {
  protected:
   BackupTest() {
     connection_->Execute(
-        "CREATE TABLE A (ID INT NOT NULL PRIMARY KEY, T NVARCHAR(20) UNIQUE CHECK (T <> 'x'))");
+        "CREATE TABLE A (ID INT NOT NULL PRIMARY KEY, T NVARCHAR(20) NOT NULL UNIQUE CHECK (T <> 'x'))");
     connection_->Execute("INSERT INTO A (ID,T) VALUES (1,'Ärmel')");
   }
 
@@ -60,7 +60,7 @@ TEST_F(BackupTest, RefusesATargetThatCannotBeOne) {
 TEST_F(BackupTest, TellsOfDamage) {
   EXPECT_THAT(CheckIntegrity(*connection_), ::testing::IsEmpty());
   for (int i = 2; i < 400; ++i)
-    connection_->Execute("INSERT INTO A (ID,T) VALUES (" + std::to_string(i) + ",NULL)");
+    connection_->Execute("INSERT INTO A (ID,T) SELECT " + std::to_string(i) + "," + std::to_string(i));
   connection_.reset();
   std::string bytes = BytesOf(path_);
   bytes.replace(4096 * 2 + 200, 3000, std::string(3000, '\x7F'));

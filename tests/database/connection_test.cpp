@@ -133,6 +133,21 @@ TEST_F(ConnectionTest, AFullDiskGivesUpTheWholeHandler) {
   EXPECT_EQ(Rows(*connection, "SELECT ID,N FROM ZEILE"), "1,8");
 }
 
+TEST_F(ConnectionTest, TemporaryTablesOutliveARollback) {
+  const auto connection = Create();
+  const std::string list =
+      "SET NOCOUNT ON UPDATE ZEILE SET N = N CREATE TABLE #t (A INT IDENTITY(3,1), B INT) "
+      "INSERT INTO #t (B) VALUES (7) SELECT A,B FROM #t";
+  EXPECT_EQ(Rows(*connection, list), "3,7");
+  connection->BeginHandler();
+  EXPECT_EQ(Rows(*connection, list), "3,7");
+  SharedOf(connection).File().Execute("ROLLBACK");
+  SharedOf(connection).NoteFailure(DatabaseError(kErrorDiskFull, "voll"));
+  connection->EndHandler();
+  EXPECT_EQ(Rows(*connection, list), "3,7");
+  EXPECT_EQ(Rows(*connection, list), "3,7");
+}
+
 // A child that saves forty rows at a time without an end; the parent kills it at any moment.
 void SaveForever(const std::string& path) {
   const auto connection = OpenDatabase(path);

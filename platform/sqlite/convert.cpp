@@ -1,0 +1,176 @@
+#include "platform/sqlite/convert.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "platform/sqlite/number_text.h"
+#include "platform/sqlite/server_error.h"
+#include "platform/sqlite/whole.h"
+
+namespace tarvoni::sqlite {
+namespace {
+
+using tsql::LiteralToken;
+using tsql::TokenKind;
+using tsql::Type;
+using tsql::TypeKind;
+
+// The number that stands in a batch, with all its places.
+Decimal ReadExact(const std::string& digits) {
+  const std::size_t point = digits.find('.');
+  const std::size_t places = point == std::string::npos ? 0 : digits.size() - point - 1;
+  const int scale = static_cast<int>(std::min<std::size_t>(places, Decimal::kMaxDigits));
+  return {ExactFromText(digits, Decimal::kMaxDigits, scale), scale};
+}
+
+std::int64_t WholeFromLiteral(const LiteralToken& literal, TypeKind kind) {
+  if (literal.kind == TokenKind::kText) return WholeFromText(literal.text, kind);
+  if (literal.kind == TokenKind::kFloat) return WholeFromFloat(FloatFromText(literal.text), kind);
+  const Decimal number = ReadExact(literal.text);
+  if (literal.kind == TokenKind::kInteger && FitsKind(number.Unscaled(), TypeKind::kBigInt)) {
+    return CastWhole(static_cast<std::int64_t>(number.Unscaled()), kind);
+  }
+  return WholeFromExact(number.Unscaled(), number.Scale(), kind, false);
+}
+
+Int128 ExactFromLiteral(const LiteralToken& literal, int precision, int scale) {
+  if (literal.kind != TokenKind::kFloat) return ExactFromText(literal.text, precision, scale);
+  return ExactFromFloat(FloatFromText(literal.text), precision, scale);
+}
+
+std::int64_t MoneyFromLiteral(const LiteralToken& literal) {
+  if (literal.kind == TokenKind::kText) return MoneyFromText(literal.text);
+  return RequireMoney(ExactFromLiteral(literal, Decimal::kMaxDigits, Type::kMoneyScale));
+}
+
+std::string DateFromLiteral(const LiteralToken& literal, DateFormat format) {
+  if (literal.kind == TokenKind::kText) return DateFromText(literal.text, format).ToIso();
+  return DateFromDays(FloatFromText(literal.text)).ToIso();
+}
+
+std::string TextFromLiteral(const LiteralToken& literal) {
+  if (literal.kind == TokenKind::kText) return literal.text;
+  if (literal.kind == TokenKind::kFloat) return TextFromFloat(FloatFromText(literal.text));
+  return ReadExact(literal.text).ToString();
+}
+
+StoredValue StoredExact(Int128 value) {
+  if (FitsKind(value, TypeKind::kBigInt)) return static_cast<std::int64_t>(value);
+  return EncodeWide(value);
+}
+
+struct Binder {
+  sqlite3_stmt* statement;
+  int parameter;
+
+  int operator()(Null) const { return sqlite3_bind_null(statement, parameter); }
+  int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, parameter, number); }
+  int operator()(double number) const { return sqlite3_bind_double(statement, parameter, number); }
+  int operator()(const std::string& text) const {
+    return sqlite3_bind_text64(statement, parameter, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  }
+  int operator()(const WideExact& bytes) const {
+    return sqlite3_bind_blob64(statement, parameter, bytes.data(), bytes.size(), SQLITE_TRANSIENT);
+  }
+};
+
+std::int64_t WholeOf(sqlite3_stmt* statement, int column, TypeKind kind) {
+  if (sqlite3_column_type(statement, column) != SQLITE_INTEGER) RaiseOverflow(kind);
+  return sqlite3_column_int64(statement, column);
+}
+
+Int128 ExactOf(sqlite3_stmt* statement, int column, TypeKind kind) {
+  const bool wide = sqlite3_column_type(statement, column) == SQLITE_BLOB &&
+                    sqlite3_column_bytes(statement, column) == static_cast<int>(WideExact().size());
+  return wide ? DecodeWide(sqlite3_column_blob(statement, column)) : WholeOf(statement, column, kind);
+}
+
+std::string_view TextOf(sqlite3_stmt* statement, int column) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+  return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+DateTime DateOf(std::string_view text) {
+  const auto date = DateTime::FromIso(text);
+  if (!date) Raise(kDateSyntax);
+  return *date;
+}
+
+}  // namespace
+
+StoredValue LiteralToStored(const LiteralToken& literal, const Type& target, DateFormat format) {
+  if (target.IsInteger()) return WholeFromLiteral(literal, target.kind);
+  switch (target.kind) {
+    case TypeKind::kDecimal:
+      return StoredExact(ExactFromLiteral(literal, target.precision, target.scale));
+    case TypeKind::kMoney:
+      return MoneyFromLiteral(literal);
+    case TypeKind::kFloat:
+      return FloatFromText(literal.text);
+    case TypeKind::kDateTime:
+      return DateFromLiteral(literal, format);
+    default:
+      return TextFromLiteral(literal);
+  }
+}
+
+int BindStored(sqlite3_stmt* statement, int parameter, const StoredValue& value) {
+  return std::visit(Binder{statement, parameter}, value);
+}
+
+Value FromStored(sqlite3_stmt* statement, int column, const Type& type) {
+  if (sqlite3_column_type(statement, column) == SQLITE_NULL) return Null{};
+  switch (type.kind) {
+    case TypeKind::kBit:
+      return WholeOf(statement, column, type.kind) != 0;
+    case TypeKind::kTinyInt:
+    case TypeKind::kSmallInt:
+    case TypeKind::kInt:
+    case TypeKind::kBigInt:
+      return WholeOf(statement, column, type.kind);
+    case TypeKind::kDecimal:
+    case TypeKind::kMoney:
+      return Decimal(ExactOf(statement, column, type.kind), type.scale);
+    case TypeKind::kFloat:
+      return sqlite3_column_double(statement, column);
+    case TypeKind::kDateTime:
+      return DateOf(TextOf(statement, column));
+    default:
+      return std::string(TextOf(statement, column));
+  }
+}
+
+FieldType FieldTypeOf(const Type& type) {
+  switch (type.kind) {
+    case TypeKind::kBit:
+      return FieldType::kBoolean;
+    case TypeKind::kTinyInt:
+      return FieldType::kUnsignedTinyInt;
+    case TypeKind::kSmallInt:
+      return FieldType::kSmallInt;
+    case TypeKind::kNull:  // a bare NULL is an INT to a server
+    case TypeKind::kInt:
+      return FieldType::kInteger;
+    case TypeKind::kBigInt:
+      return FieldType::kBigInt;
+    case TypeKind::kDecimal:
+      return FieldType::kNumeric;
+    case TypeKind::kMoney:
+      return FieldType::kCurrency;
+    case TypeKind::kFloat:
+      return FieldType::kDouble;
+    case TypeKind::kDateTime:
+      return FieldType::kDbTimeStamp;
+    case TypeKind::kChar:
+      return FieldType::kChar;
+    case TypeKind::kVarChar:
+      return FieldType::kVarWChar;
+  }
+  return FieldType::kEmpty;
+}
+
+int DefinedSizeOf(const Type& type) {
+  return type.IsText() ? type.length : 0;
+}
+
+}  // namespace tarvoni::sqlite

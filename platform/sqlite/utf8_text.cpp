@@ -1,0 +1,83 @@
+#include "platform/sqlite/utf8_text.h"
+
+#include <utf8proc.h>
+
+#include <algorithm>
+#include <array>
+
+namespace tarvoni::sqlite {
+namespace {
+
+bool BeginsCharacter(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+}
+
+// Maps each character; bytes that are no character stay.
+template <typename Map>
+std::string Mapped(std::string_view text, Map map) {
+  std::string mapped;
+  mapped.reserve(text.size());
+  while (!text.empty()) {
+    std::array<utf8proc_uint8_t, 4> buffer;
+    utf8proc_int32_t code = 0;
+    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
+    const auto size = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &code);
+    const auto taken = static_cast<std::size_t>(std::max<utf8proc_ssize_t>(size, 1));
+    if (size > 0) {
+      const auto written = utf8proc_encode_char(map(code), buffer.data());
+      mapped.append(buffer.begin(), buffer.begin() + written);
+    } else {
+      mapped += text[0];
+    }
+    text.remove_prefix(taken);
+  }
+  return mapped;
+}
+
+utf8proc_int32_t UpperLetter(utf8proc_int32_t code) {
+  return code == U'ß' ? code : utf8proc_toupper(code);
+}
+
+}  // namespace
+
+std::size_t CountCharacters(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), BeginsCharacter));
+}
+
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
+  // No character takes less than a byte.
+  if (count >= text.size()) return text;
+  std::size_t end = 0;
+  for (; end < text.size(); ++end) {
+    if (!BeginsCharacter(text[end])) continue;
+    if (count == 0) break;
+    --count;
+  }
+  return text.substr(0, end);
+}
+
+std::string_view LastCharacters(std::string_view text, std::size_t count) {
+  std::size_t begin = text.size();
+  while (begin > 0 && count > 0) {
+    if (BeginsCharacter(text[--begin])) --count;
+  }
+  return text.substr(begin);
+}
+
+std::string_view WithoutTrailingBlanks(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+std::string_view WithoutLeadingBlanks(std::string_view text) {
+  return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+}
+
+std::string UpperCase(std::string_view text) {
+  return Mapped(text, UpperLetter);
+}
+
+std::string LowerCase(std::string_view text) {
+  return Mapped(text, utf8proc_tolower);
+}
+
+}  // namespace tarvoni::sqlite
