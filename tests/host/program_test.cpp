@@ -20,7 +20,7 @@ struct Outcome {
 };
 
 // Runs the program through the shell.
-Outcome Run(const std::string& arguments) {
+Outcome RunProgram(const std::string& arguments) {
   const std::string command = fmt::format("{} {} 2>&1", TARVONI_PROGRAM, arguments);
   std::FILE* pipe = popen(command.c_str(), "r");
   Outcome outcome{-1, {}};
@@ -33,26 +33,26 @@ class Program : public ::testing::Test {
  protected:
   ~Program() override { std::filesystem::remove(file_); }
   Outcome Sql(const std::string& text, const std::string& options = "--create") {
-    return Run(fmt::format("sql {} {} \"{}\"", file_.string(), options, text));
+    return RunProgram(fmt::format("sql {} {} \"{}\"", file_.string(), options, text));
   }
 
   std::filesystem::path file_ = TemporaryFile();
 };
 
 TEST_F(Program, UsageErrorsAreGermanAndGiveTwo) {
-  EXPECT_EQ(Run("").exit_code, 2);
-  EXPECT_THAT(Run("").output, HasSubstr("Es fehlt ein Befehl."));
-  EXPECT_THAT(Run("sql").output, HasSubstr("Es fehlt: DATENBANK."));
-  EXPECT_EQ(Run("sql x.db --nie").exit_code, 2);
-  EXPECT_THAT(Run("sql x.db --csv --json").output, HasSubstr("schließen einander aus"));
-  EXPECT_EQ(Run("demo x.db --scale 0").exit_code, 2);
-  EXPECT_THAT(Run("demo x.db --scale viel").output, HasSubstr("ganze Zahl von 1 bis"));
+  EXPECT_EQ(RunProgram("").exit_code, 2);
+  EXPECT_THAT(RunProgram("").output, HasSubstr("Es fehlt ein Befehl."));
+  EXPECT_THAT(RunProgram("sql").output, HasSubstr("Es fehlt: DATENBANK."));
+  EXPECT_EQ(RunProgram("sql x.db --nie").exit_code, 2);
+  EXPECT_THAT(RunProgram("sql x.db --csv --json").output, HasSubstr("schließen einander aus"));
+  EXPECT_EQ(RunProgram("demo x.db --scale 0").exit_code, 2);
+  EXPECT_THAT(RunProgram("demo x.db --scale viel").output, HasSubstr("ganze Zahl von 1 bis"));
   EXPECT_FALSE(std::filesystem::exists("x.db"));
 }
 
 TEST_F(Program, HelpIsGermanEverywhere) {
   for (const char* command : {"", "sql", "demo", "schema", "backup", "check"}) {
-    const Outcome help = Run(std::string(command) + " --help");
+    const Outcome help = RunProgram(std::string(command) + " --help");
     EXPECT_EQ(help.exit_code, 0) << command;
     EXPECT_THAT(help.output, HasSubstr("Aufruf: "));
     EXPECT_THAT(help.output, HasSubstr("diese Hilfe zeigen"));
@@ -82,12 +82,13 @@ TEST_F(Program, FileRunsBatchesUntilOneFails) {
   std::ofstream(script)
       << "CREATE TABLE T (A INT)\ngo\nINSERT INTO T VALUES (1);\nINSERT INTO T VALUES (2)\ngo\n"
          "SELECT COUNT(*) AS N FROM T\nGO\n\nSELECT X FROM T\ngo\nDELETE FROM T\n";
-  const Outcome outcome = Run(fmt::format("sql {} --create --file {}", file_.string(), script.string()));
+  const Outcome outcome =
+      RunProgram(fmt::format("sql {} --create --file {}", file_.string(), script.string()));
   EXPECT_EQ(outcome.exit_code, 1);
   EXPECT_THAT(outcome.output, HasSubstr("N\n-\n2\n(1 Zeile)\n"));
   EXPECT_THAT(outcome.output, HasSubstr("Zeile 9: SELECT X"));
   std::ofstream(script) << "SELECT COUNT(*) FROM T";
-  const Outcome piped = Run(fmt::format("sql {} --file - < {}", file_.string(), script.string()));
+  const Outcome piped = RunProgram(fmt::format("sql {} --file - < {}", file_.string(), script.string()));
   EXPECT_THAT(piped.output, HasSubstr("2\n"));
   std::filesystem::remove(script);
 }
@@ -100,31 +101,31 @@ TEST_F(Program, MissingFileIsAnErrorUnlessItMayBeCreated) {
 }
 
 TEST_F(Program, SchemaRunsAsItIsPrinted) {
-  EXPECT_EQ(Run(fmt::format("schema > {0}.sql", file_.string())).exit_code, 0);
-  EXPECT_EQ(Run(fmt::format("sql {0} --create --file {0}.sql", file_.string())).exit_code, 0);
+  EXPECT_EQ(RunProgram(fmt::format("schema > {0}.sql", file_.string())).exit_code, 0);
+  EXPECT_EQ(RunProgram(fmt::format("sql {0} --create --file {0}.sql", file_.string())).exit_code, 0);
   EXPECT_THAT(Sql("SELECT COUNT(*) AS N FROM ARA_KOPF", "--csv").output, HasSubstr("N\n0\n"));
   std::filesystem::remove(file_.string() + ".sql");
 }
 
 TEST_F(Program, DemoThenCheckThenBackup) {
   const auto backup = TemporaryFile();
-  EXPECT_EQ(Run("demo " + file_.string()).exit_code, 0);
-  EXPECT_EQ(Run("demo " + file_.string()).exit_code, 1);  // not over what is there
-  EXPECT_EQ(Run("check " + file_.string()).exit_code, 0);
-  EXPECT_EQ(Run(fmt::format("backup {} {}", file_.string(), backup.string())).exit_code, 0);
+  EXPECT_EQ(RunProgram("demo " + file_.string()).exit_code, 0);
+  EXPECT_EQ(RunProgram("demo " + file_.string()).exit_code, 1);  // not over what is there
+  EXPECT_EQ(RunProgram("check " + file_.string()).exit_code, 0);
+  EXPECT_EQ(RunProgram(fmt::format("backup {} {}", file_.string(), backup.string())).exit_code, 0);
 
   Sql("DELETE FROM ARBEITSAUFTRAG WHERE ID_ARA_KOPF = 17", "");
-  const Outcome damaged = Run("check " + file_.string());
+  const Outcome damaged = RunProgram("check " + file_.string());
   EXPECT_EQ(damaged.exit_code, 1);
   EXPECT_THAT(damaged.output, HasSubstr("Verletzt: Zu jedem Lohnauftrag gehört genau eine Kostenposition"));
   EXPECT_THAT(damaged.output, HasSubstr("ARA_KOPF 17, POSITIONEN 0"));
-  EXPECT_EQ(Run("check " + backup.string()).exit_code, 0);
+  EXPECT_EQ(RunProgram("check " + backup.string()).exit_code, 0);
   std::filesystem::remove(backup);
 }
 
 TEST_F(Program, CheckRefusesWhatIsNoDatabase) {
   std::ofstream(file_) << std::string(5000, 'x');
-  const Outcome outcome = Run("check " + file_.string());
+  const Outcome outcome = RunProgram("check " + file_.string());
   EXPECT_EQ(outcome.exit_code, 1);
   EXPECT_THAT(outcome.output, HasSubstr("Fehler 50005"));
   EXPECT_EQ(std::filesystem::file_size(file_), 5000U);
