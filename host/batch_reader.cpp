@@ -36,7 +36,8 @@ std::size_t SkipElement(std::string_view text, std::size_t begin) {
 }
 
 bool IsCommentOrBlank(std::string_view text) {
-  return text.starts_with("--") || text.starts_with("/*") || kBlanks.find(text.front()) != std::string_view::npos;
+  return text.starts_with("--") || text.starts_with("/*") ||
+         kBlanks.find(text.front()) != std::string_view::npos;
 }
 
 // True when the last thing in the text, apart from blanks and comments, is a semicolon of the statement itself.

@@ -78,8 +78,12 @@ class CommandLine {
     app.option_defaults()->group("Optionen");
     app.get_help_ptr()->group("Optionen");
     const auto formatter = app.get_formatter();
-    for (const auto& [name, text] : {std::pair{"Usage", "Aufruf"}, {"OPTIONS", "Optionen"}, {"SUBCOMMAND", "Befehl"},
-                                     {"Positionals", "Argumente"}, {"Excludes", "nicht mit"}, {"REQUIRED", ""}})
+    for (const auto& [name, text] : {std::pair{"Usage", "Aufruf"},
+                                     {"OPTIONS", "Optionen"},
+                                     {"SUBCOMMAND", "Befehl"},
+                                     {"Positionals", "Argumente"},
+                                     {"Excludes", "nicht mit"},
+                                     {"REQUIRED", ""}})
       formatter->label(name, text);
   }
 
@@ -99,14 +103,18 @@ class CommandLine {
                                    [this] { return RunSql(sql_); });
     AddDatabase(command, sql_.database);
     auto* text = command->add_option("TEXT", sql_.text, "auszuführende Anweisungen")->type_name("");
-    auto* file = command->add_option("-f,--file", sql_.file,
-                                     "Anweisungen aus einer Datei, - für die Standardeingabe; eine Zeile mit go "
-                                     "trennt, was getrennt ausgeführt wird");
+    auto* file =
+        command->add_option("-f,--file", sql_.file,
+                            "Anweisungen aus einer Datei, - für die Standardeingabe; eine Zeile mit go "
+                            "trennt, was getrennt ausgeführt wird");
     file->type_name("DATEI")->excludes(text);
-    const auto set_format = [this](OutputFormat format) { return [this, format](auto) { sql_.format = format; }; };
-    auto* csv = command->add_flag_function("--csv", set_format(OutputFormat::kCsv),
-                                           "Ergebnis als CSV: Beistrich zwischen den Werten, Punkt in Zahlen, "
-                                           "Kopfzeile, NULL leer");
+    const auto set_format = [this](OutputFormat format) {
+      return [this, format](auto) { sql_.format = format; };
+    };
+    auto* csv =
+        command->add_flag_function("--csv", set_format(OutputFormat::kCsv),
+                                   "Ergebnis als CSV: Beistrich zwischen den Werten, Punkt in Zahlen, "
+                                   "Kopfzeile, NULL leer");
     command->add_flag_function("--json", set_format(OutputFormat::kJson), "Ergebnis als JSON")->excludes(csv);
     command->add_flag("--create", sql_.create, "die Datei anlegen, wenn es sie nicht gibt");
   }

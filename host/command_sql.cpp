@@ -41,7 +41,8 @@ class SqlSession {
 
  private:
   void Print(const Recordset& rows) const {
-    if (rows.IsOpen()) fmt::print("{}", FormatRows(rows, format_));
+    if (rows.IsOpen())
+      fmt::print("{}", FormatRows(rows, format_));
     else if (affected_rows_ >= 0 && format_ == OutputFormat::kTable)
       fmt::print("{} betroffen\n", CountOfRows(affected_rows_));
   }
@@ -68,7 +69,9 @@ ExitCode RunFile(SqlSession& session, const std::string& name) {
   return kFailed;
 }
 
-bool IsQuit(const std::string& line) { return line == "exit" || line == "quit" || line == "ende"; }
+bool IsQuit(const std::string& line) {
+  return line == "exit" || line == "quit" || line == "ende";
+}
 
 ExitCode RunPrompt(SqlSession& session) {
   fmt::print("T-SQL; ein Strichpunkt am Zeilenende oder eine Zeile mit go führt aus, ende verlässt.\n");

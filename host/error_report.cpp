@@ -54,8 +54,8 @@ std::string DescribeError(const DatabaseError& error, int lines_before) {
   const auto place = std::min(static_cast<std::size_t>(error.Column() - 1), characters.size());
   const auto begin = place > kShownBefore ? place - kShownBefore : 0;
   const auto end = std::min(characters.size(), place + kShownBehind);
-  const std::string head =
-      fmt::format("Zeile {}: {}", error.Line() + lines_before, begin > 0 ? "… " : "") + Join(characters, begin, place);
+  const std::string head = fmt::format("Zeile {}: {}", error.Line() + lines_before, begin > 0 ? "… " : "") +
+                           Join(characters, begin, place);
   report += head + Join(characters, place, end) + (end < characters.size() ? " …\n" : "\n");
   return report + std::string(static_cast<std::size_t>(DisplayWidth(head)), ' ') + "^\n";
 }

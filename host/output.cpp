@@ -40,9 +40,12 @@ bool IsNumber(FieldType type) {
 std::string OneLine(const std::string& text) {
   std::string line;
   for (const char c : text) {
-    if (c == '\n') line += "\\n";
-    else if (c == '\t') line += "\\t";
-    else if (c != '\r') line += c;
+    if (c == '\n')
+      line += "\\n";
+    else if (c == '\t')
+      line += "\\t";
+    else if (c != '\r')
+      line += c;
   }
   return line;
 }
@@ -63,11 +66,16 @@ std::string CsvCell(const Value& value) {
 std::string JsonText(std::string_view text) {
   std::string quoted = "\"";
   for (const char c : text) {
-    if (c == '"' || c == '\\') quoted += std::string{'\\', c};
-    else if (c == '\n') quoted += "\\n";
-    else if (c == '\t') quoted += "\\t";
-    else if (static_cast<unsigned char>(c) < 0x20) quoted += fmt::format("\\u{:04x}", static_cast<unsigned char>(c));
-    else quoted += c;
+    if (c == '"' || c == '\\')
+      quoted += std::string{'\\', c};
+    else if (c == '\n')
+      quoted += "\\n";
+    else if (c == '\t')
+      quoted += "\\t";
+    else if (static_cast<unsigned char>(c) < 0x20)
+      quoted += fmt::format("\\u{:04x}", static_cast<unsigned char>(c));
+    else
+      quoted += c;
   }
   return quoted + '"';
 }
@@ -125,7 +133,9 @@ std::string TableLine(const std::vector<TextColumn>& columns, std::size_t row) {
 
 }  // namespace
 
-std::string CountOfRows(long long count) { return count == 1 ? "1 Zeile" : fmt::format("{} Zeilen", count); }
+std::string CountOfRows(long long count) {
+  return count == 1 ? "1 Zeile" : fmt::format("{} Zeilen", count);
+}
 
 std::string FormatTable(const Recordset& rows) {
   const auto columns = TextColumns(rows);

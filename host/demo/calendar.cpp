@@ -6,13 +6,21 @@
 namespace tarvoni::demo {
 namespace {
 
-constexpr std::array kEasterMondays = {DateTime{2023, 4, 10}, DateTime{2024, 4, 1}, DateTime{2025, 4, 21}};
+constexpr auto kEasterMondays =
+    std::to_array<DateTime>({{2023, 4, 10}, DateTime{2024, 4, 1}, DateTime{2025, 4, 21}});
 
 struct Holiday {
   int month, day;
 };
-constexpr std::array kHolidays = {Holiday{1, 1},   Holiday{1, 6},  Holiday{5, 1},   Holiday{8, 15}, Holiday{10, 26},
-                                  Holiday{11, 1}, Holiday{12, 8}, Holiday{12, 25}, Holiday{12, 26}};
+constexpr auto kHolidays = std::to_array<Holiday>({{1, 1},
+                                                   Holiday{1, 6},
+                                                   Holiday{5, 1},
+                                                   Holiday{8, 15},
+                                                   Holiday{10, 26},
+                                                   Holiday{11, 1},
+                                                   Holiday{12, 8},
+                                                   Holiday{12, 25},
+                                                   Holiday{12, 26}});
 
 bool IsHoliday(const DateTime& day) {
   const auto same_day = [&day](const Holiday& h) { return h.month == day.month && h.day == day.day; };
@@ -21,11 +29,15 @@ bool IsHoliday(const DateTime& day) {
 }
 
 // Day 0 was a Monday.
-bool IsWeekend(const DateTime& day) { return day.Days() % 7 >= 5; }
+bool IsWeekend(const DateTime& day) {
+  return day.Days() % 7 >= 5;
+}
 
 }  // namespace
 
-Month MonthOf(const DateTime& day) { return {day.year, day.month}; }
+Month MonthOf(const DateTime& day) {
+  return {day.year, day.month};
+}
 
 Month AddMonths(Month month, int count) {
   const int months = month.year * 12 + month.month - 1 + count;
@@ -34,11 +46,14 @@ Month AddMonths(Month month, int count) {
 
 std::vector<Month> MonthsBetween(Month first, Month last) {
   std::vector<Month> months;
-  for (Month month = first; month.Number() <= last.Number(); month = AddMonths(month, 1)) months.push_back(month);
+  for (Month month = first; month.Number() <= last.Number(); month = AddMonths(month, 1))
+    months.push_back(month);
   return months;
 }
 
-DateTime AddDays(const DateTime& day, int count) { return DateTime::FromDays(day.Days() + count); }
+DateTime AddDays(const DateTime& day, int count) {
+  return DateTime::FromDays(day.Days() + count);
+}
 
 std::vector<DateTime> WorkDays(const DateTime& first, const DateTime& last) {
   std::vector<DateTime> days;

@@ -8,14 +8,14 @@
 namespace tarvoni::demo {
 namespace {
 
-constexpr double kMasterShare = 0.04;       // of the time, before the wage orders begin
-constexpr double kWageOrderShare = 0.75;    // of the time, for the wage orders
-constexpr std::array kMasterParts = {BuildSettings,  BuildUnits,   BuildNatureCodes, BuildCodeSets, BuildWorkTypes,
-                                     BuildClients,   BuildPlaces,  BuildForest,      BuildWageTypes, BuildWageScales,
-                                     BuildWorkers,   BuildTimberCodes, BuildTariff,  BuildMachines, BuildWorkOrders,
-                                     BuildPlans};
-constexpr std::array kMovementParts = {BuildFreeLists, BuildJournals, BuildPositions, BuildMachineCosts,
-                                       BuildVouchers,  BuildStores};
+constexpr double kMasterShare = 0.04;     // of the time, before the wage orders begin
+constexpr double kWageOrderShare = 0.75;  // of the time, for the wage orders
+constexpr std::array kMasterParts = {BuildSettings,  BuildUnits,      BuildNatureCodes, BuildCodeSets,
+                                     BuildWorkTypes, BuildClients,    BuildPlaces,      BuildForest,
+                                     BuildWageTypes, BuildWageScales, BuildWorkers,     BuildTimberCodes,
+                                     BuildTariff,    BuildMachines,   BuildWorkOrders,  BuildPlans};
+constexpr std::array kMovementParts = {BuildFreeLists,    BuildJournals, BuildPositions,
+                                       BuildMachineCosts, BuildVouchers, BuildStores};
 
 }  // namespace
 
@@ -25,7 +25,7 @@ void BuildDemo(Connection& connection, const DemoOptions& options) {
   };
   for (const std::string& statement : SchemaStatements()) connection.Execute(statement);
   HandlerScope all_at_once(connection);
-  Enterprise enterprise{.connection = connection, .scale = options.scale};
+  Enterprise enterprise(connection, options.scale);
   for (const auto& build : kMasterParts) build(enterprise);
   BuildWageOrders(enterprise, [&](double done) { report(kMasterShare + done * kWageOrderShare); });
   for (std::size_t i = 0; i < kMovementParts.size(); ++i) {

@@ -17,25 +17,36 @@ struct ClientRow {
   std::array<int, 2> orders_a_year;
   std::string_view short_name, name;
 };
-constexpr std::array kClients = {
-    ClientRow{2010, 0, {200, 200}, "FB Kaltenwald", "Forstbetrieb Kaltenwald"},
-    {2020, 0, {60, 60}, "FB Auenfels", "Forstbetrieb Auenfels"},
-    {2030, 1, {45, 40}, "Stift Marienwald", "Stiftsforste Marienwald"},
-};
+constexpr auto kClients = std::to_array<ClientRow>({
+    {2010, 0, {130, 200}, "FB Kaltenwald", "Forstbetrieb Kaltenwald"},
+    {2020, 0, {45, 60}, "FB Auenfels", "Forstbetrieb Auenfels"},
+    {2030, 1, {35, 40}, "Stift Marienwald", "Stiftsforste Marienwald"},
+});
 
 // The districts of each client in turn.
 struct DistrictRow {
   int client;
   std::string_view name;
 };
-constexpr std::array kDistricts = {
-    DistrictRow{0, "Revier Ahornboden"}, {0, "Revier Brentenriegel"}, {0, "Revier Dürrental"},
-    {0, "Revier Finstergraben"},         {0, "Revier Hirschlacke"},   {0, "Revier Kohlstatt"},
-    {0, "Revier Oberleiten"},            {0, "Revier Schöntal"},      {1, "Revier Auwinkel"},
-    {1, "Revier Felsenegg"},             {1, "Revier Mühlgraben"},    {1, "Revier Rauhenberg"},
-    {1, "Revier Sonnleiten"},            {2, "Revier Klosterwald"},   {2, "Revier Nonnenschlag"},
-    {2, "Revier Priorholz"},             {2, "Revier Wallfahrtsleiten"},
-};
+constexpr auto kDistricts = std::to_array<DistrictRow>({
+    {0, "Revier Ahornboden"},
+    {0, "Revier Brentenriegel"},
+    {0, "Revier Dürrental"},
+    {0, "Revier Finstergraben"},
+    {0, "Revier Hirschlacke"},
+    {0, "Revier Kohlstatt"},
+    {0, "Revier Oberleiten"},
+    {0, "Revier Schöntal"},
+    {1, "Revier Auwinkel"},
+    {1, "Revier Felsenegg"},
+    {1, "Revier Mühlgraben"},
+    {1, "Revier Rauhenberg"},
+    {1, "Revier Sonnleiten"},
+    {2, "Revier Klosterwald"},
+    {2, "Revier Nonnenschlag"},
+    {2, "Revier Priorholz"},
+    {2, "Revier Wallfahrtsleiten"},
+});
 
 struct CentreRow {
   int offset;
@@ -43,9 +54,10 @@ struct CentreRow {
   bool overhead, disabled;
   std::string_view name;
 };
-constexpr int kDistrictOffset = 100;  // the first district's number behind the client's thousand, then steps of ten
-constexpr std::array kCentres = {
-    CentreRow{10, CentreType::kAdministration, true, false, "Betriebsleitung und Verwaltung"},
+constexpr int kDistrictOffset =
+    100;  // the first district's number behind the client's thousand, then steps of ten
+constexpr auto kCentres = std::to_array<CentreRow>({
+    {10, CentreType::kAdministration, true, false, "Betriebsleitung und Verwaltung"},
     {20, CentreType::kAdministration, true, false, "Forsteinrichtung und Vermessung"},
     {500, CentreType::kMachineYard, false, false, "Maschinenhof"},
     {510, CentreType::kMachineYard, false, false, "Werkstätte"},
@@ -53,17 +65,18 @@ constexpr std::array kCentres = {
     {700, CentreType::kHunting, false, false, "Jagdbetrieb"},
     {800, CentreType::kBuildings, true, false, "Gebäude und Liegenschaften"},
     {900, CentreType::kDistrict, false, true, "Revier Altenreith (aufgelassen)"},
-};
-constexpr std::array<std::string_view, 5> kBuildings = {"Forsthaus", "Verwaltungsgebäude", "Werkstättengebäude",
-                                                        "Jagdhütte Hochleiten", "Holzlagerplatz"};
+});
+constexpr std::array<std::string_view, 5> kBuildings = {
+    "Forsthaus", "Verwaltungsgebäude", "Werkstättengebäude", "Jagdhütte Hochleiten", "Holzlagerplatz"};
 
-constexpr std::array<std::string_view, 8> kTrades = {"Holzschlägerung", "Baumschule", "Landmaschinen", "Schotterwerk",
-                                                     "Mineralöle", "Seilbringung", "Zaunbau", "Fuhrwerk"};
+constexpr std::array<std::string_view, 8> kTrades = {"Holzschlägerung", "Baumschule", "Landmaschinen",
+                                                     "Schotterwerk",    "Mineralöle", "Seilbringung",
+                                                     "Zaunbau",         "Fuhrwerk"};
 
 void WriteCentre(RowWriter& writer, const Client& client, int id, const CentreRow& row) {
   const int number = client.id * 1000 + row.offset;
-  writer.Add(id, number, row.name, fmt::format("KST {}", client.number), row.disabled, static_cast<int>(row.type),
-             client.id, row.overhead);
+  writer.Add(id, number, row.name, fmt::format("KST {}", client.number), row.disabled,
+             static_cast<int>(row.type), client.id, row.overhead);
 }
 
 // Districts and the other cost centres; their numbers begin with the client's thousand.
@@ -92,7 +105,8 @@ void WriteCentres(Enterprise& enterprise) {
 }
 
 void WriteBuildings(Enterprise& enterprise) {
-  RowWriter writer(enterprise.connection, "OBJEKT", "ID, NUMBER, NAME, TABLE_NAME, DISABLE", RowWriter::Keys::kGiven);
+  RowWriter writer(enterprise.connection, "OBJEKT", "ID, NUMBER, NAME, TABLE_NAME, DISABLE",
+                   RowWriter::Keys::kGiven);
   for (Client& client : enterprise.clients) {
     for (const auto name : kBuildings) {
       const int place = static_cast<int>(client.buildings.size()) + 1;
@@ -104,11 +118,12 @@ void WriteBuildings(Enterprise& enterprise) {
 }
 
 void WriteClients(Enterprise& enterprise) {
-  RowWriter writer(enterprise.connection, "PERSONAL",
-                   "ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME, MANDANTEN, STANDART, KOSTENART, KOSTENSTELLE, "
-                   "LEISTUNGSART, LOHNARTEN, PRODUKT, VERFAHREN, OBJEKT, HH_KAPITEL, HH_TITEL, ZUHLUNGSART, "
-                   "ZUHLUNGSGRUND",
-                   RowWriter::Keys::kGiven);
+  RowWriter writer(
+      enterprise.connection, "PERSONAL",
+      "ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME, MANDANTEN, STANDART, KOSTENART, KOSTENSTELLE, "
+      "LEISTUNGSART, LOHNARTEN, PRODUKT, VERFAHREN, OBJEKT, HH_KAPITEL, HH_TITEL, ZUHLUNGSART, "
+      "ZUHLUNGSGRUND",
+      RowWriter::Keys::kGiven);
   for (const ClientRow& row : kClients) {
     Client client;
     client.id = static_cast<int>(enterprise.clients.size()) + 1;
@@ -118,8 +133,8 @@ void WriteClients(Enterprise& enterprise) {
     client.name = row.name;
     const auto set = enterprise.CodesOf(client).name;
     writer.Add(client.id, row.number, row.short_name, row.name, true, client.id == 1, set,
-               fmt::format("KST {}", row.number), set, "LOHN", set, set, fmt::format("OBJ {}", row.number), set, set,
-               set, set);
+               fmt::format("KST {}", row.number), set, "LOHN", set, set, fmt::format("OBJ {}", row.number),
+               set, set, set, set);
     enterprise.clients.push_back(std::move(client));
   }
   writer.Finish();
@@ -129,9 +144,10 @@ void WriteClients(Enterprise& enterprise) {
 void WriteSuppliers(Enterprise& enterprise) {
   constexpr int kFirstId = 101;
   constexpr int kFirstNumber = 70001;
-  RowWriter writer(enterprise.connection, "PERSONAL",
-                   "ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME, MANDANTEN, ID_MANDANTEN, PERSONENTYP, DISABLE",
-                   RowWriter::Keys::kGiven);
+  RowWriter writer(
+      enterprise.connection, "PERSONAL",
+      "ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME, MANDANTEN, ID_MANDANTEN, PERSONENTYP, DISABLE",
+      RowWriter::Keys::kGiven);
   Random& random = enterprise.random;
   const int count = 16 + enterprise.scale / 5;
   for (int i = 0; i < count; ++i) {

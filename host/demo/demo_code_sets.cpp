@@ -14,8 +14,8 @@ struct CostTypeRow {
 };
 constexpr int kFirstRevenue = 8000;
 constexpr int kDisabledCostType = 4999;
-constexpr std::array kCostTypes = {
-    CostTypeRow{kWages, "Löhne der Forstarbeiter"},
+constexpr auto kCostTypes = std::to_array<CostTypeRow>({
+    {kWages, "Löhne der Forstarbeiter"},
     {4010, "Lohnnebenkosten"},
     {kMachinePurchase, "Anschaffung von Maschinen"},
     {4100, "Gehälter"},
@@ -46,27 +46,33 @@ constexpr std::array kCostTypes = {
     {kSideRevenue, "Erlöse Nebennutzungen"},
     {kPlantRevenue, "Erlöse Forstpflanzen"},
     {8400, "Förderungen"},
-};
+});
 
 struct CodeRow {
   std::string_view number, name;
 };
-constexpr std::array kChapters = {CodeRow{"100", "Personalaufwand"}, {"200", "Betriebsaufwand"},
-                                  {"300", "Investitionen"},          {"400", "Betriebserträge"}};
-constexpr std::array kTitles = {CodeRow{"1001", "Löhne Holzernte"}, {"1002", "Löhne Waldbau"},
-                                {"2001", "Holzernte"},              {"2002", "Waldbau und Forstschutz"},
-                                {"2003", "Forststraßen"},           {"2004", "Fuhrpark und Maschinen"},
-                                {"3001", "Maschinenankauf"},        {"4001", "Holzerlöse"},
-                                {"4002", "Jagderlöse"}};
-constexpr std::array kPaymentKinds = {CodeRow{"1", "Überweisung"}, {"2", "Bar"}, {"3", "Lastschrift"},
-                                      {"4", "Gegenverrechnung"}};
-constexpr std::array kPaymentReasons = {CodeRow{"10", "Lieferung"}, {"20", "Dienstleistung"}, {"30", "Miete und Pacht"},
-                                        {"40", "Abgabe und Gebühr"}};
+constexpr auto kChapters = std::to_array<CodeRow>({{"100", "Personalaufwand"},
+                                                   {"200", "Betriebsaufwand"},
+                                                   {"300", "Investitionen"},
+                                                   {"400", "Betriebserträge"}});
+constexpr auto kTitles = std::to_array<CodeRow>({{"1001", "Löhne Holzernte"},
+                                                 {"1002", "Löhne Waldbau"},
+                                                 {"2001", "Holzernte"},
+                                                 {"2002", "Waldbau und Forstschutz"},
+                                                 {"2003", "Forststraßen"},
+                                                 {"2004", "Fuhrpark und Maschinen"},
+                                                 {"3001", "Maschinenankauf"},
+                                                 {"4001", "Holzerlöse"},
+                                                 {"4002", "Jagderlöse"}});
+constexpr auto kPaymentKinds = std::to_array<CodeRow>(
+    {{"1", "Überweisung"}, {"2", "Bar"}, {"3", "Lastschrift"}, {"4", "Gegenverrechnung"}});
+constexpr auto kPaymentReasons = std::to_array<CodeRow>(
+    {{"10", "Lieferung"}, {"20", "Dienstleistung"}, {"30", "Miete und Pacht"}, {"40", "Abgabe und Gebühr"}});
 
 // Codes with a text as number, the ids behind those of the sets before.
 template <std::size_t kCount>
-std::vector<int> WriteCodes(Connection& connection, std::string_view table, std::string_view set_name, int set,
-                            const std::array<CodeRow, kCount>& rows) {
+std::vector<int> WriteCodes(Connection& connection, std::string_view table, std::string_view set_name,
+                            int set, const std::array<CodeRow, kCount>& rows) {
   RowWriter writer(connection, table, "ID, NUMBER, NAME, TABLE_NAME, DISABLE", RowWriter::Keys::kGiven);
   std::vector<int> ids;
   for (const CodeRow& row : rows) {
@@ -78,7 +84,8 @@ std::vector<int> WriteCodes(Connection& connection, std::string_view table, std:
 }
 
 void WriteCostTypes(Connection& connection, CodeSet& codes, int set) {
-  RowWriter writer(connection, "KOSTENART", "ID, NUMBER, NAME, TABLE_NAME, DISABLE, ERLOSE", RowWriter::Keys::kGiven);
+  RowWriter writer(connection, "KOSTENART", "ID, NUMBER, NAME, TABLE_NAME, DISABLE, ERLOSE",
+                   RowWriter::Keys::kGiven);
   int id = set * static_cast<int>(kCostTypes.size());
   for (const CostTypeRow& row : kCostTypes) {
     const bool revenue = row.number >= kFirstRevenue;

@@ -13,17 +13,20 @@ namespace tarvoni::demo {
 namespace {
 
 constexpr int kForestParts = 4;  // of a district
-constexpr std::array<std::string_view, 6> kSlopes = {"Schattseitiger Steilhang", "Sonnseitige Mittelhanglage",
-                                                     "Plateau",                  "Talboden und Bacheinhänge",
-                                                     "Rücken und Oberhang",      "Felsdurchsetzter Einhang"};
-constexpr std::array<std::string_view, 6> kPlaces = {"ober dem Köhlerbach",     "beim Jägersteig",
-                                                     "unter der Hochleitenalm", "entlang der Grenzstraße",
-                                                     "hinter dem Steinbruch",   "zwischen Ameisgraben und Kreuzweg"};
-constexpr std::array<std::string_view, 6> kStands = {"fichtenreicher Altbestand", "Mischwald aus Fichte, Tanne und Buche",
-                                                     "Jungwuchs nach Windwurf",   "Buchenstangenholz",
-                                                     "lärchenreiches Baumholz",   "Dickung mit Weichlaubholz"};
+constexpr std::array<std::string_view, 6> kSlopes = {
+    "Schattseitiger Steilhang",  "Sonnseitige Mittelhanglage", "Plateau",
+    "Talboden und Bacheinhänge", "Rücken und Oberhang",        "Felsdurchsetzter Einhang"};
+constexpr std::array<std::string_view, 6> kPlaces = {
+    "ober dem Köhlerbach",     "beim Jägersteig",       "unter der Hochleitenalm",
+    "entlang der Grenzstraße", "hinter dem Steinbruch", "zwischen Ameisgraben und Kreuzweg"};
+constexpr std::array<std::string_view, 6> kStands = {
+    "fichtenreicher Altbestand", "Mischwald aus Fichte, Tanne und Buche",
+    "Jungwuchs nach Windwurf",   "Buchenstangenholz",
+    "lärchenreiches Baumholz",   "Dickung mit Weichlaubholz"};
 
-std::string_view WithoutKind(std::string_view name) { return name.substr(name.find(' ') + 1); }
+std::string_view WithoutKind(std::string_view name) {
+  return name.substr(name.find(' ') + 1);
+}
 
 // The forest as a tree: client, district, part, compartment, subcompartment, stand.
 class ForestWriter {
@@ -82,7 +85,8 @@ class ForestWriter {
 
   Enterprise& enterprise_;
   RowWriter writer_{enterprise_.connection, "WALDORT",
-                    "ID_WALDORT, WO1, WO2, WO3, WO4, WO5, WO6, LANGNAME, MANDANTEN_ID", RowWriter::Keys::kGiven};
+                    "ID_WALDORT, WO1, WO2, WO3, WO4, WO5, WO6, LANGNAME, MANDANTEN_ID",
+                    RowWriter::Keys::kGiven};
   std::array<std::optional<std::string>, 6> path_;
   int client_ = 0;
   int last_id_ = 0;
@@ -90,6 +94,8 @@ class ForestWriter {
 
 }  // namespace
 
-void BuildForest(Enterprise& enterprise) { ForestWriter(enterprise).Write(); }
+void BuildForest(Enterprise& enterprise) {
+  ForestWriter(enterprise).Write();
+}
 
 }  // namespace tarvoni::demo

@@ -8,7 +8,7 @@ namespace tarvoni::demo {
 namespace {
 
 constexpr Month kFirstJournal{2023, 10};
-constexpr int kDay = 800;       // hundredths of an hour
+constexpr int kDay = 800;  // hundredths of an hour
 constexpr int kMonth = 17'300;
 
 // A journal for each worker and month: what is paid beside the work on orders.
@@ -55,7 +55,8 @@ class JournalWriter {
     const WorkType& type = codes.WorkTypeOf(kAbsence);
     Random& random = enterprise_.random;
     const bool overhead = random.Chance(80);
-    const CostCentre& centre = overhead ? client.Centre(CentreType::kAdministration) : random.Pick(client.districts).centre;
+    const CostCentre& centre =
+        overhead ? client.Centre(CentreType::kAdministration) : random.Pick(client.districts).centre;
     const int work_order = overhead ? client.WorkOrdersFor(month.year, type.product, centre).front()->id : 0;
     positions_.Add(++enterprise_.last.position, "B", line, OrNull(work_order), centre.id, type.id,
                    random.Pick(type.methods));
@@ -66,17 +67,21 @@ class JournalWriter {
   int last_line_ = 0;
   RowWriter heads_{enterprise_.connection, "STUNDENBUCH_HEADER", "ID, ID_PERSONAL, JAHR, MONAT, FWJ",
                    RowWriter::Keys::kGiven};
-  RowWriter lines_{enterprise_.connection, "STUNDENBUCH",
-                   "ID, ID_STUNDENBUCH, ID_LOHNARTEN, TAG, STUNDEN, PROZENTSATZ, VERLOHNUNG, AUSZAHLUNGSMONAT",
-                   RowWriter::Keys::kGiven};
-  RowWriter positions_{enterprise_.connection, "ARBEITSAUFTRAG",
-                       "ID, QUELLE, ID_STUNDENBUCH, ARBEITSAUFTRAG_KOPF_ID, KOSTENSTELLE_ID, LEISTUNGSART_ID, "
-                       "VERFAHREN_ID",
-                       RowWriter::Keys::kGiven};
+  RowWriter lines_{
+      enterprise_.connection, "STUNDENBUCH",
+      "ID, ID_STUNDENBUCH, ID_LOHNARTEN, TAG, STUNDEN, PROZENTSATZ, VERLOHNUNG, AUSZAHLUNGSMONAT",
+      RowWriter::Keys::kGiven};
+  RowWriter positions_{
+      enterprise_.connection, "ARBEITSAUFTRAG",
+      "ID, QUELLE, ID_STUNDENBUCH, ARBEITSAUFTRAG_KOPF_ID, KOSTENSTELLE_ID, LEISTUNGSART_ID, "
+      "VERFAHREN_ID",
+      RowWriter::Keys::kGiven};
 };
 
 }  // namespace
 
-void BuildJournals(Enterprise& enterprise) { JournalWriter(enterprise).Write(); }
+void BuildJournals(Enterprise& enterprise) {
+  JournalWriter(enterprise).Write();
+}
 
 }  // namespace tarvoni::demo

@@ -20,27 +20,34 @@ struct MachineRow {
   int bought, years;
   std::string_view chassis, plate;
 };
-constexpr std::array kMachines = {MachineRow{0, 501, "Forstspezialschlepper mit Doppeltrommelwinde", 2017, 10,
-                                             "FSS17004711", "LN 117 KW"},
-                                  {0, 502, "Mobilseilkran, 800 m", 2014, 15, "MSK14000233", "LN 204 KW"},
-                                  {0, 503, "Radbagger 9 t", 2019, 12, "RBG19008150", "LN 330 KW"},
-                                  {0, 504, "Geländewagen Revierdienst", 2021, 8, "GLW21093377", "LN 415 KW"},
-                                  {0, 505, "Kipper 3-Achs", 2012, 15, "KIP12001904", "LN 88 KW"},
-                                  {1, 601, "Traktor 90 PS mit Rückeanhänger", 2018, 10, "TRK18020618", "GM 61 AF"},
-                                  {1, 602, "Geländewagen Betriebsleitung", 2022, 8, "GLW22010042", "GM 77 AF"},
-                                  {2, 701, "Klosterschlepper mit Seilwinde", 2010, 15, "KLS10000077", "ZT 12 MW"}};
+constexpr auto kMachines = std::to_array<MachineRow>(
+    {{0, 501, "Forstspezialschlepper mit Doppeltrommelwinde", 2017, 10, "FSS17004711", "LN 117 KW"},
+     {0, 502, "Mobilseilkran, 800 m", 2014, 15, "MSK14000233", "LN 204 KW"},
+     {0, 503, "Radbagger 9 t", 2019, 12, "RBG19008150", "LN 330 KW"},
+     {0, 504, "Geländewagen Revierdienst", 2021, 8, "GLW21093377", "LN 415 KW"},
+     {0, 505, "Kipper 3-Achs", 2012, 15, "KIP12001904", "LN 88 KW"},
+     {1, 601, "Traktor 90 PS mit Rückeanhänger", 2018, 10, "TRK18020618", "GM 61 AF"},
+     {1, 602, "Geländewagen Betriebsleitung", 2022, 8, "GLW22010042", "GM 77 AF"},
+     {2, 701, "Klosterschlepper mit Seilwinde", 2010, 15, "KLS10000077", "ZT 12 MW"}});
 
 struct LabelRow {
   std::string_view label;
   int cost_type;
 };
-constexpr std::array kLabels = {LabelRow{"ANS", kMachinePurchase}, {"EIG", kOwnWorkshop}, {"ABS", kMachineDepreciation},
-                                {"UNT", kForeignRepairs},          {"VK", kFuel},         {"VK", kLubricants},
-                                {"VK", kSpareParts},               {"OI", kInsurance},    {"STE", kVehicleTax}};
+constexpr auto kLabels = std::to_array<LabelRow>({{"ANS", kMachinePurchase},
+                                                  {"EIG", kOwnWorkshop},
+                                                  {"ABS", kMachineDepreciation},
+                                                  {"UNT", kForeignRepairs},
+                                                  {"VK", kFuel},
+                                                  {"VK", kLubricants},
+                                                  {"VK", kSpareParts},
+                                                  {"OI", kInsurance},
+                                                  {"STE", kVehicleTax}});
 
 void WriteLabels(Enterprise& enterprise) {
   RowWriter writer(enterprise.connection, "MASCHINE_STAMM", "LABEL, KOSTENART_ID");
-  for (const LabelRow& row : kLabels) writer.Add(row.label, enterprise.code_sets[0].CostTypeId(row.cost_type));
+  for (const LabelRow& row : kLabels)
+    writer.Add(row.label, enterprise.code_sets[0].CostTypeId(row.cost_type));
   writer.Finish();
 }
 
@@ -63,9 +70,11 @@ class MachineCostWriter {
     WriteCost(client, machine, month, kFuel, random.Between(80, 600), 152);
     if (random.Chance(40)) WriteCost(client, machine, month, kLubricants, random.Between(2, 20), 620);
     if (random.Chance(30)) WriteCost(client, machine, month, kOwnWorkshop, random.Between(2, 24), 5'400);
-    if (random.Chance(15)) WriteCost(client, machine, month, kForeignRepairs, 1, random.Between(15'000, 320'000));
+    if (random.Chance(15))
+      WriteCost(client, machine, month, kForeignRepairs, 1, random.Between(15'000, 320'000));
     const int parts = random.Between(1, 4);
-    if (random.Chance(20)) WriteCost(client, machine, month, kSpareParts, parts, random.Between(3'000, 40'000));
+    if (random.Chance(20))
+      WriteCost(client, machine, month, kSpareParts, parts, random.Between(3'000, 40'000));
     if (month.month == 1) WriteYear(client, machine, month);
   }
 
@@ -77,14 +86,14 @@ class MachineCostWriter {
   }
 
   // `price` in cents.
-  void WriteCost(Client& client, const Machine& machine, const Month& month, int cost_type, int quantity, int price) {
+  void WriteCost(Client& client, const Machine& machine, const Month& month, int cost_type, int quantity,
+                 int price) {
     const CodeSet& codes = enterprise_.CodesOf(client);
     const WorkType& type = codes.WorkTypeOf(cost_type == kOwnWorkshop ? kWorkshopWork : kMachineRunning);
     WorkOrder& order =
         *client.WorkOrdersFor(month.year, type.product, client.Centre(CentreType::kMachineYard)).front();
     const CostType cost{codes.CostTypeId(cost_type), cost_type, false};
-    Position position{.client = client, .work_order = order, .type = type, .cost_type = cost,
-                      .day = {month.year, month.month, 25}};
+    Position position(order, type, cost, {month.year, month.month, 25});
     position.object = machine.object;
     position.quantity = quantity * 100;
     position.unit_price = price;
@@ -101,7 +110,8 @@ class MachineCostWriter {
 
 void BuildMachines(Enterprise& enterprise) {
   WriteLabels(enterprise);
-  RowWriter objects(enterprise.connection, "OBJEKT", "ID, NUMBER, NAME, TABLE_NAME, DISABLE", RowWriter::Keys::kGiven);
+  RowWriter objects(enterprise.connection, "OBJEKT", "ID, NUMBER, NAME, TABLE_NAME, DISABLE",
+                    RowWriter::Keys::kGiven);
   RowWriter book(enterprise.connection, "MASCHINENBUCH",
                  "NUMMER, BEZEICHNUNG, ANSCHAFF_JAHR, NUTZUNGSDAUER, FAHRGEST_NUM, POLIZ_KENNZ, OBJEKT_ID");
   int object = kFirstObject;
@@ -115,6 +125,8 @@ void BuildMachines(Enterprise& enterprise) {
   book.Finish();
 }
 
-void BuildMachineCosts(Enterprise& enterprise) { MachineCostWriter(enterprise).Write(); }
+void BuildMachineCosts(Enterprise& enterprise) {
+  MachineCostWriter(enterprise).Write();
+}
 
 }  // namespace tarvoni::demo

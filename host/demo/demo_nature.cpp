@@ -11,31 +11,37 @@ namespace {
 struct Named {
   std::string_view code, name;
 };
-constexpr std::array kStates = {Named{"B", "Burgenland"}, {"K", "Kärnten"},    {"N", "Niederösterreich"},
-                                {"O", "Oberösterreich"},  {"S", "Salzburg"},   {"St", "Steiermark"},
-                                {"T", "Tirol"},           {"V", "Vorarlberg"}, {"W", "Wien"}};
-constexpr std::array kOrigins = {Named{"FI 4.1", "Fichte, nördliche Randalpen"},
-                                 {"FI 3.2", "Fichte, östliche Zwischenalpen"},
-                                 {"LA 4.1", "Lärche, nördliche Randalpen"},
-                                 {"TA 4.2", "Tanne, nördliche Randalpen Ost"},
-                                 {"BU 5.1", "Rotbuche, niederösterreichischer Alpenostrand"},
-                                 {"EI 8.1", "Traubeneiche, Pannonisches Hügelland"},
-                                 {"BA 4.1", "Bergahorn, nördliche Randalpen"}};
-constexpr std::array kOriginCategories = {Named{"A", "ausgewählt"}, {"Q", "quellengesichert"}, {"G", "geprüft"},
-                                          {"S", "qualifiziert"}};
+constexpr auto kStates = std::to_array<Named>({{"B", "Burgenland"},
+                                               {"K", "Kärnten"},
+                                               {"N", "Niederösterreich"},
+                                               {"O", "Oberösterreich"},
+                                               {"S", "Salzburg"},
+                                               {"St", "Steiermark"},
+                                               {"T", "Tirol"},
+                                               {"V", "Vorarlberg"},
+                                               {"W", "Wien"}});
+constexpr auto kOrigins = std::to_array<Named>({{"FI 4.1", "Fichte, nördliche Randalpen"},
+                                                {"FI 3.2", "Fichte, östliche Zwischenalpen"},
+                                                {"LA 4.1", "Lärche, nördliche Randalpen"},
+                                                {"TA 4.2", "Tanne, nördliche Randalpen Ost"},
+                                                {"BU 5.1", "Rotbuche, niederösterreichischer Alpenostrand"},
+                                                {"EI 8.1", "Traubeneiche, Pannonisches Hügelland"},
+                                                {"BA 4.1", "Bergahorn, nördliche Randalpen"}});
+constexpr auto kOriginCategories = std::to_array<Named>(
+    {{"A", "ausgewählt"}, {"Q", "quellengesichert"}, {"G", "geprüft"}, {"S", "qualifiziert"}});
 
 struct StandType {
   std::string_view number, code, name;
 };
-constexpr std::array kStandTypes = {StandType{"10", "FI", "Fichtenwald"},
-                                    {"11", "FI-TA-BU", "Fichten-Tannen-Buchen-Mischwald"},
-                                    {"12", "FI-LA", "Fichten-Lärchenwald"},
-                                    {"20", "TA-BU", "Tannen-Buchenwald"},
-                                    {"30", "KI-EI", "Kiefern-Eichenwald"},
-                                    {"40", "BU", "Buchenwald"},
-                                    {"41", "BU-EDL", "Buchenwald mit Edellaubholz"},
-                                    {"50", "EI-HB", "Eichen-Hainbuchenwald"},
-                                    {"60", "SCH", "Schutzwald außer Ertrag"}};
+constexpr auto kStandTypes = std::to_array<StandType>({{"10", "FI", "Fichtenwald"},
+                                                       {"11", "FI-TA-BU", "Fichten-Tannen-Buchen-Mischwald"},
+                                                       {"12", "FI-LA", "Fichten-Lärchenwald"},
+                                                       {"20", "TA-BU", "Tannen-Buchenwald"},
+                                                       {"30", "KI-EI", "Kiefern-Eichenwald"},
+                                                       {"40", "BU", "Buchenwald"},
+                                                       {"41", "BU-EDL", "Buchenwald mit Edellaubholz"},
+                                                       {"50", "EI-HB", "Eichen-Hainbuchenwald"},
+                                                       {"60", "SCH", "Schutzwald außer Ertrag"}});
 
 template <std::size_t kCount>
 int WriteNamed(Connection& connection, std::string_view table, const std::array<Named, kCount>& rows) {
@@ -48,10 +54,12 @@ int WriteNamed(Connection& connection, std::string_view table, const std::array<
 
 void WriteMarks(Connection& connection) {
   RowWriter marks(connection, "NUTZUNGSART",
-                  "ID, NA, NA_LANG, DISABLE, BZT_NV_KLR, HERK_NV_KLR, AST_NV_KLR, ZAUN_NV_KLR", RowWriter::Keys::kGiven);
+                  "ID, NA, NA_LANG, DISABLE, BZT_NV_KLR, HERK_NV_KLR, AST_NV_KLR, ZAUN_NV_KLR",
+                  RowWriter::Keys::kGiven);
   int id = 0;
   for (const MarkRow& mark : kMarks)
-    marks.Add(++id, mark.code, mark.name, mark.disabled, mark.stand_type, mark.origin, mark.pruning, mark.fence);
+    marks.Add(++id, mark.code, mark.name, mark.disabled, mark.stand_type, mark.origin, mark.pruning,
+              mark.fence);
   marks.Finish();
 }
 

@@ -20,14 +20,15 @@ struct ServiceRow {
   bool disabled;
 };
 constexpr int kFirstService = 11;
-constexpr std::array kServices = {ServiceRow{"ZL", "Zeitlohn", 1, false},
-                                  {"EST", "Stücklohn nach erweitertem Sortentarif", 2, false},
-                                  {"SST", "Sonstiger Stücklohn", 3, false},
-                                  {"UNT", "Unternehmer", 0, false},
-                                  {"SWB", "Selbstwerber", 0, false},
-                                  {"ZLM", "Zeitlohn mit eigener Maschine", 1, false},
-                                  {"PAK", "Pflanzakkord", 3, false},
-                                  {"REG", "Regiearbeit (alter Schlüssel)", 1, true}};
+constexpr auto kServices =
+    std::to_array<ServiceRow>({{"ZL", "Zeitlohn", 1, false},
+                               {"EST", "Stücklohn nach erweitertem Sortentarif", 2, false},
+                               {"SST", "Sonstiger Stücklohn", 3, false},
+                               {"UNT", "Unternehmer", 0, false},
+                               {"SWB", "Selbstwerber", 0, false},
+                               {"ZLM", "Zeitlohn mit eigener Maschine", 1, false},
+                               {"PAK", "Pflanzakkord", 3, false},
+                               {"REG", "Regiearbeit (alter Schlüssel)", 1, true}});
 constexpr std::array<std::string_view, 4> kListNames = {"Leistungen", "Rotten", "Reviere", "Forstämter"};
 
 void WriteGroups(Connection& connection) {
@@ -52,8 +53,8 @@ void WriteServices(RowWriter& writer) {
 void WriteOffices(RowWriter& writer, std::vector<Client>& clients) {
   for (Client& client : clients) {
     client.forest_office = kFirstOffice + client.id - 1;
-    writer.Add(client.forest_office, kOfficeList, client.id, fmt::format("FA {}", client.number), client.name, Null{},
-               Null{}, false);
+    writer.Add(client.forest_office, kOfficeList, client.id, fmt::format("FA {}", client.number), client.name,
+               Null{}, Null{}, false);
   }
 }
 

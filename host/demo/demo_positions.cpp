@@ -42,12 +42,13 @@ class OwnPositionWriter {
     const WorkType& type = DrawWorkType(codes, order);
     const CostType* cost_type = DrawCostType(random_, codes, type, CostUse::kOwn);
     if (cost_type == nullptr) return;
-    Position position{
-        .client = client, .work_order = order, .type = type, .cost_type = *cost_type, .day = DrawDay(random_, order.year)};
+    Position position(order, type, *cost_type, DrawDay(random_, order.year));
     Measure(position);
     if (order.district != nullptr) position.location = random_.Pick(order.district->locations);
-    if (type.Has(kTimber) && order.district != nullptr) WriteWithList(position);
-    else WriteWithNature(position);
+    if (type.Has(kTimber) && order.district != nullptr)
+      WriteWithList(client, position);
+    else
+      WriteWithNature(position);
   }
 
   const WorkType& DrawWorkType(const CodeSet& codes, const WorkOrder& order) {
@@ -62,7 +63,8 @@ class OwnPositionWriter {
   void Measure(Position& position) {
     position.area = position.type.Has(kArea) ? random_.Between(2, 50) : 0;
     position.quantity = random_.Between(10, 800) * 100;
-    position.unit_price = position.type.Has(kArea) ? random_.Between(8'000, 95'000) : random_.Between(80, 6'500);
+    position.unit_price =
+        position.type.Has(kArea) ? random_.Between(8'000, 95'000) : random_.Between(80, 6'500);
     position.euro = !random_.Chance(kOldCurrencyShare);
     if (position.type.Has(kHours)) position.hours = random_.Between(10, 600);
     if (position.type.Has(kMachine)) position.machine_hours = random_.Between(10, 300);
@@ -76,13 +78,13 @@ class OwnPositionWriter {
   }
 
   // Timber work takes its quantity from a measured list; a cancelled position keeps none.
-  void WriteWithList(Position& position) {
+  void WriteWithList(const Client& client, Position& position) {
     position.cancelled.reset();
     const int logs = random_.Between(6, 20);
     const ListOwner owner{0, position.work_order.id, enterprise_.last.position + 1};
-    const WrittenList list = timber_.Write({position.client, *position.work_order.district,
-                                            enterprise_.services.contractor, position.work_order.year, logs, false,
-                                            owner});
+    const WrittenList list =
+        timber_.Write({client, *position.work_order.district, enterprise_.services.contractor,
+                       position.work_order.year, logs, false, owner});
     position.quantity = list.volume;
     Total(position);
     const int id = positions_.Write(position);
@@ -100,12 +102,15 @@ class OwnPositionWriter {
   PositionWriter positions_{enterprise_};
   NaturalWriter natural_{enterprise_};
   TimberWriter timber_{enterprise_};
-  RowWriter list_areas_{enterprise_.connection, "NATURALVOLLZUG_LISTE", "AA_ID, ID_LISTENKOPF, LISTE, FLAECHE"};
+  RowWriter list_areas_{enterprise_.connection, "NATURALVOLLZUG_LISTE",
+                        "AA_ID, ID_LISTENKOPF, LISTE, FLAECHE"};
 };
 
 }  // namespace
 
-void BuildPositions(Enterprise& enterprise) { OwnPositionWriter(enterprise).Write(); }
+void BuildPositions(Enterprise& enterprise) {
+  OwnPositionWriter(enterprise).Write();
+}
 
 void BuildFreeLists(Enterprise& enterprise) {
   TimberWriter timber(enterprise);

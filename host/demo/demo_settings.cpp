@@ -12,19 +12,29 @@ struct NumberOption {
   std::string_view key;
   int value;
 };
-constexpr std::array kNumberOptions = {
-    NumberOption{"SA_VERFAHREN", 1},     {"ARAPERCENTSATZ", 0},   {"ARAUNTYPISCH", 0},       {"STANDARD_HSGR", 1},
-    {"STANDARD_HS", 1},                  {"STANDARD_HA", 1},      {"STANDARD_LEISTUNG", 1},  {"STANDARD_ROTTE", 2},
-    {"STANDARD_FORSTAMP", 41},           {"STANDARDMANDANTEN", 1}, {"LISTE_KUBATUR_MENGE", 1},
-};
+constexpr auto kNumberOptions = std::to_array<NumberOption>({
+    {"SA_VERFAHREN", 1},
+    {"ARAPERCENTSATZ", 0},
+    {"ARAUNTYPISCH", 0},
+    {"STANDARD_HSGR", 1},
+    {"STANDARD_HS", 1},
+    {"STANDARD_HA", 1},
+    {"STANDARD_LEISTUNG", 1},
+    {"STANDARD_ROTTE", 2},
+    {"STANDARD_FORSTAMP", 41},
+    {"STANDARDMANDANTEN", 1},
+    {"LISTE_KUBATUR_MENGE", 1},
+});
 
 struct WageTypeOption {
   std::string_view key;
   int number;
 };
-constexpr std::array kWageTypeOptions = {WageTypeOption{"ZL_AZ", kTimeWage}, {"ZL_MZ", kMotorHours},
-                                         {"ZL_WZ", kToolMoney},              {"EST_AZ", kEstPiecework},
-                                         {"STUCK_AZ", kOtherPiecework}};
+constexpr auto kWageTypeOptions = std::to_array<WageTypeOption>({{"ZL_AZ", kTimeWage},
+                                                                 {"ZL_MZ", kMotorHours},
+                                                                 {"ZL_WZ", kToolMoney},
+                                                                 {"EST_AZ", kEstPiecework},
+                                                                 {"STUCK_AZ", kOtherPiecework}});
 
 void WriteOptions(Connection& connection) {
   RowWriter numbers(connection, "OPTIONEN", "PROPERTY_ID, NUMBER_VALUE");
@@ -63,7 +73,8 @@ void BuildSettings(Enterprise& enterprise) {
   WriteTargetHours(connection);
   connection.Execute(
       "INSERT INTO MODELS (MODEL, STANDARD, NAME, RELATION) VALUES "
-      "('400,400,850,800,800,1100,1000,1100,1100,1000,800,800,800,800', 1, 'STANDARD', 'GRID_ARBEITSAUFTRAG')");
+      "('400,400,850,800,800,1100,1000,1100,1100,1000,800,800,800,800', 1, 'STANDARD', "
+      "'GRID_ARBEITSAUFTRAG')");
 }
 
 }  // namespace tarvoni::demo

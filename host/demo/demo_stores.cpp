@@ -18,15 +18,16 @@ struct Goods {
   int work_type;  // on which it is spent
   int cost_type;
 };
-constexpr std::array kGoods = {Goods{"Fichte 2/2, 30-50 cm", kPieces, 62, 2010, kPlants},
-                               {"Lärche 1/2, 50-80 cm", kPieces, 88, 2010, kPlants},
-                               {"Rotbuche 1/1, 30-50 cm", kPieces, 74, 2020, kPlants},
-                               {"Drahtgeflecht 1,60 m", kMetres, 245, 3020, kFenceMaterial},
-                               {"Zaunpflöcke Lärche 2,30 m", kPieces, 410, 3020, kFenceMaterial},
-                               {"Verbissschutz streichfähig", kKilograms, 595, 3010, kBrowsingProtection},
-                               {"Sägekettenöl biologisch", kLitres, 285, 2040, kSmallMaterial},
-                               {"Markierspray orange", kPieces, 465, 1090, kSmallMaterial},
-                               {"Betonrohr 40 cm", kMetres, 3'890, 4030, kRoadMaterial}};
+constexpr auto kGoods =
+    std::to_array<Goods>({{"Fichte 2/2, 30-50 cm", kPieces, 62, 2010, kPlants},
+                          {"Lärche 1/2, 50-80 cm", kPieces, 88, 2010, kPlants},
+                          {"Rotbuche 1/1, 30-50 cm", kPieces, 74, 2020, kPlants},
+                          {"Drahtgeflecht 1,60 m", kMetres, 245, 3020, kFenceMaterial},
+                          {"Zaunpflöcke Lärche 2,30 m", kPieces, 410, 3020, kFenceMaterial},
+                          {"Verbissschutz streichfähig", kKilograms, 595, 3010, kBrowsingProtection},
+                          {"Sägekettenöl biologisch", kLitres, 285, 2040, kSmallMaterial},
+                          {"Markierspray orange", kPieces, 465, 1090, kSmallMaterial},
+                          {"Betonrohr 40 cm", kMetres, 3'890, 4030, kRoadMaterial}});
 
 // Stores documents, the goods on them and what was taken out.
 class StoresWriter {
@@ -53,10 +54,10 @@ class StoresWriter {
     for (int i = 0; i < count; ++i) amount += WriteGoods(client, id, delivered);
     const int payee = random_.Pick(enterprise_.suppliers);
     const int invoice = random_.Between(100, 99'999);
-    documents_.Add(id, fmt::format("L{}-{:04}", client.number, id), client.id, AddDays(delivered, 3), codes.chapters[1],
-                   codes.titles[3], fmt::format("H{:06}", id), AddDays(delivered, 2), fmt::format("LR-{}", invoice),
-                   delivered, Decimal(amount, 2), true, codes.payment_kinds.front(), codes.payment_reasons.front(),
-                   payee);
+    documents_.Add(id, fmt::format("L{}-{:04}", client.number, id), client.id, AddDays(delivered, 3),
+                   codes.chapters[1], codes.titles[3], fmt::format("H{:06}", id), AddDays(delivered, 2),
+                   fmt::format("LR-{}", invoice), delivered, Decimal(amount, 2), true,
+                   codes.payment_kinds.front(), codes.payment_reasons.front(), payee);
   }
 
   // The cost of the goods in cents.
@@ -65,7 +66,8 @@ class StoresWriter {
     const int id = ++last_goods_;
     const int quantity = random_.Between(20, 1500);
     const std::int64_t cost = static_cast<std::int64_t>(quantity) * goods.price;
-    goods_.Add(id, document, Decimal(goods.price, 2), quantity, goods.unit, Decimal(cost, 2), true, goods.name);
+    goods_.Add(id, document, Decimal(goods.price, 2), quantity, goods.unit, Decimal(cost, 2), true,
+               goods.name);
     int left = quantity;
     const int withdrawals = random_.Between(0, 3);
     for (int i = 0; i < withdrawals && left > 0; ++i) left -= Withdraw(client, id, goods, delivered, left);
@@ -84,9 +86,9 @@ class StoresWriter {
     const bool cancelled = random_.Chance(8);
     const int slip = random_.Between(1, 9999);
     withdrawals_.Add(++enterprise_.last.position, "L", true, 0, day, position, fmt::format("E{:04}", slip),
-                     district.centre.id, order.id, type.id, type.methods.front(), codes.CostTypeId(goods.cost_type),
-                     location, taken, true, Decimal(goods.price, 2), type.unit, taken,
-                     Decimal(static_cast<std::int64_t>(taken) * goods.price, 2),
+                     district.centre.id, order.id, type.id, type.methods.front(),
+                     codes.CostTypeId(goods.cost_type), location, taken, true, Decimal(goods.price, 2),
+                     type.unit, taken, Decimal(static_cast<std::int64_t>(taken) * goods.price, 2),
                      cancelled ? std::optional(std::min(AddDays(day, 10), kToday)) : std::nullopt);
     return cancelled ? 0 : taken;
   }
@@ -95,21 +97,26 @@ class StoresWriter {
   Random& random_;
   int last_document_ = 0;
   int last_goods_ = 0;
-  RowWriter documents_{enterprise_.connection, "LAGER",
-                       "ID, NUMMER, PERSONAL_ID, BUCHUNGSDAT, KAPITEL_ID, TITEL_ID, HULNR, TAGANORD, RECHNUMER, "
-                       "RECHDATUM, RECHBERTRAG, RECHEURO, ZAHLUNGSART, ZAHLUNGSGRUND, ZAHLUNGSEMF",
-                       RowWriter::Keys::kGiven};
+  RowWriter documents_{
+      enterprise_.connection, "LAGER",
+      "ID, NUMMER, PERSONAL_ID, BUCHUNGSDAT, KAPITEL_ID, TITEL_ID, HULNR, TAGANORD, RECHNUMER, "
+      "RECHDATUM, RECHBERTRAG, RECHEURO, ZAHLUNGSART, ZAHLUNGSGRUND, ZAHLUNGSEMF",
+      RowWriter::Keys::kGiven};
   RowWriter goods_{enterprise_.connection, "LAGER_POS",
-                   "ID, LAGER_ID, KOSTENE, MENGE, EINH_ID, GESAMT, EURO, BEZEICHNUNG", RowWriter::Keys::kGiven};
-  RowWriter withdrawals_{enterprise_.connection, "ARBEITSAUFTRAG",
-                         "ID, QUELLE, EURO, ORDERS, DATUM_NR, ID_LAGER_POS, BELEGNUNMMER, KOSTENSTELLE_ID, "
-                         "ARBEITSAUFTRAG_KOPF_ID, LEISTUNGSART_ID, VERFAHREN_ID, KOSTENART_ID, WO_ID, MENGE, PRO_MENGE, "
-                         "KOSTEN, EINH_ID, LAGERMENGE, GESAMT, STORNODATUM",
-                         RowWriter::Keys::kGiven};
+                   "ID, LAGER_ID, KOSTENE, MENGE, EINH_ID, GESAMT, EURO, BEZEICHNUNG",
+                   RowWriter::Keys::kGiven};
+  RowWriter withdrawals_{
+      enterprise_.connection, "ARBEITSAUFTRAG",
+      "ID, QUELLE, EURO, ORDERS, DATUM_NR, ID_LAGER_POS, BELEGNUNMMER, KOSTENSTELLE_ID, "
+      "ARBEITSAUFTRAG_KOPF_ID, LEISTUNGSART_ID, VERFAHREN_ID, KOSTENART_ID, WO_ID, MENGE, PRO_MENGE, "
+      "KOSTEN, EINH_ID, LAGERMENGE, GESAMT, STORNODATUM",
+      RowWriter::Keys::kGiven};
 };
 
 }  // namespace
 
-void BuildStores(Enterprise& enterprise) { StoresWriter(enterprise).Write(); }
+void BuildStores(Enterprise& enterprise) {
+  StoresWriter(enterprise).Write();
+}
 
 }  // namespace tarvoni::demo

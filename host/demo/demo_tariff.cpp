@@ -16,8 +16,9 @@ constexpr int kFullScale = 100;
 struct Span {
   int from, to;
 };
-constexpr std::array kDiameters = {Span{7, 19}, {20, 24}, {25, 29}, {30, 39}, {40, 49}, {50, 120}};  // centimetres
-constexpr std::array kLengths = {Span{50, 499}, {500, 2500}};                                        // centimetres
+constexpr auto kDiameters =
+    std::to_array<Span>({{7, 19}, {20, 24}, {25, 29}, {30, 39}, {40, 49}, {50, 120}});  // centimetres
+constexpr auto kLengths = std::to_array<Span>({{50, 499}, {500, 2500}});                // centimetres
 
 std::optional<std::string_view> OrNull(std::string_view mark) {
   return mark == kNoMark ? std::nullopt : std::optional(mark);
@@ -29,7 +30,9 @@ int WagePerMetre(std::size_t species, std::size_t diameter, std::size_t length, 
   return base + (species >= 5 ? 12'500 : 0) + static_cast<int>(species) * 700 + marks * 1'300;
 }
 
-Decimal Metres(int centimetres) { return {centimetres, 2}; }
+Decimal Metres(int centimetres) {
+  return {centimetres, 2};
+}
 
 class TariffWriter {
  public:
@@ -69,10 +72,11 @@ class TariffWriter {
   }
 
   template <class Bound, class Length, class Pole, class Split>
-  void Add(std::string_view grade, std::string_view species, const Bound& from, const Bound& to, const Length& shortest,
-           const Length& longest, const Pole& pole, int wage, int solid, const Split& split, bool by_species) {
-    writer_.Add(grade, species, OrNull(marks_.est), marks_.bark, marks_.skidding, from, to, shortest, longest, pole,
-                Decimal(wage, 4), Decimal(wage * 3 / 10, 4), solid, split, true, by_species);
+  void Add(std::string_view grade, std::string_view species, const Bound& from, const Bound& to,
+           const Length& shortest, const Length& longest, const Pole& pole, int wage, int solid,
+           const Split& split, bool by_species) {
+    writer_.Add(grade, species, OrNull(marks_.est), marks_.bark, marks_.skidding, from, to, shortest, longest,
+                pole, Decimal(wage, 4), Decimal(wage * 3 / 10, 4), solid, split, true, by_species);
   }
 
   Connection& connection_;

@@ -12,27 +12,41 @@ struct Named {
   std::string_view code, name;
 };
 // In the order of Unit.
-constexpr std::array kUnits = {Named{"fm", "Festmeter"},    {"rm", "Raummeter"},   {"ha", "Hektar"},
-                               {"Stk", "Stück"},            {"lfm", "Laufmeter"},  {"Std", "Stunden"},
-                               {"kg", "Kilogramm"},         {"l", "Liter"},        {"km", "Kilometer"},
-                               {"m²", "Quadratmeter"},      {"psch", "pauschal"},  {"-", "ohne Einheit"}};
+constexpr auto kUnits = std::to_array<Named>({{"fm", "Festmeter"},
+                                              {"rm", "Raummeter"},
+                                              {"ha", "Hektar"},
+                                              {"Stk", "Stück"},
+                                              {"lfm", "Laufmeter"},
+                                              {"Std", "Stunden"},
+                                              {"kg", "Kilogramm"},
+                                              {"l", "Liter"},
+                                              {"km", "Kilometer"},
+                                              {"m²", "Quadratmeter"},
+                                              {"psch", "pauschal"},
+                                              {"-", "ohne Einheit"}});
 constexpr std::array<std::string_view, 5> kWageUnits = {"Stunden", "Stück", "Kilometer", "Tage", "Euro"};
-constexpr std::array kVatRates = {Named{"0", "steuerfrei"}, {"10", "10 % ermäßigt"}, {"13", "13 % Holz und Pflanzen"},
-                                  {"20", "20 % Normalsatz"}};
-constexpr std::array kSpecialFeatures = {Named{"00", "ohne Sondermerkmal"}, {"10", "Windwurf 2023"},
-                                         {"20", "Borkenkäfer"},             {"30", "Schutzwaldsanierung"},
-                                         {"40", "Förderprojekt"},           {"50", "Servitutsholz"}};
-constexpr std::array kInvoiceCategories = {Named{"1", "Holzverkauf"}, {"2", "Jagd und Fischerei"}, {"3", "Nebennutzung"},
-                                           {"9", "Sonstige Rechnung"}};
+constexpr auto kVatRates = std::to_array<Named>({{"0", "steuerfrei"},
+                                                 {"10", "10 % ermäßigt"},
+                                                 {"13", "13 % Holz und Pflanzen"},
+                                                 {"20", "20 % Normalsatz"}});
+constexpr auto kSpecialFeatures = std::to_array<Named>({{"00", "ohne Sondermerkmal"},
+                                                        {"10", "Windwurf 2023"},
+                                                        {"20", "Borkenkäfer"},
+                                                        {"30", "Schutzwaldsanierung"},
+                                                        {"40", "Förderprojekt"},
+                                                        {"50", "Servitutsholz"}});
+constexpr auto kInvoiceCategories = std::to_array<Named>(
+    {{"1", "Holzverkauf"}, {"2", "Jagd und Fischerei"}, {"3", "Nebennutzung"}, {"9", "Sonstige Rechnung"}});
 
 struct OrderCategory {
   std::string_view code, name;
   bool no_edit, central;
   int from, to;
 };
-constexpr std::array kOrderCategories = {OrderCategory{"1", "Eigenregie", false, false, 1, 3999},
-                                         {"2", "Unternehmereinsatz", false, false, 4000, 6999},
-                                         {"3", "Zentral vergebene Nummern", true, true, 7000, 7999}};
+constexpr auto kOrderCategories =
+    std::to_array<OrderCategory>({{"1", "Eigenregie", false, false, 1, 3999},
+                                  {"2", "Unternehmereinsatz", false, false, 4000, 6999},
+                                  {"3", "Zentral vergebene Nummern", true, true, 7000, 7999}});
 
 void WriteVatRates(Connection& connection) {
   RowWriter rates(connection, "MWST", "ID, SHORT, [LONG]", RowWriter::Keys::kGiven);
@@ -42,7 +56,8 @@ void WriteVatRates(Connection& connection) {
 }
 
 void WriteSpecialFeatures(Connection& connection) {
-  RowWriter features(connection, "SONDERMERKMAL", "ID, NUMMER, NAME, STANDART, DISABLE", RowWriter::Keys::kGiven);
+  RowWriter features(connection, "SONDERMERKMAL", "ID, NUMMER, NAME, STANDART, DISABLE",
+                     RowWriter::Keys::kGiven);
   int id = 0;
   for (const Named& feature : kSpecialFeatures) {
     ++id;
@@ -57,10 +72,12 @@ void WriteCategories(Connection& connection) {
     invoices.Add(category.code, category.name, &category == &kInvoiceCategories.front(), false);
   invoices.Finish();
   RowWriter orders(connection, "T_PA_KATEGORIE",
-                   "ID, NUMMER, [LONG], NOEDIT, ZENTRAL, PA_NUMMER_VON, PA_NUMMER_BIS", RowWriter::Keys::kGiven);
+                   "ID, NUMMER, [LONG], NOEDIT, ZENTRAL, PA_NUMMER_VON, PA_NUMMER_BIS",
+                   RowWriter::Keys::kGiven);
   int id = 0;
   for (const OrderCategory& category : kOrderCategories)
-    orders.Add(++id, category.code, category.name, category.no_edit, category.central, category.from, category.to);
+    orders.Add(++id, category.code, category.name, category.no_edit, category.central, category.from,
+               category.to);
   orders.Finish();
 }
 

@@ -31,23 +31,26 @@ class VoucherWriter {
     const int id = ++last_id_;
     const DateTime invoiced = AddDays(kFirstDay, random_.Between(20, kToday.Days() - kFirstDay.Days() - 20));
     const bool cancelled = random_.Chance(5);
-    const auto cancelled_on = cancelled ? std::optional(std::min(AddDays(invoiced, 40), kToday)) : std::nullopt;
+    const auto cancelled_on =
+        cancelled ? std::optional(std::min(AddDays(invoiced, 40), kToday)) : std::nullopt;
     const int positions = random_.Between(1, 3);
     std::int64_t amount = 0;
     for (int i = 0; i < positions; ++i) amount += WritePosition(client, id, invoiced, cancelled_on);
     WriteHead(client, id, invoiced, amount, cancelled);
   }
 
-  void WriteHead(const Client& client, int id, const DateTime& invoiced, std::int64_t amount, bool cancelled) {
+  void WriteHead(const Client& client, int id, const DateTime& invoiced, std::int64_t amount,
+                 bool cancelled) {
     const CodeSet& codes = enterprise_.CodesOf(client);
     const int title = random_.Pick(codes.titles);
     const int kind = random_.Pick(codes.payment_kinds);
     const int reason = random_.Pick(codes.payment_reasons);
     const int payee = random_.Pick(enterprise_.suppliers);
     const int invoice = random_.Between(100, 99'999);
-    rows_.Add(id, fmt::format("{}/{}/{:05}", client.number, invoiced.year, id), AddDays(invoiced, 5), codes.chapters[1],
-              title, fmt::format("H{:06}", id), AddDays(invoiced, 4), fmt::format("RE-{}", invoice), invoiced,
-              Decimal(amount, 2), true, kind, reason, payee, cancelled);
+    rows_.Add(id, fmt::format("{}/{}/{:05}", client.number, invoiced.year, id), AddDays(invoiced, 5),
+              codes.chapters[1], title, fmt::format("H{:06}", id), AddDays(invoiced, 4),
+              fmt::format("RE-{}", invoice), invoiced, Decimal(amount, 2), true, kind, reason, payee,
+              cancelled);
   }
 
   // The amount of the position in cents.
@@ -56,7 +59,7 @@ class VoucherWriter {
     WorkOrder& order = DrawWorkOrder(client, day.year);
     const CodeSet& codes = enterprise_.CodesOf(client);
     const auto [type, cost_type] = DrawTypes(codes, order);
-    Position position{.client = client, .work_order = order, .type = *type, .cost_type = *cost_type, .day = day};
+    Position position(order, *type, *cost_type, day);
     position.voucher = voucher;
     position.cancelled = cancelled;
     position.area = type->Has(kArea) ? random_.Between(2, 40) : 0;
@@ -92,14 +95,17 @@ class VoucherWriter {
   Random& random_;
   int last_id_ = 0;
   PositionWriter positions_{enterprise_};
-  RowWriter rows_{enterprise_.connection, "BELEGE",
-                  "ID, NUMMER, BUCHUNGSDAT, KAPITEL_ID, TITEL_ID, HULNR, TAGANORD, RECHNUMER, RECHDATUM, RECHBERTRAG, "
-                  "RECHEURO, ZAHLUNGSART, ZAHLUNGSGRUND, ZAHLUNGSEMF, STORNO",
-                  RowWriter::Keys::kGiven};
+  RowWriter rows_{
+      enterprise_.connection, "BELEGE",
+      "ID, NUMMER, BUCHUNGSDAT, KAPITEL_ID, TITEL_ID, HULNR, TAGANORD, RECHNUMER, RECHDATUM, RECHBERTRAG, "
+      "RECHEURO, ZAHLUNGSART, ZAHLUNGSGRUND, ZAHLUNGSEMF, STORNO",
+      RowWriter::Keys::kGiven};
 };
 
 }  // namespace
 
-void BuildVouchers(Enterprise& enterprise) { VoucherWriter(enterprise).Write(); }
+void BuildVouchers(Enterprise& enterprise) {
+  VoucherWriter(enterprise).Write();
+}
 
 }  // namespace tarvoni::demo

@@ -17,18 +17,21 @@ namespace tarvoni::demo {
 namespace {
 
 constexpr int kFirstYear = 2023;
-constexpr int kTimeWageShare = 60;     // percent of the orders
+constexpr int kTimeWageShare = 60;  // percent of the orders
 constexpr int kEstShare = 20;
-constexpr int kOverheadShare = 4;      // of the time-wage orders: without product order and forest location
+constexpr int kOverheadShare = 4;  // of the time-wage orders: without product order and forest location
 constexpr int kCancelledShare = 3;
-constexpr int kBigOrderLogs = 50;      // at scale 1
-constexpr int kBigOrderList = 250;     // logs in one list of the big order
+constexpr int kBigOrderLogs = 50;   // at scale 1
+constexpr int kBigOrderList = 250;  // logs in one list of the big order
 constexpr std::array kPieceworkTypes = {1060, 2010, 2020, 2050, 3010, 3020};
 
 enum class PayGroup { kTime = 1, kEst, kPiece };
 
 // An order while it is being made.
 struct Order {
+  Order(Client& of, const PlannedOrder& planned)
+      : client(of), team(of.teams[planned.team]), days(planned.days) {}
+
   Client& client;
   const Team& team;
   const std::vector<DateTime>& days;
@@ -58,7 +61,8 @@ class WageOrderWriter {
   void Write() {
     for (Client& client : enterprise_.clients) {
       for (std::size_t year = 0; year < client.orders_a_year.size(); ++year)
-        WriteYear(client, kFirstYear + static_cast<int>(year), client.orders_a_year[year] * enterprise_.scale);
+        WriteYear(client, kFirstYear + static_cast<int>(year),
+                  client.orders_a_year[year] * enterprise_.scale);
     }
     heads_.Finish();
     positions_.Finish();
@@ -72,7 +76,7 @@ class WageOrderWriter {
   void WriteYear(Client& client, int year, int orders) {
     int number = 0;
     for (const PlannedOrder& planned : PlanYear(random_, client, year, orders)) {
-      Order order{.client = client, .team = client.teams[planned.team], .days = planned.days};
+      Order order(client, planned);
       order.number = ++number;
       Choose(order, planned.team);
       WriteOrder(order);
@@ -109,7 +113,8 @@ class WageOrderWriter {
     while (true) {
       const WorkType& type = random_.Pick(codes.work_types);
       if (!type.Has(kHours) || type.Has(kRevenue) || type.number >= 5000) continue;
-      if (type.FitsCentre(CentreType::kDistrict) && type.Has(kEst) == (order.group == PayGroup::kEst)) return type;
+      if (type.FitsCentre(CentreType::kDistrict) && type.Has(kEst) == (order.group == PayGroup::kEst))
+        return type;
     }
   }
 
@@ -118,8 +123,10 @@ class WageOrderWriter {
     hours_.WriteDays(order.id, order.team, order.days, DirectWage(order.group), chainsaw);
     WriteHead(order, chainsaw);
     WritePosition(order);
-    if (order.type->Has(kTimber) && (order.group == PayGroup::kEst || random_.Chance(40))) WriteLists(order);
-    else if (!order.type->Has(kNoLines)) WriteLines(order);
+    if (order.type->Has(kTimber) && (order.group == PayGroup::kEst || random_.Chance(40)))
+      WriteLists(order);
+    else if (!order.type->Has(kNoLines))
+      WriteLines(order);
   }
 
   static int DirectWage(PayGroup group) {
@@ -140,12 +147,13 @@ class WageOrderWriter {
     const auto fwj = std::to_string(order.Year());
     const int machine_share = chainsaw && random_.Chance(30) ? 25 : 0;
     const bool described = random_.Chance(80);
-    const auto reason = piece ? std::optional(std::to_string(random_.Between(1, kWageReasons))) : std::nullopt;
+    const auto reason =
+        piece ? std::optional(std::to_string(random_.Between(1, kWageReasons))) : std::nullopt;
     const bool unusual = random_.Chance(5);
-    heads_.Add(order.id, fmt::format("{}{}{:04}", order.Centre().number, fwj, order.number), order.number, fwj,
-               order.client.id, machine_share, OrNull(est ? month.year : 0), OrNull(est ? month.month : 0),
-               described ? std::optional(Description(order)) : std::nullopt, Decimal(hours_.TakeWorth(), 2), reason,
-               order.team.gang, unusual, chainsaw);
+    heads_.Add(order.id, fmt::format("{}{}{:04}", order.Centre().number, fwj, order.number), order.number,
+               fwj, order.client.id, machine_share, OrNull(est ? month.year : 0),
+               OrNull(est ? month.month : 0), described ? std::optional(Description(order)) : std::nullopt,
+               Decimal(hours_.TakeWorth(), 2), reason, order.team.gang, unusual, chainsaw);
   }
 
   static std::string Description(const Order& order) {
@@ -157,8 +165,9 @@ class WageOrderWriter {
   void WritePosition(const Order& order) {
     const DateTime noticed = AddDays(order.days.back(), random_.Between(3, 25));
     const bool cancelled = random_.Chance(kCancelledShare);
-    positions_.Add(order.position, "A", order.days.front(), OrNull(order.work_order == nullptr ? 0 : order.work_order->id),
-                   order.id, order.Centre().id, order.type->id, Service(order), OrNull(order.location),
+    positions_.Add(order.position, "A", order.days.front(),
+                   OrNull(order.work_order == nullptr ? 0 : order.work_order->id), order.id,
+                   order.Centre().id, order.type->id, Service(order), OrNull(order.location),
                    cancelled ? std::optional(std::min(noticed, kToday)) : std::nullopt);
   }
 
@@ -189,12 +198,13 @@ class WageOrderWriter {
     const bool piece = order.group == PayGroup::kPiece;
     const bool species = order.district != nullptr && random_.Chance(70);
     const int species_id = random_.Pick(enterprise_.species);
-    const int area = random_.Between(2, 40);        // tenths of a hectare
+    const int area = random_.Between(2, 40);  // tenths of a hectare
     const int quantity = random_.Between(10, 1200);
-    const int minutes = random_.Between(20, 400);   // tenths of a minute
+    const int minutes = random_.Between(20, 400);  // tenths of a minute
     const int id = ++enterprise_.last.wage_line;
-    lines_.Add(id, order.id, OrNull(species ? species_id : 0), Decimal(area, 1), quantity, OrNull(piece ? quantity : 0),
-               OrNull(piece ? order.type->unit : 0), piece ? std::optional(Decimal(minutes, 1)) : std::nullopt,
+    lines_.Add(id, order.id, OrNull(species ? species_id : 0), Decimal(area, 1), quantity,
+               OrNull(piece ? quantity : 0), OrNull(piece ? order.type->unit : 0),
+               piece ? std::optional(Decimal(minutes, 1)) : std::nullopt,
                piece ? std::optional(Decimal(minutes * 3 / 10, 1)) : std::nullopt);
     if (order.type->Has(kNatural) && random_.Chance(80))
       natural_.WriteForLine(id, *order.type, *order.district, order.location);
@@ -208,14 +218,16 @@ class WageOrderWriter {
   HoursWriter hours_{enterprise_};
   NaturalWriter natural_{enterprise_};
   TimberWriter timber_{enterprise_};
-  RowWriter heads_{enterprise_.connection, "ARA_KOPF",
-                   "ID, NAME, NAME_NUMMER, NAME_FWJ, PERSONAL_ID, PROZENTSATZ_MZ, ABRECHNUNGSJAHR, ABRECHNUNGSMONAT, "
-                   "BESCHREIBUNG, GESAMNT, ID_LOHNGRUND, ID_RELTABLE_ROTTE, UNTYPISCH, WERKZEUGGELD",
-                   RowWriter::Keys::kGiven};
-  RowWriter positions_{enterprise_.connection, "ARBEITSAUFTRAG",
-                       "ID, QUELLE, DATUM_NR, ARBEITSAUFTRAG_KOPF_ID, ID_ARA_KOPF, KOSTENSTELLE_ID, LEISTUNGSART_ID, "
-                       "LEISTUNG, WO_ID, STORNODATUM",
-                       RowWriter::Keys::kGiven};
+  RowWriter heads_{
+      enterprise_.connection, "ARA_KOPF",
+      "ID, NAME, NAME_NUMMER, NAME_FWJ, PERSONAL_ID, PROZENTSATZ_MZ, ABRECHNUNGSJAHR, ABRECHNUNGSMONAT, "
+      "BESCHREIBUNG, GESAMNT, ID_LOHNGRUND, ID_RELTABLE_ROTTE, UNTYPISCH, WERKZEUGGELD",
+      RowWriter::Keys::kGiven};
+  RowWriter positions_{
+      enterprise_.connection, "ARBEITSAUFTRAG",
+      "ID, QUELLE, DATUM_NR, ARBEITSAUFTRAG_KOPF_ID, ID_ARA_KOPF, KOSTENSTELLE_ID, LEISTUNGSART_ID, "
+      "LEISTUNG, WO_ID, STORNODATUM",
+      RowWriter::Keys::kGiven};
   RowWriter lines_{enterprise_.connection, "ARA_LOHN",
                    "ID, ID_ARA_KOPF, ID_HOLZART, FLACHE, MENGEKLR, MENGELOHN, ID_WARENEINHEITLOHN, AZ, MZ",
                    RowWriter::Keys::kGiven};

@@ -41,11 +41,14 @@ std::vector<DatedRate> RisingRates(int first) {
   constexpr std::int64_t kCent = 100;
   std::vector<DatedRate> rates;
   for (const Agreement& agreement : kAgreements)
-    rates.push_back({agreement.from, static_cast<std::int64_t>(first) * agreement.percent / 100 / kCent * kCent});
+    rates.push_back(
+        {agreement.from, static_cast<std::int64_t>(first) * agreement.percent / 100 / kCent * kCent});
   return rates;
 }
 
-std::string WageGroupName(int index) { return fmt::format("LG {}", index + 1); }
+std::string WageGroupName(int index) {
+  return fmt::format("LG {}", index + 1);
+}
 
 void BuildWageScales(Enterprise& enterprise) {
   WriteWageGroups(enterprise);

@@ -19,13 +19,18 @@ struct ProductPlace {
   int product;  // number
   CentreType centre;
 };
-constexpr std::array kProductPlaces = {
-    ProductPlace{kHarvest, CentreType::kDistrict}, {kSilviculture, CentreType::kDistrict},
-    {30, CentreType::kDistrict},                   {40, CentreType::kDistrict},
-    {50, CentreType::kHunting},                    {60, CentreType::kNursery},
-    {70, CentreType::kDistrict},                   {kMachineOperation, CentreType::kMachineYard},
-    {kAdministrationProduct, CentreType::kAdministration}};
-constexpr std::array<std::string_view, 3> kCentralGroups = {"Lehrlingsausbildung", "Betriebsrat", "Waldpädagogik"};
+constexpr auto kProductPlaces =
+    std::to_array<ProductPlace>({{kHarvest, CentreType::kDistrict},
+                                 {kSilviculture, CentreType::kDistrict},
+                                 {30, CentreType::kDistrict},
+                                 {40, CentreType::kDistrict},
+                                 {50, CentreType::kHunting},
+                                 {60, CentreType::kNursery},
+                                 {70, CentreType::kDistrict},
+                                 {kMachineOperation, CentreType::kMachineYard},
+                                 {kAdministrationProduct, CentreType::kAdministration}});
+constexpr std::array<std::string_view, 3> kCentralGroups = {"Lehrlingsausbildung", "Betriebsrat",
+                                                            "Waldpädagogik"};
 
 std::size_t ProductIndex(int number) {
   std::size_t index = 0;
@@ -35,15 +40,17 @@ std::size_t ProductIndex(int number) {
 
 // Groups by product, and some whose number is the number of their work order.
 void WriteGroups(Enterprise& enterprise) {
-  RowWriter writer(enterprise.connection, "PA_GRUPPE",
-                   "ID, BEZEICHNUNG, FWJ, ID_PERSONAL, ID_PRODUKT, ID_T_PA_KATEGORIE, PA_NUMMER, BESCHREIBUNG, STANDART",
-                   RowWriter::Keys::kGiven);
+  RowWriter writer(
+      enterprise.connection, "PA_GRUPPE",
+      "ID, BEZEICHNUNG, FWJ, ID_PERSONAL, ID_PRODUKT, ID_T_PA_KATEGORIE, PA_NUMMER, BESCHREIBUNG, STANDART",
+      RowWriter::Keys::kGiven);
   for (const Client& client : enterprise.clients) {
     int id = client.id * kGroupsOfClient;
     const auto& products = enterprise.CodesOf(client).products;
     for (std::size_t i = 0; i < kProducts.size(); ++i)
-      writer.Add(++id, kProducts[i].name.substr(0, kProducts[i].name.find(' ')), "2023", client.id, products[i],
-                 kOwnWorkCategory, Null{}, fmt::format("Alle Aufträge: {}", kProducts[i].name), i == 0);
+      writer.Add(++id, kProducts[i].name.substr(0, kProducts[i].name.find(' ')), "2023", client.id,
+                 products[i], kOwnWorkCategory, Null{}, fmt::format("Alle Aufträge: {}", kProducts[i].name),
+                 i == 0);
     int number = 7000;
     for (const auto name : kCentralGroups)
       writer.Add(++id, name, "2023", client.id, products.back(), kCentralCategory, ++number, Null{}, false);
@@ -58,7 +65,8 @@ class WorkOrderWriter {
   void Write() {
     for (Client& client : enterprise_.clients) {
       for (const int year : kYears) {
-        for (const District& district : client.districts) WriteCentre(client, year, district.centre, &district);
+        for (const District& district : client.districts)
+          WriteCentre(client, year, district.centre, &district);
         for (const CentreType type : {CentreType::kHunting, CentreType::kNursery, CentreType::kMachineYard,
                                       CentreType::kAdministration})
           WriteCentre(client, year, client.Centre(type), nullptr);
@@ -78,8 +86,8 @@ class WorkOrderWriter {
     }
   }
 
-  void WriteOrder(Client& client, int year, const CostCentre& centre, const District* district, int product_number,
-                  int number) {
+  void WriteOrder(Client& client, int year, const CostCentre& centre, const District* district,
+                  int product_number, int number) {
     const auto product = ProductIndex(product_number);
     const int product_id = enterprise_.CodesOf(client).products[product];
     Random& random = enterprise_.random;
@@ -96,10 +104,11 @@ class WorkOrderWriter {
   }
 
   Enterprise& enterprise_;
-  RowWriter writer_{enterprise_.connection, "ARBEITSAUFTRAG_KOPF",
-                    "ID, NAME, PERSONAL_ID, NAME_FWJ, NAME_REVIER, NAME_NUMMER, ID_SONDERMERKMAL, PRODUKT_ID, "
-                    "ID_PA_GRUPPE, DATUM, BESCHREIBUNG, FORSTAMT, FWJ, ABGENSCHLOSEN",
-                    RowWriter::Keys::kGiven};
+  RowWriter writer_{
+      enterprise_.connection, "ARBEITSAUFTRAG_KOPF",
+      "ID, NAME, PERSONAL_ID, NAME_FWJ, NAME_REVIER, NAME_NUMMER, ID_SONDERMERKMAL, PRODUKT_ID, "
+      "ID_PA_GRUPPE, DATUM, BESCHREIBUNG, FORSTAMT, FWJ, ABGENSCHLOSEN",
+      RowWriter::Keys::kGiven};
 };
 
 }  // namespace

@@ -22,7 +22,8 @@ std::vector<std::string_view> Split(std::string_view list) {
 }
 
 ExecutionMark MarkOf(std::string_view code) {
-  const auto row = std::find_if(kMarks.begin(), kMarks.end(), [&](const MarkRow& m) { return m.code == code; });
+  const auto row =
+      std::find_if(kMarks.begin(), kMarks.end(), [&](const MarkRow& m) { return m.code == code; });
   return {static_cast<int>(row - kMarks.begin()) + 1, row->stand_type, row->origin, row->pruning, row->fence};
 }
 
@@ -45,7 +46,8 @@ class WorkTypeWriter {
 
  private:
   void WriteProducts() {
-    RowWriter products(connection_, "PRODUKT", "ID, NUMBER, NAME, TABLE_NAME, DISABLE", RowWriter::Keys::kGiven);
+    RowWriter products(connection_, "PRODUKT", "ID, NUMBER, NAME, TABLE_NAME, DISABLE",
+                       RowWriter::Keys::kGiven);
     for (const ProductRow& product : kProducts) {
       codes_.products.push_back(base_ + static_cast<int>(codes_.products.size()) + 1);
       products.Add(codes_.products.back(), product.number, product.name, codes_.name, false);
@@ -54,8 +56,9 @@ class WorkTypeWriter {
   }
 
   int ProductOf(const WorkTypeRow& row) const {
-    const auto product = std::find_if(kProducts.begin(), kProducts.end(),
-                                      [&](const ProductRow& p) { return p.number == row.number / 1000 * 10; });
+    const auto product = std::find_if(kProducts.begin(), kProducts.end(), [&](const ProductRow& p) {
+      return p.number == row.number / 1000 * 10;
+    });
     return codes_.products[static_cast<std::size_t>(product - kProducts.begin())];
   }
 
@@ -71,8 +74,8 @@ class WorkTypeWriter {
                   .marks = {}};
     work_types_.Add(type.id, type.number, type.name, codes_.name, false, type.product, type.unit,
                     type.Has(kTimber) ? std::optional("S") : std::nullopt, type.Has(kEst), type.Has(kArea),
-                    type.Has(kHours), type.Has(kMachine), type.Has(kCost), type.Has(kRevenue), type.Has(kTimber),
-                    type.Has(kNatural), type.Has(kNoLines));
+                    type.Has(kHours), type.Has(kMachine), type.Has(kCost), type.Has(kRevenue),
+                    type.Has(kTimber), type.Has(kNatural), type.Has(kNoLines));
     WriteMethods(row, type);
     WriteLinks(row, type);
     codes_.work_types.push_back(std::move(type));
@@ -81,14 +84,15 @@ class WorkTypeWriter {
   void WriteMethods(const WorkTypeRow& row, WorkType& type) {
     for (const auto name : Split(row.methods)) {
       type.methods.push_back(base_ + ++last_method_);
-      methods_.Add(type.methods.back(), type.number * 10 + static_cast<int>(type.methods.size()), name, codes_.name,
-                   false, type.id);
+      methods_.Add(type.methods.back(), type.number * 10 + static_cast<int>(type.methods.size()), name,
+                   codes_.name, false, type.id);
     }
   }
 
   void WriteLinks(const WorkTypeRow& row, WorkType& type) {
     for (int centre = 1; centre <= static_cast<int>(CentreType::kBuildings); ++centre) {
-      if (type.FitsCentre(static_cast<CentreType>(centre))) Link("LEISTUNGSART.KOSTENSTELLE_TYP", type.id, centre);
+      if (type.FitsCentre(static_cast<CentreType>(centre)))
+        Link("LEISTUNGSART.KOSTENSTELLE_TYP", type.id, centre);
     }
     for (const auto code : Split(row.marks)) {
       type.marks.push_back(MarkOf(code));
@@ -102,10 +106,11 @@ class WorkTypeWriter {
   CodeSet& codes_;
   int base_;
   int last_method_ = 0;
-  RowWriter work_types_{connection_, "LEISTUNGSART",
-                        "ID, NUMBER, NAME, TABLE_NAME, DISABLE, PRODUKT_ID, MENGENEINHEIT, HSGR, EST, FLACHE, STUNDEN, "
-                        "MAS, KOSTEN, ERLOSE, ALLOW_HOLZ, NV_KLR, ZL_HAB",
-                        RowWriter::Keys::kGiven};
+  RowWriter work_types_{
+      connection_, "LEISTUNGSART",
+      "ID, NUMBER, NAME, TABLE_NAME, DISABLE, PRODUKT_ID, MENGENEINHEIT, HSGR, EST, FLACHE, STUNDEN, "
+      "MAS, KOSTEN, ERLOSE, ALLOW_HOLZ, NV_KLR, ZL_HAB",
+      RowWriter::Keys::kGiven};
   RowWriter methods_{connection_, "VERFAHREN", "ID, NUMBER, NAME, TABLE_NAME, DISABLE, ID_LEISTUNGSART",
                      RowWriter::Keys::kGiven};
   RowWriter links_{connection_, "ONETOMANY", "RELATION, ID_MASTER, ID_SLAVE"};

@@ -13,12 +13,12 @@
 namespace tarvoni::demo {
 namespace {
 
-constexpr int kFirstWorker = 1001;      // PERSONAL.ID_PERSONAL
-constexpr int kNumberOffset = 9000;     // from the id to the personnel number
-constexpr int kFirstGang = 1001;        // RELTABLE.ID
-constexpr int kMostGangs = 240;         // of a client: their codes have three digits
+constexpr int kFirstWorker = 1001;   // PERSONAL.ID_PERSONAL
+constexpr int kNumberOffset = 9000;  // from the id to the personnel number
+constexpr int kFirstGang = 1001;     // RELTABLE.ID
+constexpr int kMostGangs = 240;      // of a client: their codes have three digits
 constexpr int kWorkersPerTeam = 3;
-constexpr int kOrdersPerTeam = 25;      // in the year that has just begun
+constexpr int kOrdersPerTeam = 25;  // in the year that has just begun
 constexpr DateTime kEntry{2022, 1, 1};
 
 // What a worker is paid by, day by day.
@@ -49,8 +49,8 @@ class WorkerWriter {
       Team team{next_gang_ + i % gangs, {}};
       const std::string leader = WriteWorkers(client, team);
       if (i < gangs)
-        gangs_.Add(team.gang, kGangList, team.gang - kFirstGang + 1, fmt::format("{:03}", team.gang - kFirstGang + 1),
-                   fmt::format("Rotte {}", leader), false);
+        gangs_.Add(team.gang, kGangList, team.gang - kFirstGang + 1,
+                   fmt::format("{:03}", team.gang - kFirstGang + 1), fmt::format("Rotte {}", leader), false);
       client.teams.push_back(std::move(team));
     }
     next_gang_ += gangs;
@@ -71,7 +71,8 @@ class WorkerWriter {
   void WriteWorker(const Client& client, const std::string& surname) {
     const Attributes attributes = DrawAttributes();
     const bool woman = random_.Chance(10);
-    WritePerson(client, surname, std::string(woman ? random_.Pick(kWomen) : random_.Pick(kMen)), woman, attributes);
+    WritePerson(client, surname, std::string(woman ? random_.Pick(kWomen) : random_.Pick(kMen)), woman,
+                attributes);
     for (const auto& [column, values] : {std::pair{"PERSONAL.ENTGELDGRUPPE", &attributes.pay_group},
                                          {"PERSONAL.ENTWSTUFFE", &attributes.stage},
                                          {"PERSONAL.DLS", &attributes.personal_factor}}) {
@@ -83,11 +84,11 @@ class WorkerWriter {
         {last_id_, client.id - 1, attributes.wage_group, attributes.personal_factor});
   }
 
-  void WritePerson(const Client& client, const std::string& surname, const std::string& first_name, bool woman,
-                   const Attributes& attributes) {
+  void WritePerson(const Client& client, const std::string& surname, const std::string& first_name,
+                   bool woman, const Attributes& attributes) {
     ++last_id_;
-    persons_.Add(last_id_, last_id_ + kNumberOffset, surname + ' ' + first_name, woman ? "Frau" : "Herr", first_name,
-                 surname, false, client.id, true, false,
+    persons_.Add(last_id_, last_id_ + kNumberOffset, surname + ' ' + first_name, woman ? "Frau" : "Herr",
+                 first_name, surname, false, client.id, true, false,
                  WageGroupName(static_cast<int>(attributes.wage_group.back().rate)),
                  Decimal(attributes.pay_group.back().rate, 4), Decimal(attributes.stage.back().rate, 4),
                  Decimal(attributes.personal_factor.back().rate, 4));
@@ -98,8 +99,8 @@ class WorkerWriter {
     ++last_id_;
     const std::string surname(random_.Pick(kSurnames));
     const std::string first_name(random_.Pick(kMen));
-    persons_.Add(last_id_, last_id_ + kNumberOffset, surname + ' ' + first_name, "Ing.", first_name, surname, false,
-                 client.id, false, false, Null{}, Null{}, Null{}, Null{});
+    persons_.Add(last_id_, last_id_ + kNumberOffset, surname + ' ' + first_name, "Ing.", first_name, surname,
+                 false, client.id, false, false, Null{}, Null{}, Null{}, Null{});
   }
 
   Attributes DrawAttributes() {
@@ -110,8 +111,8 @@ class WorkerWriter {
     if (random_.Chance(20)) drawn.wage_group.push_back({{2024, 2, 1}, group + 1});
     drawn.pay_group = {{kEntry, random_.Between(kFirstPayGroup, kLastPayGroup) * 10'000}};
     drawn.stage = {{kEntry, stage * 10'000}};
-    if (random_.Chance(40)) drawn.stage.push_back({{2023 + random_.Between(0, 1), random_.Between(1, 4), 1},
-                                                   (stage + 1) * 10'000});
+    if (random_.Chance(40))
+      drawn.stage.push_back({{2023 + random_.Between(0, 1), random_.Between(1, 4), 1}, (stage + 1) * 10'000});
     drawn.personal_factor = {{kEntry, random_.Between(88, 112) * 100}};
     if (random_.Chance(25)) drawn.personal_factor.push_back({{2024, 1, 15}, random_.Between(90, 118) * 100});
     return drawn;
@@ -133,6 +134,8 @@ class WorkerWriter {
 
 }  // namespace
 
-void BuildWorkers(Enterprise& enterprise) { WorkerWriter(enterprise).Write(); }
+void BuildWorkers(Enterprise& enterprise) {
+  WorkerWriter(enterprise).Write();
+}
 
 }  // namespace tarvoni::demo

@@ -15,11 +15,17 @@ const auto& FindRow(const Rows& rows, Key key, Member member) {
 
 }  // namespace
 
-int CodeSet::CostTypeId(int number) const { return FindRow(cost_types, number, &CostType::number).id; }
+int CodeSet::CostTypeId(int number) const {
+  return FindRow(cost_types, number, &CostType::number).id;
+}
 
-const WorkType& CodeSet::WorkTypeOf(int number) const { return FindRow(work_types, number, &WorkType::number); }
+const WorkType& CodeSet::WorkTypeOf(int number) const {
+  return FindRow(work_types, number, &WorkType::number);
+}
 
-const CostCentre& Client::Centre(CentreType type) const { return FindRow(centres, type, &CostCentre::type); }
+const CostCentre& Client::Centre(CentreType type) const {
+  return FindRow(centres, type, &CostCentre::type);
+}
 
 const WageType& Enterprise::WageTypeOf(int number) const {
   return FindRow(wage_types, number, &WageType::number);
@@ -28,7 +34,8 @@ const WageType& Enterprise::WageTypeOf(int number) const {
 std::vector<WorkOrder*> Client::WorkOrdersFor(int year, int product, const CostCentre& centre) {
   std::vector<WorkOrder*> found;
   for (WorkOrder& order : work_orders) {
-    if (order.year == year && order.product == product && order.centre.id == centre.id) found.push_back(&order);
+    if (order.year == year && order.product == product && order.centre.id == centre.id)
+      found.push_back(&order);
   }
   return found;
 }
@@ -41,7 +48,8 @@ std::int64_t RateOn(const std::vector<DatedRate>& rates, const DateTime& day) {
   return rate;
 }
 
-std::int64_t HourRate(const Enterprise& enterprise, const WageType& type, const Worker& worker, const DateTime& day) {
+std::int64_t HourRate(const Enterprise& enterprise, const WageType& type, const Worker& worker,
+                      const DateTime& day) {
   constexpr std::int64_t kOne = 10'000;
   constexpr std::int64_t kProductsInCent = 1'000'000;
   std::int64_t factor = kOne;

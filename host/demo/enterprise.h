@@ -33,14 +33,14 @@ struct District {
 enum WorkFlag : unsigned {
   kEst = 1U << 0,
   kArea = 1U << 1,
-  kTimber = 1U << 2,     // ALLOW_HOLZ
-  kNatural = 1U << 3,    // NV_KLR
-  kNoLines = 1U << 4,    // ZL_HAB
+  kTimber = 1U << 2,   // ALLOW_HOLZ
+  kNatural = 1U << 3,  // NV_KLR
+  kNoLines = 1U << 4,  // ZL_HAB
   kCost = 1U << 5,
   kRevenue = 1U << 6,
   kHours = 1U << 7,
-  kMachine = 1U << 8,    // MAS
-  kChainsaw = 1U << 9,   // no column: the workers book motor hours and tool money
+  kMachine = 1U << 8,   // MAS
+  kChainsaw = 1U << 9,  // no column: the workers book motor hours and tool money
 };
 
 struct ExecutionMark {
@@ -83,7 +83,7 @@ struct CodeSet {
 
 // A gang with the workers who go out together.
 struct Team {
-  int gang = 0;  // RELTABLE.ID
+  int gang = 0;              // RELTABLE.ID
   std::vector<int> workers;  // indexes into Enterprise::workers
 };
 
@@ -128,7 +128,7 @@ struct DatedRate {
 
 struct Worker {
   int id = 0;
-  int client = 0;  // index into Enterprise::clients
+  int client = 0;                     // index into Enterprise::clients
   std::vector<DatedRate> wage_group;  // indexes into Enterprise::wage_groups
   std::vector<DatedRate> personal_factor;
 };
@@ -158,8 +158,10 @@ struct NatureCodes {
 };
 
 struct Enterprise {
+  Enterprise(Connection& to, int of_scale) : connection(to), scale(of_scale) {}
+
   Connection& connection;
-  int scale = 1;
+  int scale;
   Random random{20240412};
   std::array<CodeSet, 2> code_sets;
   std::vector<Client> clients;
@@ -181,6 +183,7 @@ struct Enterprise {
 std::int64_t RateOn(const std::vector<DatedRate>& rates, const DateTime& day);
 
 // What an hour or unit of a wage type is worth to a worker on a day, in cents.
-std::int64_t HourRate(const Enterprise& enterprise, const WageType& type, const Worker& worker, const DateTime& day);
+std::int64_t HourRate(const Enterprise& enterprise, const WageType& type, const Worker& worker,
+                      const DateTime& day);
 
 }  // namespace tarvoni::demo

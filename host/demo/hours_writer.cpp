@@ -4,7 +4,8 @@
 
 namespace tarvoni::demo {
 
-void HoursWriter::Add(int order, const Worker& worker, const DateTime& day, const WageType& type, int quantity) {
+void HoursWriter::Add(int order, const Worker& worker, const DateTime& day, const WageType& type,
+                      int quantity) {
   const Month month = MonthOf(day);
   rows_.Add(order, worker.id, type.id, month.First(), day, AddMonths(month, type.payment_shift).First(),
             Decimal(quantity, 2));

@@ -14,13 +14,15 @@ class HoursWriter {
   explicit HoursWriter(Enterprise& enterprise) : enterprise_(enterprise) {}
 
   // A team's hours for the days on an order: the direct wage, and what goes with the work.
-  void WriteDays(int order, const Team& team, const std::vector<DateTime>& days, int direct_wage, bool chainsaw);
+  void WriteDays(int order, const Team& team, const std::vector<DateTime>& days, int direct_wage,
+                 bool chainsaw);
   // What the hours since the last call are worth, in cents.
   std::int64_t TakeWorth();
   void Finish() { rows_.Finish(); }
 
  private:
-  void WriteDay(int order, const Worker& worker, const DateTime& day, const WageType& direct_wage, bool chainsaw);
+  void WriteDay(int order, const Worker& worker, const DateTime& day, const WageType& direct_wage,
+                bool chainsaw);
   // `quantity`: hours or units, in hundredths.
   void Add(int order, const Worker& worker, const DateTime& day, const WageType& type, int quantity);
 
@@ -31,8 +33,9 @@ class HoursWriter {
   const WageType& overtime_ = enterprise_.WageTypeOf(kOvertime);
   const WageType& dirt_ = enterprise_.WageTypeOf(kDirtAllowance);
   const WageType& kilometres_ = enterprise_.WageTypeOf(kTravelKilometres);
-  RowWriter rows_{enterprise_.connection, "ARA_STUNDEN",
-                  "ID_ARA_KOPF, ID_PERSONAL, ID_LOHNARTEN, BEARBEITUNG, VERLOHNUNG, AUSZAHLUNGSMONAT, STUNDEN"};
+  RowWriter rows_{
+      enterprise_.connection, "ARA_STUNDEN",
+      "ID_ARA_KOPF, ID_PERSONAL, ID_LOHNARTEN, BEARBEITUNG, VERLOHNUNG, AUSZAHLUNGSMONAT, STUNDEN"};
 };
 
 }  // namespace tarvoni::demo

@@ -6,8 +6,8 @@
 namespace tarvoni::demo {
 namespace {
 
-constexpr std::array<std::string_view, 4> kOriginNotes = {"Eigener Forstgarten", "Saatgutplantage", "Naturverjüngung",
-                                                          "Zukauf Baumschule"};
+constexpr std::array<std::string_view, 4> kOriginNotes = {"Eigener Forstgarten", "Saatgutplantage",
+                                                          "Naturverjüngung", "Zukauf Baumschule"};
 
 }  // namespace
 
@@ -15,15 +15,19 @@ void NaturalWriter::WriteForLine(int line, const WorkType& type, const District&
   Write(line, 0, type, district, location);
 }
 
-void NaturalWriter::WriteForPosition(int position, const WorkType& type, const District& district, int location) {
+void NaturalWriter::WriteForPosition(int position, const WorkType& type, const District& district,
+                                     int location) {
   Write(0, position, type, district, location);
 }
 
-void NaturalWriter::Write(int line, int position, const WorkType& type, const District& district, int location) {
+void NaturalWriter::Write(int line, int position, const WorkType& type, const District& district,
+                          int location) {
   Random& random = enterprise_.random;
   const NatureCodes& codes = enterprise_.nature;
   const ExecutionMark& mark = random.Pick(type.marks);
-  const auto drawn = [&random](bool wanted, int count) { return wanted ? OrNull(random.Between(1, count)) : OrNull(0); };
+  const auto drawn = [&random](bool wanted, int count) {
+    return wanted ? OrNull(random.Between(1, count)) : OrNull(0);
+  };
   const auto stand_type = drawn(mark.stand_type, codes.stand_types);
   const auto state = drawn(mark.origin, codes.states);
   const auto office = drawn(mark.origin, 9);
@@ -32,8 +36,8 @@ void NaturalWriter::Write(int line, int position, const WorkType& type, const Di
   const auto category = drawn(mark.origin, codes.categories);
   const auto note = mark.origin ? std::optional(random.Pick(kOriginNotes)) : std::nullopt;
   const auto height = drawn(mark.pruning, 6);
-  rows_.Add(++enterprise_.last.natural, OrNull(line), OrNull(position), mark.id, stand_type, state, office, origin,
-            number, category, note, height, mark.fence);
+  rows_.Add(++enterprise_.last.natural, OrNull(line), OrNull(position), mark.id, stand_type, state, office,
+            origin, number, category, note, height, mark.fence);
   WriteLocations(enterprise_.last.natural, district, location);
 }
 
@@ -44,7 +48,8 @@ void NaturalWriter::WriteLocations(int id, const District& district, int locatio
     locations_.Add(id, location);
     return;
   }
-  const auto first = static_cast<std::size_t>(random.Between(0, static_cast<int>(district.stands.size()) - 2));
+  const auto first =
+      static_cast<std::size_t>(random.Between(0, static_cast<int>(district.stands.size()) - 2));
   locations_.Add(id, district.stands[first]);
   locations_.Add(id, district.stands[first + 1]);
 }

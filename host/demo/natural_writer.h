@@ -24,7 +24,8 @@ class NaturalWriter {
                   "ID, ID_ARA_LOHN, ID_ARBEITSAUFTRAG, ID_VM, ID_BZT, ID_T_BUNDESLAND, LANDESSTELLE, "
                   "ID_T_BAUM_HERK_GEB, LFDNUMMER, ID_T_HERK_KATEGORIE, HERK, ASTH, ZAUNBAU",
                   RowWriter::Keys::kGiven};
-  RowWriter locations_{enterprise_.connection, "NATURALVOLLZUG_KLR_WALDORT", "ID_NATURALVOLLZUG_KLR, ID_WALDORT"};
+  RowWriter locations_{enterprise_.connection, "NATURALVOLLZUG_KLR_WALDORT",
+                       "ID_NATURALVOLLZUG_KLR, ID_WALDORT"};
 };
 
 }  // namespace tarvoni::demo

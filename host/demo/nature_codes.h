@@ -12,8 +12,8 @@ struct MarkRow {
   std::string_view code, name;
   bool stand_type, origin, pruning, fence, disabled;
 };
-inline constexpr std::array kMarks = {
-    MarkRow{"AF", "Aufforstung", true, true, false, false, false},
+inline constexpr auto kMarks = std::to_array<MarkRow>({
+    {"AF", "Aufforstung", true, true, false, false, false},
     {"NB", "Nachbesserung", true, true, false, false, false},
     {"KP", "Kulturpflege", true, false, false, false, false},
     {"DP", "Dickungspflege", true, false, false, false, false},
@@ -26,6 +26,6 @@ inline constexpr std::array kMarks = {
     {"EN", "Endnutzung", false, false, false, false, false},
     {"SH", "Schadholznutzung", false, false, false, false, false},
     {"VA", "Voranbau (alter Schlüssel)", true, true, false, false, true},
-};
+});
 
 }  // namespace tarvoni::demo

@@ -50,13 +50,13 @@ int PositionWriter::Write(const Position& position) {
   const bool revenue = position.cost_type.revenue;
   const Decimal amount(position.amount, 2);
   const Decimal nothing(0, 2);
-  rows_.Add(id, ++position.work_order.positions, position.day, position.work_order.id, OrNull(position.voucher),
-            position.work_order.centre.id, OrNull(position.object), position.type.id,
-            enterprise_.random.Pick(position.type.methods), position.cost_type.id, 1, OrNull(position.location),
-            Decimal(position.area, 1), Decimal(position.quantity, 2), !position.type.Has(kArea), position.type.unit,
-            Decimal(position.unit_price, 2), revenue ? nothing : amount, revenue ? amount : nothing, position.euro,
-            OrNull(position.vat), PositiveOrNull(position.hours, 1), PositiveOrNull(position.machine_hours, 1),
-            position.cancelled);
+  rows_.Add(id, ++position.work_order.positions, position.day, position.work_order.id,
+            OrNull(position.voucher), position.work_order.centre.id, OrNull(position.object),
+            position.type.id, enterprise_.random.Pick(position.type.methods), position.cost_type.id, 1,
+            OrNull(position.location), Decimal(position.area, 1), Decimal(position.quantity, 2),
+            !position.type.Has(kArea), position.type.unit, Decimal(position.unit_price, 2),
+            revenue ? nothing : amount, revenue ? amount : nothing, position.euro, OrNull(position.vat),
+            PositiveOrNull(position.hours, 1), PositiveOrNull(position.machine_hours, 1), position.cancelled);
   return id;
 }
 

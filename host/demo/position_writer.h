@@ -10,7 +10,9 @@ namespace tarvoni::demo {
 
 // A cost position of a work order; the writer gives the id and the place in the order.
 struct Position {
-  Client& client;
+  Position(WorkOrder& order, const WorkType& of_type, const CostType& of_cost_type, const DateTime& on)
+      : work_order(order), type(of_type), cost_type(of_cost_type), day(on) {}
+
   WorkOrder& work_order;
   const WorkType& type;
   const CostType& cost_type;
@@ -40,11 +42,12 @@ class PositionWriter {
 
  private:
   Enterprise& enterprise_;
-  RowWriter rows_{enterprise_.connection, "ARBEITSAUFTRAG",
-                  "ID, ORDERS, DATUM_NR, ARBEITSAUFTRAG_KOPF_ID, BELEGE_ID, KOSTENSTELLE_ID, OBJEKT_ID, "
-                  "LEISTUNGSART_ID, VERFAHREN_ID, KOSTENART_ID, SONDERMERKMAL_ID, WO_ID, FLAECHE, MENGE, PRO_MENGE, "
-                  "EINH_ID, KOSTEN, GESAMT, ERLOS, EURO, ID_MWST, STUNDEN, MAS, STORNODATUM",
-                  RowWriter::Keys::kGiven};
+  RowWriter rows_{
+      enterprise_.connection, "ARBEITSAUFTRAG",
+      "ID, ORDERS, DATUM_NR, ARBEITSAUFTRAG_KOPF_ID, BELEGE_ID, KOSTENSTELLE_ID, OBJEKT_ID, "
+      "LEISTUNGSART_ID, VERFAHREN_ID, KOSTENART_ID, SONDERMERKMAL_ID, WO_ID, FLAECHE, MENGE, PRO_MENGE, "
+      "EINH_ID, KOSTEN, GESAMT, ERLOS, EURO, ID_MWST, STUNDEN, MAS, STORNODATUM",
+      RowWriter::Keys::kGiven};
 };
 
 enum class CostUse { kOwn, kInvoiced };  // invoices bring neither wages nor revenues

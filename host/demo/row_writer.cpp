@@ -8,11 +8,17 @@
 
 namespace tarvoni::demo {
 
-void AppendLiteral(std::string& sql, long long number) { fmt::format_to(std::back_inserter(sql), "{}", number); }
+void AppendLiteral(std::string& sql, long long number) {
+  fmt::format_to(std::back_inserter(sql), "{}", number);
+}
 
-void AppendLiteral(std::string& sql, bool flag) { sql += flag ? '1' : '0'; }
+void AppendLiteral(std::string& sql, bool flag) {
+  sql += flag ? '1' : '0';
+}
 
-void AppendLiteral(std::string& sql, const Decimal& number) { sql += number.ToString(); }
+void AppendLiteral(std::string& sql, const Decimal& number) {
+  sql += number.ToString();
+}
 
 // Without separators a server reads it alike under every language.
 void AppendLiteral(std::string& sql, const DateTime& day) {
@@ -28,7 +34,9 @@ void AppendLiteral(std::string& sql, std::string_view text) {
   sql += '\'';
 }
 
-void AppendLiteral(std::string& sql, Null) { sql += "NULL"; }
+void AppendLiteral(std::string& sql, Null) {
+  sql += "NULL";
+}
 
 RowWriter::RowWriter(Connection& connection, std::string_view table, std::string_view columns, Keys keys)
     : connection_(connection), head_(fmt::format("INSERT INTO {} ({}) VALUES\n", table, columns)) {
@@ -37,7 +45,9 @@ RowWriter::RowWriter(Connection& connection, std::string_view table, std::string
   tail_ = fmt::format("\nSET IDENTITY_INSERT {} OFF", table);
 }
 
-RowWriter::~RowWriter() { assert(rows_ == 0 || std::uncaught_exceptions() > 0); }
+RowWriter::~RowWriter() {
+  assert(rows_ == 0 || std::uncaught_exceptions() > 0);
+}
 
 void RowWriter::Finish() {
   if (rows_ == 0) return;

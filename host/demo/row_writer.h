@@ -15,17 +15,27 @@ void AppendLiteral(std::string& sql, const Decimal& number);
 void AppendLiteral(std::string& sql, const DateTime& day);
 void AppendLiteral(std::string& sql, std::string_view text);
 void AppendLiteral(std::string& sql, Null);
-inline void AppendLiteral(std::string& sql, int number) { AppendLiteral(sql, static_cast<long long>(number)); }
-inline void AppendLiteral(std::string& sql, const char* text) { AppendLiteral(sql, std::string_view(text)); }
-inline void AppendLiteral(std::string& sql, const std::string& text) { AppendLiteral(sql, std::string_view(text)); }
+inline void AppendLiteral(std::string& sql, int number) {
+  AppendLiteral(sql, static_cast<long long>(number));
+}
+inline void AppendLiteral(std::string& sql, const char* text) {
+  AppendLiteral(sql, std::string_view(text));
+}
+inline void AppendLiteral(std::string& sql, const std::string& text) {
+  AppendLiteral(sql, std::string_view(text));
+}
 template <class T>
 void AppendLiteral(std::string& sql, const std::optional<T>& value) {
-  if (value) AppendLiteral(sql, *value);
-  else AppendLiteral(sql, Null{});
+  if (value)
+    AppendLiteral(sql, *value);
+  else
+    AppendLiteral(sql, Null{});
 }
 
 // An id, or NULL for 0.
-inline std::optional<int> OrNull(int id) { return id == 0 ? std::nullopt : std::optional(id); }
+inline std::optional<int> OrNull(int id) {
+  return id == 0 ? std::nullopt : std::optional(id);
+}
 
 // Gathers rows of one table and inserts many with one statement.
 class RowWriter {

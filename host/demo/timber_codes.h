@@ -10,11 +10,17 @@ struct SpeciesRow {
   bool conifer;
   int share;  // of the logs, in percent
 };
-inline constexpr std::array kSpecies = {
-    SpeciesRow{"FI", "Fichte", "FI", true, 52}, {"TA", "Tanne", "TA", true, 9},   {"KI", "Weißkiefer", "KI", true, 6},
-    {"SK", "Schwarzkiefer", "KI", true, 3},     {"LA", "Lärche", "LA", true, 9},  {"DG", "Douglasie", "DG", true, 3},
-    {"BU", "Rotbuche", "BU", false, 12},        {"EI", "Eiche", "EI", false, 3},  {"HB", "Hainbuche", "BU", false, 1},
-    {"BA", "Bergahorn", "BU", false, 1},        {"ES", "Esche", "BU", false, 1}};
+inline constexpr auto kSpecies = std::to_array<SpeciesRow>({{"FI", "Fichte", "FI", true, 52},
+                                                            {"TA", "Tanne", "TA", true, 9},
+                                                            {"KI", "Weißkiefer", "KI", true, 6},
+                                                            {"SK", "Schwarzkiefer", "KI", true, 3},
+                                                            {"LA", "Lärche", "LA", true, 9},
+                                                            {"DG", "Douglasie", "DG", true, 3},
+                                                            {"BU", "Rotbuche", "BU", false, 12},
+                                                            {"EI", "Eiche", "EI", false, 3},
+                                                            {"HB", "Hainbuche", "BU", false, 1},
+                                                            {"BA", "Bergahorn", "BU", false, 1},
+                                                            {"ES", "Esche", "BU", false, 1}});
 // The groups of species and of grades that the tariff knows.
 inline constexpr std::array<std::string_view, 7> kSpeciesGroups = {"FI", "TA", "KI", "LA", "DG", "BU", "EI"};
 inline constexpr std::array<std::string_view, 3> kPoleSpecies = {"FI", "TA", "KI"};
@@ -27,11 +33,13 @@ struct GradeRow {
   std::string_view code, group;
   TimberKind kind;
 };
-inline constexpr std::array kGrades = {
-    GradeRow{"A", kRoundGroup, TimberKind::kRound},  {"B", kRoundGroup, TimberKind::kRound},
-    {"C", kRoundGroup, TimberKind::kRound},          {"CX", kRoundGroup, TimberKind::kRound},
-    {"IF", kStackedGroup, TimberKind::kStacked},     {"BH", kStackedGroup, TimberKind::kStacked},
-    {"SG", kPoleGroup, TimberKind::kPole}};
+inline constexpr auto kGrades = std::to_array<GradeRow>({{"A", kRoundGroup, TimberKind::kRound},
+                                                         {"B", kRoundGroup, TimberKind::kRound},
+                                                         {"C", kRoundGroup, TimberKind::kRound},
+                                                         {"CX", kRoundGroup, TimberKind::kRound},
+                                                         {"IF", kStackedGroup, TimberKind::kStacked},
+                                                         {"BH", kStackedGroup, TimberKind::kStacked},
+                                                         {"SG", kPoleGroup, TimberKind::kPole}});
 inline constexpr std::array<std::string_view, 3> kPoleClasses = {"P1", "P2", "P3"};
 
 // Marks of a log that the tariff asks for: EST mark, bark, skidding. `kNoMark` is NULL in the table.
@@ -52,6 +60,7 @@ constexpr LogMarks MarksOf(int combination) {
           kSkiddingMarks[rest / kBarkMarks.size()]};
 }
 
-inline constexpr int kWageReasons = 4;  // rows of STAMM_TABELLEN with LABEL_GROUP 'LOHNGRUND', ID_STRING from 1
+inline constexpr int kWageReasons =
+    4;  // rows of STAMM_TABELLEN with LABEL_GROUP 'LOHNGRUND', ID_STRING from 1
 
 }  // namespace tarvoni::demo

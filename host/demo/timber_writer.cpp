@@ -13,8 +13,15 @@ struct SizeClass {
   int below;
   std::string_view code;
 };
-constexpr std::array kSizeClasses = {SizeClass{15, "1a"}, {20, "1b"}, {25, "2a"}, {30, "2b"}, {35, "3a"},
-                                     {40, "3b"},          {50, "4"},  {60, "5"},  {999, "6"}};
+constexpr auto kSizeClasses = std::to_array<SizeClass>({{15, "1a"},
+                                                        {20, "1b"},
+                                                        {25, "2a"},
+                                                        {30, "2b"},
+                                                        {35, "3a"},
+                                                        {40, "3b"},
+                                                        {50, "4"},
+                                                        {60, "5"},
+                                                        {999, "6"}});
 
 std::string_view SizeClassOf(int diameter_cm) {
   for (const SizeClass& size : kSizeClasses) {
@@ -85,7 +92,8 @@ TimberWriter::Log TimberWriter::DrawLog() {
       log.diameter = random.Between(8, 13);
       break;
   }
-  log.size_class = log.grade->kind == TimberKind::kPole ? random.Pick(kPoleClasses) : SizeClassOf(log.diameter);
+  log.size_class =
+      log.grade->kind == TimberKind::kPole ? random.Pick(kPoleClasses) : SizeClassOf(log.diameter);
   return log;
 }
 
@@ -97,10 +105,11 @@ std::int64_t TimberWriter::WriteLog(const TimberList& list, const std::string& n
   const LogMarks marks = MarksOf(enterprise_.random.Between(0, known - 1));
   const std::int64_t volume = Volume(log.diameter, log.length, log.pieces);
   const std::int64_t stacked = (volume * 100 + kSolidInStacked / 2) / kSolidInStacked;
-  logs_.Add(name, number, log.species->code, log.grade->code, log.size_class, log.pieces, Decimal(log.length, 2),
-            log.diameter, Decimal(volume, 2), Decimal(stacked, 2), Decimal(volume, 2), kCubicMetres, log.split, "HE",
-            list.district.place, list.service, MarkOrNull(marks.est), marks.bark, marks.skidding,
-            OrNull(list.owner.position), OrNull(list.owner.work_order), list.client.id, false);
+  logs_.Add(name, number, log.species->code, log.grade->code, log.size_class, log.pieces,
+            Decimal(log.length, 2), log.diameter, Decimal(volume, 2), Decimal(stacked, 2), Decimal(volume, 2),
+            kCubicMetres, log.split, "HE", list.district.place, list.service, MarkOrNull(marks.est),
+            marks.bark, marks.skidding, OrNull(list.owner.position), OrNull(list.owner.work_order),
+            list.client.id, false);
   return volume;
 }
 

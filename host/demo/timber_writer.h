@@ -48,14 +48,16 @@ class TimberWriter {
   void WriteSurcharge(const std::string& name);
 
   Enterprise& enterprise_;
-  RowWriter heads_{enterprise_.connection, "LISTENKOPF",
-                   "ID, LISTE, MENGE, GESPERRT, ID_ARA_KOPF, ID_ARBEITSAUFTRAG_KOPF, ZUSCHLAG_A, A_FICHTE, A_TANNE, "
-                   "A_KIEFER, A_BUCHE, A_EICHE, M_FICHTE, M_TANNE, M_KIEFER, M_BUCHE, M_EICHE",
-                   RowWriter::Keys::kGiven};
-  RowWriter logs_{enterprise_.connection, "LOGS",
-                  "LISTE, BLNR, HA, HS, STKL, STK, LAENGE, DURCH, KUBATUR, KUBRM, MENGE, ID_MASSEINHEIT, SPALT, "
-                  "ZUGANG, RELTABLE2, RELTABLE3, EST, MEFVERF, RUCKE, AA_ID, ARBEITSAUFTRAG_KOPF_ID, MANDANTEN_ID, "
-                  "STORNO"};
+  RowWriter heads_{
+      enterprise_.connection, "LISTENKOPF",
+      "ID, LISTE, MENGE, GESPERRT, ID_ARA_KOPF, ID_ARBEITSAUFTRAG_KOPF, ZUSCHLAG_A, A_FICHTE, A_TANNE, "
+      "A_KIEFER, A_BUCHE, A_EICHE, M_FICHTE, M_TANNE, M_KIEFER, M_BUCHE, M_EICHE",
+      RowWriter::Keys::kGiven};
+  RowWriter logs_{
+      enterprise_.connection, "LOGS",
+      "LISTE, BLNR, HA, HS, STKL, STK, LAENGE, DURCH, KUBATUR, KUBRM, MENGE, ID_MASSEINHEIT, SPALT, "
+      "ZUGANG, RELTABLE2, RELTABLE3, EST, MEFVERF, RUCKE, AA_ID, ARBEITSAUFTRAG_KOPF_ID, MANDANTEN_ID, "
+      "STORNO"};
   RowWriter surcharges_{enterprise_.connection, "SONDERZ", "LISTE, MERKM, VALUE1"};
 };
 

@@ -5,7 +5,7 @@
 namespace tarvoni::demo {
 namespace {
 
-constexpr int kLongest = 9;  // working days of an order
+constexpr int kLongest = 7;  // working days of an order
 
 // The orders of one team, spread evenly over the days.
 void PlanTeam(Random& random, std::size_t team, int orders, const std::vector<DateTime>& days,
@@ -26,7 +26,8 @@ std::vector<PlannedOrder> PlanYear(Random& random, const Client& client, int yea
   const int teams = static_cast<int>(client.teams.size());
   std::vector<PlannedOrder> plan;
   for (int team = 0; team < teams; ++team)
-    PlanTeam(random, static_cast<std::size_t>(team), orders / teams + (team < orders % teams ? 1 : 0), days, plan);
+    PlanTeam(random, static_cast<std::size_t>(team), orders / teams + (team < orders % teams ? 1 : 0), days,
+             plan);
   std::stable_sort(plan.begin(), plan.end(),
                    [](const auto& a, const auto& b) { return a.days.front() < b.days.front(); });
   return plan;

@@ -13,8 +13,8 @@ struct Agreement {
   DateTime from;
   int percent;
 };
-inline constexpr std::array kAgreements = {Agreement{{2022, 1, 1}, 100}, Agreement{{2023, 5, 1}, 109},
-                                           Agreement{{2024, 3, 1}, 116}};
+inline constexpr auto kAgreements = std::to_array<Agreement>(
+    {{{2022, 1, 1}, 100}, Agreement{{2023, 5, 1}, 109}, Agreement{{2024, 3, 1}, 116}});
 
 inline constexpr int kWageGroups = 6;
 inline constexpr int kFirstPayGroup = 2;

@@ -22,7 +22,8 @@ bool EqualsKeyword(std::string_view text, std::string_view upper) {
 }
 
 bool ContainsKeyword(std::string_view text, std::string_view upper) {
-  return std::search(text.begin(), text.end(), upper.begin(), upper.end(), SameLetter) != text.end();
+  const auto found = std::search(text.begin(), text.end(), upper.begin(), upper.end(), SameLetter);
+  return found != text.end() || upper.empty();
 }
 
 std::string_view Trimmed(std::string_view text) {

@@ -3,6 +3,20 @@
 #include <cassert>
 
 namespace tarvoni::sqlite {
+namespace {
+
+DatabaseError NothingKept(const DatabaseError& error) {
+  return {error.Number(), std::string(error.what()) + " Von diesem Vorgang wurde nichts gespeichert."};
+}
+
+// SQLite 3.38 to 3.40 take a text's length into their Bloom filters' hashes: texts that are equal under a collation
+// but differ in length ('Nord' and 'nord ') then miss each other in a join.
+void SwitchOffBloomFilters(sqlite3* db) {
+  constexpr int kBloomFilter = 0x00080000;  // SQLITE_BloomFilter in SQLite's own sources
+  sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, db, kBloomFilter);
+}
+
+}  // namespace
 
 Database::Database(std::string name, const std::string& path, int flags, const OpenOptions& options)
     : name_(std::move(name)),
@@ -10,6 +24,7 @@ Database::Database(std::string name, const std::string& path, int flags, const O
       identities_(handle_),
       catalogue_(handle_),
       plans_(kPlans) {
+  SwitchOffBloomFilters(handle_.Raw());
   CheckSchemaVersion(options.schema_version);
   // Reads all definitions: a damaged file shows here, before anything could be written to it.
   handle_.QueryInteger("SELECT COUNT(*) FROM sqlite_schema");
@@ -60,17 +75,19 @@ void Database::Commit() {
   try {
     identities_.Flush();
     commit_.Run();
-  } catch (const DatabaseError&) {
+  } catch (const DatabaseError& error) {
     Rollback();
-    throw;
+    throw NothingKept(error);
   }
   EndTransaction(false);
 }
 
-void Database::NoteFailure(const DatabaseError& error) {
-  if (!writing_ || handle_.InTransaction()) return;
+DatabaseError Database::NoteFailure(const DatabaseError& error) {
+  if (!writing_ || handle_.InTransaction()) return error;
   EndTransaction(true);
-  if (InHandler()) given_up_ = error;
+  const DatabaseError final_error = NothingKept(error);
+  if (InHandler()) given_up_ = final_error;
+  return final_error;
 }
 
 void Database::Rollback() {

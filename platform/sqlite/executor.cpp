@@ -83,10 +83,9 @@ std::size_t Executor::RunStep() {
 
 // Keeps the error and tells where the batch goes on.
 std::size_t Executor::Recover(const DatabaseError& error) {
-  database_.NoteFailure(error);
   const bool unknown_name = error.Number() == 207 || error.Number() == 208;
   if (unknown_name && !wrote_ && !restarted_ && database_.NoticeForeignChanges()) throw Outdated{};
-  KeepError(error);
+  KeepError(database_.NoteFailure(error));
   stopped_ = EndsBatch(error.Number());
   const auto* condition = std::get_if<tsql::ConditionStep>(&plan_->Plan().steps[index_].action);
   return condition != nullptr ? static_cast<std::size_t>(condition->otherwise) : index_ + 1;
@@ -238,10 +237,11 @@ Statement& Executor::Bound(const tsql::Sql& sql) {
   Statement& statement = plan_->Prepared(index_, sql);
   bound_.clear();
   bound_.reserve(sql.parameters.size());
-  const StoredValue now = Now();
+  std::optional<StoredValue> now;
   for (const auto& parameter : sql.parameters) {
     if (parameter.source == tsql::Parameter::Source::kNow) {
-      bound_.push_back(now);
+      if (!now) now = Now();
+      bound_.push_back(*now);
     } else {
       const auto& literal = lexed_.literals[static_cast<std::size_t>(parameter.literal)];
       bound_.push_back(LiteralToStored(literal, parameter.type, session_.date_format));

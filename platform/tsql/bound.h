@@ -23,12 +23,14 @@ using BoundQueryPtr = std::unique_ptr<BoundQuery>;
 struct BoundParameter {
   int literal;
   Literal::Kind kind;
+  bool converted = false;  // filled in as another type than its own
 };
 
 // A literal whose value is part of the plan.
 struct BoundConstant {
   std::string text;
   Literal::Kind kind;
+  bool converted = false;
 };
 
 struct BoundNow {};

@@ -79,6 +79,12 @@ std::string SchemaOf(const std::string& stored_name) {
   return stored_name.substr(0, stored_name.find('.') + 1);
 }
 
+// The declared type as SQLite can read it and the catalogue reads it back: its syntax knows no (MAX).
+std::string StoredType(const Type& type) {
+  if (!type.IsText() || type.length < Type::kMaxLength) return ToSql(type);
+  return "NVARCHAR(" + std::to_string(Type::kMaxLength) + ")";
+}
+
 class TableWriter {
  public:
   TableWriter(BindState& state, const CreateTableStatement& create, const TableDefinition& table,
@@ -118,7 +124,7 @@ class TableWriter {
           return IsRowNumberKey(table_, key) && SameName(key.columns.front(), column.name);
         });
     if (row_number) return text + "INTEGER PRIMARY KEY";
-    text += ToSql(column.type);
+    text += StoredType(column.type);
     if (column.type.IsText()) text += std::string(" COLLATE ") + kCollation;
     if (!column.nullable) text += " NOT NULL";
     if (create_.columns[index].default_value) {

@@ -24,13 +24,13 @@ double ConvertedLimit(const BoundExpression& value, const Type& to) {
 }
 
 // Whether a literal can simply be filled in as the other type.
-bool FillsIn(const BoundParameter& parameter, const Type& to) {
+bool TakesType(const BoundParameter& parameter, const Type& to) {
   if (parameter.kind == Literal::Kind::kText) return !to.IsText();
   return to.IsNumeric();
 }
 
 // A number that is part of the plan can be written in any type that keeps its places.
-bool WritesAs(const BoundConstant& constant, const Type& to) {
+bool TakesType(const BoundConstant& constant, const Type& to) {
   if (constant.kind == Literal::Kind::kText || constant.kind == Literal::Kind::kFloat) return false;
   return to.IsNumeric() && (constant.kind == Literal::Kind::kInteger || !to.IsInteger()) &&
          to.kind != TypeKind::kBit;
@@ -96,9 +96,14 @@ BoundPtr ConvertTo(BoundPtr value, const Type& to, BoundConvert::Mode mode) {
   }
   if (to.IsNull() || NothingToDo(*value, to, mode)) return value;
   const double limit = ConvertedLimit(*value, to);
-  const auto* parameter = value->As<BoundParameter>();
-  const auto* constant = value->As<BoundConstant>();
-  if ((parameter && FillsIn(*parameter, to)) || (constant && WritesAs(*constant, to))) {
+  const bool taken = std::visit(
+      [&](auto& node) {
+        if constexpr (requires { node.converted; })
+          return !node.converted && (node.converted = TakesType(node, to));
+        return false;
+      },
+      value->node);
+  if (taken) {
     value->type = to;
     value->limit = limit;
     return value;

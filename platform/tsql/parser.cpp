@@ -30,17 +30,7 @@ Parser::Link::~Link() {
   parser_.deepest_ = std::max(left_, parser_.deepest_);
 }
 
-const Token& Parser::Peek(size_t ahead) const {
-  return lexed_.tokens[std::min(next_ + ahead, lexed_.tokens.size() - 1)];
-}
-
-bool Parser::Match(std::string_view reserved_word_or_symbol, size_t ahead) const {
-  const Token& token = Peek(ahead);
-  return (token.kind == TokenKind::kKeyword || token.kind == TokenKind::kSymbol) &&
-         token.text == reserved_word_or_symbol;
-}
-
-bool Parser::MatchName(std::string_view unreserved_word, size_t ahead) const {
+bool Parser::MatchName(std::string_view unreserved_word, std::ptrdiff_t ahead) const {
   const Token& token = Peek(ahead);
   return token.kind == TokenKind::kName && !token.quoted && SameName(token.text, unreserved_word);
 }
@@ -80,12 +70,15 @@ bool Parser::ExpectOnOff() {
   return false;
 }
 
-// Where the text ends too early, the last word there is counts as the place.
+const Token& Parser::LastWord() const {
+  return next_ == end_ && next_ != lexed_.tokens.data() ? next_[-1] : Peek();
+}
+
+// Where the text ends too early, the place is the last word there is.
 void Parser::FailUnexpected() const {
-  const bool at_end = MatchKind(TokenKind::kEnd);
-  const Token& token = at_end && next_ > 0 ? lexed_.tokens[next_ - 1] : Peek();
+  const Token& token = LastWord();
   const std::string text(token.text);
-  if (!at_end && token.kind == TokenKind::kKeyword) {
+  if (MatchKind(TokenKind::kKeyword)) {
     throw Error(kSyntaxKeyword, "Incorrect syntax near the keyword '" + text + "'.", token.at);
   }
   throw Error(kSyntax, "Incorrect syntax near '" + text + "'.", token.at);

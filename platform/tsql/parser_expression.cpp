@@ -65,11 +65,10 @@ ExpressionPtr Parser::ParseCondition() {
 
 void Parser::RequireCondition(const Expression& expression) const {
   if (IsCondition(expression)) return;
-  const Token& near = MatchKind(TokenKind::kEnd) ? lexed_.tokens[next_ - 1] : Peek();
   throw Error(
       kNoCondition,
       "An expression of non-boolean type specified in a context where a condition is expected, near '" +
-          std::string(near.text) + "'.",
+          std::string(LastWord().text) + "'.",
       expression.at);
 }
 
@@ -124,7 +123,7 @@ ExpressionPtr Parser::ParsePredicateTail(ExpressionPtr left) {
   if (const auto op = FindOperator(kComparisons, Peek())) return ParseComparison(*op, std::move(left));
   if (Match("IS")) return ParseIsNull(std::move(left));
   const bool negated = Match("NOT");
-  const size_t word = negated ? 1 : 0;
+  const std::ptrdiff_t word = negated ? 1 : 0;
   if (Match("BETWEEN", word)) return ParseBetween(std::move(left), negated);
   if (Match("IN", word)) return ParseIn(std::move(left), negated);
   if (Match("LIKE", word)) return ParseLike(std::move(left), negated);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -15,7 +16,8 @@ namespace tarvoni::tsql {
 // different things in T-SQL: ParseValue never gives a condition, ParseCondition nothing else.
 class Parser {
  public:
-  explicit Parser(const LexedBatch& lexed) : lexed_(lexed) {}
+  explicit Parser(const LexedBatch& lexed)
+      : lexed_(lexed), next_(lexed.tokens.data()), end_(&lexed.tokens.back()) {}
   Batch ParseBatch();
 
  private:
@@ -51,10 +53,15 @@ class Parser {
   };
 
   // Tokens. A quoted name never matches a word.
-  const Token& Peek(size_t ahead = 0) const;
-  bool Match(std::string_view reserved_word_or_symbol, size_t ahead = 0) const;
-  bool MatchName(std::string_view unreserved_word, size_t ahead = 0) const;
-  bool MatchKind(TokenKind kind, size_t ahead = 0) const { return Peek(ahead).kind == kind; }
+  const Token& Peek(std::ptrdiff_t ahead = 0) const { return ahead < end_ - next_ ? next_[ahead] : *end_; }
+  bool Match(std::string_view reserved_word_or_symbol, std::ptrdiff_t ahead = 0) const {
+    const Token& token = Peek(ahead);
+    return (token.kind == TokenKind::kKeyword || token.kind == TokenKind::kSymbol) &&
+           token.text == reserved_word_or_symbol;
+  }
+  const Token& LastWord() const;  // the next token, or at the end of the text the one before
+  bool MatchName(std::string_view unreserved_word, std::ptrdiff_t ahead = 0) const;
+  bool MatchKind(TokenKind kind, std::ptrdiff_t ahead = 0) const { return Peek(ahead).kind == kind; }
   const Token& Consume();
   bool ConsumeIf(std::string_view reserved_word_or_symbol);
   const Token& Expect(std::string_view reserved_word_or_symbol);
@@ -65,6 +72,7 @@ class Parser {
   // Errors.
   [[noreturn]] void FailUnexpected() const;  // 102 or 156 at the next token
   [[noreturn]] void FailUnsupported(const std::string& construct) const;
+  [[noreturn]] void FailForeign(std::string_view verb) const;
   [[noreturn]] void FailTooDeep() const;
   struct Foreign {
     std::string_view word;
@@ -174,7 +182,8 @@ class Parser {
 
   const LexedBatch& lexed_;
   Batch batch_;
-  size_t next_ = 0;
+  const Token* next_;
+  const Token* const end_;
   int depth_ = 0;
   int deepest_ =
       0;  // lowest level of the tree that the current nesting, or the right side of its link, has reached

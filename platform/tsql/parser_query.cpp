@@ -11,7 +11,7 @@ TableSourcePtr MakeSource(Position at, decltype(TableSource::node) node) {
 
 // A query begins here, perhaps in brackets of its own.
 bool Parser::MatchQuery() const {
-  size_t word = 0;
+  std::ptrdiff_t word = 0;
   while (Match("(", word)) ++word;
   return Match("SELECT", word);
 }

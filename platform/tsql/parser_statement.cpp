@@ -9,11 +9,11 @@ namespace {
 
 // Words that begin a statement which T-SQL has and this front end has not.
 constexpr std::string_view kForeignStatements[] = {
-    "MERGE",    "EXEC",        "EXECUTE", "DECLARE",    "WHILE",    "ALTER",     "TRUNCATE",   "WITH",
-    "PRINT",    "RAISERROR",   "RETURN",  "GOTO",       "WAITFOR",  "USE",       "BACKUP",     "RESTORE",
-    "COMMIT",   "ROLLBACK",    "SAVE",    "GRANT",      "REVOKE",   "DENY",      "OPEN",       "CLOSE",
-    "FETCH",    "DEALLOCATE",  "DBCC",    "CHECKPOINT", "BULK",     "BREAK",     "CONTINUE",   "KILL",
-    "SHUTDOWN", "RECONFIGURE", "REVERT",  "SETUSER",    "READTEXT", "WRITETEXT", "UPDATETEXT", "THROW"};
+    "MERGE",   "EXEC",       "EXECUTE",   "DECLARE",    "WHILE",  "WITH",     "PRINT",       "RAISERROR",
+    "RETURN",  "GOTO",       "WAITFOR",   "USE",        "BACKUP", "RESTORE",  "COMMIT",      "ROLLBACK",
+    "SAVE",    "GRANT",      "REVOKE",    "DENY",       "OPEN",   "CLOSE",    "FETCH",       "DEALLOCATE",
+    "DBCC",    "CHECKPOINT", "BREAK",     "CONTINUE",   "KILL",   "SHUTDOWN", "RECONFIGURE", "REVERT",
+    "SETUSER", "READTEXT",   "WRITETEXT", "UPDATETEXT", "THROW"};
 
 constexpr std::string_view kDateOrders[] = {"dmy", "mdy", "ymd", "ydm", "myd", "dym"};
 
@@ -35,12 +35,17 @@ decltype(Statement::node) Parser::ParseStatementNode() {
   if (Match("SET")) return ParseSet();
   if (Match("CREATE")) return ParseCreate();
   if (Match("DROP")) return ParseDrop();
-  for (const std::string_view word : kForeignStatements) {
-    if (!Match(word) && !MatchName(word)) continue;
-    const bool two_words = word == "ALTER" || word == "TRUNCATE" || word == "BULK";
-    FailUnsupported(std::string(word) + (two_words ? " " + std::string(Peek(1).text) : ""));
+  for (const std::string_view word : {"ALTER", "TRUNCATE", "BULK"}) {
+    if (ConsumeIf(word)) FailForeign(word);
   }
+  for (const std::string_view word : kForeignStatements) Refuse({{word, word}});
   FailUnexpected();
+}
+
+// `verb` was the last word; T-SQL knows it with the next one, but this front end does not.
+void Parser::FailForeign(std::string_view verb) const {
+  if (!MatchKind(TokenKind::kKeyword) && !MatchKind(TokenKind::kName)) FailUnexpected();
+  FailUnsupported(std::string(verb) + ' ' + std::string(Peek().text));
 }
 
 std::string Parser::ParseTableName(Position& at) {
@@ -171,7 +176,7 @@ decltype(Statement::node) Parser::ParseSet() {
     statement.on = ExpectOnOff();
     return statement;
   }
-  FailUnsupported("SET " + std::string(Peek().text));
+  FailForeign("SET");
 }
 
 SetDateFormat Parser::ParseDateFormat() {
@@ -189,21 +194,16 @@ SetDateFormat Parser::ParseDateFormat() {
 
 decltype(Statement::node) Parser::ParseCreate() {
   if (Match("TABLE", 1)) return ParseCreateTable();
-  size_t word = 1;
+  std::ptrdiff_t word = 1;
   while (Match("UNIQUE", word) || Match("CLUSTERED", word) || Match("NONCLUSTERED", word)) ++word;
   if (Match("INDEX", word)) return ParseCreateIndex();
   Consume();
-  if (MatchKind(TokenKind::kEnd)) FailUnexpected();
-  FailUnsupported("CREATE " + std::string(Peek().text));
+  FailForeign("CREATE");
 }
 
 DropTableStatement Parser::ParseDrop() {
   Expect("DROP");
-  if (!Match("TABLE")) {
-    if (MatchKind(TokenKind::kEnd)) FailUnexpected();
-    FailUnsupported("DROP " + std::string(Peek().text));
-  }
-  Consume();
+  if (!ConsumeIf("TABLE")) FailForeign("DROP");
   if (Match("IF")) FailUnsupported("DROP TABLE IF EXISTS");
   DropTableStatement drop;
   drop.table = ParseTableName(drop.table_at);

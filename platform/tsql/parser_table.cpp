@@ -159,7 +159,7 @@ CreateIndexStatement Parser::ParseCreateIndex() {
 }
 
 Type Parser::ParseTypeName(int default_length) {
-  const size_t begin = next_;
+  const Token* const begin = next_;
   const Token& word = Match("DOUBLE") ? Consume() : ExpectName();
   std::string name(word.text);
   if (word.kind == TokenKind::kKeyword) name += ' ' + std::string(Expect("PRECISION").text);
@@ -172,7 +172,7 @@ Type Parser::ParseTypeName(int default_length) {
   auto type = TypeFromName(name, numbers[0], numbers[1]);
   if (!type) {
     std::string written;
-    for (size_t i = begin; i < next_; ++i) written += lexed_.tokens[i].text;
+    for (const Token* token = begin; token != next_; ++token) written += token->text;
     throw Error(kUnsupported, "The type " + written + " is not supported.", word.at);
   }
   const bool length_due = type->IsText() && type->length != Type::kMaxLength && numbers[0] < 0;

@@ -134,9 +134,9 @@ double LimitOf(const Type& type) {
     case TypeKind::kTinyInt:
       return 255;
     case TypeKind::kSmallInt:
-      return 32768;
+      return 32767;
     case TypeKind::kInt:
-      return 2147483648.0;
+      return 2147483647;
     case TypeKind::kBigInt:
       return 9.2233720368547748e18;
     case TypeKind::kMoney:

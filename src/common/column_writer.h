@@ -10,6 +10,8 @@
 
 namespace tarvoni {
 
+class SqlText;
+
 // Writes one row column by column, each with its own UPDATE, as the Screens save.
 class ColumnWriter {
  public:
@@ -27,7 +29,7 @@ class ColumnWriter {
   void Flag(std::string_view column, bool flag) const;
 
  private:
-  void Write(std::string_view column, const class SqlText& value) const;
+  void Write(std::string_view column, const SqlText& value) const;
 
   const TvnVar_Dll& context_;
   std::string table_;

@@ -32,7 +32,8 @@ bool FindRow(DataControl& data, std::string_view column, std::int32_t id) {
   if (rows.Empty()) return false;
   rows.MoveFirst();
   rows.Find(Compose("{} = {}", Fragment(std::string(column)), Id(id)));
-  return rows.HasCurrentRow();
+  // Without a hit the row event may already have stepped back onto the list.
+  return rows.HasCurrentRow() && ToLong(rows.Fields()[column].Value()) == id;
 }
 
 bool StepOntoRow(DataControl& data) {

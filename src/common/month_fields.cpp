@@ -1,6 +1,5 @@
 #include "src/common/month_fields.h"
 
-#include "src/context/clock.h"
 #include "src/context/date_text.h"
 #include "src/context/environment.h"
 #include "src/context/number_text.h"
@@ -8,12 +7,12 @@
 namespace tarvoni {
 namespace {
 
-// A whole number within bounds, as typed; nothing otherwise.
-std::optional<int> WholeIn(const TextBox& box, int low, int high) {
+// A whole number within bounds, as typed; 0 otherwise.
+int WholeIn(const TextBox& box, int low, int high) {
   const auto number = ParseNumber(box.Text(), CurrentLocale());
-  if (!number || *number < Decimal(low, 0) || *number > Decimal(high, 0)) return std::nullopt;
+  if (!number || *number < Decimal(low, 0) || *number > Decimal(high, 0)) return 0;
   const int whole = ToInt32(number->ToDouble());
-  return *number == Decimal(whole, 0) ? std::optional(whole) : std::nullopt;
+  return *number == Decimal(whole, 0) ? whole : 0;
 }
 
 std::string TwoDigits(int number) {
@@ -23,11 +22,10 @@ std::string TwoDigits(int number) {
 }  // namespace
 
 void MonthFields::LeaveMonth() const {
-  const auto month = Month();
-  month_.SetText(month ? TwoDigits(*month) : "");
+  const int month = Month();
+  month_.SetText(month > 0 ? TwoDigits(month) : "");
   if (!name_) return;
-  const DateTime first{.year = Clock::Today().year, .month = month.value_or(1), .day = 1};
-  name_->SetText(month ? FormatDate(first, "mmmm", CurrentLocale()) : "");
+  name_->SetText(month > 0 ? MonthName(month, CurrentLocale()) : "");
 }
 
 void MonthFields::Set(int year, int month) const {
@@ -42,17 +40,18 @@ void MonthFields::Clear() const {
   if (year_) year_->SetText("");
 }
 
-std::optional<int> MonthFields::Month() const {
+int MonthFields::Month() const {
   return WholeIn(month_, 1, 12);
 }
-std::optional<int> MonthFields::Year() const {
-  return year_ ? WholeIn(*year_, 1753, 9999) : std::nullopt;
+
+int MonthFields::Year() const {
+  return year_ ? WholeIn(*year_, 1753, 9999) : 0;
 }
 
 std::optional<DateTime> MonthFields::FirstDay() const {
-  const auto month = Month(), year = Year();
-  if (!month || !year) return std::nullopt;
-  return DateTime{.year = *year, .month = *month, .day = 1};
+  const int month = Month(), year = Year();
+  if (month == 0 || year == 0) return std::nullopt;
+  return DateTime{.year = year, .month = month, .day = 1};
 }
 
 int MonthFields::Key() const {
@@ -63,8 +62,8 @@ int MonthFields::Key() const {
 void LeaveDay(TextBox& day, const MonthFields& month) {
   const auto first = month.FirstDay();
   const int last = first ? DaysInMonth(first->year, first->month) : 31;
-  const auto number = WholeIn(day, 1, last);
-  day.SetText(number ? TwoDigits(*number) : "");
+  const int number = WholeIn(day, 1, last);
+  day.SetText(number > 0 ? TwoDigits(number) : "");
 }
 
 DateTime AddMonths(const DateTime& first_day, int months) {

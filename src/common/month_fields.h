@@ -17,8 +17,8 @@ class MonthFields {
   void Set(int year, int month) const;
   void Clear() const;
 
-  std::optional<int> Month() const;  // 1 to 12
-  std::optional<int> Year() const;
+  int Month() const;  // 1 to 12; 0 for none
+  int Year() const;   // 0 for none
   std::optional<DateTime> FirstDay() const;
   // Year times 100 plus month; 0 unless both are there. Compares with MAXLOHNABSCHLUSS.
   int Key() const;

@@ -17,12 +17,14 @@ constexpr std::array kGermanMonths = {"Januar", "Februar", "März",      "April"
 constexpr std::array kEnglishMonths = {"January", "February", "March",     "April",   "May",      "June",
                                        "July",    "August",   "September", "October", "November", "December"};
 
-std::optional<int> ParsePart(std::string_view text) {
-  int number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (text.empty() || text.size() > 4 || error != std::errc() || end != text.data() + text.size())
-    return std::nullopt;
-  return number >= 0 ? std::optional(number) : std::nullopt;
+constexpr int kNoNumber = -1;
+
+// A number of at most `digits` digits.
+int ParsePart(std::string_view text, std::size_t digits) {
+  int number = kNoNumber;
+  const char* const end = text.data() + text.size();
+  if (text.size() > digits || std::from_chars(text.data(), end, number).ptr != end) return kNoNumber;
+  return number;
 }
 
 std::vector<std::string_view> SplitAtPoints(std::string_view text) {
@@ -36,11 +38,11 @@ std::vector<std::string_view> SplitAtPoints(std::string_view text) {
   return parts;
 }
 
-std::optional<int> ParseYear(std::string_view text) {
-  const auto year = ParsePart(text);
-  if (!year || text.size() == 3 || text.size() == 1) return std::nullopt;
-  if (text.size() == 4) return year;
-  return *year < 30 ? 2000 + *year : 1900 + *year;
+int ParseYear(std::string_view text) {
+  const int year = ParsePart(text, 4);
+  if (text.size() == 4 || year == kNoNumber) return year;
+  if (text.size() != 2) return kNoNumber;
+  return year < 30 ? 2000 + year : 1900 + year;
 }
 
 std::string Padded(int number, std::size_t digits) {
@@ -80,11 +82,11 @@ std::optional<DateTime> ParseDate(std::string_view text) {
   if (const auto iso = DateTime::FromIso(text)) return iso;
   const auto parts = SplitAtPoints(text);
   if (parts.size() != 2 && parts.size() != 3) return std::nullopt;
-  const auto day = parts[0].size() <= 2 ? ParsePart(parts[0]) : std::nullopt;
-  const auto month = parts[1].size() <= 2 ? ParsePart(parts[1]) : std::nullopt;
-  const auto year = parts.size() == 3 ? ParseYear(parts[2]) : Clock::Today().year;
-  if (!day || !month || !year || !IsValidDate(*year, *month, *day)) return std::nullopt;
-  return DateTime{.year = *year, .month = *month, .day = *day};
+  const int day = ParsePart(parts[0], 2);
+  const int month = ParsePart(parts[1], 2);
+  const int year = parts.size() == 3 ? ParseYear(parts[2]) : Clock::Today().year;
+  if (!IsValidDate(year, month, day)) return std::nullopt;
+  return DateTime{.year = year, .month = month, .day = day};
 }
 
 bool IsDate(std::string_view text) {

@@ -13,8 +13,8 @@ class Toolkit;
 struct Environment {
   tarvoni::Toolkit* toolkit = nullptr;
   tarvoni::Suite* suite = nullptr;
-  Locale locale;
-  ConnectionFactory connect;
+  Locale locale = {};
+  ConnectionFactory connect = {};
 
   // The one in force on this thread; a CallError without one.
   static Environment& Current();

@@ -9,11 +9,7 @@ void Toolkit::ShowModal(Form& form) {
   RunningHandler::CommitAll();
   form.Load();
   if (form.IsShown()) throw CallError("Der Bildschirm " + form.Name() + " ist bereits geöffnet.");
-  struct Open {
-    Open(std::vector<Form*>& forms, Form& form) : forms_(forms) { forms_.push_back(&form); }
-    ~Open() { forms_.pop_back(); }
-    std::vector<Form*>& forms_;
-  } open(open_forms_, form);
+  const OpenForm open(*this, form);
   DoShowModal(form);
 }
 

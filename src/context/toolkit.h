@@ -117,6 +117,18 @@ class Toolkit {
   void EndWait();
 
  protected:
+  // Counts a Screen among the open ones for the length of a scope.
+  class OpenForm {
+   public:
+    OpenForm(Toolkit& toolkit, Form& form) : forms_(toolkit.open_forms_) { forms_.push_back(&form); }
+    OpenForm(const OpenForm&) = delete;
+    OpenForm& operator=(const OpenForm&) = delete;
+    ~OpenForm() { forms_.pop_back(); }
+
+   private:
+    std::vector<Form*>& forms_;
+  };
+
   virtual void DoShowModal(Form& form) = 0;
   virtual int DoMessageBox(const std::string& prompt, int style, const std::string& title) = 0;
   virtual std::string DoInputBox(const std::string& prompt, const std::string& title,

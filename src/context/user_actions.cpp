@@ -1,6 +1,7 @@
 #include "src/context/user_actions.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "src/context/database_error.h"
 #include "src/context/running_handler.h"

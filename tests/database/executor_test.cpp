@@ -209,21 +209,6 @@ TEST_F(ExecutorTest, TemporaryTablesAreThereBetweenCreateAndDrop) {
   EXPECT_EQ(Text(again), "0");
 }
 
-TEST_F(ExecutorTest, ARolledBackTransactionDoesNotConfuseTemporaryTables) {
-  tsql::Plan plan;
-  plan.steps = {Write("UPDATE ORT SET N = 3"), CreateTemporary(),
-                Write("INSERT INTO temp.t7_auswahl VALUES (4)", "#auswahl"),
-                Query("SELECT COUNT(*) FROM temp.t7_auswahl")};
-  const auto prepared = Prepare(std::move(plan), "a");
-  Shared().BeginHandler();
-  EXPECT_EQ(Text(Executor(Shared(), session_, "a", true).RunPlan(*prepared)), "1");
-  File().Execute("ROLLBACK");
-  Shared().NoteFailure(DatabaseError(kErrorDiskFull, "voll"));
-  Shared().EndHandler();
-  EXPECT_EQ(Text(Run(prepared, "a")), "1");
-  EXPECT_EQ(Text(Run(prepared, "a")), "1");
-}
-
 TEST_F(ExecutorTest, CreatesATableWithItsIndexesOrNotAtAll) {
   const auto broken =
       CreateStep("NEU", {"CREATE TABLE NEU (ID INT)", "CREATE INDEX NEU_X ON NEU (FEHLT)"}, true);

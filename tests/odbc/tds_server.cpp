@@ -247,7 +247,8 @@ std::string TdsAnswer::Bytes() const {
   return bytes;
 }
 
-TdsServer::TdsServer(Answer answer) : answer_(std::move(answer)), listener_(socket(AF_INET, SOCK_STREAM, 0)) {
+TdsServer::TdsServer(Answer answer, Login login)
+    : answer_(std::move(answer)), login_(login), listener_(socket(AF_INET, SOCK_STREAM, 0)) {
   sockaddr_in address{};
   address.sin_family = AF_INET;
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -291,8 +292,14 @@ void TdsServer::Converse(int client) {
 }
 
 bool TdsServer::Reply(int client, int type, const std::string& request) {
+  if (login_ == Login::kIgnore) return true;
   if (type == kPrelogin) return SendPackets(client, PreloginAnswer()), true;
-  if (type == kLogin) return SendPackets(client, LoginAnswer()), true;
+  if (type == kLogin) {
+    const std::string refusal =
+        TdsAnswer().Error(18456, 14, "Login failed for user 'sa'.", 1).Done(-1, true).Bytes();
+    SendPackets(client, login_ == Login::kAccept ? LoginAnswer() : refusal);
+    return login_ == Login::kAccept;
+  }
   if (type == kAttention) {
     ++cancellations_;
     return SendPackets(client, DoneToken(kDoneAttention)), true;

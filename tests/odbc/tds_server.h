@@ -68,9 +68,10 @@ class TdsAnswer {
 class TdsServer {
  public:
   using Answer = std::function<std::string(const std::string& batch)>;
+  enum class Login { kAccept, kRefuse, kIgnore };
   static const std::string kSilence;
 
-  explicit TdsServer(Answer answer);
+  explicit TdsServer(Answer answer, Login login = Login::kAccept);
   ~TdsServer();
 
   int Port() const { return port_; }
@@ -83,6 +84,7 @@ class TdsServer {
   bool Reply(int client, int type, const std::string& request);
 
   Answer answer_;
+  Login login_;
   int listener_ = -1;
   int port_ = 0;
   std::atomic<int> cancellations_{0};

@@ -1,0 +1,20 @@
+#include "host/open_database.h"
+
+#include "platform/odbc/odbc_database.h"
+#include "platform/sqlite/sqlite_database.h"
+#include "src/schema/schema.h"
+
+namespace tarvoni::host {
+
+bool IsServer(const std::string& database) {
+  return database.starts_with("odbc:");
+}
+
+std::shared_ptr<Connection> OpenDatabase(const std::string& database, OpenMode mode) {
+  if (IsServer(database)) return odbc::OpenOdbc(database);
+  return sqlite::OpenDatabase(database, {.create = mode == OpenMode::kCreate,
+                                         .read_only = mode == OpenMode::kReadOnly,
+                                         .schema_version = kSchemaVersion});
+}
+
+}  // namespace tarvoni::host

@@ -1,0 +1,338 @@
+#include "src/context/user_actions.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "src/context/call_error.h"
+#include "tests/support/fake_connection.h"
+#include "tests/support/quiet_toolkit.h"
+
+namespace tarvoni {
+namespace {
+
+using test::FakeConnection;
+using test::QuietToolkit;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Writes down every event of its controls.
+struct Recorder : Form {
+  Recorder() : Form("F_Recorder") {}
+
+  Connection* HandlerConnection() const override { return db; }
+
+  layout::Node BuildLayout() override {
+    using namespace layout;
+    return Stack(Group(frm, "Daten", Row("A", Box(txtA)), Row("B", Box(txtB)), Row("C", Box(txtC))),
+                 Bar(Push(btnOk, "&Schließen"), Push(btnAbbrechen, "Abbr.")));
+  }
+
+  void Form_Load() override {
+    for (Control* control : Controls()) {
+      const std::string name = control->Name();
+      control->GotFocus = [this, name] { log.push_back("got " + name); };
+      control->LostFocus = [this, name] { log.push_back("lost " + name); };
+      control->Validate = [this, name](bool&) { log.push_back("validate " + name); };
+      control->Click = [this, name] { log.push_back("click " + name); };
+    }
+  }
+
+  Connection* db = nullptr;
+  std::vector<std::string> log;
+  Frame frm{*this, "frm"};
+  TextBox txtA{*this, "txtA"};
+  TextBox txtB{*this, "txtB"};
+  TextBox txtC{*this, "txtC"};
+  Button btnOk{*this, "btnOk"};
+  Button btnAbbrechen{*this, "btnAbbrechen"};
+};
+
+class Actions : public testing::Test {
+ protected:
+  Actions() {
+    form.Load();
+    form.db = &db;
+  }
+  // Shows the form and gives the user; the log begins after the opening.
+  UserActions& Open() {
+    UserActions& user = toolkit.Show(form, form.txtA);
+    form.log.clear();
+    return user;
+  }
+
+  FakeConnection db;
+  QuietToolkit toolkit;
+  Recorder form;
+};
+
+TEST_F(Actions, FocusMovesThroughValidateLostFocusGotFocus) {
+  UserActions& user = Open();
+  user.Tab();
+  EXPECT_THAT(form.log, ElementsAre("validate txtA", "lost txtA", "got txtB"));
+  user.Tab(true);
+  EXPECT_TRUE(form.txtA.HasFocus());
+  user.Tab(true);
+  EXPECT_TRUE(form.btnAbbrechen.HasFocus()) << "round the end";
+}
+
+TEST_F(Actions, TabOrderSkipsWhatCannotTakeTheFocus) {
+  UserActions& user = Open();
+  form.txtB.SetTabStop(false);
+  form.txtC.SetVisible(false);
+  user.Tab();
+  EXPECT_TRUE(form.btnOk.HasFocus());
+  form.frm.SetEnabled(false);
+  EXPECT_TRUE(form.txtA.Enabled());
+  EXPECT_FALSE(form.txtA.IsEnabled());
+  EXPECT_FALSE(user.Focus(form.txtA));
+  EXPECT_THROW(form.txtA.SetFocus(), CallError);
+}
+
+TEST_F(Actions, ValidateKeepsTheFocusExceptForButtonsThatDoNotCause) {
+  UserActions& user = Open();
+  form.txtA.Validate = [](bool& cancel) { cancel = true; };
+  EXPECT_FALSE(user.Focus(form.txtB));
+  user.Click(form.btnOk);
+  EXPECT_THAT(form.log, IsEmpty());
+  form.btnAbbrechen.SetCausesValidation(false);
+  user.Click(form.btnAbbrechen);
+  EXPECT_THAT(form.log, ElementsAre("lost txtA", "got btnAbbrechen", "click btnAbbrechen"));
+}
+
+TEST_F(Actions, LeavingHandlerSendsTheFocusBackWithOneMessage) {
+  UserActions& user = Open();
+  form.txtA.LostFocus = [&] {
+    toolkit.MessageBox("falsch", kBoxWarning, "");
+    form.txtA.SetFocus();
+  };
+  user.Click(form.btnOk);
+  EXPECT_THAT(toolkit.prompts, ElementsAre("falsch"));
+  EXPECT_TRUE(form.txtA.HasFocus());
+  EXPECT_THAT(form.log, ElementsAre("validate txtA", "got txtA")) << "the click is lost with the focus";
+}
+
+TEST_F(Actions, ClickOnADisabledButtonIsNone) {
+  UserActions& user = Open();
+  form.btnOk.SetEnabled(false);
+  user.Click(form.btnOk);
+  EXPECT_THAT(form.log, IsEmpty());
+  form.btnOk.SetEnabled(true);
+  form.txtA.LostFocus = [&] { form.btnOk.SetEnabled(false); };
+  user.Click(form.btnOk);
+  EXPECT_THAT(form.log, testing::Not(testing::Contains("click btnOk"))) << "disabled by the field being left";
+}
+
+TEST_F(Actions, PressedButtonIsKnownInsideTheClick) {
+  Open();
+  bool seen = false;
+  form.btnAbbrechen.Click = [&] { seen = form.btnOk.Pressed(); };
+  form.btnOk.Click = [&] { form.btnAbbrechen.Press(); };
+  form.btnOk.Press();
+  EXPECT_TRUE(seen);
+  EXPECT_FALSE(form.btnOk.Pressed());
+}
+
+TEST_F(Actions, KeysPassTheFilterBeforeTheTextChanges) {
+  UserActions& user = Open();
+  std::vector<std::string> changes;
+  form.txtA.KeyPress = [](int& key) { key = key == '.' ? 0 : key == 'a' ? 'A' : key; };
+  form.txtA.Change = [&] { changes.push_back(form.txtA.Text()); };
+  user.Type("a.ü");
+  EXPECT_EQ(form.txtA.Text(), "Aü");
+  EXPECT_THAT(changes, ElementsAre("A", "Aü"));
+  user.Key(kKeyBackspace);
+  EXPECT_EQ(form.txtA.Text(), "A");
+  form.txtA.SelectAll();
+  user.Type("xyz");
+  EXPECT_EQ(form.txtA.Text(), "xyz");
+}
+
+TEST_F(Actions, LockedAndFullBoxesTakeNothing) {
+  UserActions& user = Open();
+  form.txtA.SetMaxLength(2);
+  user.Type("äöü");
+  EXPECT_EQ(form.txtA.Text(), "äö");
+  form.txtA.SetText("lang von Programm");
+  EXPECT_EQ(form.txtA.Text(), "lang von Programm");
+  form.txtA.SetLocked(true);
+  user.Type("x");
+  user.Key(kKeyBackspace);
+  user.Key(kKeyDelete);
+  EXPECT_FALSE(user.Paste("x"));
+  EXPECT_EQ(form.txtA.Text(), "lang von Programm");
+}
+
+TEST_F(Actions, PasteIsAllOrNothing) {
+  UserActions& user = Open();
+  form.txtA.KeyPress = [](int& key) { key = key >= '0' && key <= '9' ? key : 0; };
+  form.txtA.SetText("5");
+  form.txtA.SelectAll();
+  EXPECT_FALSE(user.Paste("8.765"));
+  EXPECT_EQ(form.txtA.Text(), "5");
+  EXPECT_EQ(form.txtA.SelLength(), 1);
+  EXPECT_TRUE(user.Paste("8765"));
+  EXPECT_EQ(form.txtA.Text(), "8765");
+}
+
+TEST_F(Actions, PostedTabRunsAfterTheEvent) {
+  UserActions& user = Open();
+  form.txtA.KeyPress = [&](int& key) {
+    if (key != kKeyEnter) return;
+    key = 0;
+    form.PostTab();
+    form.log.push_back("enter handled");
+  };
+  user.Key(kKeyEnter);
+  EXPECT_THAT(form.log, ElementsAre("enter handled", "validate txtA", "lost txtA", "got txtB"));
+}
+
+TEST_F(Actions, LookupKeysRaiseTheCtrlCode) {
+  UserActions& user = Open();
+  std::vector<int> keys;
+  form.txtA.KeyDown = [&](int key, int) { keys.push_back(key); };
+  user.Lookup();
+  user.Key(kKeyCtrl, 2);
+  user.Key(kKeyF4);
+  EXPECT_THAT(keys, ElementsAre(17, 17, kKeyF4, 17));
+}
+
+TEST_F(Actions, MnemonicsPressButtons) {
+  UserActions& user = Open();
+  EXPECT_TRUE(user.Mnemonic(U's'));
+  EXPECT_THAT(form.log, testing::Contains("click btnOk"));
+  EXPECT_FALSE(user.Mnemonic(U'x'));
+}
+
+TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
+  UserActions& user = Open();
+  form.btnOk.Click = [&] {
+    db.Execute("INSERT 1");
+    form.txtB.SetText("davor");
+    throw DatabaseError(245, "Conversion failed.");
+  };
+  user.Click(form.btnOk);
+  EXPECT_THAT(toolkit.prompts, ElementsAre("Die Datenbank meldet den Fehler 245: Conversion failed."));
+  EXPECT_EQ(toolkit.styles.back(), kBoxStop);
+  EXPECT_TRUE(form.IsLoaded());
+  EXPECT_EQ(form.txtB.Text(), "davor");
+  EXPECT_THAT(db.Log(), ElementsAre("INSERT 1", "COMMIT")) << "what was written stays";
+  EXPECT_EQ(db.Depth(), 0);
+}
+
+TEST_F(Actions, ErrorInAFocusEventDoesNotEndTheHandlerThatMovedTheFocus) {
+  UserActions& user = Open();
+  form.txtC.GotFocus = [] { throw CallError("kaputt"); };
+  bool finished = false;
+  form.btnOk.Click = [&] {
+    form.txtC.SetFocus();
+    finished = true;
+  };
+  user.Click(form.btnOk);
+  EXPECT_TRUE(finished);
+  EXPECT_THAT(toolkit.prompts, ElementsAre("kaputt"));
+}
+
+TEST_F(Actions, WritesOfOneHandlerAreCommittedTogetherAndBeforeABoxOpens) {
+  UserActions& user = Open();
+  form.btnOk.Click = [&] {
+    db.Execute("A");
+    db.Execute("B");
+    toolkit.MessageBox("?", kBoxYesNo, "");
+    db.Execute("C");
+  };
+  user.Click(form.btnOk);
+  EXPECT_THAT(db.Log(), ElementsAre("A", "B", "COMMIT", "C", "COMMIT"));
+}
+
+TEST_F(Actions, HandlersInsideANestedScreenCommitOnTheirOwn) {
+  Recorder inner;
+  inner.db = &db;
+  inner.btnOk.SetTag("");
+  UserActions& user = Open();
+  form.btnOk.Click = [&] {
+    db.Execute("outer");
+    toolkit.ShowModal(inner);
+    db.Execute("outer again");
+  };
+  toolkit.script = [&](UserActions& nested) {
+    inner.btnOk.Click = [&] { db.Execute("inner"); };
+    nested.Click(inner.btnOk);
+    EXPECT_EQ(toolkit.TopForm(), &inner);
+  };
+  user.Click(form.btnOk);
+  EXPECT_THAT(db.Log(), ElementsAre("outer", "COMMIT", "inner", "COMMIT", "outer again", "COMMIT"));
+  EXPECT_EQ(toolkit.TopForm(), &form);
+}
+
+TEST_F(Actions, VetoHoldsAgainstCloseAndEscape) {
+  UserActions& user = Open();
+  bool editing = true;
+  form.Form_Unload = [&](bool& cancel) { cancel = editing; };
+  EXPECT_FALSE(user.Close());
+  user.Key(kKeyEscape);
+  EXPECT_TRUE(form.IsLoaded());
+  editing = false;
+  user.Key(kKeyEscape);
+  EXPECT_FALSE(form.IsLoaded());
+  form.log.clear();
+  user.Click(form.btnOk);
+  EXPECT_THAT(form.log, IsEmpty()) << "nothing happens on a Screen that is gone";
+}
+
+TEST_F(Actions, FocusLeavesAControlThatWasDisabled) {
+  UserActions& user = Open();
+  form.btnOk.Click = [&] { form.btnOk.SetEnabled(false); };
+  user.Click(form.btnOk);
+  EXPECT_TRUE(form.btnAbbrechen.HasFocus());
+}
+
+TEST_F(Actions, FocusSetBeforeShowingIsWhereItStarts) {
+  form.txtC.SetFocus();
+  EXPECT_THAT(form.log, IsEmpty());
+  toolkit.script = [&](UserActions&) { EXPECT_THAT(form.log, ElementsAre("got txtC")); };
+  toolkit.ShowModal(form);
+}
+
+// The widgets with a value of their own.
+struct Choices : Form {
+  Choices() : Form("F_Choices") { Load(); }
+  layout::Node BuildLayout() override {
+    using namespace layout;
+    return Tabs(SSTab1, Page("Eins", Check(chk, "Zaunbau"), Option(optHa, "ha"), Option(optMenge, "Menge")),
+                Page("Zwei", Row("", Box(txt)), Row("", Box(dtp))));
+  }
+  TabControl SSTab1{*this, "SSTab1"};
+  CheckBox chk{*this, "chk"};
+  OptionButton optHa{*this, "optHa"};
+  OptionButton optMenge{*this, "optMenge"};
+  TextBox txt{*this, "txt"};
+  DateControl dtp{*this, "dtp"};
+};
+
+TEST(Choosing, TabsChecksOptionsAndDates) {
+  QuietToolkit toolkit;
+  Choices form;
+  UserActions& user = toolkit.Show(form, form.chk);
+  int clicks = 0;
+  form.chk.Click = [&] { ++clicks; };
+  user.Click(form.chk);
+  form.chk.SetValue(1);
+  EXPECT_TRUE(form.chk.Checked());
+  EXPECT_EQ(clicks, 1) << "only a change clicks";
+  user.Click(form.optMenge);
+  user.Click(form.optHa);
+  EXPECT_FALSE(form.optMenge.Value());
+  EXPECT_FALSE(form.txt.IsVisible()) << "on the other tab";
+  form.SSTab1.SetTabEnabled(1, false);
+  user.ChooseTab(form.SSTab1, 1);
+  EXPECT_EQ(form.SSTab1.Tab(), 0);
+  form.SSTab1.SetTabEnabled(1, true);
+  user.ChooseTab(form.SSTab1, 1);
+  EXPECT_TRUE(form.txt.IsVisible());
+  form.dtp.SetLimits({.year = 1901, .month = 1, .day = 1}, {.year = 2079, .month = 1, .day = 1});
+  user.ChooseDate(form.dtp, DateTime{.year = 2100, .month = 5, .day = 1});
+  EXPECT_EQ(form.dtp.Value(), (DateTime{.year = 2079, .month = 1, .day = 1}));
+}
+
+}  // namespace
+}  // namespace tarvoni

@@ -1,0 +1,70 @@
+#include "platform/odbc/connection_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/odbc/password.h"
+#include "platform/odbc/wide_text.h"
+#include "tests/database_common/database_testing.h"
+
+namespace tarvoni::odbc {
+namespace {
+
+using dbtest::ErrorIn;
+
+TEST(WithoutPassword, HidesEveryFormOfIt) {
+  EXPECT_EQ(WithoutPassword("Server=x;PWD=geheim;Database=lohn"), "Server=x;PWD=***;Database=lohn");
+  EXPECT_EQ(WithoutPassword("Password = ge heim=1 ;Port=1"), "Password =***;Port=1");
+  EXPECT_EQ(WithoutPassword("pwd={ge;he}}im};UID=a"), "pwd=***;UID=a");
+  EXPECT_EQ(WithoutPassword("PWD= {a;b};UID=a;Old_Password='x;''y';Z=1"),
+            "PWD=***;UID=a;Old_Password=***;Z=1");
+  EXPECT_EQ(WithoutPassword("UID=a;PWD="), "UID=a;PWD=***");
+  EXPECT_EQ(WithoutPassword("PWD={nie geschlossen;Server=x"), "PWD=***");
+  EXPECT_EQ(WithoutPassword("UPDATE P SET [PASSWORD] = 'a;b' WHERE ID=1"), "UPDATE P SET [PASSWORD] =***");
+}
+
+TEST(WithoutPassword, LeavesEverythingElse) {
+  for (const char* text :
+       {"", "=", "Server=x;UID=sa;Größe=5", "SELECT PWD, PASSWORD FROM P WHERE ID = 7", "PWDX=1;a=b"})
+    EXPECT_EQ(WithoutPassword(text), text);
+}
+
+TEST(ConnectionText, AttributesAreFoundWithoutRegardToCaseAndBraces) {
+  constexpr std::string_view kText = "driver={Free;TDS}; UID = sa ;PWD={a}}b;c};Leer=;Nur;Port=1";
+  EXPECT_EQ(Attribute(kText, "DRIVER"), "Free;TDS");
+  EXPECT_EQ(Attribute(kText, "UID"), "sa");
+  EXPECT_EQ(Attribute(kText, "PWD"), "a}b;c");
+  EXPECT_EQ(Attribute(kText, "LEER"), "");
+  EXPECT_EQ(Attribute(kText, "PORT"), "1");
+  EXPECT_EQ(Attribute(kText, "SERVER"), std::nullopt);
+  EXPECT_EQ(Attribute("PWD={x;Driver=FreeTDS", "DRIVER"), std::nullopt);
+}
+
+TEST(ConnectionText, FreeTdsGetsWhatIsNotNamed) {
+  EXPECT_EQ(DriverText("odbc:Driver=FreeTDS;Server=x"),
+            "Driver=FreeTDS;Server=x;ClientCharset=UTF-8;TDS_Version=7.4");
+  EXPECT_EQ(DriverText("ODBC:Driver=/usr/lib/libtdsodbc.so;tds_version=7.1;"),
+            "Driver=/usr/lib/libtdsodbc.so;tds_version=7.1;ClientCharset=UTF-8");
+  EXPECT_EQ(DriverText("odbc:Driver={ODBC Driver};Server=freetds"), "Driver={ODBC Driver};Server=freetds");
+}
+
+TEST(ConnectionText, AnotherKindOfTextIsRefusedWithoutItsPassword) {
+  const auto error = ErrorIn([] { DriverText("Driver=x;PWD=geheim"); });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Number(), kErrorConnection);
+  EXPECT_THAT(error->what(), ::testing::Not(::testing::HasSubstr("geheim")));
+}
+
+TEST(WideText, GoesThereAndBackAndMarksWhatIsBroken) {
+  constexpr std::string_view kText = "aÄÖÜß€\U0001F332z";
+  EXPECT_EQ(ToWide(kText), u"aÄÖÜß€\U0001F332z");
+  EXPECT_EQ(FromWide(ToWide(kText)), kText);
+  EXPECT_EQ(ToWide("a\xC3"), u"a\uFFFD");                // cut
+  EXPECT_EQ(ToWide("\xC0\x80x"), u"\uFFFD\uFFFDx");      // longer than need be
+  EXPECT_EQ(ToWide("\xED\xA0\x80").front(), u'\uFFFD');  // half a pair
+  EXPECT_EQ(FromWide(u"\xD800x"), "\xEF\xBF\xBDx");      // half a pair
+  EXPECT_EQ(FromWide(std::u16string(1, 0xDC00)), "\xEF\xBF\xBD");
+}
+
+}  // namespace
+}  // namespace tarvoni::odbc

@@ -1,0 +1,145 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "platform/odbc/odbc_database.h"
+#include "tests/database_common/database_testing.h"
+
+// The backend on a driver that is there on every machine. It speaks SQLite's SQL.
+namespace tarvoni::odbc {
+namespace {
+
+using dbtest::ErrorIn;
+using dbtest::ErrorNumber;
+using dbtest::Rows;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+class SqliteDriverTest : public ::testing::Test {
+ protected:
+  std::string Text(const std::string& file) const {
+    return "odbc:Driver=" SQLITE_ODBC_DRIVER ";FKSupport=1;Database=" + folder_.File(file);
+  }
+
+  dbtest::TempFolder folder_;
+  std::shared_ptr<Connection> connection_ = OpenOdbc(Text("lohn.db"));
+};
+
+TEST_F(SqliteDriverTest, EveryTypeComesAsWhatItIs) {
+  connection_->Execute(
+      "CREATE TABLE T (B BIT, TI TINYINT, SI SMALLINT, I INT, BI BIGINT, F FLOAT, R REAL, D DECIMAL(9,4), M "
+      "MONEY, "
+      "N NVARCHAR(20), V VARCHAR(30), C CHAR(5), DT DATETIME, TX NTEXT)");
+  connection_->Execute(
+      "INSERT INTO T VALUES (1, 255, -3, -70000, 1099511627776, 0.1, 0.5, '-12.3456', '1234567.4567', "
+      "'ÄÖÜß€', 'v', "
+      "'c', '2024-02-29 13:45:10.250', 't')");
+  Recordset rows = connection_->Open("SELECT * FROM T");
+  const auto expect = [&](const char* name, FieldType type, int size, const Value& value) {
+    EXPECT_EQ(rows.Fields()[name].Type(), type) << name;
+    EXPECT_EQ(rows.Fields()[name].DefinedSize(), size) << name;
+    EXPECT_EQ(rows.Fields()[name].Value(), value) << name;
+  };
+  expect("B", FieldType::kBoolean, 0, true);
+  expect("TI", FieldType::kUnsignedTinyInt, 0, std::int64_t{255});
+  expect("SI", FieldType::kSmallInt, 0, std::int64_t{-3});
+  expect("I", FieldType::kInteger, 0, std::int64_t{-70000});
+  expect("BI", FieldType::kBigInt, 0, std::int64_t{1} << 40);
+  expect("F", FieldType::kDouble, 0, 0.1);
+  expect("R", FieldType::kDouble, 0, 0.5);
+  expect("D", FieldType::kNumeric, 0, Decimal(-123456, 4));
+  expect("M", FieldType::kCurrency, 0, Decimal(12345674567, 4));
+  expect("N", FieldType::kVarWChar, 20, "ÄÖÜß€");
+  expect("V", FieldType::kVarChar, 30, "v");
+  expect("C", FieldType::kChar, 5, "c");
+  expect("DT", FieldType::kDbTimeStamp, 0, DateTime{2024, 2, 29, ((13 * 60 + 45) * 60 + 10) * 1000 + 250});
+  EXPECT_EQ(rows.Fields()["TX"].Value(), Value("t"));
+}
+
+TEST_F(SqliteDriverTest, NullOfEveryTypeIsNullAndEmptyTextIsNot) {
+  connection_->Execute(
+      "CREATE TABLE T (B BIT, I INT, F FLOAT, D DECIMAL(9,4), N NVARCHAR(20), DT DATETIME, E NVARCHAR(5))");
+  connection_->Execute("INSERT INTO T (E) VALUES ('')");
+  EXPECT_EQ(Rows(*connection_, "SELECT * FROM T"), "NULL,NULL,NULL,NULL,NULL,NULL,");
+}
+
+TEST_F(SqliteDriverTest, UmlautsSurviveInTextsNamesMessagesAndPaths) {
+  const auto other = OpenOdbc(Text("Jürgens Löhne.db"));
+  other->Execute("CREATE TABLE GRÖßE (STRAßE NVARCHAR(20))");
+  EXPECT_TRUE(std::filesystem::exists(folder_.File("Jürgens Löhne.db")));
+  EXPECT_EQ(other->Open("SELECT STRAßE FROM GRÖßE").Fields()[0].Name(), "STRAßE");
+  const auto error = ErrorIn([&] { other->Execute("SELECT 1 FROM ÄRA"); });
+  ASSERT_TRUE(error);
+  EXPECT_THAT(error->what(), HasSubstr("ÄRA"));
+}
+
+TEST_F(SqliteDriverTest, LongTextsComeInPiecesAndWhole) {
+  std::string text;
+  while (text.size() < 100'000) text += "Fichte €" + std::to_string(text.size()) + " ";
+  connection_->Execute("CREATE TABLE T (ID INT, TX TEXT)");
+  connection_->Execute("INSERT INTO T VALUES (1, '" + text + "')");
+  connection_->Execute("INSERT INTO T VALUES (2, 'kurz')");
+  EXPECT_EQ(Rows(*connection_, "SELECT TX, ID FROM T ORDER BY ID"), text + ",1;kurz,2");
+}
+
+TEST_F(SqliteDriverTest, CountsWhatAStatementChanged) {
+  EXPECT_EQ(connection_->Execute("CREATE TABLE T (ID INT)"),
+            0);  // the driver counts where a server is silent
+  EXPECT_EQ(connection_->Execute("INSERT INTO T VALUES (1), (2), (3)"), 3);
+  EXPECT_EQ(connection_->Execute("UPDATE T SET ID = ID + 1 WHERE ID > 1"), 2);
+  EXPECT_EQ(connection_->Execute("DELETE FROM T WHERE ID = 99"), 0);
+  EXPECT_EQ(connection_->Execute("SELECT ID FROM T"), -1);
+}
+
+TEST_F(SqliteDriverTest, ErrorsCarryTheServersNumbersAndTheStatement) {
+  connection_->Execute("CREATE TABLE T (ID INT PRIMARY KEY, N INT NOT NULL CHECK (N > 0))");
+  connection_->Execute("CREATE TABLE K (T_ID INT REFERENCES T (ID))");
+  connection_->Execute("INSERT INTO T VALUES (1, 1)");
+  const auto number = [&](const char* text) { return ErrorNumber([&] { connection_->Execute(text); }); };
+  EXPECT_EQ(number("INSERT INTO T VALUES (1, 1)"), 2627);
+  EXPECT_EQ(number("INSERT INTO T VALUES (2, NULL)"), 515);
+  EXPECT_EQ(number("INSERT INTO T VALUES (2, 0)"), 547);
+  EXPECT_EQ(number("INSERT INTO K VALUES (9)"), 547);
+  EXPECT_EQ(number("SELECT * FROM KEINE"), 208);
+  EXPECT_EQ(number("SELECT X FROM T"), 207);
+  EXPECT_EQ(number("INSERT INTO T (X) VALUES (1)"), 207);
+  EXPECT_EQ(number("SELECT FROM T"), 102);
+  EXPECT_EQ(number("SELECT 'x"), 105);
+  EXPECT_EQ(number("CREATE TABLE T (ID INT)"), 2714);
+
+  const auto error = ErrorIn([&] { connection_->Open("SELECT X FROM T WHERE 'PWD=geheim' <> ''"); });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Statement(), "SELECT X FROM T WHERE 'PWD=***");
+  EXPECT_THAT(error->what(), ::testing::StartsWith("no such column: X"));
+}
+
+TEST_F(SqliteDriverTest, ASecondStatementInABatchIsRefusedByThisDriverAndNotLost) {
+  connection_->Execute("CREATE TABLE T (ID INT)");
+  EXPECT_NE(ErrorNumber([&] { connection_->Execute("INSERT INTO T VALUES (1); INSERT INTO T VALUES (2)"); }),
+            0);
+  EXPECT_EQ(Rows(*connection_, "SELECT COUNT(*) FROM T"), "0");
+}
+
+TEST_F(SqliteDriverTest, AFailedConnectionSaysSoInGermanWithoutThePassword) {
+  const auto message_of = [](const std::string& text) {
+    const auto error = ErrorIn([&] { OpenOdbc(text); });
+    EXPECT_TRUE(error && error->Number() == kErrorConnection) << text;
+    return std::string(error ? error->what() : "");
+  };
+  const std::string no_driver = message_of("odbc:Driver=/nirgends/geheim.so;UID=sa;PWD={ge}}h;eim};Port=1");
+  EXPECT_THAT(no_driver, HasSubstr("lässt sich nicht öffnen. Meldung: "));
+  EXPECT_THAT(no_driver, Not(HasSubstr("h;eim")));
+  message_of("odbc:DSN=Keine_solche_Quelle;PWD=x");
+  message_of("odbc:Driver=" SQLITE_ODBC_DRIVER ";Database=" + folder_.File("kein/Ordner.db"));
+  message_of("sqlite:lohn.db");
+}
+
+TEST_F(SqliteDriverTest, AFileOfAnotherProgramSaysWhatItIs) {
+  std::ofstream(folder_.File("brief.db")) << std::string(4096, 'x');
+  const int number = ErrorNumber([&] { OpenOdbc(Text("brief.db"))->Execute("CREATE TABLE T (ID INT)"); });
+  EXPECT_EQ(number, kErrorDamaged);
+}
+
+}  // namespace
+}  // namespace tarvoni::odbc
