@@ -100,7 +100,7 @@ TEST(Lexer, ShapesLeaveOutValuesAndLayout) {
   EXPECT_EQ(Shape("select Id,[x y] from T where A='b' AND c in (1,2.50,1e3)"),
             "SELECT Id , [x y] FROM T WHERE A = ?t AND c IN ( ?i , ?d(3,2) , ?f )");
   EXPECT_EQ(Shape("SELECT  1 -- one\n"), Shape("select/**/2"));
-  EXPECT_EQ(Shape("SELECT N'a'"), Shape("SELECT 'it''s'"));
+  EXPECT_EQ(Shape("SELECT N'a',n'b'"), Shape("SELECT 'it''s',''"));
   EXPECT_NE(Shape("SELECT 1"), Shape("SELECT 2147483648"));
   EXPECT_NE(Shape("SELECT 1.5"), Shape("SELECT 1.50"));
   EXPECT_NE(Shape("SELECT a AS Nr"), Shape("SELECT a AS NR"));
@@ -130,7 +130,8 @@ TEST(Lexer, ErrorsHaveNumberAndPlace) {
       {"a \xff b", "102 1:3"},
       {"a\xc3", "102 1:2"},
       {"a \xe2\x82", "102 1:3"},
-      {"a \xc0\xaf", "102 1:3"},
+      {"a \xe0\x83\x84", "102 1:3"},
+      {"a×b", "102 1:2"},
       {"SELECT @x", "50001 1:8"},
       {"SELECT 0x1F", "50001 1:8"},
       {"SELECT 1e309", "168 1:8"},
@@ -144,7 +145,7 @@ TEST(Lexer, ErrorsHaveNumberAndPlace) {
 }
 
 TEST(Lexer, AnErrorQuotesTheBeginningOfALongText) {
-  std::string text = "'";
+  std::string text = "'y";
   for (int i = 0; i < 100; ++i) text += "xä";
   try {
     Lex(text);
@@ -152,7 +153,7 @@ TEST(Lexer, AnErrorQuotesTheBeginningOfALongText) {
   } catch (const Error& error) {
     const std::string message = error.what();
     EXPECT_LT(message.size(), 150u);
-    EXPECT_NE(message.find("xäxä'"), std::string::npos);
+    EXPECT_NE(message.find("xäx'"), std::string::npos);
   }
 }
 

@@ -175,6 +175,7 @@ TEST(Parser, PlacesErrors) {
       {"INSERT INTO T (a)", 102, "1:17"},
       {"CREATE TABLE T (PRIMARY KEY (a))", 156, "1:17"},
       {"CREATE TABLE T (a DECIMAL(1.5))", 102, "1:27"},
+      {"CREATE TABLE T (a INT IDENTITY(1.5,1))", 102, "1:32"},
       {"IF a=1", 102, "1:6"},
       {"IF a=1 ELSE SELECT 1", 156, "1:8"},
       {"BEGIN END", 156, "1:7"},
@@ -184,6 +185,7 @@ TEST(Parser, PlacesErrors) {
       {"SET DATEFORMAT dmx", 2741, "1:16"},
       {"UPDATE T SET U.a = 1", 4104, "1:14"},
       {"SELECT ID FROM T WHERE ID", 4145, "1:24"},
+      {"SELECT ID FROM T WHERE ID OR a=1", 4145, "1:24"},
       {"SELECT ID FROM T WHERE a=1 AND ID OR b=1", 4145, "1:32"},
       {"SELECT ID FROM T WHERE NOT (ID)", 4145, "1:29"},
       {"SELECT CASE WHEN 1 THEN 2 END", 4145, "1:18"},
@@ -216,6 +218,8 @@ TEST(Parser, NamesWhatIsNotSupported) {
       {"BEGIN TRAN", "BEGIN TRANSACTION", "1:7"},
       {"BEGIN TRY SELECT 1 END TRY", "BEGIN TRY", "1:7"},
       {"SET XACT_ABORT ON", "SET XACT_ABORT", "1:5"},
+      {"SET [NOCOUNT] ON", "SET NOCOUNT", "1:5"},
+      {"SELECT [CAST](a AS INT)", "A function name in brackets", "1:8"},
       {"UPDATE T SET a=1 FROM U", "UPDATE … FROM", "1:18"},
       {"UPDATE T SET a+=1", "The assignment +=", "1:15"},
       {"DELETE FROM T FROM U", "DELETE … FROM", "1:15"},
@@ -301,6 +305,7 @@ TEST(Parser, AddsUpChainsInEachOther) {
   EXPECT_EQ(FailureOf("SELECT (" + chain + ')' + links).number, kTooDeep);
   EXPECT_EQ(FailureOf("SELECT f(0,CASE 1 WHEN 2 THEN (SELECT " + chain + ") END)" + links).number, kTooDeep);
   EXPECT_EQ(FailureOf("DELETE T WHERE (" + chain + ')' + links + "=1").number, kTooDeep);
+  EXPECT_EQ(FailureOf("SELECT 0+(" + chain + ')' + links).number, kTooDeep);
   EXPECT_EQ(FailureOf("SELECT 0" + links + "+(" + chain + ')').message, "");
   EXPECT_EQ(FailureOf("SELECT " + chain + ',' + chain + " FROM T," + Repeat("T,", 300) + "T").message, "");
 }

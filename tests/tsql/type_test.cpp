@@ -83,6 +83,7 @@ TEST(Names, CompareWithoutRegardToCase) {
   EXPECT_FALSE(SameName("a×", "a÷"));
   EXPECT_FALSE(SameName("[", "{"));
   EXPECT_FALSE(SameName("Ä", "Ô"));
+  EXPECT_FALSE(SameName("ĥ", "ą"));
 }
 
 TEST(TableDefinition, FindsColumns) {
