@@ -149,7 +149,7 @@ TEST_F(ConnectionTest, TemporaryTablesOutliveARollback) {
 }
 
 // A child that saves forty rows at a time without an end; the parent kills it at any moment.
-void SaveForever(const std::string& path) {
+[[noreturn]] void SaveForever(const std::string& path) noexcept {
   const auto connection = OpenDatabase(path);
   for (;;) {
     HandlerScope handler(*connection);
@@ -164,10 +164,7 @@ TEST_F(ConnectionTest, AKilledProgramLeavesWholeSaves) {
   long long rows = 0;
   for (const int life : {11, 23, 37, 52, 71}) {
     const pid_t child = ::fork();
-    if (child == 0) {
-      SaveForever(path_);
-      ::_exit(1);
-    }
+    if (child == 0) SaveForever(path_);
     std::this_thread::sleep_for(milliseconds(life));
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
@@ -352,6 +349,22 @@ TEST_F(ConnectionTest, KeepsTheShapesUsedLast) {
   EXPECT_TRUE(knows(Database::kPlans));
 }
 
+TEST_F(ConnectionTest, GivesNoIdentityValueThatAnotherProgramHasGiven) {
+  const auto connection = Create();
+  const std::string insert = "INSERT INTO ZEILE (N) VALUES (1)";
+  connection->Execute(insert);
+  ASSERT_EQ(OtherProgram(path_).Run(
+                "INSERT INTO ZEILE VALUES (50, 1, NULL); UPDATE tarvoni_identity SET last = 50"),
+            SQLITE_OK);
+  connection->BeginHandler();
+  connection->Execute(insert);
+  connection->Execute(insert);
+  EXPECT_EQ(Rows(*connection, "SELECT IDENT_CURRENT('ZEILE')"), "52");
+  connection->EndHandler();
+  EXPECT_EQ(OtherProgram(path_).Ask("SELECT last FROM tarvoni_identity"), "52");
+  EXPECT_EQ(Rows(*connection, "SELECT MAX(ID) FROM ZEILE"), "52");
+}
+
 TEST_F(ConnectionTest, NoticesTablesThatAnotherProgramChanges) {
   const auto connection = Create();
   const std::string insert = "INSERT INTO ZEILE (N) VALUES (1)";
@@ -368,10 +381,11 @@ TEST_F(ConnectionTest, NoticesTablesThatAnotherProgramChanges) {
   EXPECT_EQ(Rows(*connection, list), "1,1,NULL");
   EXPECT_EQ(connection->Open(list).Columns().at(2).name, "TEXTE");
   // and is made anew before it writes, for it would do so without an error.
+  connection->Execute(insert);
   ASSERT_EQ(other.Run("ALTER TABLE ZEILE RENAME COLUMN N TO M; ALTER TABLE ZEILE ADD COLUMN N MONEY"),
             SQLITE_OK);
   EXPECT_EQ(ErrorNumber([&] { connection->Execute(insert); }), 515);
-  EXPECT_EQ(other.Ask("SELECT COUNT(*) FROM ZEILE"), "1");
+  EXPECT_EQ(other.Ask("SELECT COUNT(*) FROM ZEILE"), "2");
   ASSERT_EQ(other.Run("UPDATE ZEILE SET N = 20000"), SQLITE_OK);
   connection->Execute("UPDATE ZEILE SET N = N + 1");
   EXPECT_EQ(other.Ask("SELECT N FROM ZEILE"), "30000");
