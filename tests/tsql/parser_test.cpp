@@ -158,6 +158,7 @@ TEST(Parser, PlacesErrors) {
       {"UPDATE KONTO SET STAND = WHERE ID = 1", 156, "1:26"},
       {"UPDATE KONTO SET STAND = ,MONAT = 1", 102, "1:26"},
       {"UPDATE KONTO SET WHERE ID = 1", 156, "1:18"},
+      {"UPDATE KONTO SET STAND == 1", 102, "1:25"},
       {"SELECT ID FROM KONTO WHERE ID = 1 2", 102, "1:35"},
       {"SELECT ORDER FROM T", 156, "1:8"},
       {"SELECT a AS KEY FROM T", 156, "1:13"},
