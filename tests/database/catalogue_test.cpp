@@ -48,9 +48,12 @@ TEST_F(CatalogueTest, KnowsTheKeysWithThePrimaryOneFirst) {
       "CREATE TABLE A (X INT NOT NULL, Y INT NOT NULL, Z NVARCHAR(9) NOT NULL, UNIQUE (Z,X), PRIMARY KEY "
       "(Y,X)) "
       "CREATE TABLE B (X NVARCHAR(9) NOT NULL PRIMARY KEY, Y INT NOT NULL) "
-      "CREATE UNIQUE INDEX B_Y ON B (Y) CREATE INDEX B_X ON B (X,Y)");
+      "CREATE UNIQUE INDEX B_Y ON B (Y) CREATE INDEX B_X ON B (X,Y) "
+      "CREATE TABLE C (X INT UNIQUE, Y INT NOT NULL)");
   EXPECT_EQ(Table("A").unique_keys, (std::vector<std::vector<int>>{{1, 0}, {2, 0}}));
   EXPECT_EQ(Table("B").unique_keys, (std::vector<std::vector<int>>{{0}, {1}}));
+  // One that may be NULL has a key over an expression, which says nothing of the column itself.
+  EXPECT_EQ(Table("C").unique_keys.size(), 0U);
 }
 
 TEST_F(CatalogueTest, FindsNamesInAnyLettersAndHidesItsOwn) {
