@@ -7,6 +7,16 @@
 #include "platform/odbc/row_reader.h"
 
 namespace tarvoni::odbc {
+namespace {
+
+// An error whose cause lies outside the batch would come again at every further step. FreeTDS gives a hang-up as a
+// warning that failed.
+bool EndsBatch(const Diagnostic& failure) {
+  return failure.IsLostConnection() || failure.IsWarning() || failure.state.starts_with("HY") ||
+         failure.state.starts_with("IM");
+}
+
+}  // namespace
 
 Batch::Batch(SQLHANDLE connection, bool wide_text, std::chrono::seconds time_limit)
     : statement_(connection), respondent_{SQL_HANDLE_STMT, statement_.Get(), wide_text} {
@@ -23,28 +33,18 @@ SQLRETURN Batch::Send(std::string_view text) {
 }
 
 void Batch::Run(std::string_view text, bool has_lead) {
-  SQLRETURN result = Send(text);
   bool counts = !has_lead;
-  while (true) {
-    Note(result);
-    if (result != SQL_ERROR) TakeResult(counts);
-    if (IsOver(result)) return;
+  SQLRETURN result = Send(text);
+  do {
+    const auto failure = FailureOf(result, respondent_);
+    if (!failure_) failure_ = failure;
+    if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA)
+      TakeResult(counts);
+    else if (EndsBatch(*failure))
+      return;
     counts = true;
     result = SQLMoreResults(statement_.Get());
-    if (result == SQL_NO_DATA) return;
-  }
-}
-
-void Batch::Note(SQLRETURN result) {
-  if (!failure_) failure_ = FailureOf(result, respondent_);
-}
-
-// An error whose cause lies outside the batch would come again at every further step.
-bool Batch::IsOver(SQLRETURN result) const {
-  if (result == SQL_INVALID_HANDLE) return true;
-  return result == SQL_ERROR && failure_ &&
-         (failure_->IsLostConnection() || failure_->state.starts_with("HY") ||
-          failure_->state.starts_with("IM"));
+  } while (result != SQL_NO_DATA);
 }
 
 void Batch::TakeResult(bool counts) {

@@ -29,9 +29,7 @@ class Batch {
 
  private:
   SQLRETURN Send(std::string_view text);
-  void Note(SQLRETURN result);
   void TakeResult(bool counts);
-  bool IsOver(SQLRETURN result) const;
 
   Handle<SQL_HANDLE_STMT> statement_;
   Respondent respondent_;

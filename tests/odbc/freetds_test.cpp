@@ -202,7 +202,7 @@ TEST_F(FreeTdsTest, ABatchWithTemporaryTablesIsSentInItsOwnScope) {
 
 TEST_F(FreeTdsTest, ALostConnectionIsSaidClearlyAndNothingIsRepeated) {
   const auto connection = Connect(TdsAnswer().Done());
-  answer_.clear();
+  answer_ = TdsServer::kHangUp;
   std::vector<int> heard;
   connection->SetTraceHook([&](const TraceEvent& event) { heard.push_back(event.error_number); });
   const auto error = ErrorIn([&] { connection->Execute("UPDATE A SET B = 1"); });
@@ -214,6 +214,18 @@ TEST_F(FreeTdsTest, ALostConnectionIsSaidClearlyAndNothingIsRepeated) {
   answer_ = TdsAnswer().Done(1).Bytes();
   EXPECT_EQ(ErrorNumber([&] { connection->Execute("UPDATE A SET B = 2"); }), kErrorConnection);
   EXPECT_THAT(server_.Batches(), ElementsAre(std::string(kSessionBatch), "UPDATE A SET B = 1"));
+}
+
+TEST_F(FreeTdsTest, AConnectionLostWithinAnAnswerIsNoResult) {
+  TdsAnswer answer;
+  answer.Columns({{"A", Type::kInt}}).Row().Whole(1).Row().Whole(2).Done(2).Done(7);
+  const std::string whole = answer.Bytes();
+  for (const std::size_t cut : {std::size_t{1}, std::size_t{14}, std::size_t{30}}) {
+    answer_ = TdsAnswer().Done().Bytes();
+    const auto connection = Connect(TdsAnswer().Done());
+    answer_ = whole.substr(0, whole.size() - cut) + TdsServer::kHangUp;
+    EXPECT_EQ(ErrorNumber([&] { connection->Open("SELECT"); }), kErrorConnection) << cut;
+  }
 }
 
 TEST_F(FreeTdsTest, AStatementThatTakesTooLongIsEndedAndTheConnectionLives) {

@@ -158,7 +158,8 @@ std::string TypeInfo(const TdsAnswer::Column& column) {
 
 }  // namespace
 
-const std::string TdsServer::kSilence = "-";
+const std::string TdsServer::kHangUp = "(hang up)";
+const std::string TdsServer::kSilence = "(silence)";
 
 TdsAnswer& TdsAnswer::Columns(const std::vector<Column>& columns) {
   columns_ = columns;
@@ -310,10 +311,11 @@ bool TdsServer::Reply(int client, int type, const std::string& request) {
     const std::lock_guard lock(mutex_);
     batches_.push_back(text);
   }
-  const std::string answer = answer_(text);
-  if (answer.empty()) return false;
-  if (answer != kSilence) SendPackets(client, answer);
-  return true;
+  std::string answer = answer_(text);
+  const bool hangs_up = answer.ends_with(kHangUp);
+  if (hangs_up) answer.resize(answer.size() - kHangUp.size());
+  if (answer != kSilence && !answer.empty()) SendPackets(client, answer);
+  return !hangs_up;
 }
 
 }  // namespace tarvoni::odbc

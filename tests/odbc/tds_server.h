@@ -69,6 +69,7 @@ class TdsServer {
  public:
   using Answer = std::function<std::string(const std::string& batch)>;
   enum class Login { kAccept, kRefuse, kIgnore };
+  static const std::string kHangUp;
   static const std::string kSilence;
 
   explicit TdsServer(Answer answer, Login login = Login::kAccept);
