@@ -13,7 +13,7 @@ add_library(tarvoni_options INTERFACE)
 target_compile_options(tarvoni_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
                                                  -Werror)
 # GCC 12 sees overlaps in std::string that cannot be (its bug 105651), and takes an empty std::optional for a value that
-# was never set; the analyzer of tools/tidy finds those that were not.
+# was never set; the asan preset and the fuzzer find those that were not.
 target_compile_options(tarvoni_options INTERFACE "$<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-maybe-uninitialized>")
 target_include_directories(tarvoni_options INTERFACE ${CMAKE_SOURCE_DIR})
 find_program(LLD ld.lld)
