@@ -29,6 +29,11 @@ struct ScriptHooks {
 
 // Plays a script on a toolkit: its lines call, drive the topmost Screen, answer what opens and compare. The
 // same script runs headless and on the desktop; only the driver differs.
+//
+// The lines behind a command that opens a box, a list or a Screen are played inside it: first what is expected of the
+// box (`expect message`, `expect offer`, `expect preview`), then its answer. A box with one button needs no answer if
+// it was expected. Any other line there fails, as does an answer when nothing is open. `expect grid`, `expect offer`
+// and `expect sql` begin with a line of captions.
 class ScriptPlayer : public Partner {
  public:
   // `environment` has the toolkit, the suite and the way to open databases; the player sets its locale.

@@ -52,8 +52,7 @@ void CopyPages(Handle& source, Handle& target) {
   if (code != SQLITE_OK) throw ErrorOf(code, sqlite3_errstr(code));
 }
 
-std::vector<std::string> Problems(Handle& handle) {
-  std::vector<std::string> problems;
+void CollectProblems(Handle& handle, std::vector<std::string>& problems) {
   Statement check(handle, "PRAGMA integrity_check");
   while (check.Step()) {
     if (auto line = check.Text(0); line != "ok") problems.push_back(std::move(line));
@@ -62,6 +61,17 @@ std::vector<std::string> Problems(Handle& handle) {
   while (references.Step()) {
     problems.push_back("row " + references.Text(1) + " of " + references.Text(0) +
                        " refers to a missing row of " + references.Text(2));
+  }
+}
+
+std::vector<std::string> Problems(Handle& handle) {
+  std::vector<std::string> problems;
+  try {
+    CollectProblems(handle, problems);
+  } catch (const DatabaseError& error) {
+    // Some damage ends the check itself.
+    if (error.Number() != kErrorDamaged) throw;
+    problems.emplace_back(error.what());
   }
   return problems;
 }

@@ -5,6 +5,10 @@
 namespace tarvoni::sqlite {
 namespace {
 
+DatabaseError NothingKept(const DatabaseError& error) {
+  return {error.Number(), std::string(error.what()) + " Von diesem Vorgang wurde nichts gespeichert."};
+}
+
 // SQLite 3.38 to 3.40 take a text's length into their Bloom filters' hashes: texts that are equal under a collation
 // but differ in length ('Nord' and 'nord ') then miss each other in a join.
 void SwitchOffBloomFilters(sqlite3* db) {
@@ -71,17 +75,19 @@ void Database::Commit() {
   try {
     identities_.Flush();
     commit_.Run();
-  } catch (const DatabaseError&) {
+  } catch (const DatabaseError& error) {
     Rollback();
-    throw;
+    throw NothingKept(error);
   }
   EndTransaction(false);
 }
 
-void Database::NoteFailure(const DatabaseError& error) {
-  if (!writing_ || handle_.InTransaction()) return;
+DatabaseError Database::NoteFailure(const DatabaseError& error) {
+  if (!writing_ || handle_.InTransaction()) return error;
   EndTransaction(true);
-  if (InHandler()) given_up_ = error;
+  const DatabaseError final_error = NothingKept(error);
+  if (InHandler()) given_up_ = final_error;
+  return final_error;
 }
 
 void Database::Rollback() {

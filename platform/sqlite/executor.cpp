@@ -83,10 +83,9 @@ std::size_t Executor::RunStep() {
 
 // Keeps the error and tells where the batch goes on.
 std::size_t Executor::Recover(const DatabaseError& error) {
-  database_.NoteFailure(error);
   const bool unknown_name = error.Number() == 207 || error.Number() == 208;
   if (unknown_name && !wrote_ && !restarted_ && database_.NoticeForeignChanges()) throw Outdated{};
-  KeepError(error);
+  KeepError(database_.NoteFailure(error));
   stopped_ = EndsBatch(error.Number());
   const auto* condition = std::get_if<tsql::ConditionStep>(&plan_->Plan().steps[index_].action);
   return condition != nullptr ? static_cast<std::size_t>(condition->otherwise) : index_ + 1;

@@ -79,7 +79,7 @@ class Executor {
   PreparedPlan* plan_ = nullptr;  // the one running: the batch's own, or that of a deferred statement
   std::size_t index_ = 0;
   TemporaryTables* temporary_ = nullptr;  // of the batch's own plan
-  std::vector<StoredValue> bound_;  // live until the statement has run
+  std::vector<StoredValue> bound_;        // live until the statement has run
   bool stopped_ = false;
   bool wrote_ = false;
   bool restarted_ = false;

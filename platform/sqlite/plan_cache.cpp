@@ -24,6 +24,11 @@ const Kind* As(const tsql::Step& step) {
 PreparedPlan::PreparedPlan(Handle& handle, IdentityValues& identities, tsql::Plan plan,
                            const tsql::LexedBatch& lexed)
     : handle_(handle), plan_(std::move(plan)), temporary_(handle, identities), prepared_(plan_.steps.size()) {
+  if (plan_.batch != nullptr) {
+    for (const int literal : plan_.batch->pinned) {
+      plan_.pinned.push_back({literal, lexed.literals[static_cast<std::size_t>(literal)].text});
+    }
+  }
   for (const tsql::Step& step : plan_.steps) {
     const auto token = std::ranges::lower_bound(lexed.tokens, step.at, Before, &tsql::Token::at);
     tokens_.push_back(static_cast<std::size_t>(token - lexed.tokens.begin()));

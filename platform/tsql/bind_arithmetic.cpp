@@ -78,8 +78,8 @@ BoundPtr ExpressionBinder::BindArithmetic(BinaryOperator op, BoundPtr left, Boun
     const int length = std::min(left->type.length + right->type.length, Type::kMaxLength);
     return MakeValue(at, Type::VarChar(length), 0, BoundConcat{std::move(left), std::move(right)});
   }
-  left = ConvertTo(std::move(left), left->type.IsText() ? common : left->type);
-  right = ConvertTo(std::move(right), right->type.IsText() ? common : right->type);
+  if (left->type.IsText()) left = ConvertTo(std::move(left), common);
+  if (right->type.IsText()) right = ConvertTo(std::move(right), common);
   PinLiteral(*left);
   PinLiteral(*right);
   const Type type = ArithmeticType(op, OperandType(*left, right->type), OperandType(*right, left->type));

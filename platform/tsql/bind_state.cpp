@@ -14,21 +14,21 @@ std::string QuoteName(std::string_view name) {
 }
 
 std::shared_ptr<const TableDefinition> BatchCatalogue::Find(std::string_view name) const {
-  for (auto created = created_.rbegin(); created != created_.rend(); ++created)
-    if (SameName(created->table->name, name)) return created->table;
+  if (const Created* created = FindCreated(name)) return created->table;
   return IsTemporary(name) ? nullptr : database_->FindTable(name);
 }
 
 std::string BatchCatalogue::StoredName(std::string_view name) const {
-  for (auto created = created_.rbegin(); created != created_.rend(); ++created)
-    if (SameName(created->table->name, name)) return created->stored_name;
+  if (const Created* created = FindCreated(name)) return created->stored_name;
   const auto table = database_->FindTable(name);
   return "main." + QuoteName(table ? table->name : name);
 }
 
-bool BatchCatalogue::CreatedHere(std::string_view name) const {
-  return std::any_of(created_.begin(), created_.end(),
-                     [&](const Created& created) { return SameName(created.table->name, name); });
+// A name is created once at a time: DROP TABLE takes it out again.
+const BatchCatalogue::Created* BatchCatalogue::FindCreated(std::string_view name) const {
+  const auto found = std::ranges::find_if(
+      created_, [&](const Created& created) { return SameName(created.table->name, name); });
+  return found == created_.end() ? nullptr : &*found;
 }
 
 void BatchCatalogue::Create(TableDefinition table) {

@@ -19,7 +19,7 @@ class BatchCatalogue {
   std::shared_ptr<const TableDefinition> Find(std::string_view name) const;
   // The name under which the table stands in the file, with its schema, ready to be written.
   std::string StoredName(std::string_view name) const;
-  bool CreatedHere(std::string_view name) const;
+  bool CreatedHere(std::string_view name) const { return FindCreated(name) != nullptr; }
 
   void Create(TableDefinition table);
   void Drop(std::string_view name);
@@ -29,6 +29,8 @@ class BatchCatalogue {
     std::shared_ptr<const TableDefinition> table;
     std::string stored_name;
   };
+  const Created* FindCreated(std::string_view name) const;
+
   const Catalogue* database_;
   std::string suffix_;
   std::vector<Created> created_;

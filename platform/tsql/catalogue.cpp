@@ -18,6 +18,7 @@ unsigned char Upper(unsigned char before, unsigned char c) {
 
 bool SameName(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
+  if (a == b) return true;  // names are mostly spelled alike
   unsigned char before = 0;
   for (size_t i = 0; i < a.size(); ++i) {
     const auto left = static_cast<unsigned char>(a[i]);

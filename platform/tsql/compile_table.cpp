@@ -19,6 +19,7 @@ int RequireColumn(const TableDefinition& table, const std::string& name, Positio
 std::vector<int> KeyColumns(const TableDefinition& table, const std::vector<std::string>& names,
                             Position at) {
   std::vector<int> columns;
+  columns.reserve(names.size());
   for (const std::string& name : names) columns.push_back(RequireColumn(table, name, at));
   return columns;
 }

@@ -83,10 +83,9 @@ class InsertEmitter {
         next_identity_(next_identity) {
     emitter_.Text("INSERT INTO ").Text(stored_name_).Text("(");
     for (size_t i = 0; i < targets_.size(); ++i)
-      emitter_.Text(i > 0 ? "," : "").Text(QuoteName(ColumnAt(table_, targets_[i]).name));
+      emitter_.Text(i > 0 ? "," : "").Name(ColumnAt(table_, targets_[i]).name);
     if (next_identity_)
-      emitter_.Text(targets_.empty() ? "" : ",")
-          .Text(QuoteName(ColumnAt(table_, table_.IdentityColumn()).name));
+      emitter_.Text(targets_.empty() ? "" : ",").Name(ColumnAt(table_, table_.IdentityColumn()).name);
     emitter_.Text(") ");
   }
 
@@ -211,7 +210,7 @@ void StatementCompiler::Compile(const UpdateStatement& update, Position at) {
                   assignment.at);
     const BoundPtr value = ConvertTo(ExpressionBinder(state_, scope, {}).Value(*assignment.value),
                                      ColumnAt(*table, column).type, BoundConvert::Mode::kStore);
-    emitter.Text(i > 0 ? "," : "").Text(QuoteName(ColumnAt(*table, column).name)).Text("=");
+    emitter.Text(i > 0 ? "," : "").Name(ColumnAt(*table, column).name).Text("=");
     EmitStored(emitter, *value, IsRowNumber(*table, column));
   }
   if (update.where) {

@@ -54,6 +54,13 @@ bool IsStoredColumn(const BoundExpression& expression) {
 
 }  // namespace
 
+Emitter& Emitter::Name(std::string_view name) {
+  sql_.text += '"';
+  for (const char c : name) sql_.text.append(c == '"' ? 2 : 1, c);
+  sql_.text += '"';
+  return *this;
+}
+
 void Emitter::Expression(const BoundExpression& expression) {
   std::visit([&](const auto& node) { Node(node, expression); }, expression.node);
 }
@@ -96,14 +103,15 @@ void Emitter::Arguments(const std::vector<BoundPtr>& arguments) {
   Text(")");
 }
 
+// Parameters are numbered by their place in the text: SQLite searches a list for those that bear a number.
 void Emitter::Node(const BoundParameter& node, const BoundExpression& self) {
   sql_.parameters.push_back({Parameter::Source::kLiteral, node.literal, self.type});
-  Text("?").Number(static_cast<long long>(sql_.parameters.size()));
+  Text("?");
 }
 
 void Emitter::Node(const BoundNow&, const BoundExpression& self) {
   sql_.parameters.push_back({Parameter::Source::kNow, -1, self.type});
-  Text("?").Number(static_cast<long long>(sql_.parameters.size()));
+  Text("?");
 }
 
 void Emitter::Node(const BoundConstant& node, const BoundExpression& self) {
@@ -119,7 +127,10 @@ void Emitter::Node(const BoundConstant& node, const BoundExpression& self) {
 
 void Emitter::Node(const BoundColumn& node, const BoundExpression&) {
   if (style_ == ColumnStyle::kQualified) Text("t").Number(node.source).Text(".");
-  Text(node.stored ? QuoteName(node.name) : node.name);
+  if (node.stored)
+    Name(node.name);
+  else
+    Text(node.name);
 }
 
 void Emitter::Node(const BoundConcat& node, const BoundExpression&) {

@@ -22,6 +22,8 @@ class Emitter {
     sql_.text += text;
     return *this;
   }
+  // "NAME" with its quotes doubled.
+  Emitter& Name(std::string_view name);
   Emitter& Number(long long number) { return Text(std::to_string(number)); }
 
   void Expression(const BoundExpression& expression);

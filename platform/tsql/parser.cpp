@@ -102,11 +102,15 @@ void Parser::Refuse(std::initializer_list<Foreign> words) const {
   }
 }
 
-Batch Parser::ParseBatch() {
+void Parser::SkipSemicolons() {
   while (ConsumeIf(";")) continue;
+}
+
+Batch Parser::ParseBatch() {
+  SkipSemicolons();
   while (!MatchKind(TokenKind::kEnd)) {
     batch_.statements.push_back(ParseStatement());
-    while (ConsumeIf(";")) continue;
+    SkipSemicolons();
   }
   return std::move(batch_);
 }

@@ -265,6 +265,7 @@ ExpressionPtr Parser::ParseReservedPrimary() {
 
 ExpressionPtr Parser::ParseNamePrimary() {
   if (!Match("(", 1)) return ParseColumnName();
+  if (Peek().quoted) FailUnsupported("A function name in brackets");
   if (MatchName("CAST")) return ParseCast();
   if (MatchName("TRY_CAST")) FailUnsupported("TRY_CAST");
   return ParseCall();

@@ -59,15 +59,16 @@ class Parser {
     return (token.kind == TokenKind::kKeyword || token.kind == TokenKind::kSymbol) &&
            token.text == reserved_word_or_symbol;
   }
-  const Token& LastWord() const;  // the next token, or at the end of the text the one before
   bool MatchName(std::string_view unreserved_word, std::ptrdiff_t ahead = 0) const;
   bool MatchKind(TokenKind kind, std::ptrdiff_t ahead = 0) const { return Peek(ahead).kind == kind; }
+  const Token& LastWord() const;  // the next token, or at the end of the text the one before
   const Token& Consume();
   bool ConsumeIf(std::string_view reserved_word_or_symbol);
   const Token& Expect(std::string_view reserved_word_or_symbol);
   const Token& ExpectName();
   const Token& ExpectPinned(TokenKind kind);  // a literal whose value goes into the tree
   bool ExpectOnOff();
+  void SkipSemicolons();
 
   // Errors.
   [[noreturn]] void FailUnexpected() const;  // 102 or 156 at the next token
@@ -185,8 +186,8 @@ class Parser {
   const Token* next_;
   const Token* const end_;
   int depth_ = 0;
-  int deepest_ =
-      0;  // lowest level of the tree that the current nesting, or the right side of its link, has reached
+  // Lowest level of the tree that the current nesting, or the right side of its link, has reached.
+  int deepest_ = 0;
 };
 
 template <class Node>

@@ -118,7 +118,9 @@ Assignment Parser::ParseAssignment(const std::string& table) {
                   at);
     }
   }
-  if (MatchKind(TokenKind::kSymbol) && Match("=", 1)) {
+  const bool sign = MatchKind(TokenKind::kSymbol) &&
+                    std::string_view("+-*/%&|^").find(Peek().text) != std::string_view::npos;
+  if (sign && Match("=", 1)) {
     FailUnsupported("The assignment " + std::string(Peek().text) + "=");
   }
   Expect("=");
@@ -155,9 +157,9 @@ BlockStatement Parser::ParseBlock() {
           {"CATCH", "BEGIN CATCH"}});
   BlockStatement block;
   do {
-    while (ConsumeIf(";")) continue;
+    SkipSemicolons();
     block.body.push_back(ParseStatement());
-    while (ConsumeIf(";")) continue;
+    SkipSemicolons();
   } while (!Match("END"));
   Expect("END");
   return block;

@@ -12,7 +12,7 @@
 // What a batch becomes: a list of steps in SQLite's words, and what the caller has to know to run them.
 namespace tarvoni::tsql {
 
-// The filling of ?1, ?2 … of a statement.
+// The filling of the n-th ? of a statement.
 struct Parameter {
   enum class Source {
     kLiteral,  // a literal of the batch, converted to `type`

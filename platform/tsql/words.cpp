@@ -95,7 +95,7 @@ Decoded Decode(std::string_view text) {
   };
   const int second = tail(1);
   if (second < 0) return {};
-  if (lead >= 0xC2 && lead <= 0xDF) return {static_cast<char32_t>((lead & 0x1F) << 6 | second), 2};
+  if ((lead & 0xE0) == 0xC0) return {static_cast<char32_t>((lead & 0x1F) << 6 | second), 2};
   const int third = tail(2);
   if (third < 0 || (lead & 0xF0) != 0xE0) return {};
   const auto character = static_cast<char32_t>((lead & 0x0F) << 12 | second << 6 | third);

@@ -44,8 +44,9 @@ class Field {
 class FieldList {
  public:
   int Count() const;
-  Field operator[](std::string_view name) const;  // without regard to case, the first of duplicates; error 3265
-  Field operator[](int index) const;              // from 0; error 3265
+  Field operator[](
+      std::string_view name) const;   // without regard to case, the first of duplicates; error 3265
+  Field operator[](int index) const;  // from 0; error 3265
 
  private:
   friend class Recordset;

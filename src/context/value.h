@@ -35,7 +35,9 @@ struct Null {
 // The value of one field: NULL, flag, whole number, floating point, exact decimal (amounts too), text in UTF-8, date.
 using Value = std::variant<Null, bool, std::int64_t, double, Decimal, std::string, DateTime>;
 
-inline bool IsNull(const Value& value) { return std::holds_alternative<Null>(value); }
+inline bool IsNull(const Value& value) {
+  return std::holds_alternative<Null>(value);
+}
 
 // The value as scripts and the command line show it, independent of any locale: NULL as "NULL", flags 0 or 1,
 // decimals without trailing zeros, floats with at most 15 significant digits, dates in ISO form.

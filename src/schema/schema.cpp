@@ -1,6 +1,8 @@
 #include "src/schema/schema.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "src/schema/schema_parts.h"
@@ -8,15 +10,13 @@
 namespace tarvoni {
 namespace {
 
+// Takes a part apart at its blank lines; a line break stands before and behind the whole.
 void AppendStatements(std::string_view part, std::vector<std::string>& statements) {
   constexpr std::string_view kBlankLine = "\n\n";
-  while (!part.empty()) {
-    const auto end = part.find(kBlankLine);
-    std::string_view statement = part.substr(0, end);
-    part.remove_prefix(end == part.npos ? part.size() : end + kBlankLine.size());
-    while (statement.starts_with('\n')) statement.remove_prefix(1);
-    while (statement.ends_with('\n')) statement.remove_suffix(1);
-    if (!statement.empty()) statements.emplace_back(statement);
+  part = part.substr(1, part.size() - 2);
+  for (std::size_t begin = 0, end = 0; begin < part.size(); begin = end + kBlankLine.size()) {
+    end = std::min(part.find(kBlankLine, begin), part.size());
+    statements.emplace_back(part.substr(begin, end - begin));
   }
 }
 

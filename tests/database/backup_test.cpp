@@ -59,12 +59,16 @@ TEST_F(BackupTest, RefusesATargetThatCannotBeOne) {
 
 TEST_F(BackupTest, TellsOfDamage) {
   EXPECT_THAT(CheckIntegrity(*connection_), ::testing::IsEmpty());
-  for (int i = 2; i < 400; ++i)
-    connection_->Execute("INSERT INTO A (ID,T) SELECT " + std::to_string(i) + "," + std::to_string(i));
+  connection_->BeginHandler();
+  for (int i = 2; i < 400; ++i) {
+    connection_->Execute("INSERT INTO A (ID,T) VALUES (" + std::to_string(i) + ",'" + std::to_string(i) +
+                         "')");
+  }
+  connection_->EndHandler();
   connection_.reset();
   std::string bytes = BytesOf(path_);
-  bytes.replace(4096 * 2 + 200, 3000, std::string(3000, '\x7F'));
-  WriteBytes(path_, bytes);
+  constexpr std::size_t kSound = 2 * 4096;
+  WriteBytes(path_, bytes.replace(kSound, bytes.size() - kSound, bytes.size() - kSound, '\x7F'));
   connection_ = OpenDatabase(path_);
   EXPECT_THAT(CheckIntegrity(*connection_), ::testing::Not(::testing::IsEmpty()));
   EXPECT_EQ(ErrorNumber([&] { Backup(*connection_, copy_); }), kErrorDamaged);

@@ -11,9 +11,11 @@
 #include <iterator>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/sqlite_database.h"
+#include "platform/tsql/runtime.h"
 
 namespace tarvoni::sqlite {
 
@@ -42,7 +44,15 @@ class TempFolder {
 // The file as another program without our functions sees it.
 class OtherProgram {
  public:
-  explicit OtherProgram(const std::string& path) { sqlite3_open(path.c_str(), &db_); }
+  explicit OtherProgram(const std::string& path) {
+    sqlite3_open(path.c_str(), &db_);
+    // Enough of the collation to let it write.
+    const auto compare = [](void*, int a_size, const void* a, int b_size, const void* b) {
+      return std::string_view(static_cast<const char*>(a), static_cast<std::size_t>(a_size))
+          .compare({static_cast<const char*>(b), static_cast<std::size_t>(b_size)});
+    };
+    sqlite3_create_collation(db_, tsql::kCollation, SQLITE_UTF8, nullptr, compare);
+  }
   OtherProgram(const OtherProgram&) = delete;
   OtherProgram& operator=(const OtherProgram&) = delete;
   ~OtherProgram() { sqlite3_close(db_); }

@@ -307,6 +307,7 @@ struct Choices : Form {
   OptionButton optMenge{*this, "optMenge"};
   TextBox txt{*this, "txt"};
   DateControl dtp{*this, "dtp"};
+  ListBox list{*this, "list"};
 };
 
 TEST(Choosing, TabsChecksOptionsAndDates) {
@@ -332,6 +333,23 @@ TEST(Choosing, TabsChecksOptionsAndDates) {
   form.dtp.SetLimits({.year = 1901, .month = 1, .day = 1}, {.year = 2079, .month = 1, .day = 1});
   user.ChooseDate(form.dtp, DateTime{.year = 2100, .month = 5, .day = 1});
   EXPECT_EQ(form.dtp.Value(), (DateTime{.year = 2079, .month = 1, .day = 1}));
+}
+
+TEST(Choosing, ListClicksOnAChangeOnlyAndFollowsRemovedItems) {
+  QuietToolkit toolkit;
+  Choices form;
+  for (const char* item : {"a", "b", "c"}) form.list.AddItem(item);
+  int clicks = 0;
+  form.list.Click = [&] { ++clicks; };
+  UserActions& user = toolkit.Show(form, form.list);
+  user.SelectItem(form.list, 2);
+  user.SelectItem(form.list, 2);
+  EXPECT_EQ(clicks, 1);
+  form.list.RemoveItem(0);
+  EXPECT_EQ(form.list.Text(), "c");
+  form.list.RemoveItem(1);
+  EXPECT_EQ(form.list.ListIndex(), -1);
+  EXPECT_EQ(clicks, 1);
 }
 
 }  // namespace

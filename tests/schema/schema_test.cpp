@@ -187,7 +187,7 @@ TEST_F(StatementTest, EveryStatementRuns) {
   for (const StatementBlock& block : blocks) Run(block);
 }
 
-// An empty database has no values that could hide a wrong type or name.
+// A new enterprise begins without rows: no statement may rely on finding one.
 TEST_F(StatementTest, EveryStatementRunsOnAnEmptyDatabase) {
   for (const StatementBlock& block : ReadStatementFolder(Folder())) {
     if (block.file != "00_rows.sql") Run(block);

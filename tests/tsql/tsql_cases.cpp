@@ -2,14 +2,16 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <regex>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "platform/odbc/odbc_database.h"
 #include "platform/sqlite/sqlite_database.h"
 
-// tsql_cases [--database URL] FILE…: runs conformance cases (tests/tsql/cases) on a database, each file on one
-// connection to an empty one.
+// tsql_cases [--database URL] FILE…: runs conformance cases (tests/tsql/cases), each file on one connection to an
+// empty database: a new one in memory unless told. At a file's end the tables it made are dropped again.
 namespace tarvoni {
 namespace {
 
@@ -76,7 +78,31 @@ std::string Outcome(Connection& connection, const Case& test) {
 }
 
 std::shared_ptr<Connection> OpenEmpty(const std::string& database) {
+  if (database.starts_with("odbc:")) return odbc::OpenOdbc(database);
   return sqlite::OpenDatabase(database, {.create = true});
+}
+
+// The names behind CREATE TABLE, the last one first: it may refer to those before it.
+std::vector<std::string> CreatedTables(const std::vector<Case>& cases) {
+  static const std::regex kCreate(R"(CREATE TABLE (\[[^\]]+\]|[^\s(#]+))");
+  std::vector<std::string> names;
+  for (const Case& test : cases) {
+    const std::sregex_iterator end;
+    for (std::sregex_iterator found(test.batch.begin(), test.batch.end(), kCreate); found != end; ++found) {
+      names.insert(names.begin(), found->str(1));
+    }
+  }
+  return names;
+}
+
+void DropTables(Connection& connection, const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    try {
+      connection.Execute("DROP TABLE " + name);
+    } catch (const DatabaseError&) {
+      // A case was about its not being there.
+    }
+  }
 }
 
 std::string OneLine(std::string text) {
@@ -92,7 +118,8 @@ struct Tally {
 
 void RunFile(const std::string& path, const std::string& database, Tally& tally) {
   const auto connection = OpenEmpty(database);
-  for (const Case& test : ReadCases(path)) {
+  const auto cases = ReadCases(path);
+  for (const Case& test : cases) {
     const std::string found = Outcome(*connection, test);
     if (found == test.expected) {
       ++tally.passed;
@@ -102,6 +129,7 @@ void RunFile(const std::string& path, const std::string& database, Tally& tally)
     std::cout << path << ':' << test.line << ": " << test.name << ": expected " << OneLine(test.expected)
               << ", found " << OneLine(found) << '\n';
   }
+  DropTables(*connection, CreatedTables(cases));
 }
 
 int Main(const std::vector<std::string>& arguments) {
