@@ -23,8 +23,8 @@ void BuildDemo(Connection& connection, const DemoOptions& options) {
   const auto report = [&options](double done) {
     if (options.progress) options.progress(done);
   };
-  for (const std::string& statement : SchemaStatements()) connection.Execute(statement);
   HandlerScope all_at_once(connection);
+  for (const std::string& statement : SchemaStatements()) connection.Execute(statement);
   Enterprise enterprise(connection, options.scale);
   for (const auto& build : kMasterParts) build(enterprise);
   BuildWageOrders(enterprise, [&](double done) { report(kMasterShare + done * kWageOrderShare); });

@@ -72,6 +72,13 @@ class OwnPositionWriter {
     Total(position);
   }
 
+  // In cents, per hectare or unit; timber is sold for more than work costs.
+  int DrawPrice(const Position& position) {
+    if (position.type.Has(kArea)) return random_.Between(8'000, 95'000);
+    if (position.type.Has(kTimber) && position.cost_type.revenue) return random_.Between(2'800, 10'500);
+    return random_.Between(80, 3'500);
+  }
+
   static void Total(Position& position) {
     position.amount = position.type.Has(kArea) ? position.area * position.unit_price / 10
                                                : (position.quantity * position.unit_price + 50) / 100;

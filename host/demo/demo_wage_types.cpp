@@ -67,7 +67,8 @@ void WriteRates(Enterprise& enterprise) {
   int id = 0;
   for (const WageTypeRow& row : kWageTypes) {
     ++id;
-    if (row.stage != 0) writer.Add("LOHNARTEN.ENTWSTUFFE", id, kAgreements.front().from, row.stage);
+    if (row.stage != 0)
+      writer.Add("LOHNARTEN.ENTWSTUFFE", id, kAgreements.front().from, Decimal(row.stage, 0));
   }
   writer.Finish();
 }

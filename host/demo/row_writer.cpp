@@ -16,8 +16,9 @@ void AppendLiteral(std::string& sql, bool flag) {
   sql += flag ? '1' : '0';
 }
 
+// As a text: a number's digits would give each amount a type, and so each statement a plan, of its own.
 void AppendLiteral(std::string& sql, const Decimal& number) {
-  sql += number.ToString();
+  AppendLiteral(sql, number.ToString());
 }
 
 // Without separators a server reads it alike under every language.
@@ -46,14 +47,18 @@ RowWriter::RowWriter(Connection& connection, std::string_view table, std::string
 }
 
 RowWriter::~RowWriter() {
-  assert(rows_ == 0 || std::uncaught_exceptions() > 0);
+  assert(rows_.empty() || std::uncaught_exceptions() > 0);
+}
+
+void RowWriter::Write(Rows& rows) {
+  if (rows.cells == 0) return;
+  connection_.Execute(head_ + rows.sql + tail_);
+  rows = {};
 }
 
 void RowWriter::Finish() {
-  if (rows_ == 0) return;
-  connection_.Execute(head_ + sql_ + tail_);
-  sql_.clear();
-  rows_ = 0;
+  for (auto& [nulls, rows] : rows_) Write(rows);
+  rows_.clear();
 }
 
 }  // namespace tarvoni::demo

@@ -7,7 +7,8 @@
 namespace tarvoni::demo {
 namespace {
 
-constexpr int kSolidInStacked = 70;  // percent of a stacked cubic metre
+constexpr int kSolidInStacked = 70;    // percent of a stacked cubic metre
+constexpr int kMainSpeciesShare = 70;  // percent of a list's logs
 
 struct SizeClass {
   int below;
@@ -70,10 +71,10 @@ struct TimberWriter::Log {
   int split = 0;     // percent
 };
 
-TimberWriter::Log TimberWriter::DrawLog() {
+TimberWriter::Log TimberWriter::DrawLog(const SpeciesRow& main_species) {
   Random& random = enterprise_.random;
   Log log;
-  log.species = &DrawSpecies(random);
+  log.species = random.Chance(kMainSpeciesShare) ? &main_species : &DrawSpecies(random);
   log.grade = &DrawGrade(random, *log.species);
   switch (log.grade->kind) {
     case TimberKind::kRound:
@@ -97,8 +98,9 @@ TimberWriter::Log TimberWriter::DrawLog() {
   return log;
 }
 
-std::int64_t TimberWriter::WriteLog(const TimberList& list, const std::string& name, int number) {
-  const Log log = DrawLog();
+std::int64_t TimberWriter::WriteLog(const TimberList& list, const SpeciesRow& main_species,
+                                    const std::string& name, int number) {
+  const Log log = DrawLog(main_species);
   // Now and then a log bears marks that the tariff may not know.
   const bool usual = !enterprise_.random.Chance(3);
   const int known = usual ? enterprise_.tariff_marks : kMarkCombinations;
@@ -120,7 +122,9 @@ void TimberWriter::WriteSurcharge(const std::string& name) {
 WrittenList TimberWriter::Write(const TimberList& list) {
   const int id = ++enterprise_.last.list;
   WrittenList written{id, fmt::format("{}-{:02}-{:05}", list.client.number, list.year % 100, id), 0};
-  for (int number = 1; number <= list.logs; ++number) written.volume += WriteLog(list, written.name, number);
+  const SpeciesRow& main_species = DrawSpecies(enterprise_.random);
+  for (int number = 1; number <= list.logs; ++number)
+    written.volume += WriteLog(list, main_species, written.name, number);
   const int surcharge = enterprise_.random.Chance(30) ? 10 : 0;
   heads_.Add(id, written.name, Decimal(written.volume, 2), list.locked, OrNull(list.owner.wage_order),
              OrNull(list.owner.work_order), surcharge, 5, 4, 3, 8, 6, 2, 2, 1, 3, 3);

@@ -43,8 +43,9 @@ class TimberWriter {
 
  private:
   struct Log;
-  Log DrawLog();
-  std::int64_t WriteLog(const TimberList& list, const std::string& name, int number);
+  Log DrawLog(const SpeciesRow& main_species);
+  std::int64_t WriteLog(const TimberList& list, const SpeciesRow& main_species, const std::string& name,
+                        int number);
   void WriteSurcharge(const std::string& name);
 
   Enterprise& enterprise_;
