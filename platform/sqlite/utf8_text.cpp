@@ -12,24 +12,40 @@ bool BeginsCharacter(char c) {
   return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
 }
 
-// Maps each character; bytes that are no character stay.
+// Maps the first character of `text` onto the end of `mapped`; a byte that is no character stays.
 template <typename Map>
-std::string Mapped(std::string_view text, Map map) {
+void MapOne(std::string_view& text, std::string& mapped, Map map) {
+  utf8proc_int32_t code = 0;
+  const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
+  const auto size = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &code);
+  if (size > 0) {
+    std::array<utf8proc_uint8_t, 4> buffer;
+    const auto written = utf8proc_encode_char(map(code), buffer.data());
+    mapped.append(buffer.begin(), buffer.begin() + written);
+  } else {
+    mapped += text[0];
+  }
+  text.remove_prefix(static_cast<std::size_t>(std::max<utf8proc_ssize_t>(size, 1)));
+}
+
+bool IsBetween(char c, char first, char last) {
+  return c >= first && c <= last;
+}
+
+// Turns the case of the letters from `first` to `last`, and maps what is not ASCII.
+template <typename Map>
+std::string Mapped(std::string_view text, char first, char last, Map map) {
+  constexpr char kCaseBit = 0x20;
   std::string mapped;
   mapped.reserve(text.size());
   while (!text.empty()) {
-    std::array<utf8proc_uint8_t, 4> buffer;
-    utf8proc_int32_t code = 0;
-    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
-    const auto size = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &code);
-    const auto taken = static_cast<std::size_t>(std::max<utf8proc_ssize_t>(size, 1));
-    if (size > 0) {
-      const auto written = utf8proc_encode_char(map(code), buffer.data());
-      mapped.append(buffer.begin(), buffer.begin() + written);
-    } else {
-      mapped += text[0];
+    const char c = text[0];
+    if (!IsBetween(c, '\0', '\x7F')) {
+      MapOne(text, mapped, map);
+      continue;
     }
-    text.remove_prefix(taken);
+    mapped += IsBetween(c, first, last) ? static_cast<char>(c ^ kCaseBit) : c;
+    text.remove_prefix(1);
   }
   return mapped;
 }
@@ -73,11 +89,11 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
 }
 
 std::string UpperCase(std::string_view text) {
-  return Mapped(text, UpperLetter);
+  return Mapped(text, 'a', 'z', UpperLetter);
 }
 
 std::string LowerCase(std::string_view text) {
-  return Mapped(text, utf8proc_tolower);
+  return Mapped(text, 'A', 'Z', utf8proc_tolower);
 }
 
 }  // namespace tarvoni::sqlite

@@ -143,6 +143,22 @@ char32_t LowerLatin(char32_t c) {
   return (c % 2 == 1) == upper_is_odd ? c + 1 : c;
 }
 
+// The letter of two bytes, U+00C0 to U+017F, that begins at a place; 0 if none does.
+char32_t LatinAt(std::string_view text, std::size_t at) {
+  const auto lead = at < text.size() ? static_cast<unsigned char>(text[at]) : 0U;
+  if (lead < 0xC3 || lead > 0xC5 || !IsContinuation(text, at + 1)) return 0;
+  return ((lead & 0x1FU) << 6) | (static_cast<unsigned char>(text[at + 1]) & 0x3FU);
+}
+
+// At a difference: whether it is but the case of a Latin letter, of which `at` is then the last byte.
+bool SkipCase(std::string_view a, std::string_view b, std::size_t& at) {
+  const std::size_t first = at > 0 && IsContinuation(a, at) ? at - 1 : at;
+  const char32_t x = LatinAt(a, first), y = LatinAt(b, first);
+  if (x == 0 || y == 0 || LowerLatin(x) != LowerLatin(y)) return false;
+  at = first + 1;
+  return true;
+}
+
 }  // namespace
 
 char32_t TakeCharacter(std::string_view& text) {
@@ -170,9 +186,8 @@ std::string FoldCase(std::string_view text) {
     const auto lead = static_cast<unsigned char>(folded[i]);
     if (lead < 0x80) {
       if (IsAsciiLetter(lead)) folded[i] = static_cast<char>(lead | 0x20);
-    } else if (lead >= 0xC3 && lead <= 0xC5 && IsContinuation(folded, i + 1)) {
-      const char32_t lower =
-          LowerLatin(((lead & 0x1FU) << 6) | (static_cast<unsigned char>(folded[i + 1]) & 0x3FU));
+    } else if (const char32_t letter = LatinAt(folded, i); letter != 0) {
+      const char32_t lower = LowerLatin(letter);
       folded[i] = static_cast<char>(0xC0 | (lower >> 6));
       folded[++i] = static_cast<char>(0x80 | (lower & 0x3F));
     }
@@ -188,7 +203,10 @@ int CompareText(std::string_view a, std::string_view b, FoldCharacter fold) {
   for (; i < common; ++i) {
     const auto x = static_cast<unsigned char>(a[i]), y = static_cast<unsigned char>(b[i]);
     if (x == y) continue;
-    if ((x | y) >= kAsciiWeights.size()) break;
+    if ((x | y) >= kAsciiWeights.size()) {
+      if (!SkipCase(a, b, i)) break;
+      continue;
+    }
     if (kAsciiWeights[x] != kAsciiWeights[y]) return Order(kAsciiWeights[x], kAsciiWeights[y]);
   }
   if (i == a.size() && i == b.size()) return 0;
