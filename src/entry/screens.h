@@ -1,0 +1,20 @@
+#pragma once
+
+#include "src/entry/c_lohn.h"
+
+namespace tarvoni {
+
+// The Screens behind the methods of c_Lohn, a line each.
+struct Screens {
+  using F_ARA = NotBuilt;
+  using F_Arbeitsauftrag = NotBuilt;
+  using F_Belege_New = NotBuilt;
+  using F_Bruttolohn = NotBuilt;
+  using F_Lager = NotBuilt;
+  using F_MaschineStamm = NotBuilt;
+  using F_Maschinenbuch = NotBuilt;
+  using F_NewRechnung = NotBuilt;
+  using F_PA_Gruppe = NotBuilt;
+};
+
+}  // namespace tarvoni
