@@ -5,6 +5,7 @@
 #include <string>
 
 #include "include/tarvoni_lohn.h"
+#include "src/context/error_text.h"
 
 namespace tarvoni {
 
@@ -36,7 +37,7 @@ Result RunCall(const char* screen, const char* interface, const Work& work) {
   } catch (const NotBuiltError& error) {
     return Fail(kResultNotImplemented, {.text = error.what(), .screen = screen, .interface = interface});
   } catch (const std::exception& error) {
-    return Fail(kResultFail, {.text = error.what(), .screen = screen, .interface = interface});
+    return Fail(kResultFail, {.text = ErrorText(error), .screen = screen, .interface = interface});
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "src/entry/c_lohn.h"
+#include "src/machines/f_maschine_stamm.h"
 
 namespace tarvoni {
 
@@ -11,7 +12,7 @@ struct Screens {
   using F_Belege_New = NotBuilt;
   using F_Bruttolohn = NotBuilt;
   using F_Lager = NotBuilt;
-  using F_MaschineStamm = NotBuilt;
+  using F_MaschineStamm = tarvoni::F_MaschineStamm;
   using F_Maschinenbuch = NotBuilt;
   using F_NewRechnung = NotBuilt;
   using F_PA_Gruppe = NotBuilt;
