@@ -3,11 +3,11 @@
 #include <string>
 #include <type_traits>
 
-#include "src/common/slot.h"
 #include "src/context/running_handler.h"
 #include "src/context/tvn_var_dll.h"
 #include "src/entry/call.h"
 #include "src/entry/object.h"
+#include "src/entry/slot_call.h"
 
 namespace tarvoni {
 
@@ -83,10 +83,6 @@ class c_Lohn final : public Object<_c_Lohn, kInterface_c_Lohn> {
   }
 
  private:
-  struct Nothing {
-    void operator()() const {}
-  };
-
   template <typename ScreenType, typename Work, typename After = Nothing>
   static Result Call(const char* screen, const TvnVar_Dll& tvnvar, const Work& work,
                      const After& after = {}) {
@@ -95,10 +91,7 @@ class c_Lohn final : public Object<_c_Lohn, kInterface_c_Lohn> {
         throw NotBuiltError(screen);
       } else {
         RunningHandler running(tvnvar.dbAdo.get());
-        const auto instance = Slot<ScreenType>::Use();
-        work(*instance);
-        after();
-        Slot<ScreenType>::Clear();
+        CallThroughSlot<ScreenType>(work, after);
         running.Finish();
       }
     });

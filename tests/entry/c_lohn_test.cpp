@@ -125,7 +125,7 @@ TEST_F(Lohn, TheWritesOfACallAreCommittedWhenItEnds) {
   context_.dbAdo = connection;
   lohn_->MaschineStamm(context_);
   EXPECT_THAT(Journal(),
-              ElementsAre("begin", "F_MaschineStamm#1 Run {dir}", "commit", "end", "F_MaschineStamm#1 gone"));
+              ElementsAre("begin", "F_MaschineStamm#1 Run {dir}", "F_MaschineStamm#1 gone", "commit", "end"));
 
   Journal().clear();
   F::F_MaschineStamm::fails = true;
