@@ -3,7 +3,7 @@
 #include "src/context/call_error.h"
 #include "src/context/tvn_var_dll.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 
 // The context record's connection; a CallError if the host gave none.
 inline Connection& DatabaseOf(const TvnVar_Dll& context) {
@@ -11,4 +11,4 @@ inline Connection& DatabaseOf(const TvnVar_Dll& context) {
   return *context.dbAdo;
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

@@ -6,7 +6,7 @@
 #include "src/context/environment.h"
 #include "src/context/statement.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 namespace {
 
 std::optional<DateTime> DateOf(const Value& value) {
@@ -24,19 +24,19 @@ std::string Without(std::string text, const std::string& separator) {
 
 }  // namespace
 
-std::string SuiteConvertHelper::DateToSql(const Value& date, const std::string& format) {
+std::string ConvertHelper::DateToSql(const Value& date, const std::string& format) {
   const auto day = DateOf(date);
   return day ? FormatDate(*day, format, Locale::English()) : std::string();
 }
 
-std::string SuiteConvertHelper::NumberToSql(const std::string& text, const std::string& separator) {
+std::string ConvertHelper::NumberToSql(const std::string& text, const std::string& separator) {
   return Number(Without(text, separator)).Text();
 }
 
-std::string SuiteConvertHelper::NormalizeNumber(const std::string& text) {
+std::string ConvertHelper::NormalizeNumber(const std::string& text) {
   std::string normal = text;
   std::ranges::replace(normal, '.', CurrentLocale().decimal_separator);
   return normal;
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

@@ -2,10 +2,10 @@
 
 #include "src/context/services.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 
 // Text for statements, by the rules of the statement composers and the date masks.
-class SuiteConvertHelper : public ConvertHelper {
+class ConvertHelper final : public tarvoni::ConvertHelper {
  public:
   // A text counts as the date it reads as.
   std::string DateToSql(const Value& date, const std::string& format) override;
@@ -14,4 +14,4 @@ class SuiteConvertHelper : public ConvertHelper {
   std::string NormalizeNumber(const std::string& text) override;
 };
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

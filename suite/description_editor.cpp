@@ -4,7 +4,7 @@
 #include "src/context/environment.h"
 #include "src/context/toolkit.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 namespace {
 
 std::string CaptionFor(const std::string& table) {
@@ -15,11 +15,11 @@ std::string CaptionFor(const std::string& table) {
 
 }  // namespace
 
-void SuiteDescriptionEditor::EditText(const TvnVar_Dll&, std::int32_t, bool read_only,
-                                      const std::string& table, std::string& text) {
+void DescriptionEditor::EditText(const TvnVar_Dll&, std::int32_t, bool read_only, const std::string& table,
+                                 std::string& text) {
   const auto edited =
       CurrentToolkit().EditText({.caption = CaptionFor(table), .text = text, .read_only = read_only});
   if (edited && !read_only) text = *edited;
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

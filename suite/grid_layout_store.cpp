@@ -10,7 +10,7 @@
 #include "src/context/statement.h"
 #include "suite/context_database.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 namespace {
 
 struct StoredWidth {
@@ -54,7 +54,7 @@ std::string StoredLayout(const TvnVar_Dll& context, const std::string& key) {
 
 }  // namespace
 
-void SuiteGridLayoutStore::LoadLayout(const TvnVar_Dll& context, const std::string& key, Grid& grid) {
+void GridLayoutStore::LoadLayout(const TvnVar_Dll& context, const std::string& key, Grid& grid) {
   const std::string text = StoredLayout(context, key);
   std::vector<StoredWidth> widths = ReadLayout(text);
   for (GridColumn& column : grid.Columns()) {
@@ -65,7 +65,7 @@ void SuiteGridLayoutStore::LoadLayout(const TvnVar_Dll& context, const std::stri
   }
 }
 
-void SuiteGridLayoutStore::SaveLayout(const TvnVar_Dll& context, const std::string& key, Grid& grid) {
+void GridLayoutStore::SaveLayout(const TvnVar_Dll& context, const std::string& key, Grid& grid) {
   if (grid.Columns().Count() == 0) return;
   const SqlText layout = TextOrNull(WriteLayout(grid));
   DatabaseOf(context).Execute(
@@ -76,4 +76,4 @@ void SuiteGridLayoutStore::SaveLayout(const TvnVar_Dll& context, const std::stri
               Typed(key), layout, Typed(key), Typed(key), layout));
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

@@ -1,13 +1,13 @@
 #include "suite/lookup_dialog.h"
 
-#include <algorithm>
+#include <string_view>
 
 #include "src/context/date_text.h"
 #include "src/context/environment.h"
 #include "suite/context_database.h"
 #include "suite/row_choice.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 namespace {
 
 constexpr std::string_view kDateMode = "DATUM";
@@ -18,16 +18,20 @@ std::string PickDay(const std::string& caption, const std::string& start_text) {
 }
 
 // At least one column stays in sight.
-int HiddenColumns(const std::string& option, const Recordset& rows) {
-  const auto shown = std::min(option.find_first_not_of('1'), option.size());
-  return std::min(static_cast<int>(shown), rows.Fields().Count() - 1);
+int HiddenColumns(std::string_view option, const Recordset& rows) {
+  const FieldList fields = rows.Fields();
+  int hidden = 0;
+  while (option.substr(0, 1) == "1" && hidden + 1 < fields.Count() && fields[hidden].Name() == "ID") {
+    option.remove_prefix(1);
+    ++hidden;
+  }
+  return hidden;
 }
 
 }  // namespace
 
-std::string SuiteLookupDialog::Pick(const TvnVar_Dll& context, const std::string& sql,
-                                    const std::string& caption, const std::string& start_text,
-                                    const std::string& option) {
+std::string LookupDialog::Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
+                               const std::string& start_text, const std::string& option) {
   if (sql == kDateMode) return PickDay(caption, start_text);
   const Recordset rows = DatabaseOf(context).Open(sql);
   PickRequest request = ChoiceOf(rows, caption, HiddenColumns(option, rows), start_text);
@@ -36,4 +40,4 @@ std::string SuiteLookupDialog::Pick(const TvnVar_Dll& context, const std::string
   return result.row ? FirstColumnText(rows, *result.row) : start_text;
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

@@ -6,9 +6,9 @@
 #include "src/context/toolkit.h"
 #include "src/context/utf8.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 
-void SuiteMonthPicker::PickMonth(std::string& text, const TvnVar_Dll&, bool& accepted) {
+void MonthPicker::PickMonth(std::string& text, const TvnVar_Dll&, bool& accepted) {
   const DateTime start = ParseDate("1." + std::string(utf8::Trim(text))).value_or(Clock::Today());
   const auto month =
       CurrentToolkit().PickMonth("Monat auswählen", {.year = start.year, .month = start.month});
@@ -17,4 +17,4 @@ void SuiteMonthPicker::PickMonth(std::string& text, const TvnVar_Dll&, bool& acc
     text = FormatDate({.year = month->year, .month = month->month, .day = 1}, "mm.yyyy", CurrentLocale());
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

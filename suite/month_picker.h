@@ -2,12 +2,12 @@
 
 #include "src/context/services.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 
 // The choice of a month; `text` stays on cancel. It starts at the month in `text`, or else at today's.
-class SuiteMonthPicker : public MonthPicker {
+class MonthPicker final : public tarvoni::MonthPicker {
  public:
   void PickMonth(std::string& text, const TvnVar_Dll& context, bool& accepted) override;
 };
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

@@ -6,7 +6,7 @@
 #include "suite/context_database.h"
 #include "suite/row_choice.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 namespace {
 
 constexpr int kHiddenId = 1;
@@ -24,11 +24,10 @@ Recordset Payees(const TvnVar_Dll& context, const std::string& type_key, std::in
 
 }  // namespace
 
-std::int32_t SuitePersonPicker::PickPayee(const TvnVar_Dll& context, std::int32_t,
-                                          const std::string& type_key, std::int32_t, bool& chosen,
-                                          const std::string&, const std::string&, const std::string&,
-                                          const std::string&, std::int32_t standard_client,
-                                          std::int32_t current, std::int32_t) {
+std::int32_t PersonPicker::PickPayee(const TvnVar_Dll& context, std::int32_t, const std::string& type_key,
+                                     std::int32_t, bool& chosen, const std::string&, const std::string&,
+                                     const std::string&, const std::string&, std::int32_t standard_client,
+                                     std::int32_t current, std::int32_t) {
   const auto pick = [&](std::int32_t client) {
     PickRequest request =
         ChoiceOf(Payees(context, type_key, client), "Zahlungsempfänger", kHiddenId, std::to_string(current));
@@ -42,4 +41,4 @@ std::int32_t SuitePersonPicker::PickPayee(const TvnVar_Dll& context, std::int32_
   return chosen ? ToInt32(FirstColumnText(rows, *result.row), CurrentLocale()) : current;
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

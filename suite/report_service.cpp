@@ -4,7 +4,7 @@
 #include "src/context/statement.h"
 #include "suite/context_database.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 namespace {
 
 constexpr int kOrderHours = 10;
@@ -54,14 +54,13 @@ std::string OrderHoursAmount(std::int32_t order, std::int32_t worker, std::int32
 
 }  // namespace
 
-void SuiteReportService::PrintGrid(const TvnVar_Dll&, const std::string& report, const std::string&,
-                                   const std::string&, bool) {
+void ReportService::PrintGrid(const TvnVar_Dll&, const std::string& report, const std::string&,
+                              const std::string&, bool) {
   throw CallError("Der Bericht \"" + report + "\" kann noch nicht gedruckt werden.");
 }
 
-void SuiteReportService::PrintRows(const TvnVar_Dll& context, std::int32_t id, std::int32_t person,
-                                   std::int32_t year, std::int32_t month, int mode, bool& flag,
-                                   Value& result) {
+void ReportService::PrintRows(const TvnVar_Dll& context, std::int32_t id, std::int32_t person,
+                              std::int32_t year, std::int32_t month, int mode, bool& flag, Value& result) {
   if (mode == kJournalSummary)
     throw CallError("Die Monatsübersicht des Bruttolohns steht noch nicht zur Verfügung.");
   if (mode != kOrderHours)
@@ -71,4 +70,4 @@ void SuiteReportService::PrintRows(const TvnVar_Dll& context, std::int32_t id, s
   result = IsNull(amount) ? Value(Decimal()) : amount;
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

@@ -2,7 +2,7 @@
 
 #include "src/context/services.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 
 // What the suite works out and prints from wage data.
 //
@@ -14,7 +14,7 @@ namespace tarvoni {
 //   true   all others; all wage types of an order whose service belongs to no group
 // so that both calls together give each hours row once: their sum over all workers and months is the order's
 // total. No hours are worth 0.
-class SuiteReportService : public ReportService {
+class ReportService final : public tarvoni::ReportService {
  public:
   // A CallError: no Screen prints yet.
   void PrintGrid(const TvnVar_Dll& context, const std::string& report, const std::string& id,
@@ -24,4 +24,4 @@ class SuiteReportService : public ReportService {
                  std::int32_t month, int mode, bool& flag, Value& result) override;
 };
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

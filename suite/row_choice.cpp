@@ -4,7 +4,7 @@
 #include "src/context/field_text.h"
 #include "src/context/utf8.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 namespace {
 
 std::string CellText(const Recordset& rows, int column) {
@@ -35,4 +35,4 @@ PickRequest ChoiceOf(const Recordset& rows, const std::string& caption, int hidd
   return request;
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

@@ -5,7 +5,7 @@
 #include "src/context/toolkit.h"
 
 // A choice among rows whose first column is what the caller gets, shown or not.
-namespace tarvoni {
+namespace tarvoni::suite {
 
 // A value of the result as the caller gets it.
 std::string FirstColumnText(Recordset rows, std::size_t row);
@@ -14,4 +14,4 @@ std::string FirstColumnText(Recordset rows, std::size_t row);
 // `start` is an earlier result, found by the first column; a text that is none stands for itself.
 PickRequest ChoiceOf(const Recordset& rows, const std::string& caption, int hidden, const std::string& start);
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

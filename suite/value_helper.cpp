@@ -7,7 +7,7 @@
 #include "src/context/utf8.h"
 #include "suite/context_database.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 namespace {
 
 constexpr int kFirstPrintable = 32;
@@ -33,45 +33,44 @@ Value FirstValue(const TvnVar_Dll& context, const std::string& column, const std
 
 }  // namespace
 
-std::string SuiteValueHelper::ToText(const Value& value, bool, bool) {
+std::string ValueHelper::ToText(const Value& value, bool, bool) {
   return ToTextPlain(value);
 }
 
-std::int16_t SuiteValueHelper::ToInteger(const Value& value) {
+std::int16_t ValueHelper::ToInteger(const Value& value) {
   return ToInt16(ToNumber(value));
 }
 
-double SuiteValueHelper::ToNumber(const Value& value) {
+double ValueHelper::ToNumber(const Value& value) {
   const auto number = NumberOf(value, CurrentLocale());
   return number ? number->ToDouble() : 0;
 }
 
-std::string SuiteValueHelper::ToTextPlain(const Value& value) {
+std::string ValueHelper::ToTextPlain(const Value& value) {
   return tarvoni::FieldText(value, "", CurrentLocale());
 }
 
-std::string SuiteValueHelper::FieldText(const std::string& column, const Recordset& rows) {
+std::string ValueHelper::FieldText(const std::string& column, const Recordset& rows) {
   return ToTextPlain(rows.Fields()[column].Value());
 }
 
-std::string SuiteValueHelper::LookupColumn(const TvnVar_Dll& context, const std::string& column,
-                                           const std::string& table, const std::string& condition) {
+std::string ValueHelper::LookupColumn(const TvnVar_Dll& context, const std::string& column,
+                                      const std::string& table, const std::string& condition) {
   return ToTextPlain(FirstValue(context, column, table, condition));
 }
 
-double SuiteValueHelper::LookupColumnNumber(const TvnVar_Dll& context, const std::string& column,
-                                            const std::string& table, const std::string& condition) {
+double ValueHelper::LookupColumnNumber(const TvnVar_Dll& context, const std::string& column,
+                                       const std::string& table, const std::string& condition) {
   return ToNumber(FirstValue(context, column, table, condition));
 }
 
-int SuiteValueHelper::ColumnSize(const std::string& sql, const std::string& column,
-                                 const TvnVar_Dll& context) {
+int ValueHelper::ColumnSize(const std::string& sql, const std::string& column, const TvnVar_Dll& context) {
   const Recordset rows =
       DatabaseOf(context).Open(Compose("SELECT TOP 0 {} FROM ({}) ASKED", Fragment(column), Fragment(sql)));
   return rows.Fields()[0].DefinedSize();
 }
 
-int SuiteValueHelper::FilterKeyOptions(int& key, bool allow_decimal, TextBox& box, bool allow_minus) {
+int ValueHelper::FilterKeyOptions(int& key, bool allow_decimal, TextBox& box, bool allow_minus) {
   NumberMask mask = kAnySize;
   if (!allow_decimal) mask.places = 0;
   mask.minus = allow_minus;
@@ -79,7 +78,7 @@ int SuiteValueHelper::FilterKeyOptions(int& key, bool allow_decimal, TextBox& bo
   return key;
 }
 
-void SuiteValueHelper::FormatOnLeave(TextBox& box, const std::string& format) {
+void ValueHelper::FormatOnLeave(TextBox& box, const std::string& format) {
   const Locale& locale = CurrentLocale();
   if (const auto number = ParseNumber(box.Text(), locale)) {
     box.SetText(FormatNumber(*number, format, locale));
@@ -88,13 +87,13 @@ void SuiteValueHelper::FormatOnLeave(TextBox& box, const std::string& format) {
   }
 }
 
-void SuiteValueHelper::FilterKeyFormat(int& key, TextBox& box, const std::string& format) {
+void ValueHelper::FilterKeyFormat(int& key, TextBox& box, const std::string& format) {
   FilterNumberKey(key, box, NumberMask::Of(format));
 }
 
-int SuiteValueHelper::FilterDateKey(int key, TextBox&) {
+int ValueHelper::FilterDateKey(int key, TextBox&) {
   const bool admitted = key < kFirstPrintable || (key >= '0' && key <= '9') || key == '.' || key == '-';
   return admitted ? key : 0;
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

@@ -2,7 +2,7 @@
 
 #include "src/context/services.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 
 // Values and typed keys by the rules of the current locale. The flags of ToText change nothing: every caller
 // wants the value as a field shows it.
@@ -10,7 +10,7 @@ namespace tarvoni {
 // The key filters look at the text as it will be once the key has replaced the selection. They let control
 // characters through and refuse what the text could not be typed on from: a second separator, a minus behind
 // the first place, a digit too many. The other locale's separator is refused, not translated.
-class SuiteValueHelper : public ValueHelper {
+class ValueHelper final : public tarvoni::ValueHelper {
  public:
   std::string ToText(const Value& value, bool flag_a, bool flag_b) override;
   std::int16_t ToInteger(const Value& value) override;
@@ -32,4 +32,4 @@ class SuiteValueHelper : public ValueHelper {
   int FilterDateKey(int key, TextBox& box) override;
 };
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

@@ -9,7 +9,7 @@
 #include "src/context/toolkit.h"
 #include "suite/context_database.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 namespace {
 
 constexpr int kLevels = 6;
@@ -60,9 +60,8 @@ std::vector<Location> Choose(const TvnVar_Dll& context, LocationRequest request,
 
 }  // namespace
 
-void SuiteWaldortDialog::PickMany(const TvnVar_Dll& context, const std::string& start_text,
-                                  std::int32_t scope, std::vector<std::int32_t>& ids,
-                                  std::vector<std::string>& texts) {
+void WaldortDialog::PickMany(const TvnVar_Dll& context, const std::string& start_text, std::int32_t scope,
+                             std::vector<std::int32_t>& ids, std::vector<std::string>& texts) {
   ids.clear();
   texts.clear();
   const LocationRequest request{
@@ -73,8 +72,8 @@ void SuiteWaldortDialog::PickMany(const TvnVar_Dll& context, const std::string& 
   }
 }
 
-void SuiteWaldortDialog::PickOne(const TvnVar_Dll& context, std::string& full_text, std::int32_t& id,
-                                 std::string& text, std::int32_t& scope, bool& chosen) {
+void WaldortDialog::PickOne(const TvnVar_Dll& context, std::string& full_text, std::int32_t& id,
+                            std::string& text, std::int32_t& scope, bool& chosen) {
   const LocationRequest request{
       .caption = "Waldort", .locations = {}, .start_text = WithoutLongName(text), .many = false};
   const auto choice = Choose(context, request, scope);
@@ -86,4 +85,4 @@ void SuiteWaldortDialog::PickOne(const TvnVar_Dll& context, std::string& full_te
   chosen = true;
 }
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

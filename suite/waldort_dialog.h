@@ -2,11 +2,11 @@
 
 #include "src/context/services.h"
 
-namespace tarvoni {
+namespace tarvoni::suite {
 
 // The tree of forest locations. The scope is the client whose locations are offered, with those that belong
 // to every client; 0 offers all.
-class SuiteWaldortDialog : public WaldortDialog {
+class WaldortDialog final : public tarvoni::WaldortDialog {
  public:
   void PickMany(const TvnVar_Dll& context, const std::string& start_text, std::int32_t scope,
                 std::vector<std::int32_t>& ids, std::vector<std::string>& texts) override;
@@ -15,4 +15,4 @@ class SuiteWaldortDialog : public WaldortDialog {
                std::int32_t& scope, bool& chosen) override;
 };
 
-}  // namespace tarvoni
+}  // namespace tarvoni::suite

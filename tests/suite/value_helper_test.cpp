@@ -50,7 +50,7 @@ class KeyFilters : public test::SuiteTest {
     return admitted;
   }
 
-  SuiteValueHelper values;
+  suite::ValueHelper values;
   Boxes form;
 };
 
@@ -143,7 +143,7 @@ TEST_F(KeyFilters, LeavingShowsTheNumberByItsFormat) {
 
 class Values : public test::SuiteTest {
  protected:
-  SuiteValueHelper values;
+  suite::ValueHelper values;
 };
 
 TEST_F(Values, TextsAndNumbersOfAField) {
@@ -176,7 +176,7 @@ TEST_F(Values, SizeOfATextColumnNeedsNoRow) {
 
 class Converting : public test::SuiteTest {
  protected:
-  SuiteConvertHelper convert;
+  suite::ConvertHelper convert;
 };
 
 TEST_F(Converting, DateBecomesTheLiteralOfTheFormat) {
