@@ -2,7 +2,7 @@
 
 #include "src/context/environment.h"
 #include "src/context/toolkit.h"
-#include "suite/context_database.h"
+#include "suite/reading.h"
 
 namespace tarvoni::suite {
 std::string DeleteGuard::ConfirmDelete(const std::string& sql, std::int32_t first_message,

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "src/context/statement.h"
-#include "suite/context_database.h"
+#include "suite/reading.h"
 
 namespace tarvoni::suite {
 namespace {

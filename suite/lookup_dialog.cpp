@@ -4,7 +4,7 @@
 
 #include "src/context/date_text.h"
 #include "src/context/environment.h"
-#include "suite/context_database.h"
+#include "suite/reading.h"
 #include "suite/row_choice.h"
 
 namespace tarvoni::suite {

@@ -3,7 +3,7 @@
 #include "src/context/environment.h"
 #include "src/context/number_text.h"
 #include "src/context/statement.h"
-#include "suite/context_database.h"
+#include "suite/reading.h"
 #include "suite/row_choice.h"
 
 namespace tarvoni::suite {

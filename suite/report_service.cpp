@@ -2,7 +2,7 @@
 
 #include "src/context/call_error.h"
 #include "src/context/statement.h"
-#include "suite/context_database.h"
+#include "suite/reading.h"
 
 namespace tarvoni::suite {
 namespace {

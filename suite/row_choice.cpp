@@ -1,19 +1,14 @@
 #include "suite/row_choice.h"
 
-#include "src/context/environment.h"
-#include "src/context/field_text.h"
 #include "src/context/utf8.h"
+#include "suite/reading.h"
 
 namespace tarvoni::suite {
 namespace {
 
-std::string CellText(const Recordset& rows, int column) {
-  return FieldText(rows.Fields()[column].Value(), "", CurrentLocale());
-}
-
 std::string CodeBehind(Recordset rows, const std::string& start, int code_column) {
   for (; !rows.EndOfFile(); rows.MoveNext())
-    if (CellText(rows, 0) == start) return CellText(rows, code_column);
+    if (TextOf(rows.Fields()[0]) == start) return TextOf(rows.Fields()[code_column]);
   return start;
 }
 
@@ -21,7 +16,7 @@ std::string CodeBehind(Recordset rows, const std::string& start, int code_column
 
 std::string FirstColumnText(Recordset rows, std::size_t row) {
   rows.Move(static_cast<long>(row));
-  return CellText(rows, 0);
+  return TextOf(rows.Fields()[0]);
 }
 
 PickRequest ChoiceOf(const Recordset& rows, const std::string& caption, int hidden,

@@ -40,11 +40,16 @@ StatementValues::StatementValues(std::string_view parameter) {
 }
 
 void StatementValues::TakeCondition(std::string_view beginning, std::size_t least) {
-  const auto condition =
-      std::ranges::find_if(values_, [&](const std::string& value) { return value.starts_with(beginning); });
+  const auto begins = [&](const std::string& value) { return value.starts_with(beginning); };
+  const auto condition = std::ranges::find_if(values_, begins);
   if (condition == values_.end() || values_.size() <= least) return;
   condition_ = std::move(*condition);
-  values_.erase(condition);
+  const auto rest = values_.erase(condition);
+  const auto second = std::find_if(rest, values_.end(), begins);
+  if (second == values_.end()) return;
+  second->clear();
+  condition_.clear();
+  fits_ = false;
 }
 
 void StatementValues::TakeTyped(bool stands_first) {

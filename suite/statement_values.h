@@ -22,7 +22,7 @@ class StatementValues {
   explicit StatementValues(std::string_view parameter);
 
   // A condition that the caller wrote itself, as " AND PRODUKT_ID = 5", is told by its beginning, wherever it stands.
-  // It is taken out if the rest still holds `least` values.
+  // It is taken out if the rest still holds `least` values. Of two, one was typed: the values do not fit.
   void TakeCondition(std::string_view beginning, std::size_t least);
   // The code that the user typed, behind all other values or before them.
   void TakeTyped(bool stands_first);

@@ -5,7 +5,7 @@
 #include "src/context/number_text.h"
 #include "src/context/statement.h"
 #include "src/context/utf8.h"
-#include "suite/context_database.h"
+#include "suite/reading.h"
 
 namespace tarvoni::suite {
 namespace {

@@ -3,26 +3,21 @@
 #include <algorithm>
 
 #include "src/context/environment.h"
-#include "src/context/field_text.h"
 #include "src/context/number_text.h"
 #include "src/context/statement.h"
 #include "src/context/toolkit.h"
-#include "suite/context_database.h"
+#include "suite/reading.h"
 
 namespace tarvoni::suite {
 namespace {
 
 constexpr int kLevels = 6;
 
-std::string TextOf(const Recordset& rows, int column) {
-  return FieldText(rows.Fields()[column].Value(), "", CurrentLocale());
-}
-
 // The levels as a field shows them; a level that is missing leaves no gap.
 std::string PathOf(const Recordset& rows) {
-  std::string path = TextOf(rows, 1);
+  std::string path = TextOf(rows.Fields()[1]);
   for (int level = 2; level <= kLevels; ++level)
-    if (!IsNull(rows.Fields()[level].Value())) path += "/ " + TextOf(rows, level);
+    if (!IsNull(rows.Fields()[level].Value())) path += "/ " + TextOf(rows.Fields()[level]);
   return path;
 }
 
@@ -35,9 +30,9 @@ std::vector<Location> LocationsOf(const TvnVar_Dll& context, std::int32_t scope)
                                             " ORDER BY WO1,WO2,WO3,WO4,WO5,WO6",
                                             client, client));
        !rows.EndOfFile(); rows.MoveNext()) {
-    const auto id = NumberOf(rows.Fields()[0].Value(), CurrentLocale());
-    locations.push_back(
-        {.id = ToInt32(id->ToDouble()), .path = PathOf(rows), .name = TextOf(rows, kLevels + 1)});
+    locations.push_back({.id = ToInt32(TextOf(rows.Fields()[0]), CurrentLocale()),
+                         .path = PathOf(rows),
+                         .name = TextOf(rows.Fields()[kLevels + 1])});
   }
   return locations;
 }

@@ -160,7 +160,13 @@ void UserActions::ClickSelf(Control& control) {
 void UserActions::DoubleClick(Control& control) {
   Act([&] {
     Click(control);
-    if (form_.IsLoaded() && control.IsEnabled() && control.IsVisible()) Handle([&] { control.DblClick(); });
+    SecondClick(control);
+  });
+}
+
+void UserActions::SecondClick(Control& control) {
+  Act([&] {
+    if (control.IsEnabled() && control.IsVisible()) Handle([&] { control.DblClick(); });
   });
 }
 

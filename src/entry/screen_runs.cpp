@@ -10,6 +10,8 @@
 #include "src/machines/f_maschine_stamm.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
+#include "src/wage/f_ara.h"
+#include "src/wage/f_arbeitnehmer.h"
 
 namespace tarvoni {
 namespace {
@@ -32,6 +34,16 @@ std::function<void(const TvnVar_Dll&, Arguments&)> RunOf(void (*run)(ScreenType&
 
 const std::vector<ScreenRun>& ScreenRuns() {
   static const std::vector<ScreenRun> runs = {
+      {"F_ARA",
+       {{"strPersonal_dll", kText}, {"mode_dll", kByte}},
+       RunOf<F_ARA>([](F_ARA& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Text("strPersonal_dll"), arguments.Byte("mode_dll"));
+       })},
+      {"F_Arbeitnehmer",
+       {{"curAraId", kLong}},
+       RunOf<F_Arbeitnehmer>([](F_Arbeitnehmer& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("curAraId"));
+       })},
       {"F_ARA",
        {{"strPersonal_dll", kText}, {"mode_dll", kByte}},
        RunOf<F_ARA>([](F_ARA& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
