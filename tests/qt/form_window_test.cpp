@@ -195,6 +195,12 @@ TEST(FormWindow, MnemonicsPressButtonsAndLeadToFields) {
 TEST(FormWindow, NoExceptionPassesThroughQt) {
   Stage stage;
   stage.form.btnNeu.Click = [] { throw CallError("Fehler im Handler"); };
+  const auto click = [&](Button& button) {
+    return [&](FormWindow&) { stage.driver.Click(button); };
+  };
+  stage.Show(stage.form.txtMenge, click(stage.form.btnNeu));
+  EXPECT_THAT(stage.toolkit.prompts, ElementsAre("Fehler im Handler"));
+  stage.form.Load();
   stage.form.btnLoschen.Click = [] { throw ScriptFailure("Ende"); };
   stage.form.btnBearbeiten.Click = [&] {
     test::ProbeForm inner;
@@ -205,11 +211,7 @@ TEST(FormWindow, NoExceptionPassesThroughQt) {
     stage.toolkit.ShowModal(inner);
     ADD_FAILURE() << "the failure leaves the inner Screen";
   };
-  const auto click = [&](Button& button) { return [&](FormWindow&) { stage.driver.Click(button); }; };
-  stage.Show(stage.form.txtMenge, click(stage.form.btnNeu));
-  EXPECT_THAT(stage.toolkit.prompts, ElementsAre("Fehler im Handler"));
   for (Button* button : {&stage.form.btnLoschen, &stage.form.btnBearbeiten}) {
-    stage.form.Load();
     EXPECT_THROW(stage.Show(stage.form.txtMenge, click(*button)), ScriptFailure);
     EXPECT_FALSE(stage.form.IsShown());
     EXPECT_EQ(stage.toolkit.TopForm(), nullptr);
