@@ -40,12 +40,12 @@ void WriteCsv(const TableSource& table, const std::filesystem::path& file) {
 }
 
 // A title as the name of a file.
-QString FileName(const std::string& title, const char* suffix) {
+QString FileName(const std::string& title, const std::string& suffix) {
   QString name = ToQt(title).simplified();
   for (QChar& c : name) {
     if (QString("/\\:*?\"<>|").contains(c)) c = '_';
   }
-  return (name.isEmpty() ? QString("Tabelle") : name) + '.' + suffix;
+  return (name.isEmpty() ? QString("Tabelle") : name) + '.' + ToQt(suffix);
 }
 
 bool MayReplace(QWidget* parent, const QString& file) {
@@ -61,7 +61,7 @@ void WriteTableFile(const TableSource& table, FileKind kind, const std::filesyst
 }
 
 std::optional<std::filesystem::path> AskSaveFile(QWidget* parent, const std::string& caption,
-                                                 const std::string& name, const std::string& filter,
+                                                 const std::string& title, const std::string& filter,
                                                  const std::string& suffix) {
   Modal dialog(new QFileDialog(parent, ToQt(caption),
                                QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
@@ -75,7 +75,7 @@ std::optional<std::filesystem::path> AskSaveFile(QWidget* parent, const std::str
   dialog->setLabelText(QFileDialog::FileType, "Dateityp:");
   dialog->setLabelText(QFileDialog::Accept, "&Speichern");
   dialog->setLabelText(QFileDialog::Reject, "Abbrechen");
-  dialog->selectFile(ToQt(name));
+  dialog->selectFile(FileName(title, suffix));
   while (dialog.Run()) {
     const QString file = dialog->selectedFiles().value(0);
     if (!QFileInfo::exists(file) || MayReplace(parent, file)) return FromQt(file);
@@ -85,8 +85,7 @@ std::optional<std::filesystem::path> AskSaveFile(QWidget* parent, const std::str
 
 void ExportTable(QWidget* parent, const TableSource& table, const std::string& title, FileKind kind) {
   const Kind shown = KindOf(kind);
-  const auto file =
-      AskSaveFile(parent, shown.caption, FromQt(FileName(title, shown.suffix)), shown.filter, shown.suffix);
+  const auto file = AskSaveFile(parent, shown.caption, title, shown.filter, shown.suffix);
   if (!file) return;
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   std::string failure;

@@ -18,10 +18,10 @@ void WriteTableFile(const TableSource& table, FileKind kind, const std::filesyst
 // Asks for a file, by default one named after the title, and writes it; the user is told what failed.
 void ExportTable(QWidget* parent, const TableSource& table, const std::string& title, FileKind kind);
 
-// Asks where to save: German, with the suffix added, and with a question before an existing file is replaced.
-// Nothing on cancel.
+// Asks where to save, by default under a title; adds the suffix, and asks before it replaces a file. Nothing on
+// cancel.
 std::optional<std::filesystem::path> AskSaveFile(QWidget* parent, const std::string& caption,
-                                                 const std::string& name, const std::string& filter,
+                                                 const std::string& title, const std::string& filter,
                                                  const std::string& suffix);
 
 }  // namespace tarvoni::qt

@@ -12,7 +12,6 @@ DialogButtons MakeButtons(QDialog& dialog, const QString& ok_caption) {
   buttons.ok->setObjectName("ok");
   buttons.ok->setDefault(true);
   buttons.cancel->setObjectName("cancel");
-  buttons.cancel->setAutoDefault(false);
   buttons.line->addStretch();
   buttons.line->addWidget(buttons.ok);
   buttons.line->addWidget(buttons.cancel);
@@ -47,6 +46,12 @@ bool MovesInList(const QKeyEvent& key) {
     default:
       return false;
   }
+}
+
+bool TypesText(const QKeyEvent& key) {
+  if (key.key() == Qt::Key_Backspace) return true;
+  const bool command = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+  return !command && !key.text().isEmpty() && key.text()[0].isPrint();
 }
 
 }  // namespace tarvoni::qt

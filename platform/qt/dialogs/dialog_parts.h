@@ -24,5 +24,7 @@ void ResizeWithin(QDialog& dialog, QSize size);
 
 // Keys by which a list is walked through while the focus stays in a text line.
 bool MovesInList(const QKeyEvent& key);
+// Keys that a text line would take: characters, and the backspace.
+bool TypesText(const QKeyEvent& key);
 
 }  // namespace tarvoni::qt

@@ -56,7 +56,6 @@ void PickDialog::Build(const PickRequest& request) {
   if (!request.extra_button.empty()) {
     extra_ = new QPushButton(ToQt(request.extra_button), this);
     extra_->setObjectName("extra");
-    extra_->setAutoDefault(false);
     buttons.line->insertWidget(0, extra_);
   }
   auto* layout = new QVBoxLayout(this);
@@ -157,9 +156,7 @@ bool PickDialog::ListKey(QKeyEvent& key) {
     accept();
     return true;
   }
-  const bool typing = !key.text().isEmpty() && key.text()[0].isPrint() &&
-                      !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
-  if (!typing && key.key() != Qt::Key_Backspace) {
+  if (!TypesText(key)) {
     typed_ = false;
     return false;
   }
