@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "src/context/database_error.h"
+#include "src/context/error_text.h"
 #include "src/context/running_handler.h"
 #include "src/context/utf8.h"
 
@@ -86,11 +86,7 @@ bool UserActions::Handle(const std::function<void()>& handler) {
 }
 
 void UserActions::Report(const std::exception& error) {
-  std::string text = error.what();
-  if (const auto* failed = dynamic_cast<const DatabaseError*>(&error)) {
-    text = "Die Datenbank meldet den Fehler " + std::to_string(failed->Number()) + ": " + text;
-  }
-  toolkit_.MessageBox(text, kBoxStop, kErrorTitle);
+  toolkit_.MessageBox(ErrorText(error), kBoxStop, kErrorTitle);
 }
 
 bool UserActions::Arrive(Control& target) {
