@@ -1,21 +1,10 @@
 #include "suite/named_field_validator.h"
 
-#include "src/context/call_error.h"
-#include "src/context/environment.h"
-#include "src/context/field_text.h"
 #include "src/context/toolkit.h"
+#include "suite/reading.h"
 
 namespace tarvoni::suite {
 namespace {
-
-Connection& DatabaseOf(const TvnVar_Dll& context) {
-  if (!context.dbAdo) throw CallError("Es ist keine Datenbank geöffnet.");
-  return *context.dbAdo;
-}
-
-std::string TextOf(const Field& field) {
-  return FieldText(field.Value(), "", CurrentLocale());
-}
 
 // "" for a box without a label.
 std::string CaptionOf(const TextBox& box) {

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "src/context/locale.h"
+#include "src/context/value.h"
+
+// What a cell is, for those who count and export.
+namespace tarvoni::qt {
+
+// A shown text as the value it reads as: a number ("-12,50"), a day ("05.03.2024"), NULL for "", else the text
+// itself. A number with leading zeros is a code and stays text.
+Value TypedText(std::string_view text, const Locale& locale);
+
+// The number in a cell; texts are none, even if they read as one.
+std::optional<Decimal> NumberIn(const Value& cell);
+
+// The format of a spreadsheet for a cell shown with a column's format, "" for its general one.
+std::string SheetFormat(const Value& cell, std::string_view format);
+
+// Whether a spreadsheet, which counts in doubles, keeps the number as it is.
+bool FitsSheet(const Decimal& number);
+
+}  // namespace tarvoni::qt

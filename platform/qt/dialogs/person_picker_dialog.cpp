@@ -1,0 +1,63 @@
+#include "platform/qt/dialogs/person_picker_dialog.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <vector>
+
+#include "platform/qt/dialogs/dialog_parts.h"
+#include "platform/qt/dialogs/modal.h"
+#include "platform/qt/dialogs/pick_dialog.h"
+#include "platform/qt/text.h"
+
+namespace tarvoni::qt {
+namespace {
+
+// All that the list knows of its current row, two fields beside each other; what a narrow column cuts off stands
+// here in full.
+class PersonCard : public QGroupBox {
+ public:
+  PersonCard(PickDialog* dialog) : QGroupBox("Gewählte Person", dialog), dialog_(*dialog) {
+    auto* grid = new QGridLayout(this);
+    constexpr int kAcross = 2;
+    for (int i = 0; i < dialog_.Rows().ColumnCount(); ++i) {
+      auto* caption = new QLabel(ToQt(dialog_.Rows().ColumnAt(i).caption) + ":", this);
+      auto* text = new QLabel(this);
+      text->setTextFormat(Qt::PlainText);
+      text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+      text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+      grid->addWidget(caption, i / kAcross, 2 * (i % kAcross));
+      grid->addWidget(text, i / kAcross, 2 * (i % kAcross) + 1);
+      texts_.push_back(text);
+    }
+    for (int i = 0; i < kAcross; ++i) grid->setColumnStretch(2 * i + 1, 1);
+    const auto* chosen = dialog_.List().Table()->selectionModel();
+    connect(chosen, &QItemSelectionModel::currentRowChanged, this, [this] { ShowPerson(); });
+    connect(&dialog_.List().Model(), &QAbstractItemModel::modelReset, this, [this] { ShowPerson(); });
+    ShowPerson();
+  }
+
+ private:
+  void ShowPerson() {
+    const int row = dialog_.List().CurrentRow();
+    for (std::size_t i = 0; i < texts_.size(); ++i) {
+      const std::string text = row < 0 ? "" : dialog_.Rows().TextAt(row, static_cast<int>(i));
+      texts_[i]->setText(ToQt(text));
+      texts_[i]->setToolTip(ToQt(text));
+    }
+  }
+
+  PickDialog& dialog_;
+  std::vector<QLabel*> texts_;
+};
+
+}  // namespace
+
+PickResult ShowPersonPicker(QWidget* parent, const PickRequest& request, const Locale& locale) {
+  constexpr PickDialog::Words kWords{
+      .filter = "&Person:", .placeholder = "Name oder Nummer", .none = "Keine Person passt."};
+  Modal dialog(new PickDialog(parent, request, locale, kWords));
+  dialog->AddBelowList(new PersonCard(dialog.operator->()));
+  return dialog.Run() ? dialog->Result() : PickResult{};
+}
+
+}  // namespace tarvoni::qt

@@ -1,0 +1,176 @@
+#include "platform/qt/table_pane.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLocale>
+#include <QScreen>
+#include <QStyledItemDelegate>
+#include <QTimer>
+
+#include "platform/qt/file_export.h"
+#include "platform/qt/table_text.h"
+#include "platform/qt/text.h"
+#include "src/context/environment.h"
+
+namespace tarvoni::qt {
+namespace {
+
+constexpr int kSampledRows = 200;
+
+// Marks the whole current row: lightly, or as if all of it were chosen.
+class RowDelegate : public QStyledItemDelegate {
+ public:
+  RowDelegate(QTableView* table, TablePane::RowMark mark)
+      : QStyledItemDelegate(table), table_(table), mark_(mark) {}
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.row() != table_->currentIndex().row()) return;
+    if (mark_ == TablePane::RowMark::kFull) {
+      option->state |= QStyle::State_Selected | QStyle::State_Active;
+      option->state &= ~QStyle::State_HasFocus;
+    } else if (!(option->state & QStyle::State_Selected)) {
+      QColor tint = option->palette.color(QPalette::Highlight);
+      tint.setAlphaF(0.2F);
+      option->backgroundBrush = tint;
+    }
+  }
+
+ private:
+  QTableView* table_;
+  TablePane::RowMark mark_;
+};
+
+QTableView* MakeTable(TableModel* model, TablePane::RowMark mark, QWidget* parent) {
+  auto* table = new QTableView(parent);
+  table->setObjectName("table");
+  table->setModel(model);
+  table->setItemDelegate(new RowDelegate(table, mark));
+  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  table->setTabKeyNavigation(false);
+  table->setWordWrap(false);
+  table->setCornerButtonEnabled(false);
+  table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  table->setContextMenuPolicy(Qt::ActionsContextMenu);
+  table->verticalHeader()->hide();
+  table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  const int height = table->fontMetrics().height();
+  table->verticalHeader()->setMinimumSectionSize(height);
+  table->verticalHeader()->setDefaultSectionSize(height + height / 3);
+  table->horizontalHeader()->setHighlightSections(false);
+  table->horizontalHeader()->setSectionsClickable(true);
+  return table;
+}
+
+}  // namespace
+
+TablePane::TablePane(const TableSource& source, RowMark mark, QWidget* parent)
+    : QWidget(parent),
+      source_(source),
+      model_(new TableModel(source, this)),
+      table_(MakeTable(model_, mark, this)),
+      count_(new QLabel(this)),
+      sum_(new QLabel(this)) {
+  count_->setObjectName("count");
+  sum_->setObjectName("sum");
+  sum_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* line = new QHBoxLayout;
+  line->addWidget(count_);
+  line->addStretch();
+  line->addWidget(sum_);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(2);
+  layout->addWidget(table_);
+  layout->addLayout(line);
+  setFocusProxy(table_);
+  AddAction("&Kopieren", QKeySequence::Copy, &TablePane::CopySelection);
+  AddAction("&Alles markieren", QKeySequence::SelectAll, &TablePane::SelectAll);
+  AddAction("Als &CSV-Datei speichern …", {}, &TablePane::ExportCsv);
+  AddAction("Als &Excel-Datei speichern …", {}, &TablePane::ExportXlsx);
+
+  // While the mouse draws a selection the sum is worked out once for many steps.
+  auto* later = new QTimer(this);
+  later->setSingleShot(true);
+  connect(later, &QTimer::timeout, this, [this] { ShowSum(); });
+  const auto soon = [later] { later->start(0); };
+  connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, soon);
+  connect(model_, &QAbstractItemModel::dataChanged, this, soon);
+  connect(model_, &QAbstractItemModel::modelReset, this, soon);
+  // A tint or mark of the whole row moves with the current cell.
+  connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+          [this] { table_->viewport()->update(); });
+  ShowCount();
+}
+
+void TablePane::AddAction(const QString& text, const QKeySequence& keys, void (TablePane::*act)()) {
+  auto* action = new QAction(text, table_);
+  action->setShortcut(keys);
+  action->setShortcutContext(Qt::WidgetShortcut);
+  connect(action, &QAction::triggered, this, act);
+  table_->addAction(action);
+}
+
+void TablePane::SetTitle(const std::string& title) {
+  title_ = title;
+  table_->setAccessibleName(ToQt(title));
+}
+
+void TablePane::ShowCount() {
+  const int rows = source_.RowCount();
+  count_->setText(rows == 1 ? QString("1 Zeile") : QLocale(QLocale::German).toString(rows) + " Zeilen");
+}
+
+void TablePane::MakeCurrent(int row) {
+  int column = std::max(table_->currentIndex().column(), 0);
+  while (column + 1 < model_->columnCount() && table_->isColumnHidden(column)) ++column;
+  table_->setCurrentIndex(model_->index(row, column));
+}
+
+void TablePane::FitColumns() {
+  const QFontMetrics metrics = table_->fontMetrics();
+  const int margin = 2 * metrics.averageCharWidth() + table_->style()->pixelMetric(QStyle::PM_HeaderMargin);
+  const int widest = screen()->availableSize().width() / 3;
+  const int step = std::max(source_.RowCount() / kSampledRows, 1);
+  for (int column = 0; column < source_.ColumnCount(); ++column) {
+    int width = table_->horizontalHeader()->sectionSizeHint(column);
+    for (int row = 0; row < source_.RowCount(); row += step) {
+      width = std::max(width, metrics.horizontalAdvance(ToQt(source_.TextAt(row, column))) + margin);
+    }
+    table_->setColumnWidth(column, std::min(width, widest));
+  }
+}
+
+std::vector<CellRange> TablePane::SelectedCells() const {
+  std::vector<CellRange> cells;
+  for (const QItemSelectionRange& range : table_->selectionModel()->selection()) {
+    cells.push_back({range.top(), range.left(), range.bottom(), range.right()});
+  }
+  return cells;
+}
+
+void TablePane::ShowSum() {
+  sum_->setText(ToQt(SumOf(source_, SelectedCells()).Text(CurrentLocale())));
+}
+
+void TablePane::Copy() const {
+  std::vector<CellRange> cells = SelectedCells();
+  if (cells.empty() && CurrentRow() >= 0)
+    cells = {{CurrentRow(), 0, CurrentRow(), source_.ColumnCount() - 1}};
+  if (!cells.empty()) QGuiApplication::clipboard()->setText(ToQt(ClipboardText(source_, cells)));
+}
+
+void TablePane::ExportCsv() {
+  ExportTable(this, source_, title_, FileKind::kCsv);
+}
+
+void TablePane::ExportXlsx() {
+  ExportTable(this, source_, title_, FileKind::kXlsx);
+}
+
+}  // namespace tarvoni::qt

@@ -1,0 +1,117 @@
+#include "platform/qt/table_view.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+#include <cmath>
+
+namespace tarvoni::qt {
+namespace {
+
+constexpr double kTwipsPerInch = 1440;
+
+// Sets a flag for the length of a scope.
+class Raised {
+ public:
+  explicit Raised(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+  ~Raised() { flag_ = before_; }
+
+ private:
+  bool& flag_;
+  bool before_;
+};
+
+}  // namespace
+
+int PixelsOfTwips(int twips, const QWidget& widget) {
+  return static_cast<int>(std::lround(twips * widget.logicalDpiX() / kTwipsPerInch));
+}
+
+int TwipsOfPixels(int pixels, const QWidget& widget) {
+  return static_cast<int>(std::lround(pixels * kTwipsPerInch / widget.logicalDpiX()));
+}
+
+TableView::TableView(Grid& grid, QWidget* parent)
+    : QWidget(parent),
+      grid_(grid),
+      source_(grid),
+      pane_(new TablePane(source_, TablePane::RowMark::kTint, this)) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(pane_);
+  setFocusProxy(Table());
+  Connect();
+  ShowColumns();
+  ShowRows();
+  ShowRow();
+}
+
+void TableView::Connect() {
+  Table()->viewport()->installEventFilter(this);
+  connect(Table(), &QTableView::clicked, this, [this](const QModelIndex& cell) { Report(cell.row()); });
+  connect(Table(), &QTableView::doubleClicked, this, [this](const QModelIndex& cell) {
+    if (row_double_clicked) row_double_clicked(cell.row());
+  });
+  connect(Table()->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
+    if (!showing_ && !pressing_) ReportIfMoved();
+  });
+  QHeaderView* head = Table()->horizontalHeader();
+  connect(head, &QHeaderView::sectionClicked, this, [this](int column) {
+    if (head_clicked) head_clicked(column);
+  });
+  connect(head, &QHeaderView::sectionResized, this, [this](int column, int, int pixels) {
+    if (!showing_ && pixels > 0 && column_resized) column_resized(column, TwipsOfPixels(pixels, *this));
+  });
+}
+
+void TableView::Report(int row) {
+  reported_row_ = row;
+  if (row_chosen) row_chosen(row);
+}
+
+void TableView::ReportIfMoved() {
+  const int row = pane_->CurrentRow();
+  if (row >= 0 && row != reported_row_) Report(row);
+}
+
+bool TableView::eventFilter(QObject* watched, QEvent* event) {
+  const bool pressed = event->type() == QEvent::MouseButtonPress;
+  if (pressed || event->type() == QEvent::MouseButtonRelease) {
+    if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) pressing_ = pressed;
+    // The table itself comes after this filter.
+    if (!pressed)
+      QMetaObject::invokeMethod(
+          this, [this] { ReportIfMoved(); }, Qt::QueuedConnection);
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void TableView::ShowColumns() {
+  const Raised showing(showing_);
+  pane_->Model().ColumnsChanged();
+  for (int column = 0; column < source_.ColumnCount(); ++column) {
+    Table()->setColumnHidden(column, !source_.ColumnAt(column).visible);
+    const int pixels = PixelsOfTwips(grid_.Columns()[column].Width(), *this);
+    if (pixels > 0 && Table()->columnWidth(column) != pixels) Table()->setColumnWidth(column, pixels);
+  }
+  ShowRow();
+}
+
+void TableView::ShowRows() {
+  const Raised showing(showing_);
+  pane_->Model().RowsChanged();
+  pane_->ShowCount();
+}
+
+void TableView::ShowRow() {
+  const Raised showing(showing_);
+  reported_row_ = grid_.Row();
+  if (reported_row_ == pane_->CurrentRow()) return;
+  if (reported_row_ < 0) return Table()->selectionModel()->clear();
+  pane_->MakeCurrent(reported_row_);
+}
+
+}  // namespace tarvoni::qt

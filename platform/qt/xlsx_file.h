@@ -1,0 +1,13 @@
+#pragma once
+
+#include <filesystem>
+
+#include "platform/qt/table_source.h"
+
+namespace tarvoni::qt {
+
+// Writes all rows of the visible columns as a workbook. Numbers, dates and flags stay what they are, in the format of
+// their column. Throws std::runtime_error with a sentence for the user; a file of that name is then as it was.
+void WriteXlsx(const TableSource& table, const std::filesystem::path& file);
+
+}  // namespace tarvoni::qt
