@@ -14,7 +14,7 @@
 namespace tarvoni::qt {
 namespace {
 
-constexpr int kLeast = 10;  // characters of a box that takes the free width
+constexpr int kLeast = 20;  // characters of a box that takes the free width
 
 int LineEditWidth(const QLineEdit& edit, int characters) {
   QStyleOptionFrame option;
@@ -67,6 +67,7 @@ void SizeTable(QWidget& table, int rows) {
   constexpr int kNarrowest = 40;
   const int line = LinesHigh(table, 1) * 3 / 2;
   table.setMinimumSize(CharactersWide(table, kNarrowest), line * (rows > 0 ? rows + 2 : kFewest));
+  if (rows > 0) table.setMaximumHeight(table.minimumHeight());
 }
 
 }  // namespace tarvoni::qt
