@@ -25,6 +25,8 @@ struct ScriptHooks {
   // failure.
   std::function<Values(const std::string& method, const Values& arguments, TvnVar_Dll& context)> call;
   std::function<Values(const std::string& screen, const Values& arguments, TvnVar_Dll& context)> run;
+  // A text for each table of the database that is another one when a row is.
+  std::function<Values(Connection&)> contents = {};
 };
 
 // Plays a script on a toolkit: its lines call, drive the topmost Screen, answer what opens and compare. The
@@ -110,6 +112,7 @@ class ScriptPlayer : public Partner {
   void SetContext();
   void SetOption();
   void Sql();
+  void Remember();
   void Call();
   void Run();
   void CallThrough(const std::function<ScriptHooks::Values(const std::string&, const ScriptHooks::Values&,
@@ -148,6 +151,7 @@ class ScriptPlayer : public Partner {
   void ExpectList();
   void ExpectRows();
   void ExpectSql();
+  void ExpectUnchanged();
   void ExpectResult();
   void ExpectFailure();
   void ExpectControl();
@@ -167,7 +171,8 @@ class ScriptPlayer : public Partner {
   bool changed_ = false;
   int shift_ = 0;  // lines that updating has added so far
   ScriptHooks::Values results_;
-  std::optional<std::string> failure_;  // of the last call, until a line expects it
+  std::optional<ScriptHooks::Values> remembered_;  // contents of the tables
+  std::optional<std::string> failure_;             // of the last call, until a line expects it
 };
 
 }  // namespace tarvoni
