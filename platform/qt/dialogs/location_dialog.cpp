@@ -111,7 +111,7 @@ void LocationDialog::Build() {
   layout->addWidget(tree_, 1);
   layout->addWidget(state_);
   layout->addLayout(buttons.line);
-  ResizeWithin(*this, {Characters(*this, 90), Lines(*this, 28)});
+  ResizeWithin(*this, {Characters(*this, 90), Lines(*this, 36)});
 }
 
 void LocationDialog::Fill() {

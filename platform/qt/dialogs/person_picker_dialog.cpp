@@ -17,6 +17,7 @@ namespace {
 class PersonCard : public QGroupBox {
  public:
   PersonCard(PickDialog* dialog) : QGroupBox("Gewählte Person", dialog), dialog_(*dialog) {
+    setObjectName("person");
     auto* grid = new QGridLayout(this);
     constexpr int kAcross = 2;
     for (int i = 0; i < dialog_.Rows().ColumnCount(); ++i) {

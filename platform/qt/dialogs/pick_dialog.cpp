@@ -84,10 +84,15 @@ void PickDialog::Connect() {
 void PickDialog::Begin(const std::string& start_text) {
   if (const auto row = rows_.StartRow(start_text)) {
     list_->MakeCurrent(static_cast<int>(*row));
-    list_->Table()->scrollTo(list_->Table()->currentIndex(), QAbstractItemView::PositionAtCenter);
   }
   ShowState();
   filter_->setFocus();
+}
+
+// Before, the list does not know how many rows it shows.
+void PickDialog::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  list_->Table()->scrollTo(list_->Table()->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
 void PickDialog::AddBelowList(QWidget* widget) {
