@@ -30,6 +30,11 @@ std::string GermanMessage(const CLI::Error& error) {
   if (kind == "ExtrasError") return "Das wird hier nicht verstanden: " + behind_colon();
   if (kind == "ConversionError") return "Kein gültiger Wert: " + behind_colon();
   if (kind == "ArgumentMismatch") return "Falsche Zahl von Werten bei " + before(":") + ".";
+  if (kind == "RequiresError") {
+    const auto first = before(" requires ");
+    return first + " braucht auch " + message.substr(first.size() + std::string_view(" requires ").size()) +
+           ".";
+  }
   if (kind == "ExcludesError") {
     const auto first = before(" excludes ");
     return first + " und " + message.substr(first.size() + std::string_view(" excludes ").size()) +
@@ -48,6 +53,10 @@ std::string CheckScale(const std::string& text) {
   return valid ? std::string() : fmt::format("Es muss eine ganze Zahl von 1 bis {} sein.", kMaxScale);
 }
 
+std::string CheckUi(const std::string& text) {
+  return text == "headless" || text == "desktop" ? "" : "Es gibt nur headless und desktop.";
+}
+
 // The commands, each with a place for its options; `run` is what the command line asks for.
 class CommandLine {
  public:
@@ -61,6 +70,7 @@ class CommandLine {
     AddSchema();
     AddBackup();
     AddCheck();
+    AddScript();
   }
 
   ExitCode Run(int argc, char** argv) {
@@ -83,6 +93,7 @@ class CommandLine {
                                      {"SUBCOMMAND", "Befehl"},
                                      {"Positionals", "Argumente"},
                                      {"Excludes", "nicht mit"},
+                                     {"Needs", "mit"},
                                      {"REQUIRED", ""}})
       formatter->label(name, text);
   }
@@ -143,10 +154,30 @@ class CommandLine {
     AddDatabase(command, database_);
   }
 
+  void AddScript() {
+    CLI::App* command = AddCommand("script", "Skripte spielen, die Bildschirme bedienen und prüfen",
+                                   [this] { return RunScript(script_); });
+    command->add_option("DATEI", script_.files, "Skripte (.tvs), eines nach dem anderen")
+        ->required()
+        ->type_name("");
+    command->add_flag("--update", script_.update,
+                      "die erwarteten Zeilen (|) neu schreiben statt vergleichen");
+    command->add_option("--trace", script_.trace, "jede Anweisung an die Datenbank mit Zeit und Zeilen")
+        ->type_name("DATEI");
+    auto* ui = command->add_option_function<std::string>(
+        "--ui", [this](const std::string& ui_name) { script_.desktop = ui_name == "desktop"; },
+        "headless (Vorgabe) oder desktop: dasselbe Skript durch die Fenster");
+    ui->type_name("ART")->check(CLI::Validator(CheckUi, "", "ui"));
+    command->add_option("--shots", script_.shots, "Ordner für die Bilder der Zeilen shot NAME")
+        ->type_name("ORDNER")
+        ->needs(ui);
+  }
+
   CLI::App app_{"Tarvoni Lohn: Lohn und Kostenrechnung eines Forstbetriebs", "tarvoni"};
   std::function<ExitCode()> run_;
   SqlOptions sql_;
   DemoCommand demo_;
+  ScriptCommand script_;
   std::string database_;
   std::string target_;
 };

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/command_line.h"
 #include "host/output.h"
@@ -23,6 +24,15 @@ struct DemoCommand {
   int scale = 1;
 };
 ExitCode RunDemo(const DemoCommand& command);
+
+struct ScriptCommand {
+  std::vector<std::string> files;
+  bool update = false;  // rewrite the expected rows instead of comparing
+  bool desktop = false;
+  std::string trace;  // file for the statements; "" for none
+  std::string shots;  // folder for pictures; "" for none
+};
+ExitCode RunScript(const ScriptCommand& command);
 
 ExitCode RunSchema();
 ExitCode RunBackup(const std::string& database, const std::string& target);

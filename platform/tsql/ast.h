@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/tsql/error.h"
+#include "platform/tsql/pooled.h"
 #include "platform/tsql/type.h"
 
 // The syntax tree: what was written, before any name has a meaning. Names stand without their brackets or
@@ -130,7 +131,7 @@ struct ScalarQuery {
 };
 
 // `at` is the place of an operator's sign or word, else of the beginning.
-struct Expression {
+struct Expression : Pooled<Expression> {
   Position at;
   std::variant<Literal, ColumnName, Star, Unary, Binary, IsNull, Between, InList, InQuery, Like, Exists, Case,
                Call, Cast, ScalarQuery>

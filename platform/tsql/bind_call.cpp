@@ -111,6 +111,7 @@ BoundPtr ExpressionBinder::BindAggregate(Aggregate function, const Call& call, P
 
 BoundPtr ExpressionBinder::BindFunction(Function function, const Call& call, Position at) {
   BoundCall bound{function, {}};
+  bound.arguments.reserve(call.arguments.size());
   for (const ExpressionPtr& argument : call.arguments) bound.arguments.push_back(Value(*argument));
   BoundPtr& first = bound.arguments.front();
   const auto as = [&](size_t argument, const Type& type) {

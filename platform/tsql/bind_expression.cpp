@@ -17,29 +17,7 @@ bool IsLogical(BinaryOperator op) {
   return op == BinaryOperator::kAnd || op == BinaryOperator::kOr;
 }
 
-// The one type that all of these meet in.
-Type CommonTypeOf(const std::vector<const BoundExpression*>& values) {
-  Type common;
-  for (const BoundExpression* value : values) common = CommonType(common, value->type);
-  return common;
-}
-
 }  // namespace
-
-BoundPtr MakeCondition(Position at, decltype(BoundExpression::node) node) {
-  auto condition = MakeValue(at, Type::Bit(), 1, std::move(node));
-  condition->condition = true;
-  return condition;
-}
-
-BoundPtr MakeValue(Position at, const Type& type, double limit, decltype(BoundExpression::node) node) {
-  auto value = std::make_unique<BoundExpression>();
-  value->at = at;
-  value->type = type;
-  value->limit = limit;
-  value->node = std::move(node);
-  return value;
-}
 
 BoundPtr WithoutFolding(BoundPtr value) {
   while (auto* call = value->As<BoundCall>()) {
@@ -86,8 +64,8 @@ BoundPtr ExpressionBinder::BindNode(const Literal& literal, Position at) {
   if (literal.kind == Literal::Kind::kNull)
     return MakeValue(at, {}, 0, BoundConstant{"", Literal::Kind::kNull});
   const std::string& text = state_->LiteralText(literal.index);
-  auto value = MakeValue(at, NaturalType(literal.kind, text), NaturalLimit(literal.kind, text),
-                         BoundParameter{literal.index, literal.kind});
+  const Type type = NaturalType(literal.kind, text);
+  auto value = MakeValue(at, type, LimitOf(type), BoundParameter{literal.index, literal.kind});
   if (rules_.pin_literals) PinLiteral(*value);
   return value;
 }
@@ -95,10 +73,9 @@ BoundPtr ExpressionBinder::BindNode(const Literal& literal, Position at) {
 // From here on the literal's digits may decide types and limits; a text its length.
 void ExpressionBinder::PinLiteral(BoundExpression& value) {
   const auto* parameter = value.As<BoundParameter>();
-  if (parameter == nullptr ||
-      value.type != NaturalType(parameter->kind, state_->LiteralText(parameter->literal)))
-    return;
-  const std::string text = state_->LiteralText(parameter->literal);
+  if (parameter == nullptr) return;
+  const std::string& text = state_->LiteralText(parameter->literal);
+  if (value.type != NaturalType(parameter->kind, text)) return;
   if (parameter->kind == Literal::Kind::kInteger)
     std::from_chars(text.data(), text.data() + text.size(), value.limit);
   if (parameter->kind == Literal::Kind::kText) value.type.length = static_cast<int>(text.size());
@@ -139,18 +116,18 @@ BoundPtr ExpressionBinder::BindNode(const Binary& binary, Position at) {
 
 // A chain of the same operator becomes one node, however long it is.
 BoundPtr ExpressionBinder::BindLogical(const Binary& binary, Position at) {
-  std::vector<const Expression*> operands{binary.right.get()};
-  const Expression* left = binary.left.get();
-  while (const auto* inner = std::get_if<Binary>(&left->node)) {
-    if (inner->op != binary.op) break;
-    operands.push_back(inner->right.get());
-    left = inner->left.get();
-  }
-  operands.push_back(left);
   BoundLogical logical{binary.op, {}};
-  for (auto operand = operands.rbegin(); operand != operands.rend(); ++operand)
-    logical.operands.push_back(Condition(**operand));
+  AddOperands(binary, logical);
   return MakeCondition(at, std::move(logical));
+}
+
+void ExpressionBinder::AddOperands(const Binary& chain, BoundLogical& logical) {
+  const auto* inner = std::get_if<Binary>(&chain.left->node);
+  if (inner != nullptr && inner->op == chain.op)
+    AddOperands(*inner, logical);
+  else
+    logical.operands.push_back(Condition(*chain.left));
+  logical.operands.push_back(Condition(*chain.right));
 }
 
 BoundPtr ExpressionBinder::BindNode(const IsNull& test, Position at) {
@@ -169,12 +146,12 @@ BoundPtr ExpressionBinder::BindNode(const Between& between, Position at) {
 
 BoundPtr ExpressionBinder::BindNode(const InList& list, Position at) {
   BoundIn in{Value(*list.operand), {}, list.negated};
-  std::vector<const BoundExpression*> values{in.operand.get()};
+  in.items.reserve(list.items.size());
+  Type common = in.operand->type;
   for (const ExpressionPtr& item : list.items) {
     in.items.push_back(Value(*item));
-    values.push_back(in.items.back().get());
+    common = CommonType(common, in.items.back()->type);
   }
-  const Type common = CommonTypeOf(values);
   const auto align = [&](BoundPtr value) {
     return common.IsText() ? WithoutFolding(std::move(value)) : ConvertTo(std::move(value), common);
   };
@@ -224,29 +201,28 @@ BoundPtr ExpressionBinder::BindNode(const Cast& cast, Position at) {
 
 BoundPtr ExpressionBinder::BindNode(const Case& branches, Position at) {
   BoundCase bound;
-  std::vector<const BoundExpression*> results;
-  std::vector<const BoundExpression*> compared;
+  Type type;
+  Type compared;
+  bound.branches.reserve(branches.branches.size());
   if (branches.operand) bound.operand = Value(*branches.operand);
   for (const Case::Branch& branch : branches.branches) {
     BoundPtr when = branches.operand ? Value(*branch.when) : Condition(*branch.when);
+    compared = CommonType(compared, when->type);
     bound.branches.push_back({std::move(when), Value(*branch.then)});
-    results.push_back(bound.branches.back().then.get());
-    compared.push_back(bound.branches.back().when.get());
+    type = CommonType(type, bound.branches.back().then->type);
   }
   if (branches.otherwise) {
     bound.otherwise = Value(*branches.otherwise);
-    results.push_back(bound.otherwise.get());
+    type = CommonType(type, bound.otherwise->type);
   }
   if (bound.operand) {
-    compared.push_back(bound.operand.get());
-    const Type common = CommonTypeOf(compared);
+    compared = CommonType(compared, bound.operand->type);
     const auto align = [&](BoundPtr& value) {
-      value = common.IsText() ? WithoutFolding(std::move(value)) : ConvertTo(std::move(value), common);
+      value = compared.IsText() ? WithoutFolding(std::move(value)) : ConvertTo(std::move(value), compared);
     };
     align(bound.operand);
     for (BoundCase::Branch& branch : bound.branches) align(branch.when);
   }
-  const Type type = CommonTypeOf(results);
   double limit = 0;
   const auto convert = [&](BoundPtr& value) {
     value = ConvertTo(std::move(value), type);

@@ -44,9 +44,10 @@ void BatchCatalogue::Drop(std::string_view name) {
 
 BoundConstant BindState::Pin(const BoundParameter& parameter) {
   const std::string& text = LiteralText(parameter.literal);
-  const bool known = std::any_of(pinned.begin(), pinned.end(),
-                                 [&](const PinnedLiteral& pin) { return pin.index == parameter.literal; });
+  is_pinned.resize(lexed->literals.size());
+  auto known = is_pinned[static_cast<size_t>(parameter.literal)];
   if (!known) pinned.push_back({parameter.literal, text});
+  known = true;
   return {text, parameter.kind};
 }
 

@@ -44,6 +44,7 @@ struct BindState {
   std::vector<PinnedLiteral> pinned;
   std::string identity_insert;
   int next_source = 1;
+  std::vector<bool> is_pinned = {};  // by the place of the literal
 
   const std::string& LiteralText(int index) const { return lexed->literals[static_cast<size_t>(index)].text; }
   // Makes the literal's value part of the plan.

@@ -3,11 +3,14 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
 #include "platform/tsql/ast.h"
 #include "platform/tsql/catalogue.h"
+#include "platform/tsql/pooled.h"
 #include "platform/tsql/type.h"
 
 // The bound tree: every name has found its column, every expression has its T-SQL type, every conversion that
@@ -36,10 +39,10 @@ struct BoundConstant {
 struct BoundNow {};
 
 struct BoundColumn {
-  int source;        // BoundTable::id or BoundDerived::id
-  int index;         // of the column there
-  std::string name;  // as the emitter writes it
-  bool stored;       // a column of a table, which brings its collation along
+  int source;             // BoundTable::id or BoundDerived::id
+  int index;              // of the column there
+  std::string_view name;  // belongs to the table, or to the query in its place
+  bool stored;            // a column of a table, which brings its collation along
 };
 
 struct BoundNegate {
@@ -153,7 +156,7 @@ struct BoundAggregate {
   BoundPtr argument;  // null for COUNT(*)
 };
 
-struct BoundExpression {
+struct BoundExpression : Pooled<BoundExpression> {
   Position at;
   Type type;
   // Exact values: no value of the expression exceeds this, in units of its last place.
@@ -227,6 +230,23 @@ struct BoundQuery {
   std::vector<bool> union_all;
   std::vector<BoundOrder> order_by;
 };
+
+template <typename Node>
+BoundPtr MakeValue(Position at, const Type& type, double limit, Node node) {
+  auto value = std::make_unique<BoundExpression>();
+  value->at = at;
+  value->type = type;
+  value->limit = limit;
+  value->node.template emplace<Node>(std::move(node));
+  return value;
+}
+
+template <typename Node>
+BoundPtr MakeCondition(Position at, Node node) {
+  BoundPtr condition = MakeValue(at, Type::Bit(), 1, std::move(node));
+  condition->condition = true;
+  return condition;
+}
 
 // The largest exact value SQLite's integers hold; beyond it an exact value is a wide one.
 inline constexpr double kNarrowLimit = 9.2233720368547758e18;

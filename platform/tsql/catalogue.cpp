@@ -16,8 +16,7 @@ unsigned char Upper(unsigned char before, unsigned char c) {
 
 }  // namespace
 
-bool SameName(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
+bool SameLetters(std::string_view a, std::string_view b) {
   if (a == b) return true;  // names are mostly spelled alike
   unsigned char before = 0;
   for (size_t i = 0; i < a.size(); ++i) {

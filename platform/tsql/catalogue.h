@@ -38,7 +38,10 @@ class Catalogue {
   virtual std::shared_ptr<const TableDefinition> FindTable(std::string_view name) const = 0;
 };
 
+bool SameLetters(std::string_view a, std::string_view b);  // of names of the same length
 // Compares names as T-SQL does: without regard to case.
-bool SameName(std::string_view a, std::string_view b);
+inline bool SameName(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && SameLetters(a, b);
+}
 
 }  // namespace tarvoni::tsql

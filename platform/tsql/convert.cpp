@@ -65,10 +65,6 @@ Type NaturalType(Literal::Kind kind, std::string_view text) {
   return DecimalType(text);
 }
 
-double NaturalLimit(Literal::Kind kind, std::string_view text) {
-  return LimitOf(NaturalType(kind, text));
-}
-
 std::string ScaledDigits(std::string_view literal, int scale) {
   const auto point = literal.find('.');
   std::string digits(literal.substr(0, point));
@@ -108,12 +104,8 @@ BoundPtr ConvertTo(BoundPtr value, const Type& to, BoundConvert::Mode mode) {
     value->limit = limit;
     return value;
   }
-  auto converted = std::make_unique<BoundExpression>();
-  converted->at = value->at;
-  converted->type = to;
-  converted->limit = limit;
-  converted->node = BoundConvert{std::move(value), mode};
-  return converted;
+  const Position at = value->at;
+  return MakeValue(at, to, limit, BoundConvert{std::move(value), mode});
 }
 
 }  // namespace tarvoni::tsql

@@ -11,7 +11,6 @@ BoundPtr ConvertTo(BoundPtr value, const Type& to, BoundConvert::Mode mode = Bou
 
 // A literal's own type: INT, the smallest DECIMAL that holds it, FLOAT, or text.
 Type NaturalType(Literal::Kind kind, std::string_view text);
-double NaturalLimit(Literal::Kind kind, std::string_view text);
 
 // The digits of a number literal as a whole number in units of the `scale`th place, half away from zero:
 // ("1.005", 2) is "101".

@@ -56,7 +56,11 @@ bool IsStoredColumn(const BoundExpression& expression) {
 
 Emitter& Emitter::Name(std::string_view name) {
   sql_.text += '"';
-  for (const char c : name) sql_.text.append(c == '"' ? 2 : 1, c);
+  for (auto quote = name.find('"'); quote != std::string_view::npos; quote = name.find('"')) {
+    Text(name.substr(0, quote)).Text("\"\"");
+    name.remove_prefix(quote + 1);
+  }
+  sql_.text += name;
   sql_.text += '"';
   return *this;
 }
@@ -130,7 +134,7 @@ void Emitter::Node(const BoundColumn& node, const BoundExpression&) {
   if (node.stored)
     Name(node.name);
   else
-    Text(node.name);
+    Text("c").Number(node.index + 1);
 }
 
 void Emitter::Node(const BoundConcat& node, const BoundExpression&) {

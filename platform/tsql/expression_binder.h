@@ -42,9 +42,10 @@ class ExpressionBinder {
   BoundPtr BindNode(const Case& branches, Position at);
   BoundPtr BindNode(const Call& call, Position at);
   BoundPtr BindNode(const Cast& cast, Position at);
-  BoundPtr BindNode(const ScalarQuery& query, Position at);
+  BoundPtr BindNode(const ScalarQuery& scalar, Position at);
 
   BoundPtr BindLogical(const Binary& binary, Position at);
+  void AddOperands(const Binary& chain, BoundLogical& logical);
   BoundPtr BindArithmetic(BinaryOperator op, BoundPtr left, BoundPtr right, Position at);
   BoundPtr BindDateArithmetic(BinaryOperator op, BoundPtr left, BoundPtr right, Position at);
   BoundPtr BindAggregate(Aggregate function, const Call& call, Position at);
@@ -59,8 +60,6 @@ class ExpressionBinder {
   bool inside_aggregate_ = false;
 };
 
-BoundPtr MakeCondition(Position at, decltype(BoundExpression::node) node);
-BoundPtr MakeValue(Position at, const Type& type, double limit, decltype(BoundExpression::node) node);
 // `left op right` in the type both meet in; on text without what the collation ignores anyway.
 BoundPtr MakeComparison(BinaryOperator op, BoundPtr left, BoundPtr right, Position at);
 // The operand as it is compared: case functions and trailing blanks make no difference to text.

@@ -67,7 +67,7 @@ struct Checker {
         column && std::find(own_sources.begin(), own_sources.end(), column->source) != own_sources.end())
       throw Error(
           kNotGrouped,
-          "Column '" + column->name +
+          "Column '" + std::string(column->name) +
               "' is invalid in the select list because it is not contained in either an aggregate function "
               "or the GROUP BY clause.",
           expression.at);

@@ -1,6 +1,7 @@
 #include "platform/tsql/lexer.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <utility>
 
@@ -21,8 +22,14 @@ bool IsContinuation(char c) {
   return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
+constexpr auto kSymbols = [] {
+  std::array<bool, 256> symbols{};
+  for (const char c : std::string_view("(),.;=<>+-*/%&|^~")) symbols[static_cast<unsigned char>(c)] = true;
+  return symbols;
+}();
+
 bool IsSymbol(char c) {
-  return std::string_view("(),.;=<>+-*/%&|^~").find(c) != std::string_view::npos;
+  return kSymbols[static_cast<unsigned char>(c)];
 }
 
 // <> <= >= != !< !>
@@ -111,14 +118,16 @@ class Lexer {
 };
 
 Position Lexer::Place(size_t offset) {
-  for (; placed_ < offset; ++placed_) {
-    if (text_[placed_] == '\n') {
-      place_ = {place_.line + 1, 1};
-    } else if (!IsContinuation(text_[placed_])) {
-      ++place_.column;
+  Position place = place_;
+  for (const char c : text_.substr(placed_, offset - placed_)) {
+    if (c == '\n') {
+      place = {place.line + 1, 1};
+    } else if (!IsContinuation(c)) {
+      ++place.column;
     }
   }
-  return place_;
+  placed_ = offset;
+  return place_ = place;
 }
 
 // Goes to the next token; false at the end of the text.
@@ -273,7 +282,7 @@ void Lexer::LexSymbol() {
 }
 
 void Lexer::AddToken(TokenKind kind, std::string_view text, bool quoted) {
-  batch_.tokens.push_back({kind, text, quoted, -1, Place(offset_)});
+  batch_.tokens.push_back({text, Place(offset_), -1, kind, quoted});
 }
 
 void Lexer::AddLiteral(TokenKind kind, std::string_view text, std::string value) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <forward_list>
 #include <string>
 #include <string_view>
@@ -10,7 +11,7 @@
 
 namespace tarvoni::tsql {
 
-enum class TokenKind {
+enum class TokenKind : std::uint8_t {
   kEnd,
   kName,     // a word that is no reserved word, or [name], or "name"
   kKeyword,  // a reserved word, in upper case in `text`
@@ -22,11 +23,11 @@ enum class TokenKind {
 };
 
 struct Token {
-  TokenKind kind = TokenKind::kEnd;
   std::string_view text;  // without quotes; of a text as written in between (its value: LiteralToken::text)
-  bool quoted = false;    // [name] or "name": never a word of the language
-  int literal = -1;       // place among LexedBatch::literals
   Position at;
+  int literal = -1;  // place among LexedBatch::literals
+  TokenKind kind = TokenKind::kEnd;
+  bool quoted = false;  // [name] or "name": never a word of the language
 };
 
 // One literal of a batch: what a parameter of the plan is filled with.

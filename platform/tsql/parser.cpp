@@ -97,9 +97,12 @@ void Parser::FailTooDeep() const {
 }
 
 void Parser::Refuse(std::initializer_list<Foreign> words) const {
-  for (const Foreign& foreign : words) {
-    if (Match(foreign.word) || MatchName(foreign.word)) FailUnsupported(std::string(foreign.construct));
-  }
+  const Token& token = Peek();
+  const bool word =
+      token.kind == TokenKind::kName || token.kind == TokenKind::kKeyword || token.kind == TokenKind::kSymbol;
+  if (!word || token.quoted) return;
+  for (const Foreign& foreign : words)
+    if (SameName(token.text, foreign.word)) FailUnsupported(std::string(foreign.construct));
 }
 
 void Parser::SkipSemicolons() {

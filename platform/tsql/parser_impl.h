@@ -192,7 +192,10 @@ class Parser {
 
 template <class Node>
 ExpressionPtr MakeExpression(Position at, Node node) {
-  return std::make_unique<Expression>(Expression{at, std::move(node)});
+  auto expression = std::make_unique<Expression>();
+  expression->at = at;
+  expression->node.template emplace<Node>(std::move(node));
+  return expression;
 }
 
 }  // namespace tarvoni::tsql

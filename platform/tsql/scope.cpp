@@ -1,5 +1,7 @@
 #include "platform/tsql/scope.h"
 
+#include <algorithm>
+
 #include "platform/tsql/type_rules.h"
 
 namespace tarvoni::tsql {
@@ -28,22 +30,15 @@ int VisibleSource::FindColumn(std::string_view name) const {
 }
 
 BoundPtr VisibleSource::Column(int index, Position at) const {
-  auto column = std::make_unique<BoundExpression>();
-  column->at = at;
+  const auto place = static_cast<size_t>(index);
   if (table) {
-    const ColumnDefinition& definition = table->columns[static_cast<size_t>(index)];
-    column->type = definition.type;
-    column->limit = LimitOf(definition.type);
-    column->node = BoundColumn{id, index, definition.name, true};
-  } else {
-    const BoundExpression& value = *query->selects.front().items[static_cast<size_t>(index)].value;
-    column->type = value.type;
-    column->limit = value.limit;
-    for (const BoundSelect& select : query->selects)
-      column->limit = std::max(column->limit, select.items[static_cast<size_t>(index)].value->limit);
-    column->node = BoundColumn{id, index, "c" + std::to_string(index + 1), false};
+    const ColumnDefinition& column = table->columns[place];
+    return MakeValue(at, column.type, LimitOf(column.type), BoundColumn{id, index, column.name, true});
   }
-  return column;
+  const BoundItem& item = query->selects.front().items[place];
+  double limit = 0;
+  for (const BoundSelect& select : query->selects) limit = std::max(limit, select.items[place].value->limit);
+  return MakeValue(at, item.value->type, limit, BoundColumn{id, index, item.name, false});
 }
 
 void Scope::Add(VisibleSource source, Position at) {

@@ -1,6 +1,7 @@
 #include "platform/tsql/type_rules.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace tarvoni::tsql {
@@ -124,7 +125,13 @@ Type AverageType(const Type& argument) {
 }
 
 double PowerOfTenLimit(int exponent) {
-  return std::pow(10.0, exponent);
+  static const auto kPowers = [] {
+    std::array<double, Type::kMaxPrecision + 1> powers{};
+    for (size_t i = 0; i < powers.size(); ++i) powers[i] = std::pow(10.0, i);
+    return powers;
+  }();
+  const bool usual = exponent >= 0 && exponent <= Type::kMaxPrecision;
+  return usual ? kPowers[static_cast<size_t>(exponent)] : std::pow(10.0, exponent);
 }
 
 double LimitOf(const Type& type) {
@@ -138,7 +145,6 @@ double LimitOf(const Type& type) {
     case TypeKind::kInt:
       return 2147483647;
     case TypeKind::kBigInt:
-      return 9.2233720368547748e18;
     case TypeKind::kMoney:
       return 9.2233720368547748e18;
     case TypeKind::kDecimal:

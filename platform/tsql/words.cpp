@@ -115,7 +115,7 @@ constexpr auto kNamePart = [] {
 std::string_view FindReservedWord(std::string_view word) {
   if (word.size() < kShortest || word.size() > kLongest) return {};
   for (size_t slot = SlotOf(word); kSlotTable[slot] != 0; slot = (slot + 1) % kSlots) {
-    const std::string_view candidate = kReservedWords[kSlotTable[slot] - 1u];
+    const std::string_view candidate = kReservedWords[kSlotTable[slot] - 1U];
     if (SpellsWord(word, candidate)) return candidate;
   }
   return {};
@@ -133,11 +133,13 @@ size_t NameLength(std::string_view text) {
   if (text.empty()) return 0;
   size_t end = text[0] == '#' || text[0] == '_' ? 1 : LetterLength(text);
   if (end == 0) return 0;
-  for (size_t part = 1; part > 0; end += part) {
+  for (;;) {
     while (end < text.size() && kNamePart[static_cast<unsigned char>(text[end])]) ++end;
-    part = LetterLength(text.substr(end));
+    const bool ascii = end == text.size() || static_cast<unsigned char>(text[end]) < 0x80;
+    const size_t part = ascii ? 0 : LetterLength(text.substr(end));
+    if (part == 0) return end;
+    end += part;
   }
-  return end;
 }
 
 }  // namespace tarvoni::tsql

@@ -28,12 +28,16 @@ void OnEnter(Control& box, EnterRule rule) {
   });
 }
 
+void NumberKeys(TextBox& box, const std::string& mask) {
+  Append(box.KeyPress, [&box, mask](int& key) { FormatKeyFilter(key, box, mask); });
+}
+
 void NumberBox(TextBox& box, const std::string& mask) {
   NumberBox(box, mask, mask);
 }
 
 void NumberBox(TextBox& box, const std::string& key_mask, const std::string& leaving_format) {
-  Append(box.KeyPress, [&box, key_mask](int& key) { FormatKeyFilter(key, box, key_mask); });
+  NumberKeys(box, key_mask);
   Append(box.LostFocus, [&box, leaving_format] { FormatNumberBox(box, leaving_format); });
 }
 

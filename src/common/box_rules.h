@@ -20,6 +20,8 @@ void SelectOnFocus(Control& box);
 // Runs the rule on Enter, behind the box's filter; the key itself goes no further.
 void OnEnter(Control& box, EnterRule rule);
 
+// The mask filters the keys.
+void NumberKeys(TextBox& box, const std::string& mask);
 // A number of a fixed size: the mask filters the keys and formats the text on leaving.
 void NumberBox(TextBox& box, const std::string& mask);
 void NumberBox(TextBox& box, const std::string& key_mask, const std::string& leaving_format);

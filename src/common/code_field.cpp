@@ -1,5 +1,7 @@
 #include "src/common/code_field.h"
 
+#include <utility>
+
 #include "src/common/box_rules.h"
 
 namespace tarvoni {
@@ -15,8 +17,9 @@ CodeField::CodeField(const TvnVar_Dll& context, const Guard& loading, TextBox& c
 }
 
 void CodeField::Lookup() {
-  code_.SetText(
-      CurrentSuite().Lookup().Pick(context_, rule_.offered(), rule_.caption(), code_.Text(), rule_.option));
+  code_.SetText(rule_.pick ? rule_.pick(code_.Text())
+                           : CurrentSuite().Lookup().Pick(context_, rule_.offered(), rule_.caption(),
+                                                          code_.Text(), rule_.option));
   code_.LostFocus();
 }
 
@@ -47,15 +50,41 @@ void CodeField::Clear() {
   if (companion_) companion_->SetText("");
 }
 
+std::string Parameters(const std::vector<std::string>& before, const std::string* typed,
+                       const std::vector<std::string>& behind) {
+  std::vector<std::string> values = before;
+  if (typed) values.push_back(*typed);
+  values.insert(values.end(), behind.begin(), behind.end());
+  std::string joined;
+  for (const std::string& value : values) {
+    if (&value != &values.front()) joined += '\t';
+    joined += value;
+  }
+  return joined;
+}
+
 CodeField::Rule NamedCode(const TvnVar_Dll& context, const TextBox& code, const Label& label,
                           const std::string& stem, const std::string& name_column,
                           std::function<std::string(const std::string* typed)> parameter) {
   return {.offered = [=, &context] { return GetNamedSql(context, stem + "_GRID", parameter(nullptr)); },
-          .check = [=, &context,
+          .check = [stem, parameter = std::move(parameter), &context,
                     &code] { return GetNamedSql(context, stem + "_VALID", parameter(&code.Text())); },
           .caption = [&label] { return label.Caption(); },
-          .name_column = name_column,
-          .option = {}};
+          .name_column = name_column};
+}
+
+CodeField::Rule LocationCode(const TvnVar_Dll& context, const TextBox& box) {
+  const auto pick = [&context](const std::string& current) {
+    std::string full_text, text = current;
+    std::int32_t id = 0, scope = context.lngWaldortScope;
+    bool chosen = false;
+    CurrentSuite().Waldort().PickOne(context, full_text, id, text, scope, chosen);
+    return chosen ? full_text.substr(0, full_text.rfind(':')) : current;
+  };
+  const auto check = [&context, &box] {
+    return GetNamedSql(context, "WALDORT_VALID", std::to_string(context.lngWaldortScope) + "\t" + box.Text());
+  };
+  return {.check = check, .name_column = "WALDORT", .pick = pick};
 }
 
 }  // namespace tarvoni

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "src/common/screen.h"
 
@@ -12,13 +13,14 @@ namespace tarvoni {
 class CodeField {
  public:
   struct Rule {
-    std::function<std::string()> offered;  // statement of the list, its first column is the code
-    std::function<std::string()> check;    // statement that finds the typed code
-    std::function<std::string()> caption;  // of the list
-    std::string name_column;               // of the companion box
-    std::string option;                    // of LookupDialog
-    bool opens_locked = false;             // the list also opens on a locked box
-    bool keeps_focus = true;               // a wrong code takes the focus back
+    std::function<std::string()> offered = {};  // statement of the list, its first column is the code
+    std::function<std::string()> check = {};    // statement that finds the typed code
+    std::function<std::string()> caption = {};  // of the list
+    std::string name_column = {};               // of the companion box
+    std::string option = {};                    // of LookupDialog
+    std::function<std::string(const std::string& current)> pick = {};  // a choice other than the list
+    bool opens_locked = false;                                         // the list also opens on a locked box
+    bool keeps_focus = true;                                           // a wrong code takes the focus back
   };
 
   // `loading` silences the warning while the Screen fills its fields.
@@ -46,10 +48,17 @@ class CodeField {
   Rule rule_;
 };
 
+// The values of a catalogue statement, parted by tabs; the typed text stands between the others if there is one.
+std::string Parameters(const std::vector<std::string>& before, const std::string* typed,
+                       const std::vector<std::string>& behind = {});
+
 // The rule of a field over the catalogue: keys STEM_GRID and STEM_VALID. `parameter` makes the values of the
 // statement; for the check it gets the typed text, for the list none.
 CodeField::Rule NamedCode(const TvnVar_Dll& context, const TextBox& code, const Label& label,
                           const std::string& stem, const std::string& name_column,
                           std::function<std::string(const std::string* typed)> parameter);
+
+// The rule of a forest location, chosen from the tree: the box holds its path, without the long name.
+CodeField::Rule LocationCode(const TvnVar_Dll& context, const TextBox& box);
 
 }  // namespace tarvoni

@@ -27,10 +27,13 @@ void RefreshKeepingWidths(DataControl& data, DataGrid& grid, Guard& guard,
   });
 }
 
-bool FindRow(DataControl& data, std::string_view column, std::int32_t id) {
+bool FindRow(DataControl& data, std::string_view column, std::int32_t id, Guard& guard) {
   BoundRecordset& rows = data.Recordset();
   if (rows.Empty()) return false;
-  rows.MoveFirst();
+  {
+    const auto hold = guard.Hold();
+    rows.MoveFirst();
+  }
   rows.Find(Compose("{} = {}", Fragment(std::string(column)), Id(id)));
   // Without a hit the row event may already have stepped back onto the list.
   return rows.HasCurrentRow() && ToLong(rows.Fields()[column].Value()) == id;

@@ -20,8 +20,9 @@ void RefreshUnderGuard(DataControl& data, Guard& guard, const std::function<void
 void RefreshKeepingWidths(DataControl& data, DataGrid& grid, Guard& guard,
                           const std::function<void()>& set_columns);
 
-// Searches from the first row for "COLUMN = id". False without a hit, which leaves the list behind its last row.
-bool FindRow(DataControl& data, std::string_view column, std::int32_t id);
+// Searches from the first row for "COLUMN = id"; the way there is no row event's business. False without a hit,
+// which leaves the list behind its last row.
+bool FindRow(DataControl& data, std::string_view column, std::int32_t id, Guard& guard);
 
 // The row event's guard against the ends: steps back onto the list. False if there is no current row.
 bool StepOntoRow(DataControl& data);

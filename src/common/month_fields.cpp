@@ -1,8 +1,10 @@
 #include "src/common/month_fields.h"
 
+#include "src/common/box_rules.h"
 #include "src/context/date_text.h"
 #include "src/context/environment.h"
 #include "src/context/number_text.h"
+#include "src/context/services.h"
 
 namespace tarvoni {
 namespace {
@@ -57,6 +59,20 @@ std::optional<DateTime> MonthFields::FirstDay() const {
 int MonthFields::Key() const {
   const auto first = FirstDay();
   return first ? first->year * 100 + first->month : 0;
+}
+
+void OfferMonths(TextBox& month, const MonthFields& fields, const TvnVar_Dll& context) {
+  Append(month.KeyDown, [&month, fields, &context](int key, int) {
+    if (key != kKeyCtrl || month.Locked()) return;
+    const auto first = fields.FirstDay();
+    std::string text = first ? FormatDate(*first, "mm.yyyy", CurrentLocale()) : "";
+    bool accepted = false;
+    CurrentSuite().Months().PickMonth(text, context, accepted);
+    const auto chosen = accepted ? ParseDate("01." + text) : std::nullopt;
+    if (!chosen) return;
+    fields.Set(chosen->year, chosen->month);
+    month.LostFocus();
+  });
 }
 
 void LeaveDay(TextBox& day, const MonthFields& month) {

@@ -4,6 +4,7 @@
 
 #include "src/context/controls.h"
 #include "src/context/date_time.h"
+#include "src/context/tvn_var_dll.h"
 
 namespace tarvoni {
 
@@ -28,6 +29,9 @@ class MonthFields {
   TextBox* name_;
   TextBox* year_;
 };
+
+// Ctrl in the month's box offers the months; the chosen one is shown and the box left.
+void OfferMonths(TextBox& month, const MonthFields& fields, const TvnVar_Dll& context);
 
 // The rule on leaving a day: it stays if it lies in the month of the fields, or from 1 to 31 while month or
 // year is not known, and is shown as "00"; otherwise it is emptied.

@@ -4,6 +4,13 @@
 
 namespace tarvoni {
 
+// Clears every slot of this thread, for who starts afresh: a script behind one that broke off.
+void ClearSlots();
+
+namespace detail {
+void RememberSlot(void (*clear)());
+}
+
 // The default instance of a Screen class on this thread: the only handle to it between a call's start and its
 // end. Whoever calls the Screen keeps what Use gives until the call has returned, for the Screen may clear its
 // own slot while it unloads.
@@ -12,7 +19,10 @@ class Slot {
  public:
   // Makes the instance on first use.
   static std::shared_ptr<ScreenType> Use() {
-    if (!Instance()) Instance() = std::make_shared<ScreenType>();
+    if (!Instance()) {
+      detail::RememberSlot(&Clear);
+      Instance() = std::make_shared<ScreenType>();
+    }
     return Instance();
   }
   static bool Holds() { return Instance() != nullptr; }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "src/context/database_error.h"
+#include "src/context/error_text.h"
 #include "src/context/running_handler.h"
 #include "src/context/utf8.h"
 
@@ -86,11 +86,7 @@ bool UserActions::Handle(const std::function<void()>& handler) {
 }
 
 void UserActions::Report(const std::exception& error) {
-  std::string text = error.what();
-  if (const auto* failed = dynamic_cast<const DatabaseError*>(&error)) {
-    text = "Die Datenbank meldet den Fehler " + std::to_string(failed->Number()) + ": " + text;
-  }
-  toolkit_.MessageBox(text, kBoxStop, kErrorTitle);
+  toolkit_.MessageBox(ErrorText(error), kBoxStop, kErrorTitle);
 }
 
 bool UserActions::Arrive(Control& target) {
@@ -164,7 +160,13 @@ void UserActions::ClickSelf(Control& control) {
 void UserActions::DoubleClick(Control& control) {
   Act([&] {
     Click(control);
-    if (form_.IsLoaded() && control.IsEnabled() && control.IsVisible()) Handle([&] { control.DblClick(); });
+    SecondClick(control);
+  });
+}
+
+void UserActions::SecondClick(Control& control) {
+  Act([&] {
+    if (control.IsEnabled() && control.IsVisible()) Handle([&] { control.DblClick(); });
   });
 }
 
@@ -178,16 +180,15 @@ void UserActions::MouseDown(Control& control, int button) {
 
 bool UserActions::Mnemonic(char32_t letter) {
   const char32_t wanted = utf8::Upper(letter);
-  for (Control* control : form_.Controls()) {
-    if (MnemonicOf(*control) != wanted || !control->IsEnabled() || !control->IsVisible()) continue;
-    if (control->TakesFocus()) {
-      Click(*control);
-    } else if (Control* next = form_.NextInTabOrder(control)) {
-      Focus(*next);
-    }
-    return true;
-  }
-  return false;
+  const auto named = std::ranges::find_if(form_.Controls(), [wanted](const Control* control) {
+    return MnemonicOf(*control) == wanted && control->IsEnabled() && control->IsVisible();
+  });
+  if (named == form_.Controls().end()) return false;
+  if ((*named)->TakesFocus())
+    Click(**named);
+  else if (Control* next = form_.NextInTabOrder(*named))
+    Focus(*next);
+  return true;
 }
 
 void UserActions::SelectItem(ItemList& list, int index) {

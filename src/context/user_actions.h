@@ -42,6 +42,7 @@ class UserActions : private FormHost {
   bool Paste(std::string_view text);
   // Replaces the whole text of an editor (a toolkit's own editing: undo, drag), past the filter.
   void ReplaceText(TextBox& box, std::string_view text);
+  void ReplaceText(ComboBox& combo, std::string_view text);
   // Opens the lookup of the active control: Ctrl released alone, F4, or the button in the field.
   void Lookup();
   // The button with this letter behind `&`. False if there is none to press.
@@ -51,6 +52,8 @@ class UserActions : private FormHost {
   // disabled control. A label or frame takes clicks without the focus.
   void Click(Control& control);
   void DoubleClick(Control& control);
+  // The second press of a double click whose first one was a Click.
+  void SecondClick(Control& control);
   void MouseDown(Control& control, int button = 1);
 
   void SelectItem(ItemList& list, int index);

@@ -199,4 +199,10 @@ void UserActions::ReplaceText(TextBox& box, std::string_view text) {
   });
 }
 
+void UserActions::ReplaceText(ComboBox& combo, std::string_view text) {
+  Act([&] {
+    if (combo.Editable() && !combo.Locked() && combo.IsEnabled()) Handle([&] { combo.SetText(text); });
+  });
+}
+
 }  // namespace tarvoni

@@ -111,11 +111,12 @@ TEST_F(Frame, RunFillsTheListQuietlyAndLoadsTheLayout) {
 
 TEST_F(Frame, RowEventStepsBackOntoTheList) {
   screen.Run(ctx);
-  EXPECT_FALSE(FindRow(screen.Data1, "ID", 99)) << "behind the last row, where the row event takes the last";
+  EXPECT_FALSE(FindRow(screen.Data1, "ID", 99, screen.loading))
+      << "behind the last row, where the row event takes the last";
   EXPECT_EQ(screen.txtName.Text(), "drei");
   screen.Data1.Recordset().Move(-9);
   EXPECT_EQ(screen.txtName.Text(), "eins");
-  EXPECT_TRUE(FindRow(screen.Data1, "ID", 2));
+  EXPECT_TRUE(FindRow(screen.Data1, "ID", 2, screen.loading));
 }
 
 TEST_F(Frame, WidthsSurviveARefreshAndSortingReachesTheGrid) {
@@ -139,7 +140,7 @@ TEST_F(Frame, FailedRefreshKeepsTheRowsAndReleasesTheGuard) {
 TEST_F(Frame, NeighbourOfADeletedRow) {
   screen.Run(ctx);
   EXPECT_EQ(NeighbourOfCurrentRow(screen.Data1, "ID"), 2);
-  FindRow(screen.Data1, "ID", 3);
+  FindRow(screen.Data1, "ID", 3, screen.loading);
   EXPECT_EQ(NeighbourOfCurrentRow(screen.Data1, "ID"), 2) << "the last row gives way to the one before";
   EXPECT_EQ(screen.Data1.Recordset().AbsolutePosition(), 3) << "looking moves nothing";
   db->Answer(kList, Rows({Whole("ID"), Chars("NAME"), Chars("WERT")},

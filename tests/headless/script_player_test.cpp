@@ -265,8 +265,8 @@ TEST_F(Player, FailsWhenTheScriptEndsWithAnOpenScreen) {
 
 TEST_F(Player, ErrorsOfAHandlerAreBoxes) {
   db->Refuse("DELETE");
-  EXPECT_EQ(Play("click btnLoschen\nanswer yes\nexpect message \"Die Datenbank meldet den Fehler 245: "
-                 "Conversion failed.\""),
+  EXPECT_EQ(Play("click btnLoschen\nanswer yes\nexpect message \"Die Eingabe ist keine Zahl. (Fehler 245: "
+                 "Conversion failed.)\""),
             "");
 }
 

@@ -211,7 +211,7 @@ TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
     throw DatabaseError(245, "Conversion failed.");
   };
   user.Click(form.btnOk);
-  EXPECT_THAT(toolkit.prompts, ElementsAre("Die Datenbank meldet den Fehler 245: Conversion failed."));
+  EXPECT_THAT(toolkit.prompts, ElementsAre("Die Eingabe ist keine Zahl. (Fehler 245: Conversion failed.)"));
   EXPECT_EQ(toolkit.styles.back(), kBoxStop);
   EXPECT_TRUE(form.IsLoaded());
   EXPECT_EQ(form.txtB.Text(), "davor");

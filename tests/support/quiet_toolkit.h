@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -9,8 +10,8 @@
 
 namespace tarvoni::test {
 
-// Answers every box with `answer` and remembers what was asked. Shows a Screen without waiting for it to
-// close.
+// Answers every box with `answer` and remembers what was asked. The other windows are cancelled unless a test
+// answers their kind. Shows a Screen without waiting for it to close.
 class QuietToolkit : public Toolkit {
  public:
   std::vector<std::string> prompts;
@@ -18,6 +19,11 @@ class QuietToolkit : public Toolkit {
   std::vector<int> styles;
   int answer = kAnswerOk;
   std::function<void(UserActions&)> script;  // drives the next Screen
+  std::function<PickResult(const PickRequest&)> pick;
+  std::function<std::optional<DateTime>(const std::optional<DateTime>& start)> pick_date;
+  std::function<std::optional<YearMonth>(const YearMonth& start)> pick_month;
+  std::function<std::vector<std::int32_t>(const LocationRequest&)> pick_locations;
+  std::function<std::optional<std::string>(const TextRequest&)> edit_text;
 
   // Keeps the Screen open behind the test's back, with the focus on `start`.
   UserActions& Show(Form& form, Control& start) {
@@ -41,16 +47,27 @@ class QuietToolkit : public Toolkit {
   std::string DoInputBox(const std::string&, const std::string&, const std::string& initial) override {
     return initial;
   }
-  PickResult DoPickList(const PickRequest&) override { return {}; }
-  std::optional<DateTime> DoPickDate(const std::string&, const std::optional<DateTime>&) override {
-    return {};
+  PickResult DoPickList(const PickRequest& request) override { return Answer(pick, request); }
+  std::optional<DateTime> DoPickDate(const std::string&, const std::optional<DateTime>& start) override {
+    return Answer(pick_date, start);
   }
-  std::optional<YearMonth> DoPickMonth(const std::string&, const YearMonth&) override { return {}; }
-  std::vector<std::int32_t> DoPickLocations(const LocationRequest&) override { return {}; }
-  std::optional<std::string> DoEditText(const TextRequest&) override { return {}; }
+  std::optional<YearMonth> DoPickMonth(const std::string&, const YearMonth& start) override {
+    return Answer(pick_month, start);
+  }
+  std::vector<std::int32_t> DoPickLocations(const LocationRequest& request) override {
+    return Answer(pick_locations, request);
+  }
+  std::optional<std::string> DoEditText(const TextRequest& request) override {
+    return Answer(edit_text, request);
+  }
   void DoPreviewPrint(const PrintDocument&) override {}
 
  private:
+  template <typename Result, typename Request>
+  static Result Answer(const std::function<Result(const Request&)>& answer, const Request& request) {
+    return answer ? answer(request) : Result();
+  }
+
   struct Kept {
     Kept(QuietToolkit& toolkit, Form& form) : open(toolkit, form), user(form, toolkit) { user.Open(); }
     OpenForm open;

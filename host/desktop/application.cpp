@@ -1,0 +1,39 @@
+#include "host/desktop/application.h"
+
+#include <QApplication>
+#include <array>
+
+#include "platform/qt/look.h"
+#include "src/context/call_error.h"
+
+namespace tarvoni::host {
+namespace {
+
+QApplication* MakeApplication() {
+  static std::array<char, 8> name = {"tarvoni"};
+  static std::array<char*, 2> arguments = {name.data(), nullptr};
+  static int count = 1;
+  auto* const application = new QApplication(count, arguments.data());
+  qt::UseHouseStyle(*application);
+  return application;
+}
+
+}  // namespace
+
+bool HasDisplay() {
+  return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+         !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+void EnsureApplication(NoDisplay no_display) {
+  if (QCoreApplication::instance()) return;
+  if (!HasDisplay()) {
+    if (no_display == NoDisplay::kFail)
+      throw CallError("Es ist keine grafische Oberfläche erreichbar (DISPLAY ist leer).");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  // Never destroyed: windows of other statics may end after this one.
+  [[maybe_unused]] static auto* const application = MakeApplication();
+}
+
+}  // namespace tarvoni::host

@@ -1,0 +1,94 @@
+#include "platform/qt/date_view.h"
+
+#include <QAction>
+#include <QLineEdit>
+
+#include "platform/qt/form_window.h"
+#include "platform/qt/look.h"
+#include "platform/qt/text.h"
+#include "src/context/date_text.h"
+#include "src/context/environment.h"
+
+namespace tarvoni::qt {
+
+DateView::DateView(DateControl& date, FormWindow& window, QWidget* parent)
+    : ControlView(date, window), date_(date), edit_(new QLineEdit(parent)) {
+  edit_->setFocusPolicy(Qt::TabFocus);
+  edit_->setMaxLength(10);
+  edit_->setContextMenuPolicy(Qt::NoContextMenu);
+  edit_->setPlaceholderText("TT.MM.JJJJ");
+  calendar_ = edit_->addAction(LookupIcon(*edit_), QLineEdit::TrailingPosition);
+  calendar_->setText("Kalender");
+  calendar_->setToolTip("Kalender öffnen (Strg oder F4)");
+  QObject::connect(calendar_, &QAction::triggered, edit_, [this] { Open(); });
+}
+
+QWidget* DateView::Widget() const {
+  return edit_;
+}
+
+QString DateView::Shown() const {
+  return date_.Value() ? ToQt(FormatDate(*date_.Value(), "dd.mm.yyyy", CurrentLocale())) : QString();
+}
+
+void DateView::Show(Aspect aspect) {
+  if (aspect == Aspect::kValue) {
+    edit_->setText(Shown());
+    if (date_.HasFocus()) edit_->selectAll();
+  }
+  if (aspect == Aspect::kEnabled) PaintBox(*edit_, kWindowBackground, false);
+  if (aspect == Aspect::kEnabled) calendar_->setVisible(date_.IsEnabled());
+  ControlView::Show(aspect);
+}
+
+void DateView::Choose(std::optional<DateTime> day) {
+  Window().Act([&](UserActions& user) { user.ChooseDate(date_, day); });
+  Show(Aspect::kValue);
+}
+
+// A text that is no date gives way to the date as it was.
+void DateView::Commit() {
+  if (edit_->text() == Shown()) return;
+  const std::string typed = FromQt(edit_->text().trimmed());
+  const std::optional<DateTime> day = ParseDate(typed);
+  if (day || typed.empty()) Window().User().ChooseDate(date_, day);
+  Show(Aspect::kValue);
+}
+
+void DateView::Open() {
+  Window().Act([this](UserActions& user) {
+    if (!user.Focus(date_)) return;
+    const auto day = CurrentToolkit().PickDate("Datum", date_.Value());
+    if (day) user.ChooseDate(date_, day);
+  });
+}
+
+bool DateView::Key(const QKeyEvent& event) {
+  const bool up = event.key() == Qt::Key_Up;
+  if (event.key() == Qt::Key_F4) {
+    Open();
+    return true;
+  }
+  if (up || event.key() == Qt::Key_Down) {
+    Window().Act([](UserActions&) {});  // what was typed counts first
+    if (date_.Value()) Choose(DateTime::FromDays(date_.Value()->Days() + (up ? 1 : -1)));
+    return true;
+  }
+  if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter || event.key() == Qt::Key_Escape)
+    return ControlView::Key(event);
+  const QString text = event.text();
+  const bool letter = !text.isEmpty() && text[0].isPrint() && event.modifiers() != Qt::ControlModifier;
+  return letter && !text[0].isDigit() && text[0] != '.' && text[0] != ',' && text[0] != '-';
+}
+
+bool DateView::Press(const QMouseEvent& event, bool twice) {
+  ControlView::Press(event, twice);
+  if (date_.HasFocus()) edit_->selectAll();
+  return true;
+}
+
+bool DateView::Other(QEvent& event) {
+  return event.type() == QEvent::MouseMove || event.type() == QEvent::Drop;
+}
+
+}  // namespace tarvoni::qt

@@ -1,0 +1,245 @@
+#include "platform/qt/form_window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "platform/qt/keys.h"
+#include "platform/qt/layout_builder.h"
+#include "platform/qt/look.h"
+#include "platform/qt/text.h"
+
+namespace tarvoni::qt {
+
+FormWindow::FormWindow(Form& form, Toolkit& toolkit, QWidget* owner)
+    : QDialog(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+      form_(form),
+      user_(form, toolkit) {
+  setModal(true);
+  setWindowTitle(ToQt(form.Caption()));
+  setObjectName(ToQt(form.Name()));
+  setPalette(ReadablePalette());
+  content_ = new QWidget(this);
+  auto* const fill = new QVBoxLayout(this);
+  fill->setContentsMargins({});
+  fill->addWidget(content_);
+  BuildLayout(form.Layout(), *this, content_);
+  form_.SetObserver(this);
+  PlaceOver(owner);
+}
+
+// Anew when the system turns dark or light.
+void FormWindow::ShowColors() {
+  setPalette(ReadablePalette());
+  for (const auto& [control, view] : views_) view->Show(Aspect::kLocked);
+}
+
+FormWindow::~FormWindow() {
+  form_.SetObserver(nullptr);
+  // The widgets go before the views they report to.
+  watched_.clear();
+  delete content_;
+}
+
+void FormWindow::PlaceOver(QWidget* owner) {
+  const QScreen* const screen = owner ? owner->screen() : QGuiApplication::primaryScreen();
+  const QRect room = screen->availableGeometry();
+  resize(sizeHint().boundedTo(room.size()));
+  if (!owner) return;
+  winId();
+  windowHandle()->setTransientParent(owner->window()->windowHandle());
+  QRect place = rect();
+  place.moveCenter(owner->window()->geometry().center());
+  place.moveTo(std::clamp(place.x(), room.left(), std::max(room.left(), room.right() - place.width())),
+               std::clamp(place.y(), room.top(), std::max(room.top(), room.bottom() - place.height())));
+  move(place.topLeft());
+}
+
+void FormWindow::Run(const std::function<void()>& shown) {
+  show();
+  activateWindow();
+  Act([](UserActions& user) { user.Open(); });
+  if (form_.IsLoaded()) Guard(shown);
+  if (form_.IsLoaded() && !failure_) loop_.exec();
+  timers_.clear();
+  hide();
+  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
+void FormWindow::Fail(std::exception_ptr failure) noexcept {
+  if (!failure_) failure_ = std::move(failure);
+  loop_.quit();
+}
+
+ControlView* FormWindow::ViewOf(const Control* control) const {
+  const auto found = views_.find(control);
+  return found == views_.end() ? nullptr : found->second.get();
+}
+
+void FormWindow::Add(Control& control, std::unique_ptr<ControlView> view) {
+  Watch(view->Target(), *view);
+  view->Widget()->setObjectName(ToQt(control.FullName()));
+  view->ShowAll();
+  views_[&control] = std::move(view);
+}
+
+void FormWindow::Watch(QWidget* widget, ControlView& view) {
+  watched_.insert(widget, &view);
+  widget->installEventFilter(this);
+}
+
+void FormWindow::CommitTyped() {
+  if (committing_) return;
+  committing_ = true;
+  if (ControlView* const view = Active()) view->Commit();
+  committing_ = false;
+}
+
+void FormWindow::FollowFocus() {
+  const ControlView* const view = Active();
+  if (!view || following_) return;
+  following_ = true;
+  view->TakeFocus();
+  following_ = false;
+}
+
+void FormWindow::ControlChanged(Control& control, Aspect aspect) {
+  if (auto* timer = dynamic_cast<Timer*>(&control)) return SetTimer(*timer);
+  if (aspect == Aspect::kFocus) return FollowFocus();
+  if (ControlView* view = ViewOf(&control)) view->Show(aspect);
+  if (aspect != Aspect::kEnabled) return;
+  for (const auto& [inner, view] : views_) {
+    for (const Control* around = inner->Container(); around; around = around->Container()) {
+      if (around == &control) view->Show(Aspect::kEnabled);
+    }
+  }
+}
+
+void FormWindow::FormCaptionChanged() {
+  setWindowTitle(ToQt(form_.Caption()));
+}
+
+void FormWindow::FormUnloaded() {
+  loop_.quit();
+}
+
+void FormWindow::StartTimers() {
+  times_ = true;
+  for (Control* control : form_.Controls()) {
+    if (auto* timer = dynamic_cast<Timer*>(control)) SetTimer(*timer);
+  }
+}
+
+void FormWindow::SetTimer(Timer& timer) {
+  if (!times_) return;
+  if (timer.Running()) {
+    timers_[&timer].start(timer.Interval(), this);
+  } else {
+    timers_.erase(&timer);
+  }
+}
+
+void FormWindow::timerEvent(QTimerEvent* event) {
+  if (busy_ > 0) return;  // a window lies above; the timer comes again
+  for (auto& [timer, clock] : timers_) {
+    if (clock.timerId() != event->timerId()) continue;
+    Act([elapsed = timer](UserActions& user) { user.RunTimer(*elapsed); });
+    return;
+  }
+}
+
+void FormWindow::reject() {
+  Act([](UserActions& user) { user.Close(); });
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();  // the modal loop hides the window
+  if (busy_ == 0) reject();
+}
+
+bool FormWindow::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:
+      event->accept();
+      return true;
+    case QEvent::KeyPress:
+      // What a control's widget had no use for comes up here a second time.
+      if (!watched_.contains(focusWidget())) KeyPressed(static_cast<QKeyEvent&>(*event));
+      return true;
+    case QEvent::ApplicationPaletteChange:
+      ShowColors();
+      return QDialog::event(event);
+    case QEvent::WindowDeactivate:
+      ctrl_alone_ = false;
+      return QDialog::event(event);
+    default:
+      return QDialog::event(event);
+  }
+}
+
+bool FormWindow::eventFilter(QObject* object, QEvent* event) {
+  ControlView* const view = watched_.value(object);
+  if (!view || failure_) return QDialog::eventFilter(object, event);
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:
+      // Mnemonics go the user's way like any key; commands of the widget (copying rows) stay its own.
+      if (static_cast<QKeyEvent&>(*event).modifiers().testFlag(Qt::ControlModifier)) return false;
+      event->accept();
+      return true;
+    case QEvent::KeyPress:
+      return KeyPressed(static_cast<QKeyEvent&>(*event));
+    case QEvent::KeyRelease:
+      KeyReleased(static_cast<QKeyEvent&>(*event));
+      return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      ctrl_alone_ = false;
+      return view->Press(static_cast<QMouseEvent&>(*event), event->type() == QEvent::MouseButtonDblClick);
+    case QEvent::MouseButtonRelease:
+      return view->Release(static_cast<QMouseEvent&>(*event));
+    case QEvent::Wheel:
+      ctrl_alone_ = false;
+      break;
+    case QEvent::FocusIn:
+      // Qt moved the focus on by itself, away from a widget that was closed.
+      if (!following_ && form_.ActiveControl() != &view->Subject())
+        QMetaObject::invokeMethod(
+            this, [this] { FollowFocus(); }, Qt::QueuedConnection);
+      break;
+    default:
+      break;
+  }
+  return view->Other(*event);
+}
+
+bool FormWindow::KeyPressed(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Control) {
+    if (!event.isAutoRepeat()) ctrl_alone_ = !(event.modifiers() & (Qt::ShiftModifier | Qt::AltModifier));
+    return true;
+  }
+  ctrl_alone_ = false;
+  if (IsModifier(event)) return true;
+  if (const char32_t letter = MnemonicLetter(event)) {
+    Act([&](UserActions& user) { user.Mnemonic(letter); });
+    return true;
+  }
+  if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) {
+    if (event.modifiers().testFlag(Qt::ControlModifier)) return true;
+    const bool backwards = event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
+    Act([&](UserActions& user) { user.Tab(backwards); });
+    return true;
+  }
+  if (ControlView* const view = Active()) return view->Key(event);
+  if (event.key() == Qt::Key_Escape) reject();
+  return true;
+}
+
+void FormWindow::KeyReleased(const QKeyEvent& event) {
+  if (event.key() != Qt::Key_Control || event.isAutoRepeat()) return;
+  if (std::exchange(ctrl_alone_, false)) Act([](UserActions& user) { user.Lookup(); });
+}
+
+}  // namespace tarvoni::qt

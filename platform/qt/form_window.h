@@ -1,0 +1,102 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QDialog>
+#include <QEventLoop>
+#include <QHash>
+#include <exception>
+#include <functional>
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "platform/qt/control_view.h"
+#include "src/context/user_actions.h"
+
+namespace tarvoni::qt {
+
+// The window of one Screen while it is shown modally. All input of its widgets comes together here and goes to the
+// Screen's UserActions; no exception passes through Qt: the first one ends the modal loop and leaves Run.
+class FormWindow : public QDialog, private FormObserver {
+ public:
+  // `owner` may be null. It does not own the window, so that nothing deletes it under a nested loop.
+  FormWindow(Form& form, Toolkit& toolkit, QWidget* owner);
+  ~FormWindow() override;
+
+  // Shows the Screen until it is unloaded. `shown` is called when it is open and ready for the user.
+  void Run(const std::function<void()>& shown);
+  // Timers of the Screen run by the clock; else whoever plays the user runs them.
+  void StartTimers();
+
+  Form& Screen() const { return form_; }
+  UserActions& User() { return user_; }
+  ControlView* ViewOf(const Control* control) const;
+  void Add(Control& control, std::unique_ptr<ControlView> view);
+  // Events of the widget go to the view.
+  void Watch(QWidget* widget, ControlView& view);
+
+  // Does something as the user, who first finishes what he typed.
+  template <typename Action>
+  void Act(Action action) {
+    ++busy_;
+    Guard([&] {
+      CommitTyped();
+      action(user_);
+    });
+    --busy_;
+    FollowFocus();
+  }
+  // Runs code that may throw inside an event of Qt.
+  template <typename Code>
+  void Guard(Code code) noexcept {
+    if (failure_) return;
+    try {
+      code();
+    } catch (...) {
+      Fail(std::current_exception());
+    }
+  }
+  // Ends Run with this exception.
+  void Fail(std::exception_ptr failure) noexcept;
+  bool Failed() const { return failure_ != nullptr; }
+
+  // The close button and Escape ask the Screen.
+  void reject() override;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+
+ private:
+  void ControlChanged(Control& control, Aspect aspect) override;
+  void FormCaptionChanged() override;
+  void FormUnloaded() override;
+
+  ControlView* Active() const { return ViewOf(form_.ActiveControl()); }
+  void CommitTyped();
+  void FollowFocus();
+  void PlaceOver(QWidget* owner);
+  void ShowColors();
+  bool KeyPressed(const QKeyEvent& event);
+  void KeyReleased(const QKeyEvent& event);
+  void SetTimer(Timer& timer);
+
+  Form& form_;
+  UserActions user_;
+  QEventLoop loop_;
+  std::map<const Control*, std::unique_ptr<ControlView>> views_;
+  QHash<const QObject*, ControlView*> watched_;
+  std::map<Timer*, QBasicTimer> timers_;
+  std::exception_ptr failure_;
+  QWidget* content_ = nullptr;
+  int busy_ = 0;  // actions at work
+  bool times_ = false;
+  bool ctrl_alone_ = false;
+  bool committing_ = false;
+  bool following_ = false;
+};
+
+}  // namespace tarvoni::qt

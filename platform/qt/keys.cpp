@@ -1,0 +1,85 @@
+#include "platform/qt/keys.h"
+
+#include <algorithm>
+
+#include "src/context/control.h"
+
+namespace tarvoni::qt {
+namespace {
+
+struct Named {
+  int qt;
+  int code;
+};
+
+constexpr Named kNamed[] = {{Qt::Key_Backspace, kKeyBackspace},
+                            {Qt::Key_Tab, kKeyTab},
+                            {Qt::Key_Backtab, kKeyTab},
+                            {Qt::Key_Return, kKeyEnter},
+                            {Qt::Key_Enter, kKeyEnter},
+                            {Qt::Key_Escape, kKeyEscape},
+                            {Qt::Key_Space, kKeySpace},
+                            {Qt::Key_PageUp, 33},
+                            {Qt::Key_PageDown, 34},
+                            {Qt::Key_End, kKeyEnd},
+                            {Qt::Key_Home, kKeyHome},
+                            {Qt::Key_Left, 37},
+                            {Qt::Key_Up, kKeyUp},
+                            {Qt::Key_Right, 39},
+                            {Qt::Key_Down, kKeyDown},
+                            {Qt::Key_Insert, 45},
+                            {Qt::Key_Delete, kKeyDelete}};
+
+bool IsKeypadDecimal(const QKeyEvent& event) {
+  const bool decimal = event.key() == Qt::Key_Period || event.key() == Qt::Key_Comma;
+  return decimal && event.modifiers().testFlag(Qt::KeypadModifier);
+}
+
+// Ctrl and Alt together are AltGr on some keyboards and type a character.
+bool IsCommand(Qt::KeyboardModifiers modifiers) {
+  return modifiers.testFlag(Qt::ControlModifier) != modifiers.testFlag(Qt::AltModifier) ||
+         modifiers.testFlag(Qt::MetaModifier);
+}
+
+}  // namespace
+
+int KeyCode(const QKeyEvent& event) {
+  const int key = event.key();
+  if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return kKeyF1 + key - Qt::Key_F1;
+  const auto* const named = std::ranges::find(kNamed, key, &Named::qt);
+  return named == std::end(kNamed) ? 0 : named->code;
+}
+
+int QtKey(int code) {
+  if (code == kKeyCtrl) return Qt::Key_Control;
+  if (code >= kKeyF1 && code <= kKeyF1 + 11) return Qt::Key_F1 + code - kKeyF1;
+  const auto* const named = std::ranges::find(kNamed, code, &Named::code);
+  return named == std::end(kNamed) ? 0 : named->qt;
+}
+
+int ShiftState(Qt::KeyboardModifiers modifiers) {
+  return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) + (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) +
+         (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
+}
+
+std::u32string TypedText(const QKeyEvent& event, const Locale& locale) {
+  if (IsCommand(event.modifiers())) return {};
+  if (IsKeypadDecimal(event)) return {static_cast<char32_t>(locale.decimal_separator)};
+  const std::u32string text = event.text().toStdU32String();
+  const bool printable =
+      std::ranges::all_of(text, [](char32_t c) { return c >= 32 && c != 127 && QChar::isPrint(c); });
+  return printable ? text : std::u32string();
+}
+
+bool IsModifier(const QKeyEvent& event) {
+  const int key = event.key();
+  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
+}
+
+char32_t MnemonicLetter(const QKeyEvent& event) {
+  const auto modifiers = event.modifiers() & ~Qt::ShiftModifier;
+  if (modifiers != Qt::AltModifier || event.key() <= Qt::Key_Space || event.key() > 0xFFFF) return 0;
+  return static_cast<char32_t>(event.key());
+}
+
+}  // namespace tarvoni::qt

@@ -1,0 +1,345 @@
+#include "platform/qt/layout_builder.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <algorithm>
+#include <vector>
+
+#include "platform/qt/cell_size.h"
+#include "platform/qt/form_window.h"
+#include "platform/qt/look.h"
+#include "platform/qt/tab_view.h"
+#include "platform/qt/text.h"
+
+namespace tarvoni::qt {
+namespace {
+
+using layout::Kind;
+using layout::Node;
+
+constexpr int kWidestCode = 16;  // characters; a longer first box does not push the others of its column
+constexpr int kColumns = 3;      // of a stack: label, code, the rest
+
+// What a node became: a widget or a layout, and whether it takes the free width and height.
+struct Piece {
+  QWidget* widget = nullptr;
+  QLayout* layout = nullptr;
+  bool wide = false;
+  bool tall = false;
+
+  explicit operator bool() const { return widget || layout; }
+};
+
+void AddTo(QBoxLayout& box, const Piece& piece) {
+  if (piece.widget) box.addWidget(piece.widget, piece.wide ? 1 : 0);
+  if (piece.layout) box.addLayout(piece.layout, piece.wide ? 1 : 0);
+}
+
+void AddTo(QGridLayout& grid, const Piece& piece, int row, int column, int span = 1) {
+  const Qt::Alignment place = piece.wide || span == kColumns ? Qt::Alignment() : Qt::AlignLeft;
+  if (piece.widget) grid.addWidget(piece.widget, row, column, 1, span, place);
+  if (piece.layout) grid.addLayout(piece.layout, row, column, 1, span);
+  if (piece.tall) grid.setRowStretch(row, 1);
+}
+
+bool IsFixedBox(const Node& cell) {
+  return cell.kind == Kind::kCell && cell.width > 0 && cell.width <= kWidestCode;
+}
+
+class Builder {
+ public:
+  explicit Builder(FormWindow& window) : window_(window) {}
+
+  Piece Build(const Node& node, QWidget* parent);
+  Piece Bar(const Node& node, QWidget* parent);
+  Piece Stack(const std::vector<Node>& nodes, QWidget* parent);
+
+ private:
+  ControlView& View(const Node& node, QWidget* parent);
+  Piece Cell(const Node& node, QWidget* parent);
+  Piece Group(const Node& node, QWidget* parent);
+  Piece Lines(const Node& node, QWidget* parent);
+  Piece Matrix(const Node& node, QWidget* parent);
+  Piece Side(const Node& node, QWidget* parent);
+  Piece Table(const Node& node, QWidget* parent);
+  Piece Tabs(const Node& node, QWidget* parent);
+  Piece Text(const Node& node, QWidget* parent);
+  Piece Cells(const std::vector<Node>& nodes, std::size_t first, QWidget* parent);
+  QLabel* RowLabel(const Node& row, QWidget* parent);
+  void Row(const Node& row, QGridLayout& grid, int at, QWidget* parent);
+  void NameCells(const Node& row, QLabel* label, const std::vector<std::string>& captions = {}) const;
+
+  FormWindow& window_;
+};
+
+Piece Builder::Build(const Node& node, QWidget* parent) {
+  switch (node.kind) {
+    case Kind::kStack:
+      return Stack(node.children, parent);
+    case Kind::kRow:
+      return Stack({node}, parent);
+    case Kind::kSide:
+      return Side(node, parent);
+    case Kind::kGroup:
+      return Group(node, parent);
+    case Kind::kMatrix:
+      return Matrix(node, parent);
+    case Kind::kTable:
+      return Table(node, parent);
+    case Kind::kList:
+      return Lines(node, parent);
+    case Kind::kTabs:
+      return Tabs(node, parent);
+    case Kind::kBar:
+      return Bar(node, parent);
+    case Kind::kCell:
+      return Cell(node, parent);
+    case Kind::kText:
+      return Text(node, parent);
+    case Kind::kGap:
+    case Kind::kHidden:
+    case Kind::kPage:
+    case Kind::kNone:
+      return {};
+  }
+  return {};
+}
+
+ControlView& Builder::View(const Node& node, QWidget* parent) {
+  std::unique_ptr<ControlView> made = MakeView(*node.control, window_, parent);
+  ControlView& view = *made;
+  window_.Add(*node.control, std::move(made));
+  return view;
+}
+
+Piece Builder::Cell(const Node& node, QWidget* parent) {
+  QWidget* const widget = View(node, parent).Widget();
+  return {.widget = widget, .wide = SizeCell(*widget, node.width)};
+}
+
+Piece Builder::Text(const Node& node, QWidget* parent) {
+  return {.widget = new QLabel(ToQt(node.text), parent)};
+}
+
+Piece Builder::Table(const Node& node, QWidget* parent) {
+  ControlView& view = View(node, parent);
+  SizeTable(*view.Target(), node.rows);
+  view.SetName("Liste");
+  return {.widget = view.Widget(), .wide = true, .tall = node.rows == 0};
+}
+
+Piece Builder::Lines(const Node& node, QWidget* parent) {
+  QWidget* const widget = View(node, parent).Widget();
+  SizeLines(*widget, node.rows, node.width);
+  return {.widget = widget, .wide = node.width == 0, .tall = false};
+}
+
+Piece Builder::Group(const Node& node, QWidget* parent) {
+  ControlView& view = View(node, parent);
+  const Piece inner = Stack(node.children, view.Widget());
+  view.Widget()->setLayout(inner.layout);
+  return {.widget = view.Widget(), .wide = true, .tall = inner.tall};
+}
+
+Piece Builder::Tabs(const Node& node, QWidget* parent) {
+  auto& tabs = dynamic_cast<TabView&>(View(node, parent));
+  bool tall = false;
+  for (const Node& page : node.children) {
+    auto view = std::make_unique<PageView>(dynamic_cast<TabPage&>(*page.control), window_, tabs);
+    QWidget* const widget = view->Widget();
+    window_.Add(*page.control, std::move(view));
+    const Piece inner = Stack(page.children, widget);
+    widget->setLayout(inner.layout);
+    tall = tall || inner.tall;
+  }
+  tabs.Show(Aspect::kValue);
+  return {.widget = tabs.Widget(), .wide = true, .tall = tall};
+}
+
+Piece Builder::Bar(const Node& node, QWidget* parent) {
+  auto* const box = new QHBoxLayout;
+  int widest = CharactersWide(*parent, 12);
+  std::vector<QWidget*> buttons;
+  bool stretched = false;
+  for (const Node& child : node.children) {
+    if (child.kind == Kind::kGap) {
+      box->addStretch(1);
+      stretched = true;
+      continue;
+    }
+    const Piece piece = Build(child, parent);
+    AddTo(*box, piece);
+    stretched = stretched || piece.wide;
+    if (!qobject_cast<QPushButton*>(piece.widget)) continue;
+    buttons.push_back(piece.widget);
+    if (piece.widget->sizeHint().width() < 2 * widest)
+      widest = std::max(widest, piece.widget->sizeHint().width());
+  }
+  for (QWidget* button : buttons) button->setMinimumWidth(std::max(widest, button->sizeHint().width()));
+  if (!stretched) box->addStretch(1);
+  return {.layout = box, .wide = true};
+}
+
+Piece Builder::Side(const Node& node, QWidget* parent) {
+  auto* const box = new QHBoxLayout;
+  Piece side{.layout = box};
+  for (const Node& child : node.children) {
+    if (child.kind == Kind::kGap) {
+      box->addStretch(1);
+      side.wide = true;
+      continue;
+    }
+    const Piece piece = Build(child, parent);
+    AddTo(*box, piece);
+    side.wide = side.wide || piece.wide;
+    side.tall = side.tall || piece.tall;
+  }
+  if (!side.wide) box->addStretch(1);
+  side.wide = true;
+  return side;
+}
+
+Piece Builder::Stack(const std::vector<Node>& nodes, QWidget* parent) {
+  auto* const grid = new QGridLayout;
+  grid->setColumnStretch(kColumns - 1, 1);
+  Piece stack{.layout = grid, .wide = true};
+  int row = 0;
+  for (const Node& node : nodes) {
+    if (node.kind == Kind::kRow) {
+      Row(node, *grid, row++, parent);
+    } else if (node.kind == Kind::kGap) {
+      grid->setRowStretch(row++, 1);
+      stack.tall = true;
+    } else if (const Piece piece = Build(node, parent)) {
+      AddTo(*grid, piece, row++, 0, kColumns);
+      stack.tall = stack.tall || piece.tall;
+    }
+  }
+  // Beside a higher neighbour the free room goes below.
+  if (!stack.tall) grid->setRowStretch(row, 1);
+  return stack;
+}
+
+QLabel* Builder::RowLabel(const Node& row, QWidget* parent) {
+  if (row.control) return qobject_cast<QLabel*>(View(row, parent).Widget());
+  return row.text.empty() ? nullptr : new QLabel(ToQt(row.text), parent);
+}
+
+void Builder::Row(const Node& row, QGridLayout& grid, int at, QWidget* parent) {
+  QLabel* const label = RowLabel(row, parent);
+  if (label) grid.addWidget(label, at, 0);
+  const auto& cells = row.children;
+  if (cells.size() > 1 && IsFixedBox(cells[0])) {
+    AddTo(grid, Build(cells[0], parent), at, 1);
+    AddTo(grid, Cells(cells, 1, parent), at, 2);
+  } else {
+    AddTo(grid, Cells(cells, 0, parent), at, 1, 2);
+  }
+  NameCells(row, label);
+}
+
+Piece Builder::Cells(const std::vector<Node>& nodes, std::size_t first, QWidget* parent) {
+  auto* const box = new QHBoxLayout;
+  bool stretched = false;
+  for (std::size_t i = first; i < nodes.size(); ++i) {
+    const Piece piece = Build(nodes[i], parent);
+    if (nodes[i].kind == Kind::kGap) box->addStretch(1);
+    AddTo(*box, piece);
+    stretched = stretched || piece.wide || nodes[i].kind == Kind::kGap;
+  }
+  if (!stretched) box->addStretch(1);
+  return {.layout = box, .wide = true};
+}
+
+// The row's caption names its cells for assistive programs, and its mnemonic leads to the first of them.
+void Builder::NameCells(const Node& row, QLabel* label, const std::vector<std::string>& captions) const {
+  const QString name = label ? PlainCaption(FromQt(label->text())) : QString();
+  bool led = false;
+  for (std::size_t i = 0; i < row.children.size(); ++i) {
+    const ControlView* const view = window_.ViewOf(row.children[i].control);
+    if (!view || dynamic_cast<const Captioned*>(row.children[i].control)) continue;
+    QString full = name;
+    if (i + 1 < captions.size() && !captions[i + 1].empty()) full += " " + PlainCaption(captions[i + 1]);
+    view->SetName(full.trimmed());
+    if (label && !led) label->setBuddy(view->Target());
+    led = true;
+  }
+}
+
+Piece Builder::Matrix(const Node& node, QWidget* parent) {
+  auto* const grid = new QGridLayout;
+  for (std::size_t i = 0; i < node.captions.size(); ++i) {
+    if (!node.captions[i].empty())
+      grid->addWidget(new QLabel(ToQt(node.captions[i]), parent), 0, static_cast<int>(i));
+  }
+  int at = 0;
+  int columns = 1;
+  for (const Node& row : node.children) {
+    ++at;
+    if (row.kind != Kind::kRow) {
+      if (const Piece piece = Build(row, parent)) AddTo(*grid, piece, at, 0, -1);
+      continue;
+    }
+    QLabel* const label = RowLabel(row, parent);
+    if (label) grid->addWidget(label, at, 0);
+    for (std::size_t i = 0; i < row.children.size(); ++i) {
+      const int column = static_cast<int>(i) + 1;
+      columns = std::max(columns, column + 1);
+      const Piece piece = Build(row.children[i], parent);
+      AddTo(*grid, piece, at, column);
+      if (piece.wide) grid->setColumnStretch(column, 1);
+    }
+    NameCells(row, label, node.captions);
+  }
+  bool wide = false;
+  for (int i = 0; i < columns; ++i) wide = wide || grid->columnStretch(i) > 0;
+  if (!wide) grid->setColumnStretch(columns, 1);
+  return {.layout = grid, .wide = true};
+}
+
+// Scrolls only where the screen is too small for the whole.
+class Scroll : public QScrollArea {
+ public:
+  explicit Scroll(QWidget* parent) : QScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+  }
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+  QSize minimumSizeHint() const override {
+    return widget()->minimumSizeHint().boundedTo(screen()->availableGeometry().size() / 2);
+  }
+};
+
+}  // namespace
+
+void BuildLayout(const Node& root, FormWindow& window, QWidget* content) {
+  std::vector<Node> body = root.kind == Kind::kStack ? root.children : std::vector<Node>{root};
+  std::erase_if(body,
+                [](const Node& node) { return node.kind == Kind::kHidden || node.kind == Kind::kNone; });
+  std::vector<Node> foot;
+  if (!body.empty() && body.back().kind == Kind::kBar) {
+    foot.push_back(body.back());
+    body.pop_back();
+  }
+  Builder builder(window);
+  auto* const whole = new QVBoxLayout(content);
+  auto* const scroll = new Scroll(content);
+  auto* const inner = new QWidget(scroll);
+  const Piece stack = builder.Stack(body, inner);
+  stack.layout->setContentsMargins({});
+  inner->setLayout(stack.layout);
+  scroll->setWidget(inner);
+  whole->addWidget(scroll, 1);
+  for (const Node& bar : foot) whole->addLayout(builder.Bar(bar, content).layout);
+}
+
+}  // namespace tarvoni::qt

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/qt/control_view.h"
+#include "src/context/lists.h"
+
+class QComboBox;
+class QListWidget;
+
+namespace tarvoni::qt {
+
+// Keys that lists have in common: to the ends, a page on, and to the next item that begins with a letter.
+class ItemListView : public ControlView {
+ public:
+  ItemListView(ItemList& list, FormWindow& window) : ControlView(list, window), list_(list) {}
+
+ protected:
+  bool Navigate(const QKeyEvent& event) override;
+  void Typed(const std::u32string& text) override;
+  void Choose(int index);
+  ItemList& Items() const { return list_; }
+
+ private:
+  ItemList& list_;
+};
+
+class ListBoxView : public ItemListView {
+ public:
+  ListBoxView(ListBox& list, FormWindow& window, QWidget* parent);
+  QWidget* Widget() const override;
+  void Show(Aspect aspect) override;
+  bool Press(const QMouseEvent& event, bool twice) override;
+  bool Release(const QMouseEvent&) override { return true; }
+  bool Other(QEvent& event) override;
+
+ private:
+  QListWidget* widget_;
+};
+
+class ComboBoxView : public ItemListView {
+ public:
+  ComboBoxView(ComboBox& combo, FormWindow& window, QWidget* parent);
+  QWidget* Widget() const override;
+  void Show(Aspect aspect) override;
+  bool Key(const QKeyEvent& event) override;
+  bool Press(const QMouseEvent& event, bool twice) override;
+  bool Other(QEvent& event) override;
+  // The user picks an item of the open list.
+  void Pick(int index);
+
+ protected:
+  bool Navigate(const QKeyEvent& event) override;
+  void Typed(const std::u32string& text) override;
+
+ private:
+  bool EditsText() const;
+  void ShowText() const;
+  void ShowSelection() const;
+  void EditorChanged(const QString& text);
+  void Open();
+
+  ComboBox& combo_;
+  QComboBox* widget_;
+  bool mirroring_ = false;
+};
+
+}  // namespace tarvoni::qt

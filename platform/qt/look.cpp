@@ -1,0 +1,79 @@
+#include "platform/qt/look.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleFactory>
+
+namespace tarvoni::qt {
+namespace {
+
+QColor Mixed(const QColor& first, const QColor& second, double share) {
+  const auto mix = [share](int a, int b) { return static_cast<int>(a * share + b * (1 - share)); };
+  return {mix(first.red(), second.red()), mix(first.green(), second.green()),
+          mix(first.blue(), second.blue())};
+}
+
+// A colour of the system: 0x80… names a role of the palette, else it is blue, green, red.
+QColor BoxColor(const QPalette& palette, Color color, bool locked) {
+  if (color == kButtonFace || (color == kWindowBackground && locked)) return palette.color(QPalette::Window);
+  if ((color & 0x80000000) != 0) return palette.color(QPalette::Base);
+  return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
+          static_cast<int>(color >> 16 & 0xFF)};
+}
+
+}  // namespace
+
+void UseHouseStyle(QApplication& application) {
+  application.setStyle(QStyleFactory::create("Fusion"));
+}
+
+int CharactersWide(const QWidget& widget, int characters) {
+  return widget.fontMetrics().horizontalAdvance('0') * characters;
+}
+
+int LinesHigh(const QWidget& widget, int lines) {
+  return widget.fontMetrics().lineSpacing() * lines;
+}
+
+QPalette ReadablePalette() {
+  constexpr double kFaded = 0.6;
+  QPalette palette = QApplication::palette();
+  for (const auto& [ink, ground] :
+       {std::pair(QPalette::WindowText, QPalette::Window), std::pair(QPalette::Text, QPalette::Base),
+        std::pair(QPalette::ButtonText, QPalette::Button)}) {
+    const QColor text = palette.color(QPalette::Active, ink);
+    palette.setColor(QPalette::Disabled, ink, Mixed(text, palette.color(QPalette::Active, ground), kFaded));
+  }
+  return palette;
+}
+
+void PaintBox(QWidget& box, Color color, bool locked) {
+  const QPalette standard = QApplication::palette();
+  QPalette palette = standard;
+  const QColor base = BoxColor(standard, color, locked);
+  const bool own = (color & 0x80000000) == 0;
+  const QColor text = own ? (base.lightness() > 127 ? Qt::black : Qt::white) : standard.color(QPalette::Text);
+  palette.setColor(QPalette::Base, base);
+  palette.setColor(QPalette::Text, text);
+  // What a closed field shows is there to be read.
+  palette.setColor(QPalette::Disabled, QPalette::Base, own ? base : standard.color(QPalette::Window));
+  palette.setColor(QPalette::Disabled, QPalette::Text, Mixed(text, base, 0.75));
+  box.setPalette(palette);
+}
+
+QIcon LookupIcon(const QWidget& widget) {
+  constexpr int kSize = 16;
+  const qreal ratio = widget.devicePixelRatioF();
+  QPixmap picture(QSize(kSize, kSize) * ratio);
+  picture.setDevicePixelRatio(ratio);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(widget.palette().color(QPalette::ButtonText));
+  for (const int x : {3, 8, 13}) painter.drawEllipse(QPointF(x, 10), 1.4, 1.4);
+  return picture;
+}
+
+}  // namespace tarvoni::qt

@@ -1,0 +1,210 @@
+#include "platform/qt/qt_driver.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QTabBar>
+#include <QTableView>
+#include <algorithm>
+
+#include "platform/qt/date_view.h"
+#include "platform/qt/form_window.h"
+#include "platform/qt/grid_view.h"
+#include "platform/qt/keys.h"
+#include "platform/qt/list_view.h"
+#include "platform/qt/tab_view.h"
+#include "platform/qt/table_view.h"
+#include "platform/qt/text.h"
+#include "platform/qt/text_box_view.h"
+#include "src/context/call_error.h"
+#include "src/context/date_text.h"
+#include "src/context/environment.h"
+
+namespace tarvoni::qt {
+namespace {
+
+void SendMouse(QWidget& widget, QEvent::Type type, QPoint place) {
+  const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+  QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton, held, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &event);
+}
+
+void SendClick(QWidget& widget, QPoint place) {
+  SendMouse(widget, QEvent::MouseButtonPress, place);
+  SendMouse(widget, QEvent::MouseButtonRelease, place);
+}
+
+// A place inside that also hits the little box of a check box.
+QPoint Inside(const QWidget& widget) {
+  return {std::min(8, widget.width() / 2), widget.height() / 2};
+}
+
+// Whether a click on the control is all its own, with nothing of the widget's beside it.
+bool IsPlain(const Control& control) {
+  return dynamic_cast<const TextBox*>(&control) || dynamic_cast<const Captioned*>(&control);
+}
+
+}  // namespace
+
+FormWindow& QtDriver::Top() const {
+  if (FormWindow* window = toolkit_.TopWindow()) return *window;
+  throw CallError("Es ist kein Bildschirm geöffnet.");
+}
+
+ControlView* QtDriver::ViewOf(const Control& control) const {
+  return Top().ViewOf(&control);
+}
+
+void QtDriver::Settle() const {
+  Top().Act([](UserActions& user) { user.RunTimers(); });
+  QCoreApplication::sendPostedEvents();
+}
+
+bool QtDriver::Focus(Control& control) {
+  Top().Act([&](UserActions& user) { user.Focus(control); });
+  Settle();
+  return control.HasFocus();
+}
+
+void QtDriver::SendKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+  const bool ctrl = key == Qt::Key_Control;
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    FormWindow& window = Top();
+    QWidget* const focus = window.focusWidget();
+    const bool held = ctrl && type == QEvent::KeyRelease;
+    QKeyEvent event(type, key, held ? Qt::KeyboardModifiers(Qt::ControlModifier) : modifiers, text);
+    QApplication::sendEvent(focus ? focus : &window, &event);
+    if (!window.Screen().IsLoaded()) return;
+  }
+}
+
+void QtDriver::Key(Control&, int key) {
+  SendKey(QtKey(key), Qt::NoModifier, {});
+  Settle();
+}
+
+void QtDriver::SendText(std::string_view text) {
+  for (const char32_t character : ToQt(text).toStdU32String()) {
+    if (!Top().Screen().IsLoaded()) return;
+    if (character == U'\n') {
+      SendKey(Qt::Key_Return, Qt::NoModifier, {});
+    } else {
+      SendKey(character == U' ' ? Qt::Key_Space : 0, Qt::NoModifier, QString::fromUcs4(&character, 1));
+    }
+  }
+}
+
+void QtDriver::Type(Control&, std::string_view text) {
+  SendText(text);
+  Settle();
+}
+
+void QtDriver::Paste(Control&, std::string_view text) {
+  QGuiApplication::clipboard()->setText(ToQt(text));
+  SendKey(Qt::Key_V, Qt::ControlModifier, {});
+  Settle();
+}
+
+void QtDriver::SelectAll(Control& control) {
+  if (dynamic_cast<TextBox*>(&control)) SendKey(Qt::Key_A, Qt::ControlModifier, {});
+  if (auto* combo = dynamic_cast<ComboBox*>(&control)) combo->SelectAll();
+}
+
+void QtDriver::Click(Control& control) {
+  ControlView* const view = ViewOf(control);
+  if (view && IsPlain(control)) {
+    SendClick(*view->Target(), Inside(*view->Target()));
+  } else {
+    Top().Act([&](UserActions& user) { user.Click(control); });
+  }
+  Settle();
+}
+
+void QtDriver::DoubleClick(Control& control) {
+  ControlView* const view = ViewOf(control);
+  const bool presses = dynamic_cast<TextBox*>(&control) || dynamic_cast<Label*>(&control);
+  if (view && presses) {
+    SendClick(*view->Target(), Inside(*view->Target()));
+    SendMouse(*view->Target(), QEvent::MouseButtonDblClick, Inside(*view->Target()));
+    SendMouse(*view->Target(), QEvent::MouseButtonRelease, Inside(*view->Target()));
+  } else {
+    Top().Act([&](UserActions& user) { user.DoubleClick(control); });
+  }
+  Settle();
+}
+
+void QtDriver::MouseDown(Control& control) {
+  Top().Act([&](UserActions& user) { user.MouseDown(control); });
+  Settle();
+}
+
+void QtDriver::SelectItem(ItemList& list, int index) {
+  ControlView* const view = ViewOf(list);
+  if (auto* combo = dynamic_cast<ComboBoxView*>(view)) {
+    combo->Pick(index);
+  } else if (auto* box = view ? qobject_cast<QListWidget*>(view->Widget()) : nullptr) {
+    box->scrollToItem(box->item(index));
+    SendClick(*box->viewport(), box->visualItemRect(box->item(index)).center());
+  }
+  Settle();
+}
+
+void QtDriver::ChooseDate(DateControl& control, const std::optional<DateTime>& date) {
+  Top().Act([&](UserActions& user) { user.Focus(control); });
+  if (ControlView* const view = ViewOf(control); view && control.HasFocus()) {
+    SendKey(Qt::Key_A, Qt::ControlModifier, {});
+    if (date) {
+      SendText(FormatDate(*date, "dd.mm.yyyy", CurrentLocale()));
+    } else {
+      SendKey(Qt::Key_Delete, Qt::NoModifier, {});
+    }
+  }
+  Settle();
+}
+
+void QtDriver::ChooseTab(TabControl& tabs, int tab) {
+  if (const auto* view = dynamic_cast<TabView*>(ViewOf(tabs))) {
+    QTabBar& bar = *view->Pages().tabBar();
+    SendClick(bar, bar.tabRect(tab).center());
+  }
+  Settle();
+}
+
+void QtDriver::ClickRow(Grid& grid, int row) {
+  if (auto* const view = dynamic_cast<GridView*>(ViewOf(grid))) {
+    QTableView& table = *view->Rows().Table();
+    const QModelIndex cell = table.model()->index(row, table.columnAt(2));
+    table.scrollTo(cell);
+    SendClick(*table.viewport(), table.visualRect(cell).center());
+  }
+  Settle();
+}
+
+void QtDriver::ClickHead(DataGrid& grid, int column) {
+  if (auto* const view = dynamic_cast<GridView*>(ViewOf(grid))) {
+    const QHeaderView& head = *view->Rows().Table()->horizontalHeader();
+    SendClick(*head.viewport(),
+              {head.sectionViewportPosition(column) + head.sectionSize(column) / 2, head.height() / 2});
+  }
+  Settle();
+}
+
+void QtDriver::Close(Form& form) {
+  if (FormWindow* window = toolkit_.WindowOf(form)) window->close();
+  Settle();
+}
+
+void QtDriver::Shot(Form& form, const std::string& name) {
+  FormWindow* const window = toolkit_.WindowOf(form);
+  if (!window || shots_.empty()) return;
+  std::filesystem::create_directories(shots_);
+  QCoreApplication::sendPostedEvents();
+  const std::filesystem::path file = shots_ / (name + ".png");
+  if (!window->grab().save(ToQt(file.string())))
+    throw CallError("Das Bild " + file.string() + " ließ sich nicht schreiben.");
+}
+
+}  // namespace tarvoni::qt

@@ -1,0 +1,319 @@
+#include "platform/qt/text_box_view.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <algorithm>
+
+#include "platform/qt/form_window.h"
+#include "platform/qt/keys.h"
+#include "platform/qt/look.h"
+#include "platform/qt/text.h"
+
+namespace tarvoni::qt {
+
+void TextBoxView::Show(Aspect aspect) {
+  const Mirroring mirroring(mirroring_);
+  switch (aspect) {
+    case Aspect::kText:
+      return ShowText();
+    case Aspect::kSelection:
+      return ShowSelection();
+    case Aspect::kLocked:
+      SetReadOnly(box_.Locked());
+      return PaintBox(*Widget(), box_.BackColor(), box_.Locked());
+    default:
+      return ControlView::Show(aspect);
+  }
+}
+
+void TextBoxView::ShowText() {
+  const QString before = EditorText();
+  const QString after = Shown();
+  if (before == after) return;
+  if (!typing_) return SetEditorText(after);
+  // Only what differs changes, so that the editor can undo it.
+  const auto [first, ignored] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+  const auto start = static_cast<int>(first - before.begin());
+  int end = static_cast<int>(before.size());
+  int end_after = static_cast<int>(after.size());
+  for (; end > start && end_after > start && before[end - 1] == after[end_after - 1]; --end) --end_after;
+  ReplaceInEditor(start, end - start, after.mid(start, end_after - start));
+}
+
+QString TextBoxView::Shown() const {
+  const QString text = ToQt(box_.Text());
+  return box_.MultiLine() ? QString(text).replace("\r\n", "\n") : text;
+}
+
+void TextBoxView::ShowSelection() {
+  const QString text = ToQt(box_.Text());
+  const int start = ToQtPosition(text, box_.SelStart(), box_.MultiLine());
+  const int length = ToQtPosition(text, box_.SelStart() + box_.SelLength(), box_.MultiLine()) - start;
+  const Selection shown = EditorSelection();
+  if (shown.start != start || shown.length != length) SelectInEditor({.start = start, .length = length});
+}
+
+void TextBoxView::EditorSelectionChanged() {
+  if (mirroring_) return;
+  const Mirroring mirroring(mirroring_);
+  const QString text = ToQt(box_.Text());
+  const auto [start, length] = EditorSelection();
+  const int first = FromQtPosition(text, start, box_.MultiLine());
+  box_.Select(first, FromQtPosition(text, start + length, box_.MultiLine()) - first);
+}
+
+void TextBoxView::EditorTextChanged() {
+  if (mirroring_) return;
+  const QString text = EditorText();
+  if (text == Shown()) return;
+  const Selection caret = EditorSelection();
+  TypeInto([&](UserActions& user) { user.ReplaceText(box_, FromQt(text)); });
+  Show(Aspect::kText);
+  if (EditorText() == text) SelectInEditor(caret);
+}
+
+template <typename Action>
+void TextBoxView::TypeInto(Action action) {
+  const Mirroring typing(typing_);
+  Window().Act(action);
+  Show(Aspect::kSelection);
+}
+
+void TextBoxView::Typed(const std::u32string& text) {
+  TypeInto([&](UserActions& user) {
+    for (const char32_t character : text) user.TypeCharacter(character);
+  });
+}
+
+bool TextBoxView::Key(const QKeyEvent& event) {
+  if (EditorCommand(event)) return true;
+  const bool command = event.modifiers().testFlag(Qt::ControlModifier);
+  const bool erases = event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete;
+  if (command && (erases || event.key() < Qt::Key_Escape)) return box_.Locked() || !erases;
+  const Mirroring typing(typing_);
+  const bool handled = ControlView::Key(event);
+  if (handled) Show(Aspect::kSelection);
+  return handled;
+}
+
+bool TextBoxView::Navigate(const QKeyEvent& event) {
+  return event.key() < Qt::Key_Home || event.key() > Qt::Key_PageDown;
+}
+
+bool TextBoxView::EditorCommand(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Paste)) {
+    Insert(QGuiApplication::clipboard()->text());
+  } else if (event.matches(QKeySequence::Copy)) {
+    Copy();
+  } else if (event.matches(QKeySequence::SelectAll)) {
+    Do(&QLineEdit::selectAll, &QPlainTextEdit::selectAll);
+  } else if (event.matches(QKeySequence::Cut)) {
+    Edit(&QLineEdit::cut, &QPlainTextEdit::cut);
+  } else if (event.matches(QKeySequence::Undo)) {
+    Edit(&QLineEdit::undo, &QPlainTextEdit::undo);
+  } else if (event.matches(QKeySequence::Redo)) {
+    Edit(&QLineEdit::redo, &QPlainTextEdit::redo);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void TextBoxView::Copy() const {
+  if (box_.SelLength() > 0) QGuiApplication::clipboard()->setText(ToQt(box_.SelText()));
+}
+
+void TextBoxView::Edit(void (QLineEdit::*line)(), void (QPlainTextEdit::*lines)()) {
+  if (!box_.Locked() && box_.IsEnabled()) Do(line, lines);
+}
+
+// A clip of one cell ends with a line break that is no Enter key.
+void TextBoxView::Insert(QString text) {
+  text.replace("\r\n", "\n").replace('\r', '\n');
+  if (!box_.MultiLine()) {
+    while (text.endsWith('\n')) text.chop(1);
+    text.replace('\n', ' ');
+  }
+  if (text.isEmpty()) return;
+  TypeInto([&](UserActions& user) {
+    if (user.Focus(box_)) user.Paste(FromQt(text));
+  });
+}
+
+bool TextBoxView::Press(const QMouseEvent& event, bool twice) {
+  const bool had_focus = box_.HasFocus();
+  if (event.button() == Qt::MiddleButton) {
+    if (QClipboard* const clips = QGuiApplication::clipboard(); clips->supportsSelection())
+      Insert(clips->text(QClipboard::Selection));
+    return skip_release_ = true;
+  }
+  ControlView::Press(event, twice);
+  // The press that brings the focus leaves the whole text selected.
+  skip_release_ = !had_focus || !box_.HasFocus();
+  return skip_release_;
+}
+
+bool TextBoxView::Release(const QMouseEvent&) {
+  return std::exchange(skip_release_, false);
+}
+
+bool TextBoxView::Other(QEvent& event) {
+  if (event.type() == QEvent::MouseMove) return skip_release_;
+  if (event.type() == QEvent::ContextMenu) {
+    ShowMenu(static_cast<QContextMenuEvent&>(event).globalPos());
+    return true;
+  }
+  if (event.type() == QEvent::Drop) {
+    auto& drop = static_cast<QDropEvent&>(event);
+    drop.acceptProposedAction();
+    Insert(drop.mimeData()->text());
+    return true;
+  }
+  if (event.type() != QEvent::InputMethod) return false;
+  const QString committed = static_cast<QInputMethodEvent&>(event).commitString();
+  if (committed.isEmpty()) return false;
+  static_cast<QInputMethodEvent&>(event).setCommitString({});
+  Typed(committed.toStdU32String());
+  return false;
+}
+
+void TextBoxView::ShowMenu(const QPoint& place) {
+  const bool open = !box_.Locked() && box_.IsEnabled();
+  const bool marked = box_.SelLength() > 0;
+  QMenu menu(Widget());
+  const auto add = [&](const char* caption, bool enabled, auto action) {
+    menu.addAction(caption, Widget(), action)->setEnabled(enabled);
+  };
+  using Line = QLineEdit;
+  using Lines = QPlainTextEdit;
+  add("&Rückgängig", open, [this] { Edit(&Line::undo, &Lines::undo); });
+  add("&Wiederherstellen", open, [this] { Edit(&Line::redo, &Lines::redo); });
+  menu.addSeparator();
+  add("&Ausschneiden", open && marked, [this] { Edit(&Line::cut, &Lines::cut); });
+  add("&Kopieren", marked, [this] { Copy(); });
+  add("&Einfügen", open, [this] { Insert(QGuiApplication::clipboard()->text()); });
+  menu.addSeparator();
+  add("A&lles markieren", !box_.Empty(), [this] { Do(&Line::selectAll, &Lines::selectAll); });
+  menu.exec(place);
+}
+
+LineView::LineView(TextBox& box, FormWindow& window, QWidget* parent)
+    : TextBoxView(box, window), edit_(new QLineEdit(parent)) {
+  edit_->setFocusPolicy(Qt::TabFocus);
+  QObject::connect(edit_, &QLineEdit::textChanged, edit_, [this] { EditorTextChanged(); });
+  QObject::connect(edit_, &QLineEdit::selectionChanged, edit_, [this] { EditorSelectionChanged(); });
+  QObject::connect(edit_, &QLineEdit::cursorPositionChanged, edit_, [this] { EditorSelectionChanged(); });
+  if (!box.KeyDown) return;
+  lookup_ = edit_->addAction(LookupIcon(*edit_), QLineEdit::TrailingPosition);
+  lookup_->setText("Auswahl");
+  lookup_->setToolTip("Auswahl öffnen (Strg oder F4)");
+  QObject::connect(lookup_, &QAction::triggered, edit_, [this] {
+    Window().Act([this](UserActions& user) {
+      if (user.Focus(Box())) user.Lookup();
+    });
+  });
+}
+
+QWidget* LineView::Widget() const {
+  return edit_;
+}
+
+void LineView::Show(Aspect aspect) {
+  TextBoxView::Show(aspect);
+  if (lookup_ && (aspect == Aspect::kLocked || aspect == Aspect::kEnabled))
+    lookup_->setVisible(!Box().Locked() && Box().IsEnabled());
+}
+
+QString LineView::EditorText() const {
+  return edit_->text();
+}
+
+void LineView::SetEditorText(const QString& text) {
+  edit_->setText(text);
+  edit_->setCursorPosition(0);
+}
+
+void LineView::ReplaceInEditor(int start, int length, const QString& text) {
+  edit_->setSelection(start, length);
+  edit_->insert(text);
+}
+
+TextBoxView::Selection LineView::EditorSelection() const {
+  if (edit_->hasSelectedText()) return {.start = edit_->selectionStart(), .length = edit_->selectionLength()};
+  return {.start = edit_->cursorPosition(), .length = 0};
+}
+
+void LineView::SelectInEditor(Selection selection) {
+  if (selection.length > 0) {
+    edit_->setSelection(selection.start, selection.length);
+  } else {
+    edit_->setCursorPosition(selection.start);
+  }
+}
+
+void LineView::SetReadOnly(bool read_only) {
+  edit_->setReadOnly(read_only);
+}
+
+void LineView::Do(void (QLineEdit::*line)(), void (QPlainTextEdit::*)()) {
+  (edit_->*line)();
+}
+
+LinesView::LinesView(TextBox& box, FormWindow& window, QWidget* parent)
+    : TextBoxView(box, window), edit_(new QPlainTextEdit(parent)) {
+  edit_->setFocusPolicy(Qt::TabFocus);
+  edit_->setTabChangesFocus(true);
+  Watch(edit_->viewport());
+  QObject::connect(edit_, &QPlainTextEdit::textChanged, edit_, [this] { EditorTextChanged(); });
+  QObject::connect(edit_, &QPlainTextEdit::selectionChanged, edit_, [this] { EditorSelectionChanged(); });
+  QObject::connect(edit_, &QPlainTextEdit::cursorPositionChanged, edit_,
+                   [this] { EditorSelectionChanged(); });
+}
+
+QWidget* LinesView::Widget() const {
+  return edit_;
+}
+
+QString LinesView::EditorText() const {
+  return edit_->toPlainText();
+}
+
+void LinesView::SetEditorText(const QString& text) {
+  edit_->setPlainText(text);
+}
+
+void LinesView::ReplaceInEditor(int start, int length, const QString& text) {
+  QTextCursor cursor(edit_->document());
+  cursor.setPosition(start);
+  cursor.setPosition(start + length, QTextCursor::KeepAnchor);
+  cursor.insertText(text);
+}
+
+TextBoxView::Selection LinesView::EditorSelection() const {
+  const QTextCursor cursor = edit_->textCursor();
+  return {.start = cursor.selectionStart(), .length = cursor.selectionEnd() - cursor.selectionStart()};
+}
+
+void LinesView::SelectInEditor(Selection selection) {
+  QTextCursor cursor = edit_->textCursor();
+  cursor.setPosition(selection.start);
+  cursor.setPosition(selection.start + selection.length, QTextCursor::KeepAnchor);
+  edit_->setTextCursor(cursor);
+}
+
+void LinesView::SetReadOnly(bool read_only) {
+  edit_->setReadOnly(read_only);
+}
+
+void LinesView::Do(void (QLineEdit::*)(), void (QPlainTextEdit::*lines)()) {
+  (edit_->*lines)();
+}
+
+}  // namespace tarvoni::qt

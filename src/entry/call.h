@@ -1,0 +1,44 @@
+#pragma once
+
+#include <exception>
+#include <stdexcept>
+#include <string>
+
+#include "include/tarvoni_lohn.h"
+#include "src/context/error_text.h"
+
+namespace tarvoni {
+
+// The method's Screen is still to come.
+class NotBuiltError : public std::runtime_error {
+ public:
+  explicit NotBuiltError(const std::string& screen)
+      : std::runtime_error("Der Bildschirm " + screen + " ist noch nicht verfügbar.") {}
+};
+
+// Runs before each call and sets the thread up; once for the program, by whoever composes it.
+void SetThreadPreparation(void (*prepare)());
+void PrepareThread();
+
+// Keeps why this thread's call failed and gives `result`.
+Result Fail(Result result, Failure failure);
+void ForgetFailure();
+const Failure& LastFailure();
+
+// Runs a call to its end; an error that leaves it becomes a failed result with the Screen and the interface as its
+// source.
+template <typename Work>
+Result RunCall(const char* screen, const char* interface, const Work& work) {
+  ForgetFailure();
+  try {
+    PrepareThread();
+    work();
+    return kResultOk;
+  } catch (const NotBuiltError& error) {
+    return Fail(kResultNotImplemented, {.text = error.what(), .screen = screen, .interface = interface});
+  } catch (const std::exception& error) {
+    return Fail(kResultFail, {.text = ErrorText(error), .screen = screen, .interface = interface});
+  }
+}
+
+}  // namespace tarvoni

@@ -1,0 +1,13 @@
+#include "src/machines/f_kostenart.h"
+
+namespace tarvoni {
+
+layout::Node F_Kostenart::BuildLayout() {
+  using namespace layout;
+  SetCaption("Kostenart");
+  return Stack(Group(Frame1, "", Table(DataGrid1, 10)),
+               Bar(Push(btnNeu, "Neu"), Push(btnLoschen, "Löschen"), Gap(), Push(btnOk, "Schließen")),
+               Hidden({&Data1}));
+}
+
+}  // namespace tarvoni

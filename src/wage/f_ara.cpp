@@ -1,0 +1,279 @@
+#include "src/wage/f_ara.h"
+
+#include <algorithm>
+
+#include "src/common/box_rules.h"
+#include "src/common/current_row.h"
+#include "src/common/view_switch.h"
+#include "src/context/number_text.h"
+#include "src/context/utf8.h"
+#include "src/wage/f_ara_sql.h"
+
+namespace tarvoni {
+
+namespace sql = ara_sql;
+
+F_ARA::F_ARA() : Screen("F_ARA") {
+  DataGridArbeitsauftrag.Bind(AdodcArbeitsauftrag);
+  AdodcArbeitsauftrag.MoveComplete = [this] {
+    if (StepOntoRow(AdodcArbeitsauftrag) && !loadingFlag) ShowCurrentRow();
+  };
+  DataGridArbeitsauftrag.DblClick = [this] {
+    if (btnBearbeiten.Enabled()) btnBearbeiten.Press();
+  };
+  Form_Unload = [this](bool& cancel) {
+    RefuseUnloadWhileDisabled(cancel, btnClose);
+    if (!cancel) layout_.Save(Context());
+  };
+  ConnectFields();
+  ConnectButtons();
+}
+
+void F_ARA::Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_dll, std::uint8_t /*mode_dll*/) {
+  curPersonal = ToInt32(strPersonal_dll, CurrentLocale());
+  Enter(tvnvar);
+  curFwj = OptionText("STANDARD_FWJ");
+  saVerfahrenFlag = Option("SA_VERFAHREN") == 1;
+  Connect(AdodcArbeitsauftrag);
+  curAraId = 0;
+  BindMessages();
+  LoadGridAndPosition();
+  SetViewState(true);
+  SetInitialWidths();
+  layout_.Load(Context());
+  Show();
+}
+
+// --- fields ---
+
+void F_ARA::ConnectFields() {
+  NumberBox(txtArbeitsauftrag, "0000");
+  NumberBox(txtRotte[0], "000");
+  NumberBox(txtFlache, "-######0.0000");
+  NumberBox(txtMenge, "-######0.00");
+  NumberBox(txtGesamtKosten, "-######0.00");
+  for (TextBox* box :
+       {&txtArbeitsauftrag, &txtFlache, &txtMenge, &txtGesamtKosten, &txtBegrundung_der_Anordnung}) {
+    SelectOnFocus(*box);
+  }
+  for (TextBox* box : {&txtArbeitsauftrag, &txtLeistung[0], &txtRotte[0], &txtKostenstelle[0],
+                       &txtProduktauftragNr[0], &txtLeistungsart[0], &txtWaldort, &txtFlache, &txtMenge,
+                       &txtGesamtKosten, &txtKostenstelleSel[0], &txtLeistungsartSel[0]}) {
+    OnEnter(*box, TabOnEnter(*this));
+  }
+  Append(txtKostenstelle[0].LostFocus, [this] { CostCentreLeft(); });
+  Append(txtProduktauftragNr[0].LostFocus, [this] { ProductOrderLeft(); });
+  kostenstelleSel_.Changed = [this] { LoadGridAndPosition(); };
+  leistungsartSel_.Changed = [this] { LoadGridAndPosition(); };
+}
+
+// A changed cost centre or product order tests what hangs on it anew, without a word.
+void F_ARA::CostCentreLeft() {
+  const auto hold = loadingFlag.Hold();
+  txtProduktauftragNr[1].SetText(txtForstbetrieb.Text() + txtFWJ.Text() + txtKostenstelle[0].Text());
+  txtProduktauftragNr[0].LostFocus();
+}
+
+void F_ARA::ProductOrderLeft() {
+  const std::string& id = txtProduktauftragNr[0].Tag();
+  if (!id.empty()) curProduktId = ReadNumber(sql::ProductOfOrderHead(id));
+  const auto hold = loadingFlag.Hold();
+  txtLeistungsart[0].LostFocus();
+}
+
+std::string F_ARA::ProductOrderFilter() const {
+  return sql::FitsService(txtLeistung[0].Text(), curAraId);
+}
+
+std::string F_ARA::WorkTypeFilter() const {
+  return sql::WorkTypeFits(curProduktId, txtLeistung[0].Text(), curAraId);
+}
+
+CodeField::Rule F_ARA::SelectedCostCentreRule() {
+  return {.offered =
+              [this] {
+                return sql::CostCentresInUse({curPersonal, curFwj}, txtLeistungsartSel[0].Tag());
+              },
+          .check =
+              [this] {
+                return sql::FindCostCentreInUse({curPersonal, curFwj}, txtKostenstelleSel[0].Text(),
+                                                txtLeistungsartSel[0].Tag());
+              },
+          .caption = [this] { return lblKostenstelleSel.Caption(); },
+          .name_column = "NAME"};
+}
+
+CodeField::Rule F_ARA::SelectedWorkTypeRule() {
+  return {.offered =
+              [this] {
+                return sql::WorkTypesInUse({curPersonal, curFwj}, txtKostenstelleSel[0].Tag());
+              },
+          .check =
+              [this] {
+                return sql::FindWorkTypeInUse({curPersonal, curFwj}, txtLeistungsartSel[0].Text(),
+                                              txtKostenstelleSel[0].Tag());
+              },
+          .caption = [this] { return lblLeistungsartSel.Caption(); },
+          .name_column = "LONG"};
+}
+
+CodeField::Rule F_ARA::ServiceRule() {
+  return {.offered = sql::Services,
+          .check = [this] { return sql::FindService(txtLeistung[0].Text()); },
+          .caption = [this] { return lblLeistung.Caption(); },
+          .name_column = "LANGNAME"};
+}
+
+CodeField::Rule F_ARA::CostCentreRule() {
+  return NamedCode(
+      Context(), txtKostenstelle[0], lblKostenstelle, "KOSTENSTELLE", "NAME",
+      [this](const std::string* typed) { return Parameters({std::to_string(curPersonal)}, typed); });
+}
+
+CodeField::Rule F_ARA::ProductOrderRule() {
+  auto rule = NamedCode(Context(), txtProduktauftragNr[0], lblProduktauftragNr, "PA_KOPF", "",
+                        [this](const std::string* typed) {
+                          return Parameters({std::to_string(curPersonal), curFwj, txtKostenstelle[0].Text()},
+                                            typed, {ProductOrderFilter()});
+                        });
+  rule.option = "100";
+  return rule;
+}
+
+CodeField::Rule F_ARA::WorkTypeRule() {
+  return NamedCode(Context(), txtLeistungsart[0], lblLeistungsart, "LEISTUNGSART_PRODUKT", "LONG",
+                   [this](const std::string* typed) { return Parameters({WorkTypeFilter()}, typed); });
+}
+
+CodeField::Rule F_ARA::TeamRule() {
+  return NamedCode(Context(), txtRotte[0], lblRotte, "RELTABLES", "LONG", [this](const std::string* typed) {
+    return Parameters({std::to_string(Option("STANDARD_ROTTE"))}, typed);
+  });
+}
+
+// --- the list ---
+
+void F_ARA::LoadGridAndPosition() {
+  BuildGridRecordSource();
+  if (AdodcArbeitsauftrag.Recordset().Empty()) return SetViewState(true);
+  if (curAraId == 0) curAraId = CurrentRow(AdodcArbeitsauftrag).Number("ID_ARA_KOPF");
+  if (curAraId == 0) return AdodcArbeitsauftrag.Recordset().MoveFirst();
+  FindRow(AdodcArbeitsauftrag, "ID_ARA_KOPF", curAraId, loadingFlag);
+}
+
+void F_ARA::BuildGridRecordSource() {
+  AdodcArbeitsauftrag.SetRecordSource(sql::OrdersOfYear(
+      {curPersonal, curFwj}, StundenCase(), txtKostenstelleSel[0].Tag(), txtLeistungsartSel[0].Tag()));
+  RefreshKeepingWidths(AdodcArbeitsauftrag, DataGridArbeitsauftrag, loadingFlag, [this] { SetColumns(); });
+}
+
+const std::string& F_ARA::StundenCase() {
+  if (!stundenCaseText.empty()) return stundenCaseText;
+  std::string whens;
+  for (Recordset types = Open(sql::DirectWageTypes()); !types.EndOfFile(); types.MoveNext()) {
+    whens += " WHEN " + std::to_string(ToLong(types.Fields()["TYP"].Value())) + " THEN " +
+             std::to_string(ToLong(types.Fields()["ID"].Value()));
+  }
+  return stundenCaseText = whens.empty() ? "0" : "CASE BBF_GRUPPE.NUMBER" + whens + " ELSE 0 END";
+}
+
+void F_ARA::SetColumns() {
+  const auto amount = [](const char* field, const Label& label) {
+    return ShownColumn{.data_field = field,
+                       .caption = label.Caption(),
+                       .number_format = "0.00",
+                       .alignment = Alignment::kRight};
+  };
+  ShowColumns(
+      DataGridArbeitsauftrag,
+      {{.data_field = "STATUSKOPF", .caption = Message(4689)},
+       {.data_field = "NAME", .caption = frmArbeitsauftrag.Caption()},
+       {.data_field = "DATUM_NR", .caption = lblErstellungsDatum.Caption(), .number_format = "dd.mm.yyyy"},
+       {.data_field = "LEISTUNGKURZNAME", .caption = lblLeistung.Caption()},
+       {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption()},
+       {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption()},
+       {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption()},
+       {.data_field = "WALDORT", .caption = lblWaldort.Caption()},
+       {.data_field = "BESCHREIBUNG", .caption = frmBeschreibung_der_Arbeit.Caption()},
+       {.data_field = "ROTTESHORT", .caption = lblRotte.Caption()},
+       amount("FLACHE", lblFlache),
+       amount("MENGE", lblMenge),
+       {.data_field = "WARENEINHEITEINHEIT", .caption = "ME"},
+       amount("STUNDEN", lblStunden_dir_Lohn),
+       amount("GESAMNT", lblGesamtKosten)});
+}
+
+// Until the user sets his own.
+void F_ARA::SetInitialWidths() {
+  const std::initializer_list<std::pair<const char*, int>> widths = {{"STATUSKOPF", 650},
+                                                                     {"NAME", 1700},
+                                                                     {"DATUM_NR", 1150},
+                                                                     {"LEISTUNGKURZNAME", 900},
+                                                                     {"KOSTENSTELLENUMBER", 1150},
+                                                                     {"LEISTUNGSARTNUMBER", 1200},
+                                                                     {"ARBEITSAUFTRAG_KOPFNAME", 2000},
+                                                                     {"WALDORT", 2000},
+                                                                     {"BESCHREIBUNG", 2200},
+                                                                     {"ROTTESHORT", 650},
+                                                                     {"FLACHE", 850},
+                                                                     {"MENGE", 950},
+                                                                     {"WARENEINHEITEINHEIT", 550},
+                                                                     {"STUNDEN", 1000},
+                                                                     {"GESAMNT", 1250}};
+  for (const auto& [field, twips] : widths) DataGridArbeitsauftrag.Columns()[field].SetWidth(twips);
+}
+
+void F_ARA::ShowCurrentRow() {
+  const auto hold = loadingFlag.Hold();
+  const CurrentRow row(AdodcArbeitsauftrag);
+  row.Show("PERSONALNUMMER", txtForstbetrieb);
+  txtForstbetrieb.SetTag(std::to_string(curPersonal));
+  row.Show("FWJ", txtFWJ, "0000");
+  row.Show("NAME_NUMMER", txtArbeitsauftrag, "0000");
+  row.Show("DATUM_NR", txtErstellungsDatum, "dd.mm.yyyy");
+  row.ShowCode("LEISTUNGID", "LEISTUNGKURZNAME", "LEISTUNGLANGNAME", txtLeistung);
+  row.ShowCode("KOSTENSTELLEID", "KOSTENSTELLENUMBER", "KOSTENSTELLENAME", txtKostenstelle);
+  txtProduktauftragNr[0].SetTag(row.Text("ARBEITSAUFTRAG_KOPFID"));
+  ShowProductOrder(row.Text("ARBEITSAUFTRAG_KOPFNAME"));
+  row.ShowCode("LEISTUNGSARTID", "LEISTUNGSARTNUMBER", "LEISTUNGSARTNAME", txtLeistungsart);
+  row.ShowCode("ID_WALDORT", "WALDORT", txtWaldort);
+  row.ShowCode("ROTTEID", "ROTTESHORT", "ROTTELONG", txtRotte);
+  row.Show("BESCHREIBUNG", txtBegrundung_der_Anordnung);
+  row.Show("FLACHE", txtFlache, "0.00");
+  row.Show("MENGE", txtMenge, "0.00");
+  row.Show("WARENEINHEITEINHEIT", txtMengeEinhait);
+  row.Show("STUNDEN", txtStunden_dir_Lohn, "0.00");
+  row.Show("GESAMNT", txtGesamtKosten, "0.00");
+  curProduktId = row.Number("PRODUKT_ID");
+  curAraId = row.Number("ID_ARA_KOPF");
+  SetTextBoxLocked(row.Number("LE") == 1, txtLeistung[0]);
+  SetViewState(true);
+}
+
+// The last four characters are the number, those before them client, year and cost centre.
+void F_ARA::ShowProductOrder(const std::string& name) {
+  const int cut = std::max(0, utf8::Length(name) - 4);
+  txtProduktauftragNr[0].SetText(utf8::Substring(name, cut));
+  txtProduktauftragNr[1].SetText(utf8::Substring(name, 0, cut));
+}
+
+// --- view and edit ---
+
+void F_ARA::SetViewState(bool bolView) {
+  ViewSwitch({&btnNeu, &btnClose, &DataGridArbeitsauftrag},
+             {&btnSpeichern, &btnSpeichernNew, &btnAbbrechen, &frmArbeitsauftrag, &frmZuordnungPA,
+              &frmBeschreibung_der_Arbeit, &frmSummen})
+      .Set(bolView);
+  const CurrentRow row(AdodcArbeitsauftrag);
+  const bool has_order = bolView && curAraId != 0 && !row.IsNull("ID_ARA_KOPF");
+  const bool stands = has_order && row.Text("STATUSKOPF") != "S";
+  const std::int32_t group = row.Number("BBF_GRUPPENUMBER");
+  btnBearbeiten.SetEnabled(stands);
+  btnStorno.SetEnabled(stands);
+  btnStornoNew.SetEnabled(stands && btnNeu.Enabled());
+  btnVorgaben.SetEnabled(has_order && (group == 1 || group == 2));
+  btnStunden.SetEnabled(has_order);
+  SetTextBoxLocked(bolView || btnNeu.Tag() != "YES", txtArbeitsauftrag);
+}
+
+}  // namespace tarvoni

@@ -1,0 +1,41 @@
+#include "src/wage/f_ara.h"
+
+namespace tarvoni {
+
+layout::Node F_ARA::BuildLayout() {
+  using namespace layout;
+  SetCaption("Arbeitsaufträge");
+  return Stack(
+      Side(Group(frmArbeitsauftrag, "Arbeitsauftrag",
+                 Row(lblForstbetrieb, "Forstbetrieb", Shown(txtForstbetrieb, 8), Text(lblFWJ, "FWJ"),
+                     Shown(txtFWJ, 5), Gap()),
+                 Row(lblArbeitsauftrag, "Arbeitsauftrag", Box(txtArbeitsauftrag, 8),
+                     Text(lblErstellungsDatum, "Erstellungsdatum"), Shown(txtErstellungsDatum, 11), Gap()),
+                 Row(lblLeistung, "Leistung", Box(txtLeistung[0], 8), Shown(txtLeistung[1])),
+                 Row(lblRotte, "Rotte", Box(txtRotte[0], 8), Shown(txtRotte[1]))),
+           Group(frmZuordnungPA, "Zuordnung Produktauftrag",
+                 Row(lblKostenstelle, "Kostenstelle", Box(txtKostenstelle[0], 8), Shown(txtKostenstelle[1])),
+                 Row(lblProduktauftragNr, "Produktauftrag-Nr.", Box(txtProduktauftragNr[0], 8),
+                     Shown(txtProduktauftragNr[1])),
+                 Row(lblLeistungsart, "Leistsungsart", Box(txtLeistungsart[0], 8), Shown(txtLeistungsart[1])),
+                 Row(lblWaldort, "Waldort", Box(txtWaldort)))),
+      Side(
+          Group(frmBeschreibung_der_Arbeit, "Beschreibung der Arbeit", Lines(txtBegrundung_der_Anordnung, 3)),
+          Group(frmSummen, "Summen",
+                Row(lblFlache, "Flache", Box(txtFlache, 12),
+                    Text(lblStunden_dir_Lohn, "Stunden direkter Lohn"), Shown(txtStunden_dir_Lohn, 12)),
+                Row(lblMenge, "Menge", Box(txtMenge, 12), Shown(txtMengeEinhait, 5),
+                    Text(lblGesamtKosten, "Gesamtkosten"), Box(txtGesamtKosten, 12)))),
+      Group(frmSelektion, "Selektion",
+            Row(lblKostenstelleSel, "Kostenstelle", Box(txtKostenstelleSel[0], 8),
+                Shown(txtKostenstelleSel[1]), Text(lblLeistungsartSel, "Leistsungsart"),
+                Box(txtLeistungsartSel[0], 8), Shown(txtLeistungsartSel[1]))),
+      Table(DataGridArbeitsauftrag),
+      Bar(Push(btnNeu, "Neu"), Push(btnBearbeiten, "Bearbeiten"), Push(btnSpeichern, "Speichern"),
+          Push(btnSpeichernNew, "Speichern+Neu"), Push(btnAbbrechen, "Bearb. Abbr."),
+          Push(btnStorno, "Storno"), Push(btnStornoNew, "Storno+New"), Gap(), Push(btnVorgaben, "Vorgaben"),
+          Push(btnStunden, "Stunden"), Gap(), Push(btnClose, "Schließen")),
+      Hidden({&AdodcArbeitsauftrag}));
+}
+
+}  // namespace tarvoni

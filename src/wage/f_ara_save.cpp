@@ -1,0 +1,235 @@
+#include <charconv>
+
+#include "src/common/current_row.h"
+#include "src/common/month_fields.h"
+#include "src/common/slot.h"
+#include "src/context/clock.h"
+#include "src/context/date_text.h"
+#include "src/context/number_text.h"
+#include "src/context/utf8.h"
+#include "src/wage/f_ara.h"
+#include "src/wage/f_ara_sql.h"
+#include "src/wage/f_arbeitnehmer.h"
+
+// Creating, saving and cancelling wage orders, and their total.
+namespace tarvoni {
+
+namespace sql = ara_sql;
+
+namespace {
+
+std::string ShownDate(const DateTime& day) {
+  return FormatDate(day, "dd.mm.yyyy", CurrentLocale());
+}
+
+// The first day of the first month that is not closed; `max_closed` is year times 100 plus month, 0 for none.
+DateTime FirstOpen(std::int32_t max_closed) {
+  if (max_closed == 0) {
+    const DateTime today = Clock::Today();
+    return {.year = today.year, .month = today.month, .day = 1};
+  }
+  return AddMonths({.year = max_closed / 100, .month = max_closed % 100, .day = 1}, 1);
+}
+
+// The number at a place of a date text; 0 if there is none.
+int NumberAt(const std::string& text, int start, int length) {
+  const std::string_view digits = utf8::Substring(text, start, length);
+  int number = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  return number;
+}
+
+// "dd.mm.yyyy" read by position; nothing for a day that does not exist.
+std::optional<DateTime> DateByPosition(const std::string& text) {
+  const int day = NumberAt(text, 0, 2), month = NumberAt(text, 3, 2), year = NumberAt(text, 6, 4);
+  if (!IsValidDate(year, month, day)) return std::nullopt;
+  return DateTime{.year = year, .month = month, .day = day};
+}
+
+}  // namespace
+
+void F_ARA::ConnectButtons() {
+  btnNeu.Click = [this] {
+    btnNeu.SetTag("YES");
+    SetViewState(false);
+    CreateNewAra(btnStornoNew.Pressed() || btnSpeichernNew.Pressed());
+    SafeSetFocus(txtArbeitsauftrag);
+  };
+  btnBearbeiten.Click = [this] {
+    btnNeu.SetTag("NO");
+    SetViewState(false);
+    SafeSetFocus(txtLeistung[0].Locked() ? txtKostenstelle[0] : txtLeistung[0]);
+  };
+  btnSpeichern.Click = [this] { Save(); };
+  btnSpeichernNew.Click = [this] {
+    btnSpeichern.Press();
+    if (!btnSpeichern.Enabled()) btnNeu.Press();
+  };
+  btnAbbrechen.Click = [this] { Cancel(); };
+  btnAbbrechen.SetCausesValidation(false);
+  btnStorno.Click = [this] { Storno(); };
+  btnStornoNew.Click = [this] {
+    if (!btnStorno.Enabled()) return;
+    btnStorno.Press();
+    if (!btnStorno.Enabled()) btnNeu.Press();
+  };
+  btnVorgaben.Click = [this] { OpenVorgaben(); };
+  btnStunden.Click = [this] { OpenStunden(); };
+  btnClose.Click = [this] { Unload(); };
+}
+
+// --- a new order, in the database from the first moment ---
+
+void F_ARA::CreateNewAra(bool bolKeep) {
+  txtFWJ.SetText(curFwj);
+  const Recordset client = Open(sql::ClientNumber(curPersonal));
+  txtForstbetrieb.SetText(client.EndOfFile() ? "" : ToText(client.Fields()[0].Value()));
+  txtForstbetrieb.SetTag(client.EndOfFile() ? "" : std::to_string(curPersonal));
+  curAraId = ReadNumber(sql::InsertOrder({curPersonal, txtFWJ.Text()}));
+  // The box still shows the order before: this name lasts until the order is saved.
+  const std::string provisional = txtForstbetrieb.Text() + txtFWJ.Text() + txtArbeitsauftrag.Text();
+  const std::int32_t number = ReadNumber(sql::InsertPosition(curAraId, provisional));
+  txtArbeitsauftrag.SetText(FormatNumber(number, "0000", CurrentLocale()));
+  if (!bolKeep) ClearFields();
+}
+
+void F_ARA::ClearFields() {
+  const auto hold = loadingFlag.Hold();
+  for (CodeField* field :
+       {&leistung_, &kostenstelle_, &produktauftrag_, &rotte_, &leistungsart_, &waldort_}) {
+    field->Clear();
+  }
+  SetTextBoxLocked(false, txtLeistung[0]);
+  txtProduktauftragNr[1].SetText(txtForstbetrieb.Text() + txtFWJ.Text() + txtKostenstelle[0].Text());
+  curProduktId = 0;
+  txtErstellungsDatum.SetText(ShownDate(Clock::Today()));
+  for (TextBox* box : {&txtBegrundung_der_Anordnung, &txtFlache, &txtMenge, &txtMengeEinhait,
+                       &txtStunden_dir_Lohn, &txtGesamtKosten}) {
+    box->SetText("");
+  }
+}
+
+// --- saving ---
+
+std::string F_ARA::OrderName() const {
+  return txtKostenstelle[0].Text() + txtFWJ.Text() + txtArbeitsauftrag.Text();
+}
+
+void F_ARA::Save() {
+  if (!TakeNumber()) return void(Refuse(EntryMissing(lblArbeitsauftrag.Caption()), txtArbeitsauftrag));
+  if (!ProductOrderGiven()) {
+    return void(Refuse(EntryMissing(lblProduktauftragNr.Caption()), txtProduktauftragNr[0]));
+  }
+  Execute(sql::UpdateHeader(curAraId, {.name = OrderName(),
+                                       .description = txtBegrundung_der_Anordnung.Text(),
+                                       .total = txtGesamtKosten.Text(),
+                                       .team = txtRotte[0].Tag()}));
+  Execute(sql::UpdatePosition(curAraId,
+                              {.product_order = txtProduktauftragNr[0].Tag(),
+                               .service = txtLeistung[0].Tag(),
+                               .date = ParseDate(txtErstellungsDatum.Text()),
+                               .cost_centre = txtKostenstelle[0].Tag(),
+                               .work_type = txtLeistungsart[0].Tag(),
+                               .location = txtWaldort.Tag()},
+                              Context().strSqlDateFormat));
+  btnNeu.SetTag("NO");
+  btnAbbrechen.Press();
+}
+
+// Takes the number typed for a new order, unless another order already bears the resulting name. It is stored
+// at once, whatever the later tests say.
+bool F_ARA::TakeNumber() {
+  const auto number = ParseNumber(txtArbeitsauftrag.Text(), CurrentLocale());
+  if (!number || *number == Decimal()) return false;
+  if (txtArbeitsauftrag.Locked()) return true;
+  return ReadNumber(sql::TakeNumber(curAraId, OrderName(), txtArbeitsauftrag.Text())) == 0;
+}
+
+// Only an overhead cost centre (GK) lets an order go without a product order.
+bool F_ARA::ProductOrderGiven() {
+  const std::string& cost_centre = txtKostenstelle[0].Tag();
+  const bool overhead = !cost_centre.empty() && ReadNumber(sql::IsOverhead(cost_centre)) != 0;
+  return overhead || !txtProduktauftragNr[0].Tag().empty();
+}
+
+void F_ARA::Cancel() {
+  if (btnNeu.Tag() == "YES") {
+    const WaitPointer wait(CurrentToolkit());
+    Execute(sql::DeleteOrder(curAraId));
+  }
+  btnNeu.SetTag("NO");
+  LoadGridAndPosition();
+  SetViewState(true);
+  SafeSetFocus(DataGridArbeitsauftrag);
+}
+
+// --- cancelling an order ---
+
+void F_ARA::Storno() {
+  if (curAraId == 0) return;
+  std::optional<DateTime> day;
+  for (bool first = true; !day; first = false) {
+    const DateTime first_open = FirstOpen(CurrentRow(AdodcArbeitsauftrag).Number("MAXLOHNABSCHLUSS"));
+    if (first_open > Clock::Today()) return void(AppMsgBox(Message(5370), kBoxInformation));
+    if (first && !Ask(Message(4941))) return;
+    const std::string answer =
+        CurrentSuite().Lookup().Pick(Context(), "DATUM", Message(4756), ShownDate(first_open), "1");
+    if (answer.empty()) return;
+    AppMsgBox("OK");
+    day = DateByPosition(answer);
+    if (day && *day >= first_open && *day <= Clock::Today()) break;
+    day.reset();
+    AppMsgBox(Message(223), kBoxInformation);
+  }
+  Execute(sql::CancelOrder(curAraId, *day, Context().strSqlDateFormat));
+  LoadGridAndPosition();
+}
+
+// --- details and the total ---
+
+void F_ARA::OpenVorgaben() {
+  switch (CurrentRow(AdodcArbeitsauftrag).Number("BBF_GRUPPENUMBER")) {
+    case 1:
+      AppMsgBox("Die Vorgaben für Zeitlohn sind noch nicht verfügbar.", kBoxInformation);
+      return;
+    case 2:
+      AppMsgBox("EST-Lohn existiert nicht!");
+      return;
+    case 3:
+      AppMsgBox("Sonstiger Stücklohn existiert nicht!");
+      return;
+    default:
+      StoreGesamtKosten();
+  }
+}
+
+void F_ARA::OpenStunden() {
+  Slot<F_Arbeitnehmer>::Use()->Run(Context(), curAraId);
+  Slot<F_Arbeitnehmer>::Clear();
+  StoreGesamtKosten();
+}
+
+// What the workers' hours on the order cost, as the suite's reports add it up.
+double F_ARA::CalculateGesamtKosten() {
+  double total = 0;
+  for (Recordset months = Open(sql::MonthsWithHours(curAraId)); !months.EndOfFile(); months.MoveNext()) {
+    const FieldList month = months.Fields();
+    for (const bool others : {false, true}) {
+      bool flag = others;
+      Value amount;
+      CurrentSuite().Reports().PrintRows(Context(), curAraId, ToLong(month["ID_PERSONAL"].Value()),
+                                         ToLong(month["YEARBEARBEITUNG"].Value()),
+                                         ToLong(month["MONTHBEARBEITUNG"].Value()), 10, flag, amount);
+      total += CurrentSuite().Values().ToNumber(amount);
+    }
+  }
+  return total;
+}
+
+void F_ARA::StoreGesamtKosten() {
+  const std::string shown = FormatNumber(CalculateGesamtKosten(), "0.00", CurrentLocale());
+  Execute(sql::StoreTotal(curAraId, ParseNumber(shown, CurrentLocale())->ToDouble()));
+  LoadGridAndPosition();
+}
+
+}  // namespace tarvoni

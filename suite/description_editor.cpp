@@ -1,0 +1,25 @@
+#include "suite/description_editor.h"
+
+#include "src/context/call_error.h"
+#include "src/context/environment.h"
+#include "src/context/toolkit.h"
+
+namespace tarvoni::suite {
+namespace {
+
+std::string CaptionFor(const std::string& table) {
+  if (table == "ARBEITSAUFTRAG_KOPF") return "Beschreibung des Arbeitsauftrags";
+  if (table == "ARBEITSAUFTRAG_KOPF_PLANN") return "Beschreibung der Planung";
+  throw CallError("Die Tabelle " + table + " hat keine Beschreibung.");
+}
+
+}  // namespace
+
+void DescriptionEditor::EditText(const TvnVar_Dll&, std::int32_t, bool read_only, const std::string& table,
+                                 std::string& text) {
+  const auto edited =
+      CurrentToolkit().EditText({.caption = CaptionFor(table), .text = text, .read_only = read_only});
+  if (edited && !read_only) text = *edited;
+}
+
+}  // namespace tarvoni::suite

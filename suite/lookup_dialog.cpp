@@ -1,0 +1,43 @@
+#include "suite/lookup_dialog.h"
+
+#include <string_view>
+
+#include "src/context/date_text.h"
+#include "src/context/environment.h"
+#include "suite/reading.h"
+#include "suite/row_choice.h"
+
+namespace tarvoni::suite {
+namespace {
+
+constexpr std::string_view kDateMode = "DATUM";
+
+std::string PickDay(const std::string& caption, const std::string& start_text) {
+  const auto day = CurrentToolkit().PickDate(caption, ParseDate(start_text));
+  return day ? FormatDate(*day, "dd.mm.yyyy", CurrentLocale()) : std::string();
+}
+
+// At least one column stays in sight.
+int HiddenColumns(std::string_view option, const Recordset& rows) {
+  const FieldList fields = rows.Fields();
+  int hidden = 0;
+  while (option.substr(0, 1) == "1" && hidden + 1 < fields.Count() && fields[hidden].Name() == "ID") {
+    option.remove_prefix(1);
+    ++hidden;
+  }
+  return hidden;
+}
+
+}  // namespace
+
+std::string LookupDialog::Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
+                               const std::string& start_text, const std::string& option) {
+  if (sql == kDateMode) return PickDay(caption, start_text);
+  const Recordset rows = DatabaseOf(context).Open(sql);
+  PickRequest request = ChoiceOf(rows, caption, HiddenColumns(option, rows), start_text);
+  request.option = option;
+  const PickResult result = CurrentToolkit().PickList(request);
+  return result.row ? FirstColumnText(rows, *result.row) : start_text;
+}
+
+}  // namespace tarvoni::suite

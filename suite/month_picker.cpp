@@ -1,0 +1,20 @@
+#include "suite/month_picker.h"
+
+#include "src/context/clock.h"
+#include "src/context/date_text.h"
+#include "src/context/environment.h"
+#include "src/context/toolkit.h"
+#include "src/context/utf8.h"
+
+namespace tarvoni::suite {
+
+void MonthPicker::PickMonth(std::string& text, const TvnVar_Dll&, bool& accepted) {
+  const DateTime start = ParseDate("1." + std::string(utf8::Trim(text))).value_or(Clock::Today());
+  const auto month =
+      CurrentToolkit().PickMonth("Monat auswählen", {.year = start.year, .month = start.month});
+  accepted = month.has_value();
+  if (month)
+    text = FormatDate({.year = month->year, .month = month->month, .day = 1}, "mm.yyyy", CurrentLocale());
+}
+
+}  // namespace tarvoni::suite

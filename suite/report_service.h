@@ -1,0 +1,27 @@
+#pragma once
+
+#include "src/context/services.h"
+
+namespace tarvoni::suite {
+
+// What the suite works out and prints from wage data.
+//
+// PrintRows mode 10 is the amount of the hours (ARA_STUNDEN) that one worker has on a wage order in one month
+// of work (BEARBEITUNG). An hours row is worth what the list of hours shows as its WERT: hours rounded to two
+// places times rate rounded to two places, the rate being that of the wage type on the row's day (VERLOHNUNG)
+// times the factor of DLS_LG; PROZENTSATZ and SLA play no part. The flag parts the wage types:
+//   false  those that the options name for the order's group (1: ZL_AZ, ZL_MZ, ZL_WZ; 2: EST_AZ; 3: STUCK_AZ)
+//   true   all others; all wage types of an order whose service belongs to no group
+// so that both calls together give each hours row once: their sum over all workers and months is the order's
+// total. No hours are worth 0.
+class ReportService final : public tarvoni::ReportService {
+ public:
+  // A CallError: no Screen prints yet.
+  void PrintGrid(const TvnVar_Dll& context, const std::string& report, const std::string& id,
+                 const std::string& selection, bool flag) override;
+  // A CallError in any mode but 10. The flag is only read.
+  void PrintRows(const TvnVar_Dll& context, std::int32_t id, std::int32_t person, std::int32_t year,
+                 std::int32_t month, int mode, bool& flag, Value& result) override;
+};
+
+}  // namespace tarvoni::suite

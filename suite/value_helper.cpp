@@ -1,0 +1,99 @@
+#include "suite/value_helper.h"
+
+#include "src/context/environment.h"
+#include "src/context/field_text.h"
+#include "src/context/number_text.h"
+#include "src/context/statement.h"
+#include "src/context/utf8.h"
+#include "suite/reading.h"
+
+namespace tarvoni::suite {
+namespace {
+
+constexpr int kFirstPrintable = 32;
+constexpr NumberMask kAnySize{
+    .whole = Decimal::kMaxDigits / 2, .places = Decimal::kMaxDigits / 2, .minus = true};
+
+std::string TextWithKey(const TextBox& box, int key) {
+  std::string text(utf8::Substring(box.Text(), 0, box.SelStart()));
+  utf8::Append(text, static_cast<char32_t>(key));
+  return text.append(utf8::Substring(box.Text(), box.SelStart() + box.SelLength()));
+}
+
+void FilterNumberKey(int& key, const TextBox& box, const NumberMask& mask) {
+  if (key >= kFirstPrintable && !mask.Admits(TextWithKey(box, key), CurrentLocale())) key = 0;
+}
+
+Value FirstValue(const TvnVar_Dll& context, const std::string& column, const std::string& table,
+                 const std::string& condition) {
+  const Recordset rows = DatabaseOf(context).Open(
+      Compose("SELECT TOP 1 {} FROM {} WHERE {}", Fragment(column), Fragment(table), Fragment(condition)));
+  return rows.EndOfFile() ? Value(Null{}) : rows.Fields()[0].Value();
+}
+
+}  // namespace
+
+std::string ValueHelper::ToText(const Value& value, bool, bool) {
+  return ToTextPlain(value);
+}
+
+std::int16_t ValueHelper::ToInteger(const Value& value) {
+  return ToInt16(ToNumber(value));
+}
+
+double ValueHelper::ToNumber(const Value& value) {
+  const auto number = NumberOf(value, CurrentLocale());
+  return number ? number->ToDouble() : 0;
+}
+
+std::string ValueHelper::ToTextPlain(const Value& value) {
+  return tarvoni::FieldText(value, "", CurrentLocale());
+}
+
+std::string ValueHelper::FieldText(const std::string& column, const Recordset& rows) {
+  return ToTextPlain(rows.Fields()[column].Value());
+}
+
+std::string ValueHelper::LookupColumn(const TvnVar_Dll& context, const std::string& column,
+                                      const std::string& table, const std::string& condition) {
+  return ToTextPlain(FirstValue(context, column, table, condition));
+}
+
+double ValueHelper::LookupColumnNumber(const TvnVar_Dll& context, const std::string& column,
+                                       const std::string& table, const std::string& condition) {
+  return ToNumber(FirstValue(context, column, table, condition));
+}
+
+int ValueHelper::ColumnSize(const std::string& sql, const std::string& column, const TvnVar_Dll& context) {
+  const Recordset rows =
+      DatabaseOf(context).Open(Compose("SELECT TOP 0 {} FROM ({}) ASKED", Fragment(column), Fragment(sql)));
+  return rows.Fields()[0].DefinedSize();
+}
+
+int ValueHelper::FilterKeyOptions(int& key, bool allow_decimal, TextBox& box, bool allow_minus) {
+  NumberMask mask = kAnySize;
+  if (!allow_decimal) mask.places = 0;
+  mask.minus = allow_minus;
+  FilterNumberKey(key, box, mask);
+  return key;
+}
+
+void ValueHelper::FormatOnLeave(TextBox& box, const std::string& format) {
+  const Locale& locale = CurrentLocale();
+  if (const auto number = ParseNumber(box.Text(), locale)) {
+    box.SetText(FormatNumber(*number, format, locale));
+  } else if (kAnySize.Admits(utf8::Trim(box.Text()), locale)) {
+    box.SetText("");
+  }
+}
+
+void ValueHelper::FilterKeyFormat(int& key, TextBox& box, const std::string& format) {
+  FilterNumberKey(key, box, NumberMask::Of(format));
+}
+
+int ValueHelper::FilterDateKey(int key, TextBox&) {
+  const bool admitted = key < kFirstPrintable || (key >= '0' && key <= '9') || key == '.' || key == '-';
+  return admitted ? key : 0;
+}
+
+}  // namespace tarvoni::suite
