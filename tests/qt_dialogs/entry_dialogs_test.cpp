@@ -139,8 +139,7 @@ TEST(TextDialogTest, KeepsTheLimit) {
                    }),
             "xyabc")
       << "what was there stays";
-  EXPECT_EQ(Edited(request, [](QPlainTextEdit& text) { text.insertPlainText(QString("d") + u"\U0001F332"); }),
-            "abcd")
+  EXPECT_EQ(Edited(request, [](QPlainTextEdit& text) { text.insertPlainText(ToQt("d🌲")); }), "abcd")
       << "no half characters";
   TextRequest too_long = request;
   too_long.text = "abcdefgh";
