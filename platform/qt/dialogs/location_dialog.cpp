@@ -275,7 +275,7 @@ bool LocationDialog::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     auto& key = *static_cast<QKeyEvent*>(event);
     if (watched == filter_ && FilterKey(key)) return true;
-    if (watched == tree_ && !filter_->hasFocus() && TreeKey(key)) return true;
+    if (watched == tree_ && focusWidget() != filter_ && TreeKey(key)) return true;
   }
   return QDialog::eventFilter(watched, event);
 }

@@ -174,7 +174,7 @@ bool PickDialog::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     auto& key = *static_cast<QKeyEvent*>(event);
     if (watched == filter_ && FilterKey(key)) return true;
-    if (watched == list_->Table() && filter_->hasFocus()) return false;  // sent on by the filter
+    if (watched == list_->Table() && focusWidget() == filter_) return false;  // sent on by the filter
     if (watched == list_->Table() && ListKey(key)) return true;
   }
   return QDialog::eventFilter(watched, event);
