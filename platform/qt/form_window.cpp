@@ -19,6 +19,7 @@ FormWindow::FormWindow(Form& form, Toolkit& toolkit, QWidget* owner)
       form_(form),
       user_(form, toolkit) {
   setModal(true);
+  setAttribute(Qt::WA_QuitOnClose, false);
   setWindowTitle(ToQt(form.Caption()));
   setObjectName(ToQt(form.Name()));
   setPalette(ReadablePalette());

@@ -15,8 +15,10 @@
 
 #include "platform/qt/cell_size.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/grid_view.h"
 #include "platform/qt/look.h"
 #include "platform/qt/tab_view.h"
+#include "platform/qt/table_view.h"
 #include "platform/qt/text.h"
 
 namespace tarvoni::qt {
@@ -132,7 +134,9 @@ Piece Builder::Text(const Node& node, QWidget* parent) {
 Piece Builder::Table(const Node& node, QWidget* parent) {
   ControlView& view = View(node, parent);
   SizeTable(*view.Target(), node.rows);
-  view.SetName("Liste");
+  const auto* const frame = dynamic_cast<Captioned*>(node.control->Container());
+  const bool captioned = frame && !frame->Caption().empty();
+  dynamic_cast<GridView&>(view).Rows().SetTitle(captioned ? frame->Caption() : window_.Screen().Caption());
   return {.widget = view.Widget(), .wide = true, .tall = node.rows == 0};
 }
 

@@ -195,9 +195,7 @@ TEST(FormWindow, MnemonicsPressButtonsAndLeadToFields) {
 TEST(FormWindow, NoExceptionPassesThroughQt) {
   Stage stage;
   stage.form.btnNeu.Click = [] { throw CallError("Fehler im Handler"); };
-  const auto click = [&](Button& button) {
-    return [&](FormWindow&) { stage.driver.Click(button); };
-  };
+  const auto click = [&](Button& button) { return [&](FormWindow&) { stage.driver.Click(button); }; };
   stage.Show(stage.form.txtMenge, click(stage.form.btnNeu));
   EXPECT_THAT(stage.toolkit.prompts, ElementsAre("Fehler im Handler"));
   stage.form.Load();
