@@ -66,6 +66,10 @@ void ControlView::Typed(const std::u32string& text) {
   });
 }
 
+void ControlView::Lookup() {
+  window_.Act([](UserActions& user) { user.Lookup(); });
+}
+
 bool ControlView::Press(const QMouseEvent& event, bool twice) {
   RaisePress(window_, control_, event, twice);
   return true;
