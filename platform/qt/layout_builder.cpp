@@ -28,9 +28,7 @@ using layout::Kind;
 using layout::Node;
 
 constexpr int kWidestCode = 16;  // characters; a longer first box does not push the others of its column
-constexpr int kShortCaption = 12;
-constexpr int kLongCaption = 24;
-constexpr int kColumns = 3;  // of a stack: label, code, the rest
+constexpr int kColumns = 3;      // of a stack: label, code, the rest
 
 // What a node became: a widget or a layout, and whether it takes the free width and height.
 struct Piece {
@@ -188,20 +186,9 @@ Piece Builder::Beside(const std::vector<Node>& nodes, std::size_t first, QWidget
   return line;
 }
 
-// Buttons of one bar have one width, save for those with long captions.
 Piece Builder::Bar(const Node& node, QWidget* parent) {
   const Piece bar = Beside(node.children, 0, parent);
-  std::vector<QWidget*> buttons;
-  for (int i = 0; i < bar.layout->count(); ++i) {
-    QWidget* const widget = bar.layout->itemAt(i)->widget();
-    if (qobject_cast<QPushButton*>(widget)) buttons.push_back(widget);
-  }
-  const int longest = CharactersWide(*parent, kLongCaption);
-  int width = CharactersWide(*parent, kShortCaption);
-  for (const QWidget* button : buttons) {
-    if (const int hint = button->sizeHint().width(); hint <= longest) width = std::max(width, hint);
-  }
-  for (QWidget* button : buttons) button->setMinimumWidth(std::max(width, button->sizeHint().width()));
+  SizeButtons(*bar.layout);
   return bar;
 }
 

@@ -94,7 +94,9 @@ void TextBoxView::Typed(const std::u32string& text) {
 
 bool TextBoxView::Key(const QKeyEvent& event) {
   if (EditorCommand(event)) return true;
-  const bool command = event.modifiers().testFlag(Qt::ControlModifier);
+  // Ctrl with Alt is AltGr on some keyboards and types a character.
+  const bool command =
+      event.modifiers().testFlag(Qt::ControlModifier) && !event.modifiers().testFlag(Qt::AltModifier);
   const bool erases = event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete;
   if (command && (erases || event.key() < Qt::Key_Escape)) return box_.Locked() || !erases;
   const Mirroring typing(typing_);

@@ -15,7 +15,7 @@ LineView::LineView(TextBox& box, FormWindow& window, QWidget* parent)
   QObject::connect(edit_, &QLineEdit::selectionChanged, edit_, [this] { EditorSelectionChanged(); });
   QObject::connect(edit_, &QLineEdit::cursorPositionChanged, edit_, [this] { EditorSelectionChanged(); });
   if (!box.KeyDown) return;
-  lookup_ = edit_->addAction(LookupIcon(*edit_), QLineEdit::TrailingPosition);
+  lookup_ = edit_->addAction(QIcon(), QLineEdit::TrailingPosition);
   lookup_->setText("Auswahl");
   lookup_->setToolTip("Auswahl öffnen (Strg oder F4)");
   QObject::connect(lookup_, &QAction::triggered, edit_, [this] {
@@ -31,8 +31,9 @@ QWidget* LineView::Widget() const {
 
 void LineView::Show(Aspect aspect) {
   TextBoxView::Show(aspect);
-  if (lookup_ && (aspect == Aspect::kLocked || aspect == Aspect::kEnabled))
-    lookup_->setVisible(!Box().Locked() && Box().IsEnabled());
+  if (!lookup_ || (aspect != Aspect::kLocked && aspect != Aspect::kEnabled)) return;
+  lookup_->setIcon(LookupIcon(*edit_));
+  lookup_->setVisible(!Box().Locked() && Box().IsEnabled());
 }
 
 QString LineView::EditorText() const {

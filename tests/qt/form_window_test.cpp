@@ -74,6 +74,8 @@ TEST(FormWindow, KeypadTypesTheLocalesSeparatorAndEnter) {
     EXPECT_EQ(box.Text(), ".");
     stage.Press(Qt::Key_Period, {}, ".");
     EXPECT_EQ(box.Text(), "..") << "the other point stays a point";
+    stage.Press(Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, "@");
+    EXPECT_EQ(box.Text(), "..@") << "AltGr types";
     stage.form.log.clear();
     stage.Press(Qt::Key_Enter, Qt::KeypadModifier, "\r");
     stage.Press(Qt::Key_Return, {}, "\r");
