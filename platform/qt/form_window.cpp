@@ -8,6 +8,7 @@
 
 #include "platform/qt/keys.h"
 #include "platform/qt/layout_builder.h"
+#include "platform/qt/look.h"
 #include "platform/qt/text.h"
 
 namespace tarvoni::qt {
@@ -18,8 +19,10 @@ FormWindow::FormWindow(Form& form, Toolkit& toolkit, QWidget* owner)
       form_(form),
       user_(form, toolkit) {
   setModal(true);
+  setAttribute(Qt::WA_QuitOnClose, false);
   setWindowTitle(ToQt(form.Caption()));
   setObjectName(ToQt(form.Name()));
+  setPalette(ReadablePalette());
   content_ = new QWidget(this);
   auto* const fill = new QVBoxLayout(this);
   fill->setContentsMargins({});
@@ -27,6 +30,12 @@ FormWindow::FormWindow(Form& form, Toolkit& toolkit, QWidget* owner)
   BuildLayout(form.Layout(), *this, content_);
   form_.SetObserver(this);
   PlaceOver(owner);
+}
+
+// Anew when the system turns dark or light.
+void FormWindow::ShowColors() {
+  setPalette(ReadablePalette());
+  for (const auto& [control, view] : views_) view->Show(Aspect::kLocked);
 }
 
 FormWindow::~FormWindow() {
@@ -161,6 +170,9 @@ bool FormWindow::event(QEvent* event) {
       // What a control's widget had no use for comes up here a second time.
       if (!watched_.contains(focusWidget())) KeyPressed(static_cast<QKeyEvent&>(*event));
       return true;
+    case QEvent::ApplicationPaletteChange:
+      ShowColors();
+      return QDialog::event(event);
     case QEvent::WindowDeactivate:
       ctrl_alone_ = false;
       return QDialog::event(event);
@@ -210,7 +222,7 @@ bool FormWindow::KeyPressed(const QKeyEvent& event) {
     return true;
   }
   ctrl_alone_ = false;
-  if (event.key() >= Qt::Key_Shift && event.key() <= Qt::Key_AltGr) return true;
+  if (IsModifier(event)) return true;
   if (const char32_t letter = MnemonicLetter(event)) {
     Act([&](UserActions& user) { user.Mnemonic(letter); });
     return true;
@@ -228,7 +240,8 @@ bool FormWindow::KeyPressed(const QKeyEvent& event) {
 
 void FormWindow::KeyReleased(const QKeyEvent& event) {
   if (event.key() != Qt::Key_Control || event.isAutoRepeat()) return;
-  if (std::exchange(ctrl_alone_, false)) Act([](UserActions& user) { user.Lookup(); });
+  ControlView* const view = Active();
+  if (std::exchange(ctrl_alone_, false) && view) view->Lookup();
 }
 
 }  // namespace tarvoni::qt

@@ -79,6 +79,7 @@ class FormWindow : public QDialog, private FormObserver {
   void CommitTyped();
   void FollowFocus();
   void PlaceOver(QWidget* owner);
+  void ShowColors();
   bool KeyPressed(const QKeyEvent& event);
   void KeyReleased(const QKeyEvent& event);
   void SetTimer(Timer& timer);

@@ -1,5 +1,6 @@
 #include "platform/qt/grid_view.h"
 
+#include <QHeaderView>
 #include <QScrollBar>
 #include <QTableView>
 #include <algorithm>
@@ -13,6 +14,9 @@ GridView::GridView(Grid& grid, FormWindow& window, QWidget* parent)
     : ControlView(grid, window), grid_(grid), view_(new TableView(grid, parent)) {
   view_->Table()->setFocusPolicy(Qt::TabFocus);
   Watch(view_->Table()->viewport());
+  // A click on a caption sorts; it must not choose a row.
+  QObject::disconnect(view_->Table()->horizontalHeader(), &QHeaderView::sectionPressed, view_->Table(),
+                      nullptr);
   view_->row_chosen = [this](int row) {
     Window().Act([&](UserActions& user) { user.ClickRow(grid_, row); });
     view_->ShowRow();

@@ -71,6 +71,11 @@ std::u32string TypedText(const QKeyEvent& event, const Locale& locale) {
   return printable ? text : std::u32string();
 }
 
+bool IsModifier(const QKeyEvent& event) {
+  const int key = event.key();
+  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
+}
+
 char32_t MnemonicLetter(const QKeyEvent& event) {
   const auto modifiers = event.modifiers() & ~Qt::ShiftModifier;
   if (modifiers != Qt::AltModifier || event.key() <= Qt::Key_Space || event.key() > 0xFFFF) return 0;

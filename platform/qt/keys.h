@@ -16,6 +16,8 @@ int QtKey(int code);
 int ShiftState(Qt::KeyboardModifiers modifiers);
 // The characters a key types; "" for a command. The keypad's decimal key types the locale's separator.
 std::u32string TypedText(const QKeyEvent& event, const Locale& locale);
+// Shift, Ctrl, Alt and the locks by themselves.
+bool IsModifier(const QKeyEvent& event);
 // The letter of Alt and a letter; 0 for any other key.
 char32_t MnemonicLetter(const QKeyEvent& event);
 

@@ -36,8 +36,20 @@ int LinesHigh(const QWidget& widget, int lines) {
   return widget.fontMetrics().lineSpacing() * lines;
 }
 
+QPalette ReadablePalette() {
+  constexpr double kFaded = 0.6;
+  QPalette palette = QApplication::palette();
+  for (const auto& [ink, ground] :
+       {std::pair(QPalette::WindowText, QPalette::Window), std::pair(QPalette::Text, QPalette::Base),
+        std::pair(QPalette::ButtonText, QPalette::Button)}) {
+    const QColor text = palette.color(QPalette::Active, ink);
+    palette.setColor(QPalette::Disabled, ink, Mixed(text, palette.color(QPalette::Active, ground), kFaded));
+  }
+  return palette;
+}
+
 void PaintBox(QWidget& box, Color color, bool locked) {
-  const QPalette standard = QApplication::palette(&box);
+  const QPalette standard = QApplication::palette();
   QPalette palette = standard;
   const QColor base = BoxColor(standard, color, locked);
   const bool own = (color & 0x80000000) == 0;
@@ -46,7 +58,7 @@ void PaintBox(QWidget& box, Color color, bool locked) {
   palette.setColor(QPalette::Text, text);
   // What a closed field shows is there to be read.
   palette.setColor(QPalette::Disabled, QPalette::Base, own ? base : standard.color(QPalette::Window));
-  palette.setColor(QPalette::Disabled, QPalette::Text, Mixed(text, base, 0.7));
+  palette.setColor(QPalette::Disabled, QPalette::Text, Mixed(text, base, 0.75));
   box.setPalette(palette);
 }
 
@@ -59,7 +71,7 @@ QIcon LookupIcon(const QWidget& widget) {
   QPainter painter(&picture);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(widget.palette().color(QPalette::ButtonText));
+  painter.setBrush(QApplication::palette().color(QPalette::Text));
   for (const int x : {3, 8, 13}) painter.drawEllipse(QPointF(x, 10), 1.4, 1.4);
   return picture;
 }

@@ -18,6 +18,9 @@ int CharactersWide(const QWidget& widget, int characters);
 // Height of so many lines.
 int LinesHigh(const QWidget& widget, int lines);
 
+// The application's palette with closed fields and their captions easier to read: a Screen that only shows is closed.
+QPalette ReadablePalette();
+
 // Colours of a box: a locked one stands out from an open one in light and dark palettes alike.
 void PaintBox(QWidget& box, Color color, bool locked);
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +29,9 @@ class TempFolder {
     std::filesystem::remove_all(path_, ignored);
   }
   std::string File(const std::string& name) const { return (path_ / name).string(); }
+  std::size_t FileCount() const {
+    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(path_), {}));
+  }
 
  private:
   std::filesystem::path path_;
@@ -44,6 +50,14 @@ inline std::optional<DatabaseError> ErrorIn(const std::function<void()>& action)
 inline int ErrorNumber(const std::function<void()>& action) {
   const auto error = ErrorIn(action);
   return error ? error->Number() : 0;
+}
+
+inline void ExpectField(const Recordset& rows, std::string_view name, FieldType type, int size,
+                        const Value& value) {
+  const Field field = rows.Fields()[name];
+  EXPECT_EQ(field.Type(), type) << name;
+  EXPECT_EQ(field.DefinedSize(), size) << name;
+  EXPECT_EQ(field.Value(), value) << name;
 }
 
 // All rows of a query: "1,Holz;2,NULL".

@@ -1,0 +1,278 @@
+#include "platform/qt/form_window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QDeadlineTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "platform/headless/script.h"
+#include "src/context/call_error.h"
+#include "tests/qt/stage.h"
+
+namespace tarvoni::qt {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+TEST(FormWindow, ShowsTheScreenAndFollowsItsFocus) {
+  Stage stage;
+  stage.Show(stage.form.txtLohnart, [&](FormWindow& window) {
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(window.isModal());
+    EXPECT_EQ(FromQt(window.windowTitle()), "Arbeitsaufträge");
+    EXPECT_EQ(window.focusWidget(), &stage.WidgetOf(stage.form.txtLohnart));
+    stage.form.txtMenge.SetFocus();
+    EXPECT_EQ(window.focusWidget(), &stage.WidgetOf(stage.form.txtMenge));
+    stage.form.SetCaption("Anders");
+    EXPECT_EQ(FromQt(window.windowTitle()), "Anders");
+  });
+  EXPECT_EQ(stage.toolkit.TopWindow(), nullptr);
+  EXPECT_EQ(stage.form.Observer(), nullptr);
+}
+
+TEST(FormWindow, CtrlAloneOpensTheLookupAndCtrlCCopies) {
+  Stage stage;
+  auto& box = stage.form.txtKostenstelle[0];
+  box.SetText("4711");
+  stage.Show(box, [&](FormWindow&) {
+    stage.Send(QEvent::KeyPress, Qt::Key_Control);
+    EXPECT_THAT(stage.form.log, IsEmpty()) << "not before the release";
+    stage.Send(QEvent::KeyRelease, Qt::Key_Control, Qt::ControlModifier);
+    EXPECT_THAT(stage.form.log, ElementsAre("lookup txtKostenstelle(0)"));
+    box.SelectAll();
+    stage.form.log.clear();
+    QGuiApplication::clipboard()->setText("alt");
+    stage.Send(QEvent::KeyPress, Qt::Key_Control);
+    stage.Press(Qt::Key_C, Qt::ControlModifier);
+    stage.Send(QEvent::KeyRelease, Qt::Key_Control, Qt::ControlModifier);
+    EXPECT_EQ(FromQt(QGuiApplication::clipboard()->text()), "4711");
+    stage.Send(QEvent::KeyPress, Qt::Key_Control);
+    stage.driver.Click(stage.form.lblLohnart);
+    stage.Send(QEvent::KeyRelease, Qt::Key_Control, Qt::ControlModifier);
+    EXPECT_THAT(stage.form.log, Not(Contains("lookup txtKostenstelle(0)")));
+  });
+}
+
+TEST(FormWindow, KeypadTypesTheLocalesSeparatorAndEnter) {
+  Stage stage;
+  auto& box = stage.form.txtMenge;
+  stage.Show(box, [&](FormWindow&) {
+    stage.Press(Qt::Key_5, Qt::KeypadModifier, "5");
+    stage.Press(Qt::Key_Period, Qt::KeypadModifier, ".");
+    stage.Press(Qt::Key_7, Qt::KeypadModifier, "7");
+    EXPECT_EQ(box.Text(), "5,7");
+    stage.environment.locale = Locale::English();
+    box.SelectAll();
+    stage.Press(Qt::Key_Comma, Qt::KeypadModifier, ",");
+    EXPECT_EQ(box.Text(), ".");
+    stage.Press(Qt::Key_Period, {}, ".");
+    EXPECT_EQ(box.Text(), "..") << "the other point stays a point";
+    stage.Press(Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, "@");
+    EXPECT_EQ(box.Text(), "..@") << "AltGr types";
+    stage.form.log.clear();
+    stage.Press(Qt::Key_Enter, Qt::KeypadModifier, "\r");
+    stage.Press(Qt::Key_Return, {}, "\r");
+    EXPECT_THAT(stage.form.log, ElementsAre("press txtMenge 13", "press txtMenge 13"));
+  });
+}
+
+TEST(FormWindow, EnterGoesToTheControlAndToNoDefaultButton) {
+  Stage stage;
+  stage.form.txtMenge.KeyPress = [&](int& key) {
+    if (key == kKeyEnter) stage.form.PostTab();
+  };
+  stage.Show(stage.form.txtMenge, [&](FormWindow& window) {
+    stage.Press(Qt::Key_Return, {}, "\r");
+    EXPECT_TRUE(stage.form.cboEinheit.HasFocus());
+    EXPECT_THAT(stage.form.log, ElementsAre("validate txtMenge", "lost txtMenge", "got cboEinheit"));
+    EXPECT_EQ(window.focusWidget(), &stage.WidgetOf(stage.form.cboEinheit));
+    stage.driver.Focus(stage.form.btnSpeichern);
+    stage.form.log.clear();
+    stage.Press(Qt::Key_Enter, {}, "\r");
+    EXPECT_THAT(stage.form.log, ElementsAre("click btnSpeichern"));
+    stage.driver.Focus(stage.form.txtText);
+    stage.Press(Qt::Key_Return, {}, "\r");
+    EXPECT_EQ(stage.form.txtText.Text(), "\n");
+  });
+}
+
+TEST(FormWindow, TabGoesRoundInTheOrderOfTheDescription) {
+  Stage stage;
+  stage.form.frmArt.SetEnabled(false);
+  stage.form.lstAuswahl.SetVisible(false);
+  std::vector<std::string> round;
+  stage.Show(stage.form.dtpDatum, [&](FormWindow&) {
+    for (int i = 0; i < 4; ++i) {
+      stage.Press(Qt::Key_Tab, {}, "\t");
+      round.push_back(stage.form.ActiveControl()->FullName());
+    }
+    stage.Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    round.push_back(stage.form.ActiveControl()->FullName());
+  });
+  EXPECT_THAT(round, ElementsAre("txtText", "tabSeiten", "txtSteuer", "txtSteuerBetrag", "txtSteuer"));
+}
+
+TEST(FormWindow, EscapeAndTheCloseButtonAskTheScreen) {
+  Stage stage;
+  stage.form.veto = true;
+  stage.Show(stage.form.txtMenge, [&](FormWindow& window) {
+    stage.Press(Qt::Key_Escape);
+    window.close();
+    window.reject();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_THAT(stage.form.log, ElementsAre("press txtMenge 27", "unload", "unload", "unload"));
+    stage.form.veto = false;
+    window.close();
+    EXPECT_FALSE(stage.form.IsLoaded());
+  });
+  EXPECT_FALSE(stage.form.IsShown());
+}
+
+TEST(FormWindow, FieldThatKeepsTheFocusTellsItOnce) {
+  Stage stage;
+  stage.form.txtLohnart.Validate = [&](bool& cancel) {
+    stage.toolkit.MessageBox("falsch", kBoxWarning, "");
+    cancel = true;
+  };
+  stage.Show(stage.form.txtLohnart, [&](FormWindow& window) {
+    stage.driver.Click(stage.form.txtMenge);
+    EXPECT_TRUE(stage.form.txtLohnart.HasFocus());
+    EXPECT_EQ(window.focusWidget(), &stage.WidgetOf(stage.form.txtLohnart));
+    EXPECT_THAT(stage.toolkit.prompts, ElementsAre("falsch"));
+    stage.driver.Click(stage.form.chkFertig);
+    EXPECT_FALSE(stage.form.chkFertig.Checked());
+    EXPECT_FALSE(dynamic_cast<QAbstractButton&>(stage.WidgetOf(stage.form.chkFertig)).isChecked());
+    stage.driver.ChooseTab(stage.form.tabSeiten, 1);
+    EXPECT_EQ(stage.form.tabSeiten.Tab(), 0);
+    stage.driver.ClickRow(stage.form.DataGrid1, 2);
+    EXPECT_EQ(stage.form.DataGrid1.Row(), 0);
+    EXPECT_EQ(stage.toolkit.prompts.size(), 4U);
+    stage.form.btnNeu.SetCausesValidation(false);
+    stage.driver.Click(stage.form.btnNeu);
+    EXPECT_THAT(stage.form.log, Contains("click btnNeu")) << "reachable all the same";
+  });
+}
+
+TEST(FormWindow, WhatStandsInADisabledFrameIsDisabled) {
+  Stage stage;
+  stage.Show(stage.form.txtLohnart, [&](FormWindow& window) {
+    QWidget& box = stage.WidgetOf(stage.form.txtLohnart);
+    stage.form.frmKopf.SetEnabled(false);
+    EXPECT_FALSE(box.isEnabled());
+    EXPECT_FALSE(stage.WidgetOf(stage.form.txtText).isEnabled()) << "in a frame within the frame";
+    stage.driver.Click(stage.form.cboEinheit);
+    EXPECT_FALSE(stage.form.cboEinheit.HasFocus());
+    EXPECT_EQ(stage.form.ActiveControl(), &stage.form.optZeit) << "off the control that closed";
+    EXPECT_EQ(window.focusWidget(), &stage.WidgetOf(stage.form.optZeit));
+    stage.form.frmKopf.SetEnabled(true);
+    EXPECT_TRUE(box.isEnabled());
+    stage.form.txtMenge.SetEnabled(false);
+    EXPECT_FALSE(stage.WidgetOf(stage.form.txtMenge).isEnabled());
+    stage.form.btnNeu.SetEnabled(false);
+    stage.form.log.clear();
+    stage.driver.Click(stage.form.btnNeu);
+    EXPECT_THAT(stage.form.log, IsEmpty());
+  });
+}
+
+TEST(FormWindow, MnemonicsPressButtonsAndLeadToFields) {
+  Stage stage;
+  stage.Show(stage.form.txtMenge, [&](FormWindow&) {
+    stage.Press(Qt::Key_S, Qt::AltModifier, "s");
+    EXPECT_THAT(stage.form.log, Contains("click btnSpeichern"));
+    stage.Press(Qt::Key_K, Qt::AltModifier, "k");
+    EXPECT_TRUE(stage.form.txtKostenstelle[0].HasFocus());
+    stage.Press(Qt::Key_C, Qt::AltModifier, "c");
+    EXPECT_FALSE(stage.form.IsLoaded());
+  });
+}
+
+TEST(FormWindow, NoExceptionPassesThroughQt) {
+  Stage stage;
+  stage.form.btnNeu.Click = [] { throw CallError("Fehler im Handler"); };
+  const auto click = [&](Button& button) { return [&](FormWindow&) { stage.driver.Click(button); }; };
+  stage.Show(stage.form.txtMenge, click(stage.form.btnNeu));
+  EXPECT_THAT(stage.toolkit.prompts, ElementsAre("Fehler im Handler"));
+  stage.form.Load();
+  stage.form.btnLoschen.Click = [] { throw ScriptFailure("Ende"); };
+  stage.form.btnBearbeiten.Click = [&] {
+    test::ProbeForm inner;
+    stage.toolkit.play = [&](FormWindow&) {
+      inner.btnNeu.Click = [] { throw ScriptFailure("innen"); };
+      stage.driver.Click(inner.btnNeu);
+    };
+    stage.toolkit.ShowModal(inner);
+    ADD_FAILURE() << "the failure leaves the inner Screen";
+  };
+  for (Button* button : {&stage.form.btnLoschen, &stage.form.btnBearbeiten}) {
+    EXPECT_THROW(stage.Show(stage.form.txtMenge, click(*button)), ScriptFailure);
+    EXPECT_FALSE(stage.form.IsShown());
+    EXPECT_EQ(stage.toolkit.TopForm(), nullptr);
+  }
+}
+
+TEST(FormWindow, TimersRunByTheClockButNotUnderAnotherWindow) {
+  Stage stage;
+  int elapsed = 0;
+  stage.form.Timer1.Elapsed = [&] { ++elapsed; };
+  stage.form.Timer1.SetInterval(1);
+  stage.form.Timer1.SetEnabled(true);
+  const auto wait = [](const int& count, int wanted) {
+    const QDeadlineTimer end(2000);
+    while (count < wanted && !end.hasExpired())
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  };
+  stage.Show(stage.form.txtMenge, [&](FormWindow& window) {
+    wait(elapsed, 2);
+    EXPECT_EQ(elapsed, 2);
+    window.Act([&](UserActions&) {
+      int later = 0;
+      QTimer::singleShot(20, [&] { later = 1; });
+      wait(later, 1);
+    });
+    EXPECT_EQ(elapsed, 2);
+    stage.form.Timer1.SetEnabled(false);
+    int later = 0;
+    QTimer::singleShot(20, [&] { later = 1; });
+    wait(later, 1);
+    EXPECT_EQ(elapsed, 2);
+  });
+}
+
+TEST(FormWindow, OwnerMayDieUnderneath) {
+  Stage stage;
+  auto owner = std::make_unique<QWidget>();
+  owner->show();
+  stage.toolkit.SetOwner(owner.get());
+  stage.Show(stage.form.txtMenge, [&](FormWindow& window) {
+    owner.reset();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isVisible());
+    stage.Press(Qt::Key_1, {}, "1");
+    EXPECT_EQ(stage.form.txtMenge.Text(), "1");
+  });
+}
+
+TEST(FormWindow, FieldsAreNamedByTheirRows) {
+  Stage stage;
+  stage.Show(stage.form.txtMenge, [&](FormWindow&) {
+    const auto name = [&](const Control& control) {
+      return FromQt(stage.WidgetOf(control).accessibleName());
+    };
+    EXPECT_EQ(name(stage.form.txtKostenstelle[0]), "Kostenstelle");
+    EXPECT_EQ(name(stage.form.txtMenge), "Menge");
+    EXPECT_EQ(name(stage.form.txtSteuerBetrag), "Steuer Betrag");
+    auto& label = dynamic_cast<QLabel&>(stage.WidgetOf(stage.form.lblKostenstelle));
+    EXPECT_EQ(label.buddy(), &stage.WidgetOf(stage.form.txtKostenstelle[0]));
+  });
+}
+
+}  // namespace
+}  // namespace tarvoni::qt
