@@ -81,6 +81,7 @@ void ArgumentForm::FillChoices() {
     if (entry.field.kind != FieldKind::kRow) continue;
     auto* const box = static_cast<QComboBox*>(entry.widget);
     const QSignalBlocker quiet(box);
+    const QString before = box->currentText();
     box->clear();
     if (!entry.field.none.empty()) box->addItem(ToQt(entry.field.none), 0);
     Reported(this, [&] {
@@ -89,7 +90,9 @@ void ArgumentForm::FillChoices() {
       }
     });
     // What is there comes before what is new.
-    if (box->count() > 1 && !entry.field.none.empty()) box->setCurrentIndex(1);
+    const int first = box->count() > 1 && !entry.field.none.empty() ? 1 : 0;
+    const int same = box->findText(before);
+    box->setCurrentIndex(same >= first ? same : first);
   }
   changed_();
 }

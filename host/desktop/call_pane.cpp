@@ -57,7 +57,7 @@ void CallPane::SetScope(const ChoiceScope& scope, const QString& client_name) {
 
 void CallPane::Choose(const Method& method) {
   list_->setCurrentRow(static_cast<int>(&method - Methods().data()));
-  if (form_ && form_->nextInFocusChain()) open_->setFocus();
+  open_->setFocus();
 }
 
 void CallPane::ShowMethod(int index) {

@@ -19,7 +19,7 @@ class CallPane : public QWidget {
   CallPane(const Workplace& workplace, Call call);
 
   void SetScope(const ChoiceScope& scope, const QString& client_name);
-  // Chooses a method and puts the focus on its arguments.
+  // Chooses a method; Enter opens it then.
   void Choose(const Method& method);
 
  private:

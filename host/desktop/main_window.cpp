@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QIntValidator>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSplitter>
@@ -25,6 +26,7 @@ namespace {
 constexpr int kFirstWidth = 110;  // characters
 constexpr int kFirstHeight = 32;  // lines
 constexpr int kStatusTime = 15000;
+constexpr int kLastYear = 9999;
 
 }  // namespace
 
@@ -52,7 +54,7 @@ MainWindow::MainWindow()
 QWidget* MainWindow::MakeWorkPage() {
   clients_ = new ClientList([this] { ShowScope(); });
   forest_year_ = new QLineEdit;
-  forest_year_->setMaxLength(4);
+  forest_year_->setValidator(new QIntValidator(0, kLastYear, forest_year_));
   connect(forest_year_, &QLineEdit::textChanged, this, [this] { ShowScope(); });
   calls_ = new CallPane(workplace_, [this](const Method& method, const Arguments::Values& arguments) {
     Call(method, arguments);
@@ -121,7 +123,8 @@ void MainWindow::Open(const QString& database) {
   const bool server = IsServer(FromQt(database));
   const QString name = server ? database : QFileInfo(database).absoluteFilePath();
   const bool opened = Reported(this, [&] { workplace_.Open(FromQt(name)); });
-  opened ? RememberDatabase(name) : ForgetDatabase(name);
+  if (opened) RememberDatabase(name);
+  if (!server && !QFileInfo::exists(name)) ForgetDatabase(name);
   ShowState();
   if (opened) ShowClients();
 }
