@@ -4,6 +4,7 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 #include <array>
+#include <cstdio>
 
 #include "platform/qt/look.h"
 #include "src/context/call_error.h"
@@ -11,11 +12,17 @@
 namespace tarvoni::host {
 namespace {
 
+// Where no windows are seen, Qt warns at each of them of what they can't do there.
+void TellUnlessUnseen(QtMsgType, const QMessageLogContext&, const QString& text) {
+  if (!text.startsWith("This plugin does not support")) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
 QApplication* MakeApplication() {
   static std::array<char, 8> name = {"tarvoni"};
   static std::array<char*, 2> arguments = {name.data(), nullptr};
   static int count = 1;
   auto* const application = new QApplication(count, arguments.data());
+  if (QGuiApplication::platformName() == "offscreen") qInstallMessageHandler(TellUnlessUnseen);
   qt::UseHouseStyle(*application);
   // The words of Qt's own dialogs, where the machine has them.
   static QTranslator german;
