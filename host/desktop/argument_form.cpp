@@ -16,11 +16,18 @@ namespace tarvoni::host {
 using qt::FromQt;
 using qt::ToQt;
 
+namespace {
+
+constexpr int kChoiceWidth = 24;  // characters
+
+}  // namespace
+
 ArgumentForm::ArgumentForm(const Workplace& workplace, const std::vector<ArgumentField>& fields,
                            std::function<void()> changed)
     : workplace_(workplace), changed_(std::move(changed)) {
   auto* const form = new QFormLayout(this);
   form->setContentsMargins(0, 0, 0, 0);
+  form->setRowWrapPolicy(QFormLayout::WrapLongRows);
   form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   for (const ArgumentField& field : fields) {
     QWidget* const widget = MakeWidget(field);
@@ -44,6 +51,7 @@ QWidget* ArgumentForm::MakeWidget(const ArgumentField& field) {
       auto* const box = new QComboBox(this);
       box->setEditable(field.free_number);
       box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+      box->setMinimumContentsLength(kChoiceWidth);
       connect(box, &QComboBox::currentTextChanged, this, [this] { changed_(); });
       return box;
     }
@@ -93,6 +101,7 @@ void ArgumentForm::FillChoices() {
     const int first = box->count() > 1 && !entry.field.none.empty() ? 1 : 0;
     const int same = box->findText(before);
     box->setCurrentIndex(same >= first ? same : first);
+    if (box->isEditable()) box->lineEdit()->setCursorPosition(0);
   }
   changed_();
 }

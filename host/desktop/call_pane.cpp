@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 
+#include "platform/qt/look.h"
 #include "platform/qt/text.h"
 
 namespace tarvoni::host {
@@ -20,10 +21,9 @@ CallPane::CallPane(const Workplace& workplace, Call call)
   list_->setAccessibleName("Bildschirme");
   for (const Method& method : Methods()) {
     auto* const item = new QListWidgetItem(PlainCaption(method.title), list_);
-    if (method.built) continue;
-    item->setFlags(item->flags() & ~Qt::ItemIsEnabled);
-    item->setText(item->text() + "  (noch nicht verfügbar)");
+    if (!method.built) item->setForeground(palette().brush(QPalette::Disabled, QPalette::Text));
   }
+  list_->setMinimumWidth(list_->sizeHintForColumn(0) + qt::CharactersWide(*list_, 3));
   purpose_->setWordWrap(true);
   open_->setDefault(true);
   auto* const buttons = new QHBoxLayout;
@@ -66,19 +66,18 @@ void CallPane::ShowMethod(int index) {
   if (index < 0) return;
   const Method& method = Methods()[static_cast<std::size_t>(index)];
   group_->setTitle(PlainCaption(method.title));
-  purpose_->setText(ToQt(method.purpose + "."));
-  form_ = new ArgumentForm(workplace_, FieldsOf(method.name), [this] {
-    if (form_) open_->setEnabled(form_->IsComplete());
+  purpose_->setText(ToQt(method.purpose + (method.built ? "." : ".\n\nNoch nicht verfügbar.")));
+  form_ = new ArgumentForm(workplace_, FieldsOf(method.name), [this, &method] {
+    open_->setEnabled(method.built && form_ && form_->IsComplete());
   });
   column_->insertWidget(1, form_);
-  open_->setEnabled(form_->IsComplete());
+  open_->setEnabled(method.built && form_->IsComplete());
   SetScope(scope_, client_name_);
 }
 
 void CallPane::Open() {
   if (!form_ || !open_->isEnabled()) return;
-  const Method& method = Methods()[static_cast<std::size_t>(list_->currentRow())];
-  if (method.built) call_(method, form_->Values());
+  call_(Methods()[static_cast<std::size_t>(list_->currentRow())], form_->Values());
 }
 
 }  // namespace tarvoni::host

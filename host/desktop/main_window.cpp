@@ -6,6 +6,7 @@
 #include <QIntValidator>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 
@@ -14,6 +15,7 @@
 #include "host/desktop/server_dialog.h"
 #include "host/desktop/settings_dialog.h"
 #include "host/open_database.h"
+#include "platform/qt/look.h"
 #include "platform/qt/text.h"
 
 namespace tarvoni::host {
@@ -23,8 +25,10 @@ using qt::ToQt;
 
 namespace {
 
-constexpr int kFirstWidth = 110;  // characters
-constexpr int kFirstHeight = 32;  // lines
+constexpr int kFirstWidth = 120;  // characters
+constexpr int kFirstHeight = 34;  // lines
+constexpr double kShareOfScreen = 0.9;
+constexpr int kClientWidth = 30;
 constexpr int kStatusTime = 15000;
 constexpr int kLastYear = 9999;
 
@@ -47,7 +51,8 @@ MainWindow::MainWindow()
   setCentralWidget(pages_);
   MakeMenus();
   statusBar();
-  resize(fontMetrics().averageCharWidth() * kFirstWidth, fontMetrics().lineSpacing() * kFirstHeight);
+  const QSize wanted(qt::CharactersWide(*this, kFirstWidth), qt::LinesHigh(*this, kFirstHeight));
+  resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
   ShowState();
 }
 
@@ -61,6 +66,7 @@ QWidget* MainWindow::MakeWorkPage() {
   });
 
   auto* const left = new QWidget;
+  left->setMinimumWidth(qt::CharactersWide(*this, kClientWidth));
   auto* const column = new QVBoxLayout(left);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(clients_);
