@@ -38,11 +38,11 @@ constexpr auto kLabels = std::to_array<LabelRow>({{"ANS", kMachinePurchase},
                                                   {"EIG", kOwnWorkshop},
                                                   {"ABS", kMachineDepreciation},
                                                   {"UNT", kForeignRepairs},
+                                                  {"UNT", kSpareParts},
                                                   {"VK", kFuel},
-                                                  {"VK", kLubricants},
-                                                  {"VK", kSpareParts},
-                                                  {"OI", kInsurance},
-                                                  {"STE", kVehicleTax}});
+                                                  {"OI", kLubricants},
+                                                  {"STE", kVehicleTax},
+                                                  {"STE", kInsurance}});
 
 void WriteLabels(Enterprise& enterprise) {
   RowWriter writer(enterprise.connection, "MASCHINE_STAMM", "LABEL, KOSTENART_ID");
