@@ -162,6 +162,8 @@ class CommandLine {
         ->type_name("");
     command->add_flag("--update", script_.update,
                       "die erwarteten Zeilen (|) neu schreiben statt vergleichen");
+    command->add_flag("--tell", script_.tell,
+                      "die Kommentare des Skripts ausgeben, sobald sie an der Reihe sind");
     command->add_option("--trace", script_.trace, "jede Anweisung an die Datenbank mit Zeit und Zeilen")
         ->type_name("DATEI");
     auto* ui = command->add_option_function<std::string>(

@@ -70,8 +70,14 @@ void ScriptPlayer::Play(Script script) {
   if (failure_) Fail("Der Aufruf schlug fehl: " + *failure_);
 }
 
-void ScriptPlayer::RunLine() {
+const ScriptLine& ScriptPlayer::TakeLine() {
   current_ = next_++;
+  if (narrator_ && !Line().remark.empty()) narrator_(Line().remark);
+  return Line();
+}
+
+void ScriptPlayer::RunLine() {
+  TakeLine();
   const std::string& word = Line().words[0];
   const bool expects_failure = word == "expect" && Line().words.size() > 1 && Line().words[1] == "failure";
   if (failure_ && !expects_failure) Fail("Der Aufruf davor schlug fehl: " + *failure_);

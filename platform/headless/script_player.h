@@ -48,6 +48,11 @@ class ScriptPlayer : public Partner {
   const std::vector<std::string>& UpdatedLines() const { return script_.lines; }
   bool Changed() const { return changed_; }
 
+  // Hears the remark above a line when the line's turn has come.
+  void SetNarrator(std::function<void(const std::string& remark)> narrator) {
+    narrator_ = std::move(narrator);
+  }
+
   TvnVar_Dll& Context() { return context_; }
 
   // One line for the Screen on top; false if the Screen is gone. For toolkits with an event loop of their
@@ -84,6 +89,7 @@ class ScriptPlayer : public Partner {
     bool closes_itself = false;  // one button only: an `expect message` is answer enough
   };
 
+  const ScriptLine& TakeLine();
   void RunLine();
   [[noreturn]] void Fail(const std::string& text) const;
   void ExpectEqual(const std::string& what, const std::string& expected, const std::string& found) const;
@@ -156,6 +162,7 @@ class ScriptPlayer : public Partner {
   Environment& environment_;
   Driver& driver_;
   ScriptHooks hooks_;
+  std::function<void(const std::string&)> narrator_;
   TvnVar_Dll context_;
   Script script_;
   std::size_t current_ = 0;  // the command at work

@@ -4,10 +4,13 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QTableView>
+#include <algorithm>
+#include <vector>
 
 #include "platform/qt/look.h"
 
@@ -68,6 +71,22 @@ void SizeTable(QWidget& table, int rows) {
   const int line = LinesHigh(table, 1) * 3 / 2;
   table.setMinimumSize(CharactersWide(table, kNarrowest), line * (rows > 0 ? rows + 2 : kFewest));
   if (rows > 0) table.setMaximumHeight(table.minimumHeight());
+}
+
+void SizeButtons(QLayout& bar) {
+  constexpr int kShort = 12;
+  constexpr int kLong = 24;
+  std::vector<QWidget*> buttons;
+  for (int i = 0; i < bar.count(); ++i) {
+    if (auto* button = qobject_cast<QPushButton*>(bar.itemAt(i)->widget())) buttons.push_back(button);
+  }
+  int width = 0;
+  for (const QWidget* button : buttons) {
+    width = std::max(width, CharactersWide(*button, kShort));
+    if (const int hint = button->sizeHint().width(); hint <= CharactersWide(*button, kLong))
+      width = std::max(width, hint);
+  }
+  for (QWidget* button : buttons) button->setMinimumWidth(std::max(width, button->sizeHint().width()));
 }
 
 }  // namespace tarvoni::qt

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLayout>
 #include <QWidget>
 
 // Sizes of controls in characters and lines of their own font.
@@ -11,5 +12,8 @@ bool SizeCell(QWidget& widget, int characters);
 void SizeLines(QWidget& widget, int lines, int characters);
 // A table of so many rows; 0 takes the free height.
 void SizeTable(QWidget& table, int rows);
+
+// Buttons beside each other have one width, save for those with long captions.
+void SizeButtons(QLayout& bar);
 
 }  // namespace tarvoni::qt

@@ -37,12 +37,7 @@ void ComboBoxView::Show(Aspect aspect) {
   const Mirroring mirroring(mirroring_);
   switch (aspect) {
     case Aspect::kItems:
-      if (widget_->count() + 1 == combo_.ListCount()) {
-        widget_->addItem(ToQt(combo_.List(combo_.ListCount() - 1)));
-      } else {
-        widget_->clear();
-        for (int i = 0; i < combo_.ListCount(); ++i) widget_->addItem(ToQt(combo_.List(i)));
-      }
+      ShowItems(*widget_);
       return ShowText();
     case Aspect::kText:
       return ShowText();

@@ -1,5 +1,7 @@
 #include "platform/qt/control_view.h"
 
+#include <QScrollArea>
+
 #include "platform/qt/form_window.h"
 #include "platform/qt/keys.h"
 #include "platform/qt/text.h"
@@ -40,7 +42,11 @@ void ControlView::ShowAll() {
 }
 
 void ControlView::TakeFocus() const {
-  if (window_.focusWidget() != Target() || !Target()->hasFocus()) Target()->setFocus(Qt::OtherFocusReason);
+  if (window_.focusWidget() == Target() && Target()->hasFocus()) return;
+  Target()->setFocus(Qt::OtherFocusReason);
+  for (QWidget* around = Target()->parentWidget(); around; around = around->parentWidget()) {
+    if (auto* scrolled = qobject_cast<QScrollArea*>(around)) scrolled->ensureWidgetVisible(Target());
+  }
 }
 
 bool ControlView::Key(const QKeyEvent& event) {
@@ -58,6 +64,10 @@ void ControlView::Typed(const std::u32string& text) {
   window_.Act([&](UserActions& user) {
     for (const char32_t character : text) user.TypeCharacter(character);
   });
+}
+
+void ControlView::Lookup() {
+  window_.Act([](UserActions& user) { user.Lookup(); });
 }
 
 bool ControlView::Press(const QMouseEvent& event, bool twice) {

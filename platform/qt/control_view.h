@@ -39,6 +39,8 @@ class ControlView {
   virtual bool Release(const QMouseEvent&) { return false; }
   // Any other event of the widget that the control has a say in.
   virtual bool Other(QEvent&) { return false; }
+  // Ctrl released alone.
+  virtual void Lookup();
   // What was typed but not yet handed on; the window asks before the user does anything else.
   virtual void Commit() {}
 

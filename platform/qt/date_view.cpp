@@ -17,7 +17,7 @@ DateView::DateView(DateControl& date, FormWindow& window, QWidget* parent)
   edit_->setMaxLength(10);
   edit_->setContextMenuPolicy(Qt::NoContextMenu);
   edit_->setPlaceholderText("TT.MM.JJJJ");
-  calendar_ = edit_->addAction(LookupIcon(*edit_), QLineEdit::TrailingPosition);
+  calendar_ = edit_->addAction(QIcon(), QLineEdit::TrailingPosition);
   calendar_->setText("Kalender");
   calendar_->setToolTip("Kalender öffnen (Strg oder F4)");
   QObject::connect(calendar_, &QAction::triggered, edit_, [this] { Open(); });
@@ -36,8 +36,11 @@ void DateView::Show(Aspect aspect) {
     edit_->setText(Shown());
     if (date_.HasFocus()) edit_->selectAll();
   }
-  if (aspect == Aspect::kEnabled) PaintBox(*edit_, kWindowBackground, false);
   if (aspect == Aspect::kEnabled) calendar_->setVisible(date_.IsEnabled());
+  if (aspect == Aspect::kLocked) {
+    PaintBox(*edit_, kWindowBackground, false);
+    calendar_->setIcon(LookupIcon(*edit_));
+  }
   ControlView::Show(aspect);
 }
 

@@ -20,6 +20,7 @@ class DateView : public ControlView {
   bool Press(const QMouseEvent& event, bool twice) override;
   bool Release(const QMouseEvent&) override { return true; }
   bool Other(QEvent& event) override;
+  void Lookup() override { Open(); }
   void Commit() override;
 
  private:

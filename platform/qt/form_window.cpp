@@ -19,6 +19,7 @@ FormWindow::FormWindow(Form& form, Toolkit& toolkit, QWidget* owner)
       form_(form),
       user_(form, toolkit) {
   setModal(true);
+  setAttribute(Qt::WA_QuitOnClose, false);
   setWindowTitle(ToQt(form.Caption()));
   setObjectName(ToQt(form.Name()));
   setPalette(ReadablePalette());
@@ -239,7 +240,8 @@ bool FormWindow::KeyPressed(const QKeyEvent& event) {
 
 void FormWindow::KeyReleased(const QKeyEvent& event) {
   if (event.key() != Qt::Key_Control || event.isAutoRepeat()) return;
-  if (std::exchange(ctrl_alone_, false)) Act([](UserActions& user) { user.Lookup(); });
+  ControlView* const view = Active();
+  if (std::exchange(ctrl_alone_, false) && view) view->Lookup();
 }
 
 }  // namespace tarvoni::qt

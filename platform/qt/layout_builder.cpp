@@ -15,8 +15,10 @@
 
 #include "platform/qt/cell_size.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/grid_view.h"
 #include "platform/qt/look.h"
 #include "platform/qt/tab_view.h"
+#include "platform/qt/table_view.h"
 #include "platform/qt/text.h"
 
 namespace tarvoni::qt {
@@ -68,11 +70,12 @@ class Builder {
   Piece Group(const Node& node, QWidget* parent);
   Piece Lines(const Node& node, QWidget* parent);
   Piece Matrix(const Node& node, QWidget* parent);
-  Piece Side(const Node& node, QWidget* parent);
+  void MatrixRow(const Node& row, const std::vector<std::string>& captions, QGridLayout& grid, int at,
+                 QWidget* parent);
   Piece Table(const Node& node, QWidget* parent);
   Piece Tabs(const Node& node, QWidget* parent);
   Piece Text(const Node& node, QWidget* parent);
-  Piece Cells(const std::vector<Node>& nodes, std::size_t first, QWidget* parent);
+  Piece Beside(const std::vector<Node>& nodes, std::size_t first, QWidget* parent);
   QLabel* RowLabel(const Node& row, QWidget* parent);
   void Row(const Node& row, QGridLayout& grid, int at, QWidget* parent);
   void NameCells(const Node& row, QLabel* label, const std::vector<std::string>& captions = {}) const;
@@ -87,7 +90,7 @@ Piece Builder::Build(const Node& node, QWidget* parent) {
     case Kind::kRow:
       return Stack({node}, parent);
     case Kind::kSide:
-      return Side(node, parent);
+      return Beside(node.children, 0, parent);
     case Kind::kGroup:
       return Group(node, parent);
     case Kind::kMatrix:
@@ -132,7 +135,9 @@ Piece Builder::Text(const Node& node, QWidget* parent) {
 Piece Builder::Table(const Node& node, QWidget* parent) {
   ControlView& view = View(node, parent);
   SizeTable(*view.Target(), node.rows);
-  view.SetName("Liste");
+  const auto* const frame = dynamic_cast<Captioned*>(node.control->Container());
+  const bool captioned = frame && !frame->Caption().empty();
+  dynamic_cast<GridView&>(view).Rows().SetTitle(captioned ? frame->Caption() : window_.Screen().Caption());
   return {.widget = view.Widget(), .wide = true, .tall = node.rows == 0};
 }
 
@@ -164,47 +169,27 @@ Piece Builder::Tabs(const Node& node, QWidget* parent) {
   return {.widget = tabs.Widget(), .wide = true, .tall = tall};
 }
 
-Piece Builder::Bar(const Node& node, QWidget* parent) {
+// Nodes side by side; what is left of the width goes to gaps and wide pieces, or to the end.
+Piece Builder::Beside(const std::vector<Node>& nodes, std::size_t first, QWidget* parent) {
   auto* const box = new QHBoxLayout;
-  int widest = CharactersWide(*parent, 12);
-  std::vector<QWidget*> buttons;
-  bool stretched = false;
-  for (const Node& child : node.children) {
-    if (child.kind == Kind::kGap) {
-      box->addStretch(1);
-      stretched = true;
-      continue;
-    }
-    const Piece piece = Build(child, parent);
+  Piece line{.layout = box};
+  for (std::size_t i = first; i < nodes.size(); ++i) {
+    const bool gap = nodes[i].kind == Kind::kGap;
+    const Piece piece = Build(nodes[i], parent);
+    if (gap) box->addStretch(1);
     AddTo(*box, piece);
-    stretched = stretched || piece.wide;
-    if (!qobject_cast<QPushButton*>(piece.widget)) continue;
-    buttons.push_back(piece.widget);
-    if (piece.widget->sizeHint().width() < 2 * widest)
-      widest = std::max(widest, piece.widget->sizeHint().width());
+    line.wide = line.wide || piece.wide || gap;
+    line.tall = line.tall || piece.tall;
   }
-  for (QWidget* button : buttons) button->setMinimumWidth(std::max(widest, button->sizeHint().width()));
-  if (!stretched) box->addStretch(1);
-  return {.layout = box, .wide = true};
+  if (!line.wide) box->addStretch(1);
+  line.wide = true;
+  return line;
 }
 
-Piece Builder::Side(const Node& node, QWidget* parent) {
-  auto* const box = new QHBoxLayout;
-  Piece side{.layout = box};
-  for (const Node& child : node.children) {
-    if (child.kind == Kind::kGap) {
-      box->addStretch(1);
-      side.wide = true;
-      continue;
-    }
-    const Piece piece = Build(child, parent);
-    AddTo(*box, piece);
-    side.wide = side.wide || piece.wide;
-    side.tall = side.tall || piece.tall;
-  }
-  if (!side.wide) box->addStretch(1);
-  side.wide = true;
-  return side;
+Piece Builder::Bar(const Node& node, QWidget* parent) {
+  const Piece bar = Beside(node.children, 0, parent);
+  SizeButtons(*bar.layout);
+  return bar;
 }
 
 Piece Builder::Stack(const std::vector<Node>& nodes, QWidget* parent) {
@@ -239,24 +224,11 @@ void Builder::Row(const Node& row, QGridLayout& grid, int at, QWidget* parent) {
   const auto& cells = row.children;
   if (cells.size() > 1 && IsFixedBox(cells[0])) {
     AddTo(grid, Build(cells[0], parent), at, 1);
-    AddTo(grid, Cells(cells, 1, parent), at, 2);
+    AddTo(grid, Beside(cells, 1, parent), at, 2);
   } else {
-    AddTo(grid, Cells(cells, 0, parent), at, 1, 2);
+    AddTo(grid, Beside(cells, 0, parent), at, 1, 2);
   }
   NameCells(row, label);
-}
-
-Piece Builder::Cells(const std::vector<Node>& nodes, std::size_t first, QWidget* parent) {
-  auto* const box = new QHBoxLayout;
-  bool stretched = false;
-  for (std::size_t i = first; i < nodes.size(); ++i) {
-    const Piece piece = Build(nodes[i], parent);
-    if (nodes[i].kind == Kind::kGap) box->addStretch(1);
-    AddTo(*box, piece);
-    stretched = stretched || piece.wide || nodes[i].kind == Kind::kGap;
-  }
-  if (!stretched) box->addStretch(1);
-  return {.layout = box, .wide = true};
 }
 
 // The row's caption names its cells for assistive programs, and its mnemonic leads to the first of them.
@@ -277,32 +249,35 @@ void Builder::NameCells(const Node& row, QLabel* label, const std::vector<std::s
 Piece Builder::Matrix(const Node& node, QWidget* parent) {
   auto* const grid = new QGridLayout;
   for (std::size_t i = 0; i < node.captions.size(); ++i) {
-    if (!node.captions[i].empty())
-      grid->addWidget(new QLabel(ToQt(node.captions[i]), parent), 0, static_cast<int>(i));
+    if (node.captions[i].empty()) continue;
+    grid->addWidget(new QLabel(ToQt(node.captions[i]), parent), 0, static_cast<int>(i));
   }
   int at = 0;
-  int columns = 1;
-  for (const Node& row : node.children) {
+  for (const Node& child : node.children) {
     ++at;
-    if (row.kind != Kind::kRow) {
-      if (const Piece piece = Build(row, parent)) AddTo(*grid, piece, at, 0, -1);
-      continue;
+    if (child.kind == Kind::kRow) {
+      MatrixRow(child, node.captions, *grid, at, parent);
+    } else if (const Piece piece = Build(child, parent)) {
+      AddTo(*grid, piece, at, 0, -1);
     }
-    QLabel* const label = RowLabel(row, parent);
-    if (label) grid->addWidget(label, at, 0);
-    for (std::size_t i = 0; i < row.children.size(); ++i) {
-      const int column = static_cast<int>(i) + 1;
-      columns = std::max(columns, column + 1);
-      const Piece piece = Build(row.children[i], parent);
-      AddTo(*grid, piece, at, column);
-      if (piece.wide) grid->setColumnStretch(column, 1);
-    }
-    NameCells(row, label, node.captions);
   }
-  bool wide = false;
-  for (int i = 0; i < columns; ++i) wide = wide || grid->columnStretch(i) > 0;
-  if (!wide) grid->setColumnStretch(columns, 1);
+  int stretch = 0;
+  for (int i = 0; i < grid->columnCount(); ++i) stretch += grid->columnStretch(i);
+  if (stretch == 0) grid->setColumnStretch(grid->columnCount(), 1);
   return {.layout = grid, .wide = true};
+}
+
+void Builder::MatrixRow(const Node& row, const std::vector<std::string>& captions, QGridLayout& grid, int at,
+                        QWidget* parent) {
+  QLabel* const label = RowLabel(row, parent);
+  if (label) grid.addWidget(label, at, 0);
+  int column = 0;
+  for (const Node& cell : row.children) {
+    const Piece piece = Build(cell, parent);
+    AddTo(grid, piece, at, ++column);
+    if (piece.wide) grid.setColumnStretch(column, 1);
+  }
+  NameCells(row, label, captions);
 }
 
 // Scrolls only where the screen is too small for the whole.

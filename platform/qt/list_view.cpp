@@ -60,15 +60,7 @@ QWidget* ListBoxView::Widget() const {
 
 void ListBoxView::Show(Aspect aspect) {
   ControlView::Show(aspect);
-  if (aspect == Aspect::kItems) {
-    // Items mostly come one behind the other.
-    if (widget_->count() + 1 == Items().ListCount()) {
-      widget_->addItem(ToQt(Items().List(Items().ListCount() - 1)));
-    } else {
-      widget_->clear();
-      for (int i = 0; i < Items().ListCount(); ++i) widget_->addItem(ToQt(Items().List(i)));
-    }
-  }
+  if (aspect == Aspect::kItems) ShowItems(*widget_);
   if (aspect != Aspect::kItems && aspect != Aspect::kText) return;
   widget_->setCurrentRow(Items().ListIndex());
 }

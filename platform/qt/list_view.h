@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/qt/control_view.h"
+#include "platform/qt/text.h"
 #include "src/context/lists.h"
 
 class QComboBox;
@@ -17,6 +18,13 @@ class ItemListView : public ControlView {
   bool Navigate(const QKeyEvent& event) override;
   void Typed(const std::u32string& text) override;
   void Choose(int index);
+  // Fills a list or combo box of Qt. Items mostly come one behind the other.
+  template <typename Widget>
+  void ShowItems(Widget& widget) const {
+    const int count = list_.ListCount();
+    if (widget.count() + 1 != count) widget.clear();
+    for (int i = widget.count(); i < count; ++i) widget.addItem(ToQt(list_.List(i)));
+  }
   ItemList& Items() const { return list_; }
 
  private:

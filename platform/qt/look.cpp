@@ -71,7 +71,7 @@ QIcon LookupIcon(const QWidget& widget) {
   QPainter painter(&picture);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(widget.palette().color(QPalette::ButtonText));
+  painter.setBrush(QApplication::palette().color(QPalette::Text));
   for (const int x : {3, 8, 13}) painter.drawEllipse(QPointF(x, 10), 1.4, 1.4);
   return picture;
 }

@@ -275,6 +275,13 @@ TEST_F(Player, ErrorsOfAHandlerAreBoxes) {
             "");
 }
 
+TEST_F(Player, TellsTheRemarksAsTheirLinesAreReached) {
+  std::vector<std::string> told;
+  player.SetNarrator([&](const std::string& remark) { told.push_back(remark); });
+  EXPECT_EQ(Play("# Nicht mehr davon\n\n# Löschen,\n# aber nicht\nclick btnLoschen\n# Nein\nanswer no"), "");
+  EXPECT_THAT(told, testing::ElementsAre("Löschen,\naber nicht", "Nein"));
+}
+
 TEST_F(Player, FailedCallMustBeExpected) {
   EXPECT_EQ(Play("database x\ncall ARA x=1\nexpect failure Invalid", false), "");
   EXPECT_THAT(Play("database x\ncall ARA x=1\nexpect screen none", false), HasSubstr("schlug fehl"));

@@ -74,6 +74,8 @@ TEST(FormWindow, KeypadTypesTheLocalesSeparatorAndEnter) {
     EXPECT_EQ(box.Text(), ".");
     stage.Press(Qt::Key_Period, {}, ".");
     EXPECT_EQ(box.Text(), "..") << "the other point stays a point";
+    stage.Press(Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, "@");
+    EXPECT_EQ(box.Text(), "..@") << "AltGr types";
     stage.form.log.clear();
     stage.Press(Qt::Key_Enter, Qt::KeypadModifier, "\r");
     stage.Press(Qt::Key_Return, {}, "\r");
@@ -195,9 +197,7 @@ TEST(FormWindow, MnemonicsPressButtonsAndLeadToFields) {
 TEST(FormWindow, NoExceptionPassesThroughQt) {
   Stage stage;
   stage.form.btnNeu.Click = [] { throw CallError("Fehler im Handler"); };
-  const auto click = [&](Button& button) {
-    return [&](FormWindow&) { stage.driver.Click(button); };
-  };
+  const auto click = [&](Button& button) { return [&](FormWindow&) { stage.driver.Click(button); }; };
   stage.Show(stage.form.txtMenge, click(stage.form.btnNeu));
   EXPECT_THAT(stage.toolkit.prompts, ElementsAre("Fehler im Handler"));
   stage.form.Load();

@@ -1,7 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QImage>
+#include <QPalette>
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 
 #include "platform/headless/script_player.h"
@@ -190,7 +194,27 @@ TEST(ScriptParity, BoxesAreAnsweredByTheScript) {
   EXPECT_THAT(PlayInWindows("type txtLohnart 9\nclick btnNeu", prepare).failure, HasSubstr("Unerwartet"));
 }
 
-TEST(ScriptParity, ShotIsAPicture) {
+// The lightness of the palest and the darkest point of a picture's part.
+std::pair<int, int> LightnessIn(const QImage& picture, const QRect& part) {
+  int least = 255, most = 0;
+  for (int y = part.top(); y <= part.bottom(); ++y) {
+    for (int x = part.left(); x <= part.right(); ++x) {
+      const int lightness = picture.pixelColor(x, y).lightness();
+      least = std::min(least, lightness);
+      most = std::max(most, lightness);
+    }
+  }
+  return {least, most};
+}
+
+QPalette DarkPalette() {
+  QPalette dark(QColor(53, 53, 53));
+  dark.setColor(QPalette::Base, QColor(35, 35, 35));
+  dark.setColor(QPalette::Text, Qt::white);
+  return dark;
+}
+
+TEST(ScriptParity, ShotsAreLegibleInLightAndDark) {
   const char* const wanted = std::getenv("TARVONI_SHOTS");
   const std::filesystem::path folder = wanted ? wanted : testing::TempDir() + "shots";
   const auto prepare = [](ProbeForm& form) {
@@ -201,12 +225,21 @@ TEST(ScriptParity, ShotIsAPicture) {
     form.lblSteuerName.SetCaption("Versicherung und Steuer");
     form.frmAuswahl.SetEnabled(false);
   };
-  const Played played = PlayInWindows(
-      "focus txtKostenstelle(0)\nshot probe\ntab tabSeiten 1\nshot seite\nclose", prepare, folder);
-  EXPECT_EQ(played.failure, "");
-  const QImage picture(QString::fromStdString((folder / "probe.png").string()));
-  EXPECT_GT(picture.width(), 400);
-  EXPECT_GT(picture.colorCount() + picture.depth(), 8);
+  const QPalette light = QApplication::palette();
+  for (const bool dark : {false, true}) {
+    if (dark) QApplication::setPalette(DarkPalette());
+    const std::string name = dark ? "dunkel" : "hell";
+    const Played played = PlayInWindows(
+        "focus txtKostenstelle(0)\nshot " + name + "\ntab tabSeiten 1\nshot " + name + "_seite\nclose",
+        prepare, folder);
+    EXPECT_EQ(played.failure, "");
+    const QImage picture(QString::fromStdString((folder / (name + ".png")).string()));
+    ASSERT_FALSE(picture.isNull());
+    const auto [least, most] = LightnessIn(picture, {picture.width() / 4, picture.height() / 2, 100, 40});
+    EXPECT_GT(most - least, 120) << name;
+    EXPECT_EQ(picture.pixelColor(2, 2).lightness() < 128, dark);
+  }
+  QApplication::setPalette(light);
 }
 
 }  // namespace

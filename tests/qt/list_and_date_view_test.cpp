@@ -1,0 +1,116 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTabBar>
+
+#include "tests/qt/stage.h"
+
+namespace tarvoni::qt {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(ListView, KeysChooseItems) {
+  Stage stage;
+  auto& list = stage.form.lstAuswahl;
+  stage.Show(list, [&](FormWindow&) {
+    auto& widget = dynamic_cast<QListWidget&>(stage.WidgetOf(list));
+    stage.Press(Qt::Key_End);
+    EXPECT_EQ(list.Text(), "Tanne");
+    EXPECT_EQ(widget.currentRow(), 2);
+    stage.Press(Qt::Key_F, {}, "f");
+    EXPECT_EQ(list.Text(), "Fichte");
+    list.RemoveItem(0);
+    EXPECT_EQ(widget.count(), 2);
+    EXPECT_EQ(widget.currentRow(), 0);
+  });
+}
+
+TEST(ListView, LockedComboTakesNoItem) {
+  Stage stage;
+  auto& combo = stage.form.cboEinheit;
+  stage.Show(combo, [&](FormWindow&) {
+    auto& widget = dynamic_cast<QComboBox&>(stage.WidgetOf(combo));
+    EXPECT_EQ(widget.currentIndex(), -1) << "nothing is chosen by itself";
+    stage.Press(Qt::Key_Down);
+    EXPECT_EQ(FromQt(widget.currentText()), "fm");
+    combo.SetLocked(true);
+    stage.Press(Qt::Key_Down);
+    stage.driver.SelectItem(combo, 2);
+    EXPECT_EQ(combo.ListIndex(), 0);
+    EXPECT_EQ(widget.currentIndex(), 0) << "the widget follows";
+  });
+}
+
+TEST(ListView, EditableComboTakesTypedText) {
+  Stage stage;
+  auto& combo = stage.form.cboEinheit;
+  combo.SetEditable(true);
+  stage.Show(combo, [&](FormWindow&) {
+    auto& edit = *dynamic_cast<QComboBox&>(stage.WidgetOf(combo)).lineEdit();
+    stage.driver.Type(combo, "kg x");
+    EXPECT_EQ(combo.Text(), "kg x");
+    EXPECT_EQ(edit.text(), "kg x");
+    stage.Press(Qt::Key_Backspace);
+    EXPECT_EQ(combo.Text(), "kg ");
+    stage.form.log.clear();
+    stage.driver.SelectItem(combo, 1);
+    EXPECT_EQ(edit.text(), "rm");
+    EXPECT_THAT(stage.form.log, ElementsAre("click cboEinheit"));
+  });
+}
+
+TEST(DateView, TypedDateCountsWhenTheFieldIsLeft) {
+  Stage stage;
+  auto& date = stage.form.dtpDatum;
+  date.SetLimits({2000, 1, 1}, {2079, 1, 1});
+  stage.Show(date, [&](FormWindow&) {
+    auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(date));
+    stage.driver.Type(date, "31.12.24");
+    EXPECT_FALSE(date.Value());
+    stage.Press(Qt::Key_Tab);
+    EXPECT_EQ(date.Value(), DateTime(2024, 12, 31));
+    EXPECT_EQ(edit.text(), "31.12.2024");
+    EXPECT_THAT(stage.form.log,
+                ElementsAre("change dtpDatum", "validate dtpDatum", "lost dtpDatum", "got txtText"));
+    stage.driver.Focus(date);
+    stage.Press(Qt::Key_Up);
+    EXPECT_EQ(edit.text(), "01.01.2025");
+    edit.selectAll();
+    stage.driver.Type(date, "30.2.2025x");
+    stage.Press(Qt::Key_Return);
+    EXPECT_EQ(edit.text(), "01.01.2025") << "no such day";
+    edit.selectAll();
+    stage.driver.Type(date, "1.1.1900");
+    stage.Press(Qt::Key_Tab);
+    EXPECT_EQ(edit.text(), "01.01.2000") << "not before the first day";
+  });
+}
+
+TEST(TabView, DisabledPageCannotBeChosen) {
+  Stage stage;
+  auto& tabs = stage.form.tabSeiten;
+  stage.Show(tabs, [&](FormWindow&) {
+    const auto& bar = dynamic_cast<QTabBar&>(stage.WidgetOf(tabs));
+    tabs.SetTabEnabled(1, false);
+    EXPECT_FALSE(bar.isTabEnabled(1));
+    stage.driver.ChooseTab(tabs, 1);
+    stage.Press(Qt::Key_Right);
+    EXPECT_THAT(stage.form.log, IsEmpty());
+    tabs.SetTabEnabled(1, true);
+    tabs.SetTabCaption(1, "Stunden");
+    stage.Press(Qt::Key_Right);
+    EXPECT_EQ(bar.currentIndex(), 1);
+    EXPECT_EQ(bar.tabText(1), "Stunden");
+    tabs.SetTabEnabled(1, false);
+    EXPECT_EQ(bar.currentIndex(), 1) << "the Screen says which page is open";
+    EXPECT_FALSE(stage.WidgetOf(stage.form.FlexGrid1).isEnabled());
+  });
+}
+
+}  // namespace
+}  // namespace tarvoni::qt

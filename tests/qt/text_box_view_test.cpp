@@ -1,0 +1,146 @@
+#include "platform/qt/text_box_view.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+
+#include "tests/qt/stage.h"
+
+namespace tarvoni::qt {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+
+// Typed text of a box that admits digits and makes letters great.
+void AdmitDigits(TextBox& box) {
+  box.KeyPress = [](int& key) {
+    if (key >= 'a' && key <= 'z') key += 'A' - 'a';
+    if (key == '.' || key == ' ') key = 0;
+  };
+}
+
+TEST(TextBoxView, TypedAndPastedTextPassesTheFilter) {
+  Stage stage;
+  auto& box = stage.form.txtName;
+  AdmitDigits(box);
+  stage.Show(box, [&](FormWindow&) {
+    auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(box));
+    stage.driver.Type(box, "a.b 1ß");
+    EXPECT_EQ(FromQt(edit.text()), "AB1ß");
+    stage.driver.Paste(box, "x.y");
+    EXPECT_EQ(FromQt(edit.text()), "AB1ß") << "all of it or nothing";
+    stage.driver.Paste(box, "9\r\n");
+    EXPECT_EQ(box.Text(), "AB1ß9") << "a cell's line break is no Enter key";
+    EXPECT_THAT(stage.form.log, Not(Contains("press txtName 13")));
+    QInputMethodEvent committed;
+    committed.setCommitString("é.");
+    QApplication::sendEvent(&edit, &committed);
+    EXPECT_EQ(FromQt(edit.text()), "AB1ß9é");
+    QMimeData dragged;
+    dragged.setText("z");
+    QDropEvent drop(QPointF(4, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&edit, &drop);
+    EXPECT_EQ(FromQt(edit.text()), "AB1ß9éZ");
+  });
+}
+
+TEST(TextBoxView, EditorsOwnCommandsReachTheScreen) {
+  Stage stage;
+  auto& box = stage.form.txtName;
+  stage.Show(box, [&](FormWindow&) {
+    auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(box));
+    stage.driver.Type(box, "zwei Worte");
+    stage.Press(Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(box.Text(), "zwei ");
+    stage.Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(box.Text(), "zwei Worte");
+    stage.Press(Qt::Key_Home, Qt::ShiftModifier);
+    EXPECT_EQ(box.SelText(), "zwei Worte");
+    stage.form.log.clear();
+    stage.Press(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(box.Text(), "");
+    EXPECT_EQ(FromQt(QGuiApplication::clipboard()->text()), "zwei Worte");
+    EXPECT_THAT(stage.form.log, ElementsAre("change txtName"));
+    stage.form.txtName.Change = [&] { box.SetText("fest"); };
+    stage.Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(FromQt(edit.text()), "fest") << "the Screen has the last word";
+  });
+}
+
+TEST(TextBoxView, FocusByMouseLeavesTheTextSelected) {
+  Stage stage;
+  auto& box = stage.form.txtName;
+  box.SetText("Windwurf");
+  box.GotFocus = [&] { box.SelectAll(); };
+  stage.Show(stage.form.txtMenge, [&](FormWindow&) {
+    auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(box));
+    stage.driver.Click(box);
+    EXPECT_EQ(FromQt(edit.selectedText()), "Windwurf");
+    stage.driver.Click(box);
+    EXPECT_EQ(box.SelLength(), 0) << "the next click places the caret";
+    stage.driver.Key(box, kKeyEnd);
+    EXPECT_EQ(box.SelStart(), 8);
+    stage.driver.Type(box, "!");
+    EXPECT_EQ(box.Text(), "Windwurf!");
+  });
+}
+
+TEST(TextBoxView, LockedBoxesLookLockedAndTakeNothing) {
+  Stage stage;
+  auto& box = stage.form.txtKostenstelle[0];
+  stage.Show(box, [&](FormWindow&) {
+    auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(box));
+    const QColor open = edit.palette().color(QPalette::Base);
+    ASSERT_EQ(edit.actions().size(), 1);
+    EXPECT_TRUE(edit.actions()[0]->isVisible());
+    edit.actions()[0]->trigger();
+    EXPECT_THAT(stage.form.log, ElementsAre("lookup txtKostenstelle(0)"));
+    box.SetText("4711");
+    box.SetLocked(true);
+    EXPECT_FALSE(edit.actions()[0]->isVisible());
+    EXPECT_NE(edit.palette().color(QPalette::Base), open);
+    stage.driver.Paste(box, "1");
+    stage.Press(Qt::Key_Backspace);
+    stage.Press(Qt::Key_Backspace, Qt::ControlModifier);
+    stage.Press(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(FromQt(edit.text()), "4711");
+    box.SetLocked(false);
+    EXPECT_EQ(edit.palette().color(QPalette::Base), open);
+    box.SetBackColor(0x0000FF);
+    EXPECT_EQ(edit.palette().color(QPalette::Base), QColor(255, 0, 0));
+  });
+}
+
+TEST(TextBoxView, PositionsCountCharacters) {
+  Stage stage;
+  auto& name = stage.form.txtName;
+  auto& text = stage.form.txtText;
+  text.SetText("a\r\nb🌲c");
+  stage.Show(name, [&](FormWindow&) {
+    stage.driver.Type(name, "🌲x");
+    stage.Press(Qt::Key_Left);
+    stage.driver.Type(name, "y");
+    EXPECT_EQ(name.Text(), "🌲yx");
+    stage.driver.Focus(text);
+    auto& edit = dynamic_cast<QPlainTextEdit&>(stage.WidgetOf(text));
+    stage.Press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(text.SelStart(), 6);
+    stage.Press(Qt::Key_Left);
+    stage.driver.Type(text, "!");
+    EXPECT_EQ(text.Text(), "a\r\nb🌲!c");
+    EXPECT_EQ(FromQt(edit.toPlainText()), "a\nb🌲!c");
+    stage.Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(FromQt(edit.toPlainText()), "a\nb🌲c");
+  });
+}
+
+}  // namespace
+}  // namespace tarvoni::qt
