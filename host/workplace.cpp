@@ -50,8 +50,7 @@ std::vector<Client> Workplace::Clients() const {
 }
 
 std::int32_t Workplace::StandardClient() const {
-  const Recordset rows =
-      Read("SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARDMANDANTEN'");
+  const Recordset rows = Read("SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARDMANDANTEN'");
   return rows.EndOfFile() ? 0 : Whole(rows.Fields()[0].Value());
 }
 
