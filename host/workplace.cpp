@@ -10,7 +10,8 @@ namespace tarvoni::host {
 namespace {
 
 std::int32_t Whole(const Value& value) {
-  return IsNull(value) ? 0 : ToInt32(value, CurrentLocale());
+  const auto number = NumberOf(value, CurrentLocale());
+  return number ? ToInt32(number->ToDouble()) : 0;
 }
 
 std::string Shown(const Value& value) {
