@@ -156,7 +156,7 @@ TEST_F(Machines, ListKeepsItsColumnsOverARefresh) {
   Use<F_Kostenart>(
       [&](UserActions& user) {
         Click(user, "btnNeu");
-        const GridColumns& columns = dynamic_cast<DataGrid&>(*user.Screen().Find("DataGrid1")).Columns();
+        GridColumns& columns = dynamic_cast<DataGrid&>(*user.Screen().Find("DataGrid1")).Columns();
         EXPECT_FALSE(columns[0].Visible());
         EXPECT_EQ(columns[1].Width(), 900);
         EXPECT_EQ(columns[2].Width(), 4400);
