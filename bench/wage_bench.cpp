@@ -2,41 +2,14 @@
 
 #include <stdexcept>
 
-#include "bench/bench_database.h"
-#include "src/context/environment.h"
+#include "bench/shown_screen.h"
 #include "src/entry/screens.h"
 #include "src/wage/f_ara_sql.h"
 #include "src/wage/f_arbeitnehmer.h"
-#include "suite/tarvoni_suite.h"
-#include "tests/support/quiet_toolkit.h"
 
 // The Screens of the wage orders on the large enterprise, without windows: each is shown and closed at once.
 namespace tarvoni::bench {
 namespace {
-
-class Shown {
- public:
-  Shown() {
-    context.dbAdo = db_;
-    context.strConString = db_->ConnectionString();
-    toolkit.script = [](UserActions& user) { user.Close(); };
-  }
-
-  // One Screen to be shown and closed.
-  void Next() {
-    toolkit.script = [](UserActions& user) { user.Close(); };
-  }
-
-  TvnVar_Dll context;
-  test::QuietToolkit toolkit;
-
- private:
-  std::shared_ptr<Connection> db_{&Database(), [](Connection*) {}};
-  TarvoniSuite suite_;
-  Environment environment_{
-      .toolkit = &toolkit, .suite = &suite_, .connect = [this](const std::string&) { return db_; }};
-  EnvironmentScope scope_{environment_};
-};
 
 void Open(benchmark::State& state) {
   Shown shown;

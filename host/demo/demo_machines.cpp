@@ -95,7 +95,7 @@ class MachineCostWriter {
     const CostType cost{codes.CostTypeId(cost_type), cost_type, false};
     Position position(order, type, cost, {month.year, month.month, 25});
     position.object = machine.object;
-    position.quantity = quantity * 100;
+    position.quantity = std::int64_t{quantity} * 100;
     position.unit_price = price;
     position.amount = static_cast<std::int64_t>(quantity) * price;
     if (cost_type == kFuel) position.machine_hours = quantity;

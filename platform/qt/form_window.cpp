@@ -147,7 +147,7 @@ void FormWindow::timerEvent(QTimerEvent* event) {
   if (busy_ > 0) return;  // a window lies above; the timer comes again
   for (auto& [timer, clock] : timers_) {
     if (clock.timerId() != event->timerId()) continue;
-    Act([elapsed = timer](UserActions& user) { user.RunTimer(*elapsed); });
+    Happen([elapsed = timer](UserActions& user) { user.RunTimer(*elapsed); });
     return;
   }
 }
@@ -164,8 +164,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 bool FormWindow::event(QEvent* event) {
   switch (event->type()) {
     case QEvent::ShortcutOverride:
-      event->accept();
-      return true;
+      return TakesShortcut(*event);
     case QEvent::KeyPress:
       // What a control's widget had no use for comes up here a second time.
       if (!watched_.contains(focusWidget())) KeyPressed(static_cast<QKeyEvent&>(*event));
@@ -181,15 +180,19 @@ bool FormWindow::event(QEvent* event) {
   }
 }
 
+// Mnemonics go the user's way like any key; commands of a widget with Ctrl (copying rows) stay its own.
+bool FormWindow::TakesShortcut(QEvent& event) {
+  const bool takes = !static_cast<QKeyEvent&>(event).modifiers().testFlag(Qt::ControlModifier);
+  event.setAccepted(takes);
+  return takes;
+}
+
 bool FormWindow::eventFilter(QObject* object, QEvent* event) {
   ControlView* const view = watched_.value(object);
   if (!view || failure_) return QDialog::eventFilter(object, event);
   switch (event->type()) {
     case QEvent::ShortcutOverride:
-      // Mnemonics go the user's way like any key; commands of the widget (copying rows) stay its own.
-      if (static_cast<QKeyEvent&>(*event).modifiers().testFlag(Qt::ControlModifier)) return false;
-      event->accept();
-      return true;
+      return TakesShortcut(*event);
     case QEvent::KeyPress:
       return KeyPressed(static_cast<QKeyEvent&>(*event));
     case QEvent::KeyRelease:

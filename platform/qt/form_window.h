@@ -39,11 +39,16 @@ class FormWindow : public QDialog, private FormObserver {
   // Does something as the user, who first finishes what he typed.
   template <typename Action>
   void Act(Action action) {
-    ++busy_;
-    Guard([&] {
+    Happen([&](UserActions& user) {
       CommitTyped();
-      action(user_);
+      action(user);
     });
+  }
+  // Does something that happens beside the user, like the call of a timer.
+  template <typename Action>
+  void Happen(Action action) {
+    ++busy_;
+    Guard([&] { action(user_); });
     --busy_;
     FollowFocus();
   }
@@ -81,6 +86,7 @@ class FormWindow : public QDialog, private FormObserver {
   void PlaceOver(QWidget* owner);
   void ShowColors();
   bool KeyPressed(const QKeyEvent& event);
+  static bool TakesShortcut(QEvent& event);
   void KeyReleased(const QKeyEvent& event);
   void SetTimer(Timer& timer);
 

@@ -59,7 +59,7 @@ ControlView* QtDriver::ViewOf(const Control& control) const {
 }
 
 void QtDriver::Settle() const {
-  Top().Act([](UserActions& user) { user.RunTimers(); });
+  Top().Happen([](UserActions& user) { user.RunTimers(); });
   QCoreApplication::sendPostedEvents();
 }
 
@@ -161,6 +161,7 @@ void QtDriver::ChooseDate(DateControl& control, const std::optional<DateTime>& d
     } else {
       SendKey(Qt::Key_Delete, Qt::NoModifier, {});
     }
+    Top().Act([](UserActions&) {});  // what was typed counts
   }
   Settle();
 }

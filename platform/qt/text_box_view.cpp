@@ -73,10 +73,14 @@ void TextBoxView::EditorTextChanged() {
   if (mirroring_) return;
   const QString text = EditorText();
   if (text == Shown()) return;
-  const Selection caret = EditorSelection();
-  TypeInto([&](UserActions& user) { user.ReplaceText(box_, FromQt(text)); });
+  {
+    const Mirroring typing(typing_);
+    Window().Act([&](UserActions& user) { user.ReplaceText(box_, FromQt(text)); });
+  }
+  // Where the editor stands now, unless the Screen wanted another text.
+  if (EditorText() == Shown()) return EditorSelectionChanged();
   Show(Aspect::kText);
-  if (EditorText() == text) SelectInEditor(caret);
+  Show(Aspect::kSelection);
 }
 
 template <typename Action>

@@ -20,7 +20,7 @@ const char* SentenceOf(int number) {
     case 102:
       return "Die Eingabe ist keine gültige Zahl.";
     case 105:
-      return "Die Eingabe enthält ein Hochkomma (') und kann so nicht gespeichert werden.";
+      return "Die Eingabe enthält ein Hochkomma (') und kann so nicht übernommen werden.";
     case 220:
     case 244:
     case 248:

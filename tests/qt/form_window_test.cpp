@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
+#include <algorithm>
 
 #include "platform/headless/script.h"
 #include "src/context/call_error.h"
@@ -194,24 +196,52 @@ TEST(FormWindow, MnemonicsPressButtonsAndLeadToFields) {
   });
 }
 
+TEST(FormWindow, KeysOfTheWindowSystemComeOnce) {
+  Stage stage;
+  stage.Show(stage.form.txtMenge, [&](FormWindow& window) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+      QTest::keyClick(window.windowHandle(), key, modifiers);
+    };
+    press(Qt::Key_7);
+    EXPECT_EQ(stage.form.txtMenge.Text(), "7");
+    press(Qt::Key_N, Qt::AltModifier);
+    EXPECT_EQ(std::ranges::count(stage.form.log, "click btnNeu"), 1);
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(stage.form.txtZinsBetrag.HasFocus()) << "the mnemonic gave the focus to the button";
+    stage.driver.ClickRow(stage.form.DataGrid1, 1);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_THAT(FromQt(QGuiApplication::clipboard()->text()), testing::HasSubstr("Fichte"))
+        << "the table's own";
+    press(Qt::Key_Down);
+    EXPECT_EQ(stage.form.DataGrid1.Row(), 2);
+    press(Qt::Key_Up);
+    EXPECT_EQ(stage.form.DataGrid1.Row(), 1) << "one row a key";
+    stage.form.veto = true;
+    stage.form.log.clear();
+    press(Qt::Key_Escape);
+    EXPECT_THAT(stage.form.log, ElementsAre("press DataGrid1 27", "unload"));
+  });
+}
+
 TEST(FormWindow, NoExceptionPassesThroughQt) {
   Stage stage;
   stage.form.btnNeu.Click = [] { throw CallError("Fehler im Handler"); };
   const auto click = [&](Button& button) { return [&](FormWindow&) { stage.driver.Click(button); }; };
   stage.Show(stage.form.txtMenge, click(stage.form.btnNeu));
   EXPECT_THAT(stage.toolkit.prompts, ElementsAre("Fehler im Handler"));
-  stage.form.Load();
-  stage.form.btnLoschen.Click = [] { throw ScriptFailure("Ende"); };
-  stage.form.btnBearbeiten.Click = [&] {
-    test::ProbeForm inner;
-    stage.toolkit.play = [&](FormWindow&) {
-      inner.btnNeu.Click = [] { throw ScriptFailure("innen"); };
-      stage.driver.Click(inner.btnNeu);
-    };
-    stage.toolkit.ShowModal(inner);
-    ADD_FAILURE() << "the failure leaves the inner Screen";
-  };
   for (Button* button : {&stage.form.btnLoschen, &stage.form.btnBearbeiten}) {
+    stage.form.Load();
+    stage.form.btnLoschen.Click = [] { throw ScriptFailure("Ende"); };
+    stage.form.btnBearbeiten.Click = [&] {
+      test::ProbeForm inner;
+      stage.toolkit.play = [&](FormWindow&) {
+        inner.btnNeu.Click = [] { throw ScriptFailure("innen"); };
+        stage.driver.Click(inner.btnNeu);
+      };
+      stage.toolkit.ShowModal(inner);
+      ADD_FAILURE() << "the failure leaves the inner Screen";
+    };
     EXPECT_THROW(stage.Show(stage.form.txtMenge, click(*button)), ScriptFailure);
     EXPECT_FALSE(stage.form.IsShown());
     EXPECT_EQ(stage.toolkit.TopForm(), nullptr);

@@ -5,12 +5,14 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTabBar>
+#include <QTest>
 
 #include "tests/qt/stage.h"
 
 namespace tarvoni::qt {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -70,7 +72,14 @@ TEST(DateView, TypedDateCountsWhenTheFieldIsLeft) {
   date.SetLimits({2000, 1, 1}, {2079, 1, 1});
   stage.Show(date, [&](FormWindow&) {
     auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(date));
-    stage.driver.Type(date, "31.12.24");
+    for (const QChar digit : QString("31.12.24")) stage.Press(0, {}, digit);
+    stage.form.Timer1.Elapsed = [&] { stage.form.log.emplace_back("timer"); };
+    stage.form.Timer1.SetInterval(1);
+    stage.form.Timer1.SetEnabled(true);
+    QTest::qWait(20);
+    stage.form.Timer1.SetEnabled(false);
+    EXPECT_THAT(stage.form.log, Contains("timer"));
+    stage.form.log.clear();
     EXPECT_FALSE(date.Value());
     stage.Press(Qt::Key_Tab);
     EXPECT_EQ(date.Value(), DateTime(2024, 12, 31));

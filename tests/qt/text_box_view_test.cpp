@@ -18,6 +18,7 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
+using testing::Not;
 
 // Typed text of a box that admits digits and makes letters great.
 void AdmitDigits(TextBox& box) {
@@ -46,6 +47,8 @@ TEST(TextBoxView, TypedAndPastedTextPassesTheFilter) {
     EXPECT_EQ(FromQt(edit.text()), "AB1ß9é");
     QMimeData dragged;
     dragged.setText("z");
+    QDragEnterEvent enter(QPoint(4, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&edit, &enter);
     QDropEvent drop(QPointF(4, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&edit, &drop);
     EXPECT_EQ(FromQt(edit.text()), "AB1ß9éZ");

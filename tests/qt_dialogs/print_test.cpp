@@ -1,12 +1,9 @@
 #include <QImage>
 #include <QLabel>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QTemporaryDir>
-#include <QTextStream>
 #include <fstream>
 #include <regex>
-#include <sstream>
 
 #include "platform/qt/dialogs/print_pages.h"
 #include "platform/qt/dialogs/print_preview.h"
@@ -85,32 +82,43 @@ TEST(PrintPagesTest, AFootNeverStandsAlone) {
   EXPECT_NE(Printed(document, pages), Printed(changed, pages)) << "the last row stands with it";
 }
 
-TEST(PrintPagesTest, GoesToAPdfFile) {
+// The document as a PDF file.
+std::string Pdf(const PrintDocument& document) {
   const QTemporaryDir folder;
   const QString file = folder.filePath("löhne.pdf");
+  EXPECT_TRUE(WritePdf(document, file));
+  std::ifstream stream(FromQt(file), std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+auto PdfPages(const std::string& pdf) {
+  const std::regex page("/Type /Page\\b(?!s)");
+  return std::distance(std::sregex_iterator(pdf.begin(), pdf.end(), page), {});
+}
+
+TEST(PrintPagesTest, GoesToAPdfFile) {
   PrintDocument document = Journal(200);
   document.landscape = true;
-  ASSERT_TRUE(WritePdf(document, file));
-  std::ifstream stream(FromQt(file), std::ios::binary);
-  const std::string pdf((std::istreambuf_iterator<char>(stream)), {});
+  const std::string pdf = Pdf(document);
   EXPECT_THAT(pdf, testing::StartsWith("%PDF-"));
-  const std::regex page("/Type /Page\\b(?!s)");
-  EXPECT_GT(std::distance(std::sregex_iterator(pdf.begin(), pdf.end(), page), {}), 3);
+  EXPECT_GT(PdfPages(pdf), 3);
   std::smatch box;
   ASSERT_TRUE(std::regex_search(pdf, box, std::regex("/MediaBox \\[0 0 ([0-9]+)\\S* ([0-9]+)")));
   EXPECT_GT(std::stoi(box[1]), std::stoi(box[2])) << "landscape";
-  EXPECT_FALSE(WritePdf(document, folder.filePath("fehlt/löhne.pdf")));
+  EXPECT_FALSE(WritePdf(document, "/fehlt/löhne.pdf"));
 }
 
-TEST(PrintPreviewTest, NeedsNoPrinter) {
-  WhenOpen([](QDialog& dialog) {
-    EXPECT_EQ(Part<QLabel>(dialog, "page").text(), "Seite 1 von 5");
+TEST(PrintPreviewTest, ShowsThePagesOfTheFileWithoutAPrinter) {
+  const PrintDocument document = Journal(200);
+  const std::string pages = " von " + std::to_string(PdfPages(Pdf(document)));
+  WhenOpen([&](QDialog& dialog) {
+    EXPECT_EQ(FromQt(Part<QLabel>(dialog, "page").text()), "Seite 1" + pages);
     Click(dialog, "next");
-    EXPECT_EQ(Part<QLabel>(dialog, "page").text(), "Seite 2 von 5");
+    EXPECT_EQ(FromQt(Part<QLabel>(dialog, "page").text()), "Seite 2" + pages);
     EXPECT_TRUE(Part(dialog, "pdf").isEnabled());
     Press(dialog, Qt::Key_Escape);
   });
-  ShowPrintPreview(nullptr, Journal(200));
+  ShowPrintPreview(nullptr, document);
 }
 
 }  // namespace

@@ -134,7 +134,7 @@ class PreviewDialog : public QDialog {
   }
 
   const PrintDocument& document_;
-  QPrinter paper_{QPrinter::ScreenResolution};
+  QPrinter paper_{QPrinter::HighResolution};
   QPrintPreviewWidget* pages_ = nullptr;
   QLabel* page_ = nullptr;
 };
