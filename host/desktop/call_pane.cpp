@@ -37,7 +37,7 @@ CallPane::CallPane(const Workplace& workplace, Call call)
   connect(list_, &QListWidget::itemActivated, this, [this] { Open(); });
   connect(open_, &QPushButton::clicked, this, [this] { Open(); });
 
-  auto* const label = new QLabel("&Bildschirme");
+  auto* const label = new QLabel("Bi&ldschirme");
   label->setBuddy(list_);
   auto* const left = new QVBoxLayout;
   left->addWidget(label);

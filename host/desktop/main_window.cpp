@@ -71,7 +71,7 @@ QWidget* MainWindow::MakeWorkPage() {
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(clients_);
   auto* const row = new QFormLayout;
-  row->addRow("&Forstjahr:", forest_year_);
+  row->addRow("Forst&jahr:", forest_year_);
   column->addLayout(row);
 
   auto* const page = new QWidget;
