@@ -100,7 +100,7 @@ TEST_F(ScriptCommand, TakesPicturesOnTheDesktopOnly) {
   EXPECT_GT(std::filesystem::file_size(Path("b") + "/bild.png"), 1000U);
 }
 
-TEST_F(ScriptCommand, KeepsNoInstanceOfAScriptThatBrokeOff) {
+TEST_F(ScriptCommand, GoesOnBehindAScriptThatBrokeOffInAScreen) {
   const auto broken = Write("ab.tvs", "database :memory:\ndemo\ncall MaschineStamm\nexpect screen none\n");
   const auto whole =
       Write("ganz.tvs", "database :memory:\ndemo\ncall MaschineStamm\nclose\nexpect screen none\n");
