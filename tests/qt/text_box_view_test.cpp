@@ -132,6 +132,10 @@ TEST(TextBoxView, TextStandsOutInLightAndDark) {
     stage.form.txtMenge.SetBackColor(0x80FFFF);
     stage.Show(stage.form.txtName, [&](FormWindow&) {
       QApplication::setPalette(palette);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(stage.WidgetOf(stage.form.txtName).palette().color(QPalette::Base),
+                palette.color(QPalette::Base))
+          << "the open window follows";
       for (const TextBox* box : {&stage.form.txtName, &stage.form.txtKostenstelle[1], &stage.form.txtMenge}) {
         const QPalette& shown = stage.WidgetOf(*box).palette();
         for (const auto& [group, least] :
