@@ -20,9 +20,8 @@ bool EndsBatch(const Diagnostic& failure) {
 
 Batch::Batch(SQLHANDLE connection, bool wide_text, std::chrono::seconds time_limit)
     : statement_(connection), respondent_{SQL_HANDLE_STMT, statement_.Get(), wide_text} {
-  const auto seconds = reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(time_limit.count()));
   // A driver without time limits says so in a warning, which is no reason to refuse the statement.
-  SQLSetStmtAttr(statement_.Get(), SQL_ATTR_QUERY_TIMEOUT, seconds, SQL_IS_UINTEGER);
+  SQLSetStmtAttr(statement_.Get(), SQL_ATTR_QUERY_TIMEOUT, AsAttribute(time_limit), SQL_IS_UINTEGER);
 }
 
 SQLRETURN Batch::Send(std::string_view text) {

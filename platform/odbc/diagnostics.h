@@ -29,10 +29,10 @@ struct Respondent {
 };
 
 // All records of a handle, without passwords.
-std::vector<Diagnostic> DiagnosticsOf(const Respondent& respondent);
+std::vector<Diagnostic> DiagnosticsOf(const Respondent& from);
 
 // What failed in a call that gave `result`: the first record that is no warning. Some drivers report an error
 // as success with information, others mark what ended a call as a warning.
-std::optional<Diagnostic> FailureOf(SQLRETURN result, const Respondent& respondent);
+std::optional<Diagnostic> FailureOf(SQLRETURN result, const Respondent& from);
 
 }  // namespace tarvoni::odbc

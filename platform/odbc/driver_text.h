@@ -3,6 +3,7 @@
 #include <sql.h>
 
 #include <algorithm>
+#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,11 @@ inline SQLCHAR* AsNarrow(const char* text) {
 inline SQLWCHAR* AsWide(const char16_t* text) {
   static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
   return reinterpret_cast<SQLWCHAR*>(const_cast<char16_t*>(text));
+}
+
+// An attribute that is a number stands in the place of the pointer.
+inline SQLPOINTER AsAttribute(std::chrono::seconds time) {
+  return reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(time.count()));
 }
 
 // Calls `narrow` with the text in UTF-8 or `wide` with it in UTF-16: pointer, then length in units.

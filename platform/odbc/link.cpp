@@ -44,8 +44,7 @@ DatabaseError OpenError(const Respondent& connection) {
 
 Link::Link(const std::string& driver_text, std::chrono::seconds login_timeout)
     : environment_(NewEnvironment()), connection_(environment_.Get()) {
-  const auto seconds = reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(login_timeout.count()));
-  SQLSetConnectAttr(Get(), SQL_ATTR_LOGIN_TIMEOUT, seconds, SQL_IS_UINTEGER);
+  SQLSetConnectAttr(Get(), SQL_ATTR_LOGIN_TIMEOUT, AsAttribute(login_timeout), SQL_IS_UINTEGER);
   // The driver can be asked only when it is loaded; its name in the text decides how the text goes there.
   traits_ = TraitsOf(Attribute(driver_text, "DRIVER").value_or(""), "");
   const SQLRETURN result = WithText(

@@ -14,7 +14,7 @@ namespace tarvoni::odbc {
 namespace {
 
 constexpr SQLSMALLINT kNameUnits = 512;
-constexpr std::size_t kPieceUnits = 16 * 1024;
+constexpr std::size_t kPieceUnits = std::size_t{16} * 1024;
 
 DateTime ToDateTime(const SQL_TIMESTAMP_STRUCT& stamp) {
   constexpr unsigned kNanosecondsPerMillisecond = 1'000'000;
@@ -64,7 +64,7 @@ Column RowReader::Describe(SQLUSMALLINT number) {
   SQLColAttribute(statement, number, SQL_DESC_TYPE_NAME, type_name.data(),
                   static_cast<SQLSMALLINT>(type_name.size()), nullptr, nullptr);
   const FieldType field = FieldTypeOf(type, type_name.data());
-  const SQLULEN limit = static_cast<SQLULEN>(std::numeric_limits<int>::max());
+  const auto limit = static_cast<SQLULEN>(std::numeric_limits<int>::max());
   return {name.Text(), field, IsText(field) ? static_cast<int>(std::min(size, limit)) : 0};
 }
 

@@ -47,6 +47,11 @@ std::string SheetFormat(const Value& cell, std::string_view format) {
   return "0." + std::string(static_cast<std::size_t>(number->Scale()), '0');
 }
 
+std::size_t PlacesOf(std::string_view number, char separator) {
+  const std::size_t at = number.find(separator);
+  return at == std::string_view::npos ? 0 : number.size() - at - 1;
+}
+
 bool FitsSheet(const Decimal& number) {
   return std::ranges::count_if(number.ToShortString(),
                                [](unsigned char c) { return std::isdigit(c) != 0; }) <= kSheetDigits;

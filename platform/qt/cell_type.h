@@ -20,6 +20,9 @@ std::optional<Decimal> NumberIn(const Value& cell);
 // The format of a spreadsheet for a cell shown with a column's format, "" for its general one.
 std::string SheetFormat(const Value& cell, std::string_view format);
 
+// How many digits a shown number has behind its separator.
+std::size_t PlacesOf(std::string_view number, char separator);
+
 // Whether a spreadsheet, which counts in doubles, keeps the number as it is.
 bool FitsSheet(const Decimal& number);
 

@@ -68,7 +68,8 @@ std::optional<std::filesystem::path> AskSaveFile(QWidget* parent, const std::str
                                ToQt(filter)));
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setDefaultSuffix(ToQt(suffix));
-  // Its question would be in English where Qt's translations are missing.
+  // The columns of its details, like its question, would be in English where Qt's translations are missing.
+  dialog->setViewMode(QFileDialog::List);
   dialog->setOption(QFileDialog::DontConfirmOverwrite);
   dialog->setLabelText(QFileDialog::LookIn, "Suchen in:");
   dialog->setLabelText(QFileDialog::FileName, "&Dateiname:");

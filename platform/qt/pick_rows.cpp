@@ -4,6 +4,7 @@
 #include <array>
 #include <numeric>
 
+#include "platform/qt/cell_type.h"
 #include "src/context/criterion.h"
 #include "src/context/field_text.h"
 #include "src/context/text.h"
@@ -46,11 +47,21 @@ PickRows::PickRows(const PickRequest& request, const Locale& locale)
   for (std::size_t i = static_cast<std::size_t>(hidden_columns_); i < columns.size(); ++i) {
     columns_.push_back({.caption = columns[i].name,
                         .alignment = IsNumber(columns[i].type) ? Alignment::kRight : Alignment::kLeft,
-                        .format = {}});
+                        .format = IsNumber(columns[i].type) ? FormatOf(static_cast<int>(i)) : ""});
   }
   sorted_.resize(rows_.RecordCount());
   std::iota(sorted_.begin(), sorted_.end(), std::size_t{0});
   shown_ = sorted_;
+}
+
+// All numbers of a column with as many places as the one that needs most.
+std::string PickRows::FormatOf(int statement_column) const {
+  std::size_t places = 0;
+  for (std::size_t row = 0; row < rows_.RecordCount(); ++row) {
+    const auto number = NumberIn(Cell(row, statement_column));
+    if (number && number->Scale() > 0) places = std::max(places, PlacesOf(number->ToShortString(), '.'));
+  }
+  return places == 0 ? "" : "0." + std::string(places, '0');
 }
 
 const Value& PickRows::Cell(std::size_t row, int statement_column) const {
@@ -59,7 +70,7 @@ const Value& PickRows::Cell(std::size_t row, int statement_column) const {
 }
 
 std::string PickRows::TextAt(int row, int column) const {
-  return FieldText(ValueAt(row, column), "", locale_);
+  return FieldText(ValueAt(row, column), columns_[static_cast<std::size_t>(column)].format, locale_);
 }
 
 Value PickRows::ValueAt(int row, int column) const {

@@ -42,6 +42,7 @@ class PickRows : public TableSource {
   std::optional<std::size_t> RowOfCode(std::string_view typed) const;
 
  private:
+  std::string FormatOf(int statement_column) const;
   std::string CodeOf(std::size_t row) const;
   const Value& Cell(std::size_t row, int statement_column) const;
   void MakeSearchable();

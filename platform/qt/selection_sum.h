@@ -13,12 +13,13 @@ namespace tarvoni::qt {
 struct SelectionSum {
   int count = 0;               // of cells that hold a number
   std::optional<Decimal> sum;  // nothing if it has more than 38 digits
-  std::string format;          // of all these columns, "" if they differ
+  std::size_t places = 0;      // the most that one of the first cells shows
 
-  // "Summe 12,50 (3 Zahlen)"; "" for less than two numbers.
+  // "Summe 12,50 (3 Zahlen)", with as many places as the cells show, or more if it has more; "" for less than two
+  // numbers.
   std::string Text(const Locale& locale) const;
 };
 
-SelectionSum SumOf(const TableSource& table, const std::vector<CellRange>& cells);
+SelectionSum SumOf(const TableSource& table, const std::vector<CellRange>& cells, const Locale& locale);
 
 }  // namespace tarvoni::qt

@@ -35,7 +35,7 @@ class RowDelegate : public QStyledItemDelegate {
       option->state &= ~QStyle::State_HasFocus;
     } else if (!(option->state & QStyle::State_Selected)) {
       QColor tint = option->palette.color(QPalette::Highlight);
-      tint.setAlphaF(0.2F);
+      tint.setAlphaF(0.25F);
       option->backgroundBrush = tint;
     }
   }
@@ -155,7 +155,7 @@ std::vector<CellRange> TablePane::SelectedCells() const {
 }
 
 void TablePane::ShowSum() {
-  sum_->setText(ToQt(SumOf(source_, SelectedCells()).Text(CurrentLocale())));
+  sum_->setText(ToQt(SumOf(source_, SelectedCells(), CurrentLocale()).Text(CurrentLocale())));
 }
 
 void TablePane::Copy() const {

@@ -11,7 +11,7 @@ namespace tarvoni::qt {
 struct TableColumn {
   std::string caption;
   Alignment alignment = Alignment::kLeft;
-  std::string format;  // of numbers and dates, as FieldText takes it
+  std::string format = {};  // of numbers and dates, as FieldText takes it
   bool visible = true;
 };
 

@@ -85,7 +85,7 @@ void Database::Commit() {
 DatabaseError Database::NoteFailure(const DatabaseError& error) {
   if (!writing_ || handle_.InTransaction()) return error;
   EndTransaction(true);
-  const DatabaseError final_error = NothingKept(error);
+  DatabaseError final_error = NothingKept(error);
   if (InHandler()) given_up_ = final_error;
   return final_error;
 }

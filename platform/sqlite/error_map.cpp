@@ -19,7 +19,7 @@ std::string Detail(std::string_view message) {
   return colon == std::string_view::npos ? std::string() : std::string(message.substr(colon + 2));
 }
 
-std::string WithDetail(std::string sentence, std::string_view message) {
+std::string WithDetail(const std::string& sentence, std::string_view message) {
   const std::string detail = Detail(message);
   return detail.empty() ? sentence + "." : sentence + ": " + detail + ".";
 }

@@ -105,7 +105,7 @@ Int128 RescaleExact(Int128 value, int from, int to, int precision) {
 }
 
 Int128 RoundExact(Int128 value, int scale, std::int64_t places) {
-  constexpr std::int64_t kFarEnough = 2 * Decimal::kMaxDigits;
+  constexpr std::int64_t kFarEnough = std::int64_t{2} * Decimal::kMaxDigits;
   const auto near_places = static_cast<int>(std::clamp(places, -kFarEnough, kFarEnough));
   return RequireDigits(Decimal(value, scale).Rounded(near_places).Unscaled());
 }

@@ -76,6 +76,7 @@ void FileCatalogue::LoadColumns(tsql::TableDefinition& table) const {
   }
   std::ranges::sort(primary);
   std::vector<int> key;
+  key.reserve(primary.size());
   for (const auto& [place, column] : primary) key.push_back(column);
   LoadKeys(table, key);
 }

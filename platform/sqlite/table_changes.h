@@ -13,6 +13,6 @@ void CreateTable(Database& database, const tsql::CreateTableStep& step);
 // Throws 1505 if rows break a unique index.
 void CreateIndex(Database& database, const tsql::CreateIndexStep& step);
 // Throws 3701 if the table is not there, 3726 if another refers to it.
-void DropTable(Database& database, const std::string& table);
+void DropTable(Database& database, const std::string& name);
 
 }  // namespace tarvoni::sqlite

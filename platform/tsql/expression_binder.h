@@ -42,7 +42,7 @@ class ExpressionBinder {
   BoundPtr BindNode(const Case& branches, Position at);
   BoundPtr BindNode(const Call& call, Position at);
   BoundPtr BindNode(const Cast& cast, Position at);
-  BoundPtr BindNode(const ScalarQuery& query, Position at);
+  BoundPtr BindNode(const ScalarQuery& scalar, Position at);
 
   BoundPtr BindLogical(const Binary& binary, Position at);
   void AddOperands(const Binary& chain, BoundLogical& logical);

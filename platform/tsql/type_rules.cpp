@@ -145,7 +145,6 @@ double LimitOf(const Type& type) {
     case TypeKind::kInt:
       return 2147483647;
     case TypeKind::kBigInt:
-      return 9.2233720368547748e18;
     case TypeKind::kMoney:
       return 9.2233720368547748e18;
     case TypeKind::kDecimal:

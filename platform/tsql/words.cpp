@@ -115,7 +115,7 @@ constexpr auto kNamePart = [] {
 std::string_view FindReservedWord(std::string_view word) {
   if (word.size() < kShortest || word.size() > kLongest) return {};
   for (size_t slot = SlotOf(word); kSlotTable[slot] != 0; slot = (slot + 1) % kSlots) {
-    const std::string_view candidate = kReservedWords[kSlotTable[slot] - 1u];
+    const std::string_view candidate = kReservedWords[kSlotTable[slot] - 1U];
     if (SpellsWord(word, candidate)) return candidate;
   }
   return {};

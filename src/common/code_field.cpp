@@ -1,5 +1,7 @@
 #include "src/common/code_field.h"
 
+#include <utility>
+
 #include "src/common/box_rules.h"
 
 namespace tarvoni {
@@ -65,7 +67,7 @@ CodeField::Rule NamedCode(const TvnVar_Dll& context, const TextBox& code, const 
                           const std::string& stem, const std::string& name_column,
                           std::function<std::string(const std::string* typed)> parameter) {
   return {.offered = [=, &context] { return GetNamedSql(context, stem + "_GRID", parameter(nullptr)); },
-          .check = [=, &context,
+          .check = [stem, parameter = std::move(parameter), &context,
                     &code] { return GetNamedSql(context, stem + "_VALID", parameter(&code.Text())); },
           .caption = [&label] { return label.Caption(); },
           .name_column = name_column};

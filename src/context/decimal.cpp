@@ -113,7 +113,7 @@ std::optional<Decimal> Decimal::FromDouble(double value, int scale) {
   int exponent = 0;
   // A double is a whole number of 53 bits times a power of two: no step of this rounds but the last.
   const double mantissa = std::ldexp(std::frexp(std::abs(value), &exponent), 53);
-  UInt128 whole = static_cast<UInt128>(mantissa);
+  auto whole = static_cast<UInt128>(mantissa);
   exponent -= 53;
   if (exponent > 0) whole <<= exponent;
   const UInt256 product = MultiplyWide(whole, static_cast<UInt128>(PowerOfTen(scale)));

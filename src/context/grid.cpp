@@ -9,6 +9,16 @@
 #include "src/context/utf8.h"
 
 namespace tarvoni {
+namespace {
+
+// The place of a column that there is.
+std::size_t PlaceOf(int number, const GridColumns& columns) {
+  if (number < 0 || number >= columns.Count())
+    throw CallError("Die Tabelle hat keine Spalte " + std::to_string(number) + ".");
+  return static_cast<std::size_t>(number);
+}
+
+}  // namespace
 
 void GridColumn::SetCaption(std::string_view caption) {
   caption_ = caption;
@@ -33,9 +43,7 @@ void GridColumn::SetNumberFormat(std::string_view format) {
 }
 
 GridColumn& GridColumns::operator[](int number) {
-  if (number < 0 || number >= Count())
-    throw CallError("Die Tabelle hat keine Spalte " + std::to_string(number) + ".");
-  return columns_[static_cast<std::size_t>(number)];
+  return columns_[PlaceOf(number, *this)];
 }
 
 GridColumn& GridColumns::operator[](std::string_view data_field) {
@@ -58,7 +66,7 @@ void Grid::ResetColumns(const std::vector<std::string>& data_fields) {
 }
 
 const GridColumn& Grid::ColumnAt(int number) const {
-  return const_cast<GridColumns&>(columns_)[number];
+  return columns_.columns_[PlaceOf(number, columns_)];
 }
 
 DataGrid::~DataGrid() {

@@ -15,7 +15,8 @@ const ItemList::Item& ItemList::At(int index) const {
 }
 
 void ItemList::SetItemData(int index, std::int32_t data) {
-  const_cast<Item&>(At(index)).data = data;
+  At(index);
+  items_[static_cast<std::size_t>(index)].data = data;
 }
 
 int ItemList::AddItem(std::string_view text, std::int32_t data) {

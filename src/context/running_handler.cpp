@@ -45,7 +45,7 @@ void RunningHandler::Finish() {
 }
 
 void RunningHandler::CommitAll() {
-  for (std::size_t i = 0; i < at_work.size(); ++i) at_work[i]->CommitHandler();
+  for (Connection* connection : at_work) connection->CommitHandler();
 }
 
 }  // namespace tarvoni

@@ -18,7 +18,7 @@ constexpr std::string_view kLatin =
     "g.g.g,g,h^h^h/h/i~i~i=i=i(i(i;i;i.i-ijijj^j^k,k,k-l'l'l,l,l<l<l."
     "l.l/l/n'n'n,n,n<n<n-n/n/o=o=o(o(o\"o\"oeoer'r'r,r,r<r<s's's^s^s,s,"
     "s<s<t,t,t<t<t/t/u~u~u=u=u(u(u*u*u\"u\"u;u;w^w^y^y^y:z'z'z.z.z<z<s ";
-static_assert(kLatin.size() == 2 * (kLastLatin - kFirstLatin + 1));
+static_assert(kLatin.size() == std::size_t{2} * (kLastLatin - kFirstLatin + 1));
 
 constexpr std::string_view kAccentSigns = "`'^~=(.:*\"<,;-/";
 constexpr std::array<char32_t, kAccentSigns.size()> kAccents = {
@@ -47,7 +47,7 @@ constexpr auto kAsciiWeights = [] {
 }();
 
 FoldedCharacter FoldLatin(char32_t c) {
-  const std::size_t at = 2 * (c - kFirstLatin);
+  const std::size_t at = std::size_t{2} * (c - kFirstLatin);
   const char letter = kLatin[at], second = kLatin[at + 1];
   if (letter == ' ') return {c};
   if (second == ' ') return {static_cast<char32_t>(letter)};

@@ -180,16 +180,15 @@ void UserActions::MouseDown(Control& control, int button) {
 
 bool UserActions::Mnemonic(char32_t letter) {
   const char32_t wanted = utf8::Upper(letter);
-  for (Control* control : form_.Controls()) {
-    if (MnemonicOf(*control) != wanted || !control->IsEnabled() || !control->IsVisible()) continue;
-    if (control->TakesFocus()) {
-      Click(*control);
-    } else if (Control* next = form_.NextInTabOrder(control)) {
-      Focus(*next);
-    }
-    return true;
-  }
-  return false;
+  const auto named = std::ranges::find_if(form_.Controls(), [wanted](const Control* control) {
+    return MnemonicOf(*control) == wanted && control->IsEnabled() && control->IsVisible();
+  });
+  if (named == form_.Controls().end()) return false;
+  if ((*named)->TakesFocus())
+    Click(**named);
+  else if (Control* next = form_.NextInTabOrder(*named))
+    Focus(*next);
+  return true;
 }
 
 void UserActions::SelectItem(ItemList& list, int index) {

@@ -51,13 +51,6 @@ TEST(DateTimeTest, OtherFormsAreRefused) {
   }
 }
 
-TEST(DateTimeTest, LeapYears) {
-  EXPECT_TRUE(IsValidDate(2000, 2, 29));
-  EXPECT_FALSE(IsValidDate(1900, 2, 29));
-  EXPECT_FALSE(IsValidDate(2024, 4, 31));
-  EXPECT_FALSE(IsValidDate(10000, 1, 1));
-}
-
 TEST(ClockTest, StandsStillWhenSet) {
   const DateTime moment{.year = 2024, .month = 2, .day = 29, .milliseconds = 5000};
   Clock::Set(moment);

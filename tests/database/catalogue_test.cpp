@@ -1,5 +1,3 @@
-#include <chrono>
-
 #include "tests/database/database_testing.h"
 
 namespace tarvoni::sqlite {
@@ -76,32 +74,6 @@ TEST_F(CatalogueTest, FollowsChangesOfTables) {
   connection_->Execute("DROP TABLE A CREATE TABLE A (Y FLOAT, Z INT)");
   EXPECT_EQ(Table("A").columns.size(), 2U);
   EXPECT_EQ(connection_->Open("SELECT * FROM A").Fields().Count(), 2);
-}
-
-TEST(CatalogueOfAFile, OpensQuickly) {
-  TempFolder folder;
-  const std::string path = folder.File("gross.db");
-  {
-    const auto connection = OpenDatabase(path, {.create = true});
-    HandlerScope handler(*connection);
-    for (int i = 0; i < 60; ++i) {
-      const std::string name = "TABELLE" + std::to_string(i);
-      std::string columns = "ID INT IDENTITY(1,1) NOT NULL PRIMARY KEY";
-      for (int c = 0; c < 20; ++c) columns += ",SPALTE" + std::to_string(c) + " DECIMAL(9,4)";
-      connection->Execute("CREATE TABLE " + name + " (" + columns + ") CREATE INDEX IX_" + name + " ON " +
-                          name + " (SPALTE1,SPALTE2)");
-    }
-    handler.Finish();
-  }
-  const auto start = std::chrono::steady_clock::now();
-  const auto connection = OpenDatabase(path);
-  for (int i = 0; i < 60; ++i) {
-    ASSERT_EQ(SharedOf(connection).Tables().FindTable("TABELLE" + std::to_string(i))->columns.size(), 21U);
-  }
-  const auto elapsed = std::chrono::steady_clock::now() - start;
-  RecordProperty("microseconds",
-                 static_cast<int>(std::chrono::duration_cast<std::chrono::microseconds>(elapsed).count()));
-  EXPECT_LT(elapsed, std::chrono::milliseconds(200));
 }
 
 }  // namespace

@@ -3,43 +3,22 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <fstream>
-#include <functional>
-#include <iterator>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/sqlite_database.h"
 #include "platform/tsql/runtime.h"
+#include "tests/support/database_testing.h"
 
 namespace tarvoni::sqlite {
 
-// A folder of its own for a test, gone after it.
-class TempFolder {
- public:
-  TempFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tarvoni-XXXXXX").string();
-    path_ = ::mkdtemp(pattern.data());
-  }
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
-  ~TempFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  std::string File(const std::string& name) const { return (path_ / name).string(); }
-  std::size_t FileCount() const {
-    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(path_), {}));
-  }
-
- private:
-  std::filesystem::path path_;
-};
+using dbtest::ErrorIn;
+using dbtest::ErrorNumber;
+using dbtest::Rows;
+using dbtest::TempFolder;
 
 // The file as another program without our functions sees it.
 class OtherProgram {
@@ -81,38 +60,6 @@ inline std::string BytesOf(const std::string& path) {
 
 inline void WriteBytes(const std::string& path, std::string_view bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
-}
-
-// The number of the DatabaseError that an action ends in; 0 without one.
-inline int ErrorNumber(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const DatabaseError& error) {
-    return error.Number();
-  }
-  return 0;
-}
-
-inline std::optional<DatabaseError> ErrorIn(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const DatabaseError& error) {
-    return error;
-  }
-  return std::nullopt;
-}
-
-// All rows of a query: "1,Holz;2,NULL".
-inline std::string Rows(Connection& connection, std::string_view query) {
-  Recordset rows = connection.Open(query);
-  std::string text;
-  for (; !rows.EndOfFile(); rows.MoveNext()) {
-    if (!text.empty()) text += ';';
-    for (int i = 0; i < rows.Fields().Count(); ++i) {
-      text += (i == 0 ? "" : ",") + ToDisplayText(rows.Fields()[i].Value());
-    }
-  }
-  return text;
 }
 
 inline Database& SharedOf(const std::shared_ptr<Connection>& connection) {

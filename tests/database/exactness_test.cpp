@@ -5,15 +5,12 @@
 #include <vector>
 
 #include "src/context/decimal.h"
-#include "tests/context/big_number.h"
 #include "tests/database/function_testing.h"
 
 // Money to the cent: a million random lines of work are multiplied, rounded and summed by statements, and beside them by
 // arithmetic that shares nothing with the functions.
 namespace tarvoni::sqlite {
 namespace {
-
-using test::BigNumber;
 
 constexpr int kLines = 1'000'000;
 
@@ -129,18 +126,6 @@ TEST_F(ExactnessTest, SumsAreExact) {
                 "SUM(hours*rate),ts_exact_sum(hours*rate),SUM(amount),ts_round(SUM(hours*rate),6,2)/10000 "
                 "FROM work"),
             texts({wages, shares, products, products, amounts, HalfAwayFromZero(products, 10'000)}));
-}
-
-// The reference itself against school arithmetic.
-TEST_F(ExactnessTest, TheReferenceIsRight) {
-  for (std::size_t i = 0; i < 2000; ++i) {
-    const auto& [hours, rate, percent, amount] = work->lines[i];
-    const auto rounded = [](std::int64_t a, std::int64_t b) {
-      return (BigNumber::Of(std::to_string(a)) * BigNumber::Of(std::to_string(b))).Rounded(4).Text();
-    };
-    EXPECT_EQ(std::to_string(Expected(work->lines[i]).wage), rounded(hours, rate));
-    EXPECT_EQ(std::to_string(Expected(work->lines[i]).share), rounded(amount, percent));
-  }
 }
 
 }  // namespace

@@ -148,27 +148,6 @@ TEST_F(ExecutorTest, RunsTheBranchOfACondition) {
   EXPECT_EQ(run("SELECT ts_int_div(1, 0)"), "2");
 }
 
-TEST_F(ExecutorTest, GivesTheFirstResultAndTheLastCount) {
-  const auto result = Run({Write("UPDATE ORT SET N = 1"), Query("SELECT ID FROM ORT WHERE 0"),
-                           Query("SELECT 5"), Write("UPDATE ORT SET N = 1 WHERE ID = 8"), Query("SELECT 6")});
-  ASSERT_TRUE(result.rows);
-  EXPECT_EQ(result.rows->columns.at(0).name, "A");
-  EXPECT_EQ(result.rows->columns.at(0).type, FieldType::kInteger);
-  EXPECT_EQ(result.rows->RowCount(), 0U);
-  EXPECT_EQ(result.affected, 0);
-
-  EXPECT_EQ(Run({{{}, tsql::SetNocount{true}}, Write("UPDATE ORT SET N = 1")}).affected, -1);
-  EXPECT_EQ(Run({Write("UPDATE ORT SET N = 1")}).affected, -1);
-  EXPECT_EQ(Run({{{}, tsql::SetNocount{false}}, Write("UPDATE ORT SET N = 1")}).affected, 1);
-}
-
-TEST_F(ExecutorTest, FindsErrorsInRowsThatNobodyReads) {
-  const auto result =
-      Run({Query("SELECT 1"), Query("SELECT ts_int_div(1, V) FROM (SELECT 1 AS V UNION ALL SELECT 0)")});
-  ASSERT_TRUE(result.error);
-  EXPECT_EQ(result.error->Number(), 8134);
-}
-
 TEST_F(ExecutorTest, FillsParametersFromLiteralsAndTheClock) {
   Clock::Set({2024, 2, 29, 45'296'789});
   const tsql::Parameter now{tsql::Parameter::Source::kNow, -1, Type::DateTime()};
@@ -198,17 +177,6 @@ TEST_F(ExecutorTest, TemporaryTablesEndWithTheirBatchAndAreMadeOnce) {
   EXPECT_EQ(Ask("SELECT COUNT(*) FROM temp.sqlite_schema"), 0);
 }
 
-TEST_F(ExecutorTest, TemporaryTablesAreThereBetweenCreateAndDrop) {
-  const tsql::Step drop{{}, tsql::DropTableStep{"#auswahl", "temp.t7_auswahl", true}};
-  EXPECT_EQ(Run({CreateTemporary(), CreateTemporary()}).error->Number(), 2714);
-  EXPECT_EQ(Run({drop}).error->Number(), 3701);
-  EXPECT_EQ(Run({CreateTemporary(), drop, drop}).error->Number(), 3701);
-  const auto again = Run({CreateTemporary(), Write("INSERT INTO temp.t7_auswahl VALUES (4)", "#auswahl"),
-                          drop, CreateTemporary(), Query("SELECT COUNT(*) FROM temp.t7_auswahl")});
-  EXPECT_FALSE(again.error);
-  EXPECT_EQ(Text(again), "0");
-}
-
 TEST_F(ExecutorTest, CreatesATableWithItsIndexesOrNotAtAll) {
   const auto broken =
       CreateStep("NEU", {"CREATE TABLE NEU (ID INT)", "CREATE INDEX NEU_X ON NEU (FEHLT)"}, true);
@@ -225,29 +193,6 @@ TEST_F(ExecutorTest, CreatesATableWithItsIndexesOrNotAtAll) {
   EXPECT_EQ(Run({{{}, tsql::DropTableStep{"ORT", "ORT", false}}}).error->Number(), 3726);
   File().Execute("INSERT INTO ORT VALUES (2, 1, 'zwei')");
   EXPECT_EQ(Run({{{}, tsql::CreateIndexStep{"CREATE UNIQUE INDEX ORT_N ON ORT (N)"}}}).error->Number(), 1505);
-}
-
-TEST_F(ExecutorTest, IdentityValuesAreNotGivenAgain) {
-  Run({{{}, CreateStep("REIHE", {"CREATE TABLE REIHE (ID INTEGER PRIMARY KEY, N INT NOT NULL)"}, true)}});
-  const auto insert = [&](const std::string& n) {
-    return Write("INSERT INTO REIHE SELECT ts_next_identity('REIHE'), " + n, "REIHE");
-  };
-  const auto next = [&] {
-    Run({insert("1")});
-    return Ask("SELECT MAX(ID) FROM REIHE");
-  };
-  EXPECT_EQ(next(), 10);
-  EXPECT_EQ(next(), 15);
-  EXPECT_EQ(Run({insert("NULL")}).error->Number(), 515);
-  EXPECT_EQ(next(), 25);
-  Run({Write("DELETE FROM REIHE", "REIHE")});
-  EXPECT_EQ(next(), 30);
-
-  session_.identity_insert = "reihe";
-  Run({Write("INSERT INTO REIHE VALUES (100, 1)", "REIHE"),
-       Write("INSERT INTO REIHE VALUES (7, 1)", "REIHE")});
-  session_.identity_insert.clear();
-  EXPECT_EQ(next(), 105);
 }
 
 TEST_F(ExecutorTest, SwitchesIdentityInsertOfOneTable) {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "src/context/database.h"
-#include "tests/database_common/database_testing.h"
+#include "tests/support/database_testing.h"
 
 namespace tarvoni::dbtest {
 

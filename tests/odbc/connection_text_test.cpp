@@ -5,7 +5,7 @@
 
 #include "platform/odbc/password.h"
 #include "platform/odbc/wide_text.h"
-#include "tests/database_common/database_testing.h"
+#include "tests/support/database_testing.h"
 
 namespace tarvoni::odbc {
 namespace {

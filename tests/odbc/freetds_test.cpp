@@ -3,8 +3,8 @@
 
 #include "platform/odbc/odbc_database.h"
 #include "platform/odbc/session.h"
-#include "tests/database_common/database_testing.h"
 #include "tests/odbc/tds_server.h"
+#include "tests/support/database_testing.h"
 
 // The backend on FreeTDS against a server that speaks the protocol and knows no SQL: each test lays down its answers.
 namespace tarvoni::odbc {

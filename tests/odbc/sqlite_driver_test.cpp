@@ -4,7 +4,7 @@
 #include <fstream>
 
 #include "platform/odbc/odbc_database.h"
-#include "tests/database_common/database_testing.h"
+#include "tests/support/database_testing.h"
 
 // The backend on a driver that is there on every machine. It speaks SQLite's SQL.
 namespace tarvoni::odbc {
@@ -57,13 +57,6 @@ TEST_F(SqliteDriverTest, EveryTypeComesAsWhatItIs) {
   EXPECT_EQ(rows.Fields()["TX"].Value(), Value("t"));
 }
 
-TEST_F(SqliteDriverTest, NullOfEveryTypeIsNullAndEmptyTextIsNot) {
-  connection_->Execute(
-      "CREATE TABLE T (B BIT, I INT, F FLOAT, D DECIMAL(9,4), N NVARCHAR(20), DT DATETIME, E NVARCHAR(5))");
-  connection_->Execute("INSERT INTO T (E) VALUES ('')");
-  EXPECT_EQ(Rows(*connection_, "SELECT * FROM T"), "NULL,NULL,NULL,NULL,NULL,NULL,");
-}
-
 TEST_F(SqliteDriverTest, UmlautsSurviveInTextsNamesMessagesAndPaths) {
   const auto other = OpenOdbc(Text("Jürgens Löhne.db"));
   other->Execute("CREATE TABLE GRÖßE (STRAßE NVARCHAR(20))");
@@ -72,24 +65,6 @@ TEST_F(SqliteDriverTest, UmlautsSurviveInTextsNamesMessagesAndPaths) {
   const auto error = ErrorIn([&] { other->Execute("SELECT 1 FROM ÄRA"); });
   ASSERT_TRUE(error);
   EXPECT_THAT(error->what(), HasSubstr("ÄRA"));
-}
-
-TEST_F(SqliteDriverTest, LongTextsComeInPiecesAndWhole) {
-  std::string text;
-  while (text.size() < 100'000) text += "Fichte €" + std::to_string(text.size()) + " ";
-  connection_->Execute("CREATE TABLE T (ID INT, TX TEXT)");
-  connection_->Execute("INSERT INTO T VALUES (1, '" + text + "')");
-  connection_->Execute("INSERT INTO T VALUES (2, 'kurz')");
-  EXPECT_EQ(Rows(*connection_, "SELECT TX, ID FROM T ORDER BY ID"), text + ",1;kurz,2");
-}
-
-TEST_F(SqliteDriverTest, CountsWhatAStatementChanged) {
-  EXPECT_EQ(connection_->Execute("CREATE TABLE T (ID INT)"),
-            0);  // the driver counts where a server is silent
-  EXPECT_EQ(connection_->Execute("INSERT INTO T VALUES (1), (2), (3)"), 3);
-  EXPECT_EQ(connection_->Execute("UPDATE T SET ID = ID + 1 WHERE ID > 1"), 2);
-  EXPECT_EQ(connection_->Execute("DELETE FROM T WHERE ID = 99"), 0);
-  EXPECT_EQ(connection_->Execute("SELECT ID FROM T"), -1);
 }
 
 TEST_F(SqliteDriverTest, ErrorsCarryTheServersNumbersAndTheStatement) {

@@ -143,12 +143,6 @@ TEST_F(CompileTest, AScalarQueryOfManyRowsIsTested) {
               HasSubstr("ts_raise(512)"));
 }
 
-TEST_F(CompileTest, InsertGivesKeysInTheOrderOfTheQuery) {
-  const std::string sql = SqlOf("INSERT INTO POSTEN (NAME) SELECT NAME FROM POSTEN ORDER BY NAME");
-  EXPECT_THAT(sql, HasSubstr("ts_next_identity('POSTEN') FROM (SELECT"));
-  EXPECT_THAT(sql, HasSubstr("LIMIT -1 OFFSET 0) q"));
-}
-
 TEST_F(CompileTest, TemporaryTablesLiveInTheirBatch) {
   const CompileOptions options{"", "17"};
   const Plan plan = CompileText(
@@ -157,15 +151,6 @@ TEST_F(CompileTest, TemporaryTablesLiveInTheirBatch) {
   EXPECT_EQ(std::get<CreateTableStep>(plan.steps[0].action).stored_name, "temp.\"#tmp$17_1\"");
   EXPECT_THAT(std::get<QueryStep>(plan.steps[2].action).sql.text, HasSubstr("FROM temp.\"#tmp$17_1\" AS"));
   EXPECT_TRUE(plan.reusable);
-}
-
-TEST_F(CompileTest, BranchesBecomeJumps) {
-  const Plan plan = CompileText(
-      "IF EXISTS(SELECT ID FROM POSTEN) SELECT 1 ELSE BEGIN UPDATE POSTEN SET NAME = 'x' SELECT 0 END SELECT "
-      "2");
-  ASSERT_EQ(plan.steps.size(), 6u);
-  EXPECT_EQ(std::get<ConditionStep>(plan.steps[0].action).otherwise, 3);
-  EXPECT_EQ(std::get<JumpStep>(plan.steps[2].action).target, 5);
 }
 
 TEST_F(CompileTest, AMissingTableWaitsUntilItsStatementIsReached) {

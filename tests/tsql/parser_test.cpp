@@ -342,20 +342,6 @@ TEST(Parser, PinsLiteralsThatShapeTheTree) {
   EXPECT_EQ(batch.pinned, (std::vector<int>{1, 3, 4, 5, 7, 8}));
 }
 
-TEST(Parser, KeepsWhatColumnsSay) {
-  const Batch batch =
-      Parse(Lex("CREATE TABLE T (a INT IDENTITY, b INT NULL DEFAULT 1, c INT NOT NULL UNIQUE)"));
-  const auto& table = std::get<CreateTableStatement>(batch.statements[0].node);
-  ASSERT_EQ(table.columns.size(), 3u);
-  EXPECT_TRUE(table.columns[0].identity);
-  EXPECT_EQ(table.columns[0].nullable, std::nullopt);
-  EXPECT_EQ(table.columns[1].nullable, true);
-  EXPECT_TRUE(table.columns[1].default_value);
-  EXPECT_EQ(table.columns[2].nullable, false);
-  ASSERT_EQ(table.keys.size(), 1u);
-  EXPECT_FALSE(table.keys[0].primary);
-}
-
 struct CaseBatch {
   std::string name;
   std::string text;

@@ -86,16 +86,5 @@ TEST(Names, CompareWithoutRegardToCase) {
   EXPECT_FALSE(SameName("ĥ", "ą"));
 }
 
-TEST(TableDefinition, FindsColumns) {
-  TableDefinition table;
-  table.columns = {{.name = "ID", .type = Type::Int(), .identity = true},
-                   {.name = "MÜHE", .type = Type::Float()}};
-  EXPECT_EQ(table.Find("mühe"), 1);
-  EXPECT_EQ(table.Find("MUHE"), -1);
-  EXPECT_EQ(table.IdentityColumn(), 0);
-  table.columns[0].identity = false;
-  EXPECT_EQ(table.IdentityColumn(), -1);
-}
-
 }  // namespace
 }  // namespace tarvoni::tsql

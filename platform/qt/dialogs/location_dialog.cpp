@@ -111,7 +111,7 @@ void LocationDialog::Build() {
   layout->addWidget(tree_, 1);
   layout->addWidget(state_);
   layout->addLayout(buttons.line);
-  ResizeWithin(*this, {Characters(*this, 90), Lines(*this, 28)});
+  ResizeWithin(*this, {Characters(*this, 90), Lines(*this, 36)});
 }
 
 void LocationDialog::Fill() {
@@ -275,7 +275,7 @@ bool LocationDialog::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     auto& key = *static_cast<QKeyEvent*>(event);
     if (watched == filter_ && FilterKey(key)) return true;
-    if (watched == tree_ && !filter_->hasFocus() && TreeKey(key)) return true;
+    if (watched == tree_ && focusWidget() != filter_ && TreeKey(key)) return true;
   }
   return QDialog::eventFilter(watched, event);
 }

@@ -17,6 +17,7 @@ class Modal {
   // Shows it until it is closed; false if it was cancelled or is gone.
   bool Run() { return dialog_ && dialog_->exec() == QDialog::Accepted && dialog_; }
   bool Alive() const { return !dialog_.isNull(); }
+  Dialog& operator*() const { return *dialog_; }
   Dialog* operator->() const { return dialog_.data(); }
 
  private:

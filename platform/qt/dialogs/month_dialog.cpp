@@ -64,6 +64,12 @@ class MonthDialog : public EntryDialog {
     button->setCheckable(true);
     button->setAutoDefault(false);
     button->installEventFilter(this);
+    // A pressed button alone is hard to tell from the others.
+    QPalette chosen = button->palette();
+    chosen.setColor(QPalette::Button, chosen.color(QPalette::Highlight));
+    chosen.setColor(QPalette::ButtonText, chosen.color(QPalette::HighlightedText));
+    connect(button, &QPushButton::toggled, button,
+            [button, chosen](bool on) { button->setPalette(on ? chosen : QPalette()); });
     months_->addButton(button, month);
     grid->addWidget(button, 1 + (month - 1) / kMonthsAcross, (month - 1) % kMonthsAcross);
   }

@@ -16,7 +16,8 @@ namespace {
 // here in full.
 class PersonCard : public QGroupBox {
  public:
-  PersonCard(PickDialog* dialog) : QGroupBox("Gewählte Person", dialog), dialog_(*dialog) {
+  explicit PersonCard(PickDialog& dialog) : QGroupBox("Gewählte Person", &dialog), dialog_(dialog) {
+    setObjectName("person");
     auto* grid = new QGridLayout(this);
     constexpr int kAcross = 2;
     for (int i = 0; i < dialog_.Rows().ColumnCount(); ++i) {
@@ -56,7 +57,7 @@ PickResult ShowPersonPicker(QWidget* parent, const PickRequest& request, const L
   constexpr PickDialog::Words kWords{
       .filter = "&Person:", .placeholder = "Name oder Nummer", .none = "Keine Person passt."};
   Modal dialog(new PickDialog(parent, request, locale, kWords));
-  dialog->AddBelowList(new PersonCard(dialog.operator->()));
+  dialog->AddBelowList(new PersonCard(*dialog));
   return dialog.Run() ? dialog->Result() : PickResult{};
 }
 

@@ -84,10 +84,15 @@ void PickDialog::Connect() {
 void PickDialog::Begin(const std::string& start_text) {
   if (const auto row = rows_.StartRow(start_text)) {
     list_->MakeCurrent(static_cast<int>(*row));
-    list_->Table()->scrollTo(list_->Table()->currentIndex(), QAbstractItemView::PositionAtCenter);
   }
   ShowState();
   filter_->setFocus();
+}
+
+// Before, the list does not know how many rows it shows.
+void PickDialog::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  list_->Table()->scrollTo(list_->Table()->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
 void PickDialog::AddBelowList(QWidget* widget) {
@@ -169,7 +174,7 @@ bool PickDialog::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     auto& key = *static_cast<QKeyEvent*>(event);
     if (watched == filter_ && FilterKey(key)) return true;
-    if (watched == list_->Table() && filter_->hasFocus()) return false;  // sent on by the filter
+    if (watched == list_->Table() && focusWidget() == filter_) return false;  // sent on by the filter
     if (watched == list_->Table() && ListKey(key)) return true;
   }
   return QDialog::eventFilter(watched, event);

@@ -30,6 +30,7 @@ class PickDialog : public QDialog {
   void accept() override;
 
  protected:
+  void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

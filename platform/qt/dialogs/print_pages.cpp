@@ -123,7 +123,7 @@ double PrintPages::TopHeight() const {
 
 void PrintPages::BreakPages() {
   const double last_line = 2 * LineHeight(Font(points_));
-  const double foot = static_cast<double>(document_.foot.size()) * LineHeight(Font(kHeadPoints));
+  const double foot = static_cast<double>(document_.foot.size() + 1) * LineHeight(Font(kTablePoints, true));
   const double bottom = page_.height() - last_line;
   pages_.assign(1, {});
   double y = TopHeight() + CaptionHeight();
@@ -175,9 +175,10 @@ double PrintPages::PaintCaptions(QPainter& painter, double y) const {
 }
 
 void PrintPages::PaintFoot(QPainter& painter, double y) const {
-  const QFont font = Font(kHeadPoints, true);
+  const QFont font = Font(kTablePoints, true);
   if (document_.foot.empty()) return;
   painter.drawLine(QPointF(page_.left(), y), QPointF(page_.left() + Sum(widths_), y));
+  y += LineHeight(font) / 4;
   painter.setFont(font);
   for (const std::string& text : document_.foot) {
     painter.drawText(QRectF(page_.left(), y, page_.width(), LineHeight(font)),

@@ -1,5 +1,6 @@
 #include "platform/qt/dialogs/print_preview.h"
 
+#include <QAbstractScrollArea>
 #include <QComboBox>
 #include <QDialog>
 #include <QFormLayout>
@@ -7,6 +8,7 @@
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -65,6 +67,9 @@ class PreviewDialog : public QDialog {
     ResizeWithin(*this, {Characters(*this, 130), Lines(*this, 48)});
     pages_->fitToWidth();
     connect(pages_, &QPrintPreviewWidget::previewChanged, this, [this] { ShowPage(); });
+    if (const auto* view = pages_->findChild<QAbstractScrollArea*>()) {
+      connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { ShowPage(); });
+    }
     ShowPage();
   }
   // The preview looks at the paper to its last.
@@ -129,7 +134,7 @@ class PreviewDialog : public QDialog {
   }
 
   const PrintDocument& document_;
-  QPrinter paper_{QPrinter::ScreenResolution};
+  QPrinter paper_{QPrinter::HighResolution};
   QPrintPreviewWidget* pages_ = nullptr;
   QLabel* page_ = nullptr;
 };

@@ -85,7 +85,7 @@ class TextDialog : public QDialog {
     if (excess > 0) {
       QTextCursor cursor(text_->document());
       cursor.setPosition(inserted_end_);
-      cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor, excess);
+      cursor.setPosition(inserted_end_ - excess, QTextCursor::KeepAnchor);
       cursor.removeSelectedText();
     }
     ShowLength();

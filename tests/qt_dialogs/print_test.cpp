@@ -1,0 +1,125 @@
+#include <QImage>
+#include <QLabel>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <fstream>
+#include <regex>
+
+#include "platform/qt/dialogs/print_pages.h"
+#include "platform/qt/dialogs/print_preview.h"
+#include "tests/qt_dialogs/dialog_testing.h"
+
+namespace tarvoni::qt {
+namespace {
+
+PrintDocument Journal(int rows) {
+  PrintDocument document{.title = "Löhne",
+                         .head = {"Betrieb Hochwald"},
+                         .columns = {{"Name"}, {"Betrag", Alignment::kRight}},
+                         .rows = {},
+                         .foot = {"Summe 1,00"}};
+  for (int i = 0; i < rows; ++i) document.rows.push_back({"Müller " + std::to_string(i), "1,00"});
+  return document;
+}
+
+constexpr QSize kPaper(600, 850);
+
+QImage Paper() {
+  QImage image(kPaper, QImage::Format_RGB32);
+  image.setDotsPerMeterX(2835);  // 72 dots an inch
+  image.setDotsPerMeterY(2835);
+  image.fill(Qt::white);
+  return image;
+}
+
+int PagesOf(const PrintDocument& document) {
+  QImage image = Paper();
+  return PrintPages(document, QRectF(QPointF(), kPaper), &image).Count();
+}
+
+QImage Printed(const PrintDocument& document, int page) {
+  QImage image = Paper();
+  QPainter painter(&image);
+  PrintPages(document, QRectF(QPointF(), kPaper), &image).Paint(painter, page);
+  return image;
+}
+
+// The lowest line of a page on which something is printed, without the page number's line.
+int LowestInk(const PrintDocument& document, int page) {
+  const QImage image = Printed(document, page);
+  for (int y = kPaper.height() - 30; y > 0; --y) {
+    for (int x = 0; x < kPaper.width(); ++x) {
+      if (qGray(image.pixel(x, y)) < 128) return y;
+    }
+  }
+  return 0;
+}
+
+TEST(PrintPagesTest, RowsFillPages) {
+  EXPECT_EQ(PagesOf(Journal(0)), 1);
+  EXPECT_EQ(PagesOf(Journal(20)), 1);
+  const int few = PagesOf(Journal(200));
+  EXPECT_GT(few, 2);
+  EXPECT_GT(PagesOf(Journal(400)), few);
+  // A row more is lower on the page, until the page is full.
+  EXPECT_GT(LowestInk(Journal(11), 0), LowestInk(Journal(10), 0));
+}
+
+TEST(PrintPagesTest, LongCellsAreWrapped) {
+  PrintDocument document = Journal(1);
+  const int one_line = LowestInk(document, 0);
+  for (int i = 0; i < 60; ++i) document.rows[0][0] += " Holzernte im Steilhang";
+  EXPECT_GT(LowestInk(document, 0), one_line + 50);
+}
+
+TEST(PrintPagesTest, AFootNeverStandsAlone) {
+  PrintDocument document = Journal(30);
+  document.foot.assign(5, "Summe");
+  const int pages = PagesOf(document);
+  while (PagesOf(document) == pages) document.rows.push_back({"Name", "1,00"});
+  PrintDocument changed = document;
+  changed.rows.back()[0] = "Anders";
+  EXPECT_NE(Printed(document, pages), Printed(changed, pages)) << "the last row stands with it";
+}
+
+// The document as a PDF file.
+std::string Pdf(const PrintDocument& document) {
+  const QTemporaryDir folder;
+  const QString file = folder.filePath("löhne.pdf");
+  EXPECT_TRUE(WritePdf(document, file));
+  std::ifstream stream(FromQt(file), std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+auto PdfPages(const std::string& pdf) {
+  const std::regex page("/Type /Page\\b(?!s)");
+  return std::distance(std::sregex_iterator(pdf.begin(), pdf.end(), page), {});
+}
+
+TEST(PrintPagesTest, GoesToAPdfFile) {
+  PrintDocument document = Journal(200);
+  document.landscape = true;
+  const std::string pdf = Pdf(document);
+  EXPECT_THAT(pdf, testing::StartsWith("%PDF-"));
+  EXPECT_GT(PdfPages(pdf), 3);
+  std::smatch box;
+  ASSERT_TRUE(std::regex_search(pdf, box, std::regex("/MediaBox \\[0 0 ([0-9]+)\\S* ([0-9]+)")));
+  EXPECT_GT(std::stoi(box[1]), std::stoi(box[2])) << "landscape";
+  EXPECT_FALSE(WritePdf(document, "/fehlt/löhne.pdf"));
+}
+
+TEST(PrintPreviewTest, ShowsThePagesOfTheFileWithoutAPrinter) {
+  const PrintDocument document = Journal(200);
+  const std::string pages = " von " + std::to_string(PdfPages(Pdf(document)));
+  WhenOpen([&](QDialog& dialog) {
+    EXPECT_EQ(FromQt(Part<QLabel>(dialog, "page").text()), "Seite 1" + pages);
+    Click(dialog, "next");
+    EXPECT_EQ(FromQt(Part<QLabel>(dialog, "page").text()), "Seite 2" + pages);
+    EXPECT_TRUE(Part(dialog, "pdf").isEnabled());
+    Press(dialog, Qt::Key_Escape);
+  });
+  ShowPrintPreview(nullptr, document);
+}
+
+}  // namespace
+}  // namespace tarvoni::qt

@@ -1,0 +1,134 @@
+#include "platform/qt/table_view.h"
+
+#include <QClipboard>
+#include <QHeaderView>
+#include <QMouseEvent>
+
+#include "src/context/environment.h"
+#include "tests/qt_dialogs/dialog_testing.h"
+
+namespace tarvoni::qt {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class TableViewTest : public testing::Test {
+ protected:
+  TableViewTest() {
+    grid_.SetCols(3);
+    const char* captions[] = {"Nr.", "ID", "Stunden"};
+    for (int i = 0; i < 3; ++i) grid_.Columns()[i].SetCaption(captions[i]);
+    grid_.Columns()[0].SetWidth(720);
+    grid_.Columns()[1].SetVisible(false);
+    for (int i = 0; i < 6; ++i) grid_.AddItem({std::to_string(i), "9", "7,50"});
+    grid_.SetRow(1);
+    view_ = std::make_unique<TableView>(grid_);
+    view_->row_chosen = [this](int row) { rows_.push_back(row); };
+    view_->row_double_clicked = [this](int row) { doubled_.push_back(row); };
+    view_->head_clicked = [this](int column) { heads_.push_back(column); };
+    view_->column_resized = [this](int column, int twips) { widths_.emplace_back(column, twips); };
+    view_->resize(500, 300);
+    view_->show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(view_.get()));
+  }
+
+  QTableView& Table() { return *view_->Table(); }
+  QPoint Middle(int row, int column = 2) {
+    return Table().visualRect(Table().model()->index(row, column)).center();
+  }
+  void Click(int row) { QTest::mouseClick(Table().viewport(), Qt::LeftButton, {}, Middle(row)); }
+
+  Form form_{"F_TEST"};
+  FlexGrid grid_{form_, "grid"};
+  std::unique_ptr<TableView> view_;
+  std::vector<int> rows_, doubled_, heads_;
+  std::vector<std::pair<int, int>> widths_;
+};
+
+TEST_F(TableViewTest, ShowsTheGrid) {
+  EXPECT_EQ(Table().model()->rowCount(), 6);
+  EXPECT_EQ(Table().model()->headerData(2, Qt::Horizontal, Qt::DisplayRole).toString(), "Stunden");
+  EXPECT_EQ(Table().model()->index(3, 2).data().toString(), "7,50");
+  EXPECT_TRUE(Table().isColumnHidden(1));
+  EXPECT_EQ(Table().columnWidth(0), view_->logicalDpiX() / 2) << "720 twips are half an inch";
+  EXPECT_EQ(Table().currentIndex().row(), 1);
+  EXPECT_THAT(rows_, IsEmpty()) << "only the user chooses rows";
+}
+
+TEST_F(TableViewTest, TellsWhereTheUserGoes) {
+  Click(3);
+  Click(3);
+  EXPECT_THAT(rows_, ElementsAre(3, 3)) << "each click once";
+  QTest::keyClick(&Table(), Qt::Key_Down);
+  EXPECT_THAT(rows_, ElementsAre(3, 3, 4));
+  QTest::keyClick(&Table(), Qt::Key_Left);
+  EXPECT_THAT(rows_, ElementsAre(3, 3, 4)) << "the row stayed";
+  rows_.clear();
+  DoubleClick(*Table().viewport(), Middle(0));
+  EXPECT_THAT(rows_, ElementsAre(0));
+  EXPECT_THAT(doubled_, ElementsAre(0));
+}
+
+TEST_F(TableViewTest, ADrawnSelectionGoesToItsLastRowOnly) {
+  QTest::mousePress(Table().viewport(), Qt::LeftButton, {}, Middle(2));
+  for (const int row : {3, 4, 5}) {
+    QMouseEvent move(QEvent::MouseMove, QPointF(Middle(row)),
+                     Table().viewport()->mapToGlobal(QPointF(Middle(row))), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(Table().viewport(), &move);
+  }
+  EXPECT_THAT(rows_, IsEmpty());
+  QTest::mouseRelease(Table().viewport(), Qt::LeftButton, {}, Middle(5));
+  QCoreApplication::processEvents();
+  EXPECT_THAT(rows_, ElementsAre(5));
+  EXPECT_EQ(view_->findChild<QLabel*>("sum")->text(), "Summe 30,00 (4 Zahlen)");
+}
+
+TEST_F(TableViewTest, FollowsTheGridWithoutTellingItBack) {
+  grid_.SetRow(4);
+  view_->ShowRow();
+  EXPECT_EQ(Table().currentIndex().row(), 4);
+  grid_.SetRows(4);  // three rows below the captions
+  view_->ShowRows();
+  view_->ShowRow();
+  EXPECT_EQ(Table().model()->rowCount(), 3);
+  EXPECT_EQ(Table().currentIndex().row(), 2);
+  grid_.AddItem({"neu", "", "1"});
+  view_->ShowRows();
+  EXPECT_EQ(Table().model()->index(3, 0).data().toString(), "neu");
+  EXPECT_EQ(view_->findChild<QLabel*>("count")->text(), "4 Zeilen");
+  grid_.Columns()[0].SetWidth(1440);
+  grid_.Columns()[1].SetVisible(true);
+  view_->ShowColumns();
+  EXPECT_EQ(Table().columnWidth(0), view_->logicalDpiX());
+  grid_.SetCols(1);
+  view_->ShowColumns();
+  view_->ShowRows();
+  EXPECT_EQ(Table().model()->columnCount(), 1);
+  EXPECT_THAT(rows_, IsEmpty());
+  EXPECT_THAT(widths_, IsEmpty());
+}
+
+TEST_F(TableViewTest, TellsHeadsAndWidths) {
+  QHeaderView* head = Table().horizontalHeader();
+  const int middle = head->height() / 2;
+  QTest::mouseClick(head->viewport(), Qt::LeftButton, {}, {head->sectionViewportPosition(2) + 20, middle});
+  EXPECT_THAT(heads_, ElementsAre(2));
+  head->resizeSection(2, view_->logicalDpiX() * 2);
+  EXPECT_THAT(widths_, ElementsAre(std::pair(2, 2880)));
+}
+
+TEST_F(TableViewTest, CopiesWhatIsChosen) {
+  Table().selectionModel()->select({Table().model()->index(0, 0), Table().model()->index(1, 2)},
+                                   QItemSelectionModel::ClearAndSelect);
+  QTest::keyClick(&Table(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "Nr.\tStunden\r\n0\t7,50\r\n1\t7,50\r\n");
+  QStringList menu;
+  for (const QAction* action : Table().actions()) menu += action->text().remove('&');
+  EXPECT_EQ(menu, QStringList({"Kopieren", "Alles markieren", "Als CSV-Datei speichern …",
+                               "Als Excel-Datei speichern …"}));
+}
+
+}  // namespace
+}  // namespace tarvoni::qt
