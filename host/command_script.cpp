@@ -43,6 +43,7 @@ class ScriptSession {
                             .connect = [this](const std::string& database) { return Connect(database); }};
     ScriptPlayer player(environment, stage_->ItsDriver(), MakeScriptHooks());
     player.SetUpdating(command_.update);
+    if (command_.tell) player.SetNarrator([](const std::string& remark) { fmt::print("{}\n", remark); });
     stage_->SetPlayer(&player);
     try {
       player.Play(Script::Load(file));

@@ -29,6 +29,7 @@ struct ScriptCommand {
   std::vector<std::string> files;
   bool update = false;  // rewrite the expected rows instead of comparing
   bool desktop = false;
+  bool tell = false;  // print the script's remarks as it reaches them
   std::string trace;  // file for the statements; "" for none
   std::string shots;  // folder for pictures; "" for none
 };

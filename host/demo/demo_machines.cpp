@@ -38,11 +38,11 @@ constexpr auto kLabels = std::to_array<LabelRow>({{"ANS", kMachinePurchase},
                                                   {"EIG", kOwnWorkshop},
                                                   {"ABS", kMachineDepreciation},
                                                   {"UNT", kForeignRepairs},
+                                                  {"UNT", kSpareParts},
                                                   {"VK", kFuel},
-                                                  {"VK", kLubricants},
-                                                  {"VK", kSpareParts},
-                                                  {"OI", kInsurance},
-                                                  {"STE", kVehicleTax}});
+                                                  {"OI", kLubricants},
+                                                  {"STE", kVehicleTax},
+                                                  {"STE", kInsurance}});
 
 void WriteLabels(Enterprise& enterprise) {
   RowWriter writer(enterprise.connection, "MASCHINE_STAMM", "LABEL, KOSTENART_ID");
@@ -95,7 +95,7 @@ class MachineCostWriter {
     const CostType cost{codes.CostTypeId(cost_type), cost_type, false};
     Position position(order, type, cost, {month.year, month.month, 25});
     position.object = machine.object;
-    position.quantity = quantity * 100;
+    position.quantity = std::int64_t{quantity} * 100;
     position.unit_price = price;
     position.amount = static_cast<std::int64_t>(quantity) * price;
     if (cost_type == kFuel) position.machine_hours = quantity;

@@ -62,7 +62,7 @@ class OwnPositionWriter {
 
   void Measure(Position& position) {
     position.area = position.type.Has(kArea) ? random_.Between(2, 50) : 0;
-    position.quantity = random_.Between(10, 800) * 100;
+    position.quantity = std::int64_t{random_.Between(10, 800)} * 100;
     position.unit_price =
         position.type.Has(kArea) ? random_.Between(8'000, 95'000) : random_.Between(80, 6'500);
     position.euro = !random_.Chance(kOldCurrencyShare);

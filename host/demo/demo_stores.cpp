@@ -88,7 +88,7 @@ class StoresWriter {
     withdrawals_.Add(++enterprise_.last.position, "L", true, 0, day, position, fmt::format("E{:04}", slip),
                      district.centre.id, order.id, type.id, type.methods.front(),
                      codes.CostTypeId(goods.cost_type), location, taken, true, Decimal(goods.price, 2),
-                     type.unit, taken, Decimal(static_cast<std::int64_t>(taken) * goods.price, 2),
+                     type.unit, taken, Decimal(Int128{taken} * goods.price, 2),
                      cancelled ? std::optional(std::min(AddDays(day, 10), kToday)) : std::nullopt);
     return cancelled ? 0 : taken;
   }

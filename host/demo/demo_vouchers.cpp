@@ -63,9 +63,9 @@ class VoucherWriter {
     position.voucher = voucher;
     position.cancelled = cancelled;
     position.area = type->Has(kArea) ? random_.Between(2, 40) : 0;
-    position.quantity = random_.Between(5, 400) * 100;
+    position.quantity = std::int64_t{random_.Between(5, 400)} * 100;
     position.amount = random_.Between(4'000, 900'000);
-    const std::int64_t basis = type->Has(kArea) ? position.area * 10 : position.quantity;
+    const std::int64_t basis = type->Has(kArea) ? std::int64_t{position.area} * 10 : position.quantity;
     position.unit_price = (position.amount * 100 + basis / 2) / basis;
     position.vat = random_.Between(1, kVatRates);
     if (order.district != nullptr) position.location = random_.Pick(order.district->locations);

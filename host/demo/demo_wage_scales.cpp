@@ -40,6 +40,7 @@ void WriteTariff(Connection& connection) {
 std::vector<DatedRate> RisingRates(int first) {
   constexpr std::int64_t kCent = 100;
   std::vector<DatedRate> rates;
+  rates.reserve(kAgreements.size());
   for (const Agreement& agreement : kAgreements)
     rates.push_back(
         {agreement.from, static_cast<std::int64_t>(first) * agreement.percent / 100 / kCent * kCent});

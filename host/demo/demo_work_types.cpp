@@ -16,7 +16,7 @@ std::vector<std::string_view> Split(std::string_view list) {
   while (!list.empty()) {
     const auto end = list.find('|');
     parts.push_back(list.substr(0, end));
-    list.remove_prefix(end == list.npos ? list.size() : end + 1);
+    list.remove_prefix(end == std::string_view::npos ? list.size() : end + 1);
   }
   return parts;
 }

@@ -109,12 +109,14 @@ class WorkerWriter {
     const int stage = random_.Between(1, kStages - 1);
     drawn.wage_group = {{kEntry, group}};
     if (random_.Chance(20)) drawn.wage_group.push_back({{2024, 2, 1}, group + 1});
-    drawn.pay_group = {{kEntry, random_.Between(kFirstPayGroup, kLastPayGroup) * 10'000}};
-    drawn.stage = {{kEntry, stage * 10'000}};
+    drawn.pay_group = {{kEntry, std::int64_t{random_.Between(kFirstPayGroup, kLastPayGroup)} * 10'000}};
+    drawn.stage = {{kEntry, std::int64_t{stage} * 10'000}};
     if (random_.Chance(40))
-      drawn.stage.push_back({{2023 + random_.Between(0, 1), random_.Between(1, 4), 1}, (stage + 1) * 10'000});
-    drawn.personal_factor = {{kEntry, random_.Between(88, 112) * 100}};
-    if (random_.Chance(25)) drawn.personal_factor.push_back({{2024, 1, 15}, random_.Between(90, 118) * 100});
+      drawn.stage.push_back(
+          {{2023 + random_.Between(0, 1), random_.Between(1, 4), 1}, std::int64_t{stage + 1} * 10'000});
+    drawn.personal_factor = {{kEntry, std::int64_t{random_.Between(88, 112)} * 100}};
+    if (random_.Chance(25))
+      drawn.personal_factor.push_back({{2024, 1, 15}, std::int64_t{random_.Between(90, 118)} * 100});
     return drawn;
   }
 

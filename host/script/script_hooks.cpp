@@ -1,11 +1,15 @@
 #include "host/script/script_hooks.h"
 
+#include <fmt/format.h>
+
 #include <charconv>
+#include <functional>
 
 #include "host/demo/demo.h"
 #include "host/methods.h"
 #include "src/context/call_error.h"
 #include "src/entry/screen_runs.h"
+#include "src/schema/schema.h"
 
 namespace tarvoni::host {
 namespace {
@@ -18,6 +22,31 @@ int ScaleOf(const std::string& text) {
   return scale;
 }
 
+// A sum over the rows, since a server gives them in any order.
+std::string ContentsOf(Connection& connection, const std::string& table) {
+  const auto rows = connection.Open("SELECT * FROM " + table).GetRows();
+  std::size_t sum = 0;
+  for (const auto& row : rows) {
+    std::string text;
+    for (const Value& value : row) text += ToDisplayText(value) + '\x1f';
+    sum += std::hash<std::string>()(text);
+  }
+  return fmt::format("{} Zeilen, Summe {:x}", rows.size(), sum);
+}
+
+ScriptHooks::Values ContentsOfTables(Connection& connection) {
+  constexpr std::string_view kCreate = "CREATE TABLE ";
+  ScriptHooks::Values contents;
+  for (const std::string& statement : SchemaStatements()) {
+    const auto start = statement.find(kCreate);
+    if (start == std::string::npos) continue;
+    const auto name = start + kCreate.size();
+    const std::string table = statement.substr(name, statement.find_first_of(" (", name) - name);
+    contents[table] = ContentsOf(connection, table);
+  }
+  return contents;
+}
+
 }  // namespace
 
 ScriptHooks MakeScriptHooks() {
@@ -27,7 +56,8 @@ ScriptHooks MakeScriptHooks() {
               },
           .call = [](const std::string& method, const ScriptHooks::Values& arguments,
                      TvnVar_Dll& context) { return CallMethod(MethodNamed(method), arguments, context); },
-          .run = RunScreen};
+          .run = RunScreen,
+          .contents = ContentsOfTables};
 }
 
 }  // namespace tarvoni::host

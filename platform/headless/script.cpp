@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 #include "src/context/utf8.h"
 
@@ -83,7 +84,11 @@ class Reader {
       line.raw = script_.lines[next_++];
       line.number = static_cast<int>(next_);
       ReadWords(script_.file, line);
-      if (line.words.empty()) continue;
+      if (line.words.empty()) {
+        ReadRemark(line.raw);
+        continue;
+      }
+      line.remark = std::exchange(remark_, {});
       if (line.words[0].starts_with('|'))
         Fail(script_.file, line.number, "Diese Zeile gehört zu keiner Erwartung.");
       ReadText(line);
@@ -107,6 +112,14 @@ class Reader {
     }
   }
 
+  // A blank line parts a remark from the command below it.
+  void ReadRemark(const std::string& raw) {
+    std::string_view text = utf8::Trim(raw);
+    if (!text.starts_with('#')) return remark_.clear();
+    text.remove_prefix(1);
+    remark_.append(remark_.empty() ? "" : "\n").append(utf8::Trim(text));
+  }
+
   void ReadBlock(ScriptLine& line) {
     line.block_start = static_cast<int>(next_) + 1;
     while (next_ < script_.lines.size() && utf8::Trim(script_.lines[next_]).starts_with('|')) {
@@ -116,6 +129,7 @@ class Reader {
 
   Script& script_;
   std::size_t next_ = 0;
+  std::string remark_;
 };
 
 std::string Escaped(std::string_view cell) {

@@ -14,6 +14,7 @@ struct ScriptLine {
   std::vector<std::size_t> starts;  // where each word begins in `raw`
   int block_start = 0;              // line number of the first `|` line, or where it would stand
   std::vector<std::string> block;   // the `|` lines as they stand
+  std::string remark;               // the comment lines right above, parted by line breaks
 
   bool Is(std::string_view command) const { return !words.empty() && words[0] == command; }
   // Word `index` if it is the last, else the line from there on, so that a statement needs no quotes.

@@ -61,13 +61,10 @@ const ScriptLine* ScriptPlayer::AnswerTo(const Opened& opened) {
     const bool looks =
         line.Is("expect") && line.words.size() > 1 && HasWord("message offer preview", line.words[1]);
     if (!looks) {
-      if (HasWord(opened.answers, line.words[0])) {
-        current_ = next_++;
-        return &line;
-      }
+      if (HasWord(opened.answers, line.words[0])) return &TakeLine();
       break;
     }
-    current_ = next_++;
+    TakeLine();
     ExpectOpened(opened);
     expected = true;
   }

@@ -55,10 +55,10 @@ std::vector<std::vector<std::string>> GridRows(Grid& grid) {
 
 void ScriptPlayer::Expect() {
   static const std::map<std::string, Action, std::less<>> subjects = {
-      {"screen", &ScriptPlayer::ExpectScreen},  {"grid", &ScriptPlayer::ExpectGrid},
-      {"list", &ScriptPlayer::ExpectList},      {"rows", &ScriptPlayer::ExpectRows},
-      {"sql", &ScriptPlayer::ExpectSql},        {"result", &ScriptPlayer::ExpectResult},
-      {"failure", &ScriptPlayer::ExpectFailure}};
+      {"screen", &ScriptPlayer::ExpectScreen},   {"grid", &ScriptPlayer::ExpectGrid},
+      {"list", &ScriptPlayer::ExpectList},       {"rows", &ScriptPlayer::ExpectRows},
+      {"sql", &ScriptPlayer::ExpectSql},         {"result", &ScriptPlayer::ExpectResult},
+      {"failure", &ScriptPlayer::ExpectFailure}, {"unchanged", &ScriptPlayer::ExpectUnchanged}};
   const std::string& subject = Word(1, "was erwartet wird");
   if (subject == "message" || subject == "offer" || subject == "preview") Fail("Es ist nichts geöffnet.");
   const auto known = subjects.find(subject);
@@ -99,6 +99,12 @@ void ScriptPlayer::ExpectSql() {
     for (const Value& value : row) cells.push_back(ToDisplayText(value));
   }
   ExpectBlock("Abfrage", found);
+}
+
+void ScriptPlayer::ExpectUnchanged() {
+  if (!remembered_) Fail("Es fehlt ein remember davor.");
+  for (const auto& [table, contents] : hooks_.contents(Db()))
+    ExpectEqual("Tabelle " + table, (*remembered_)[table], contents);
 }
 
 void ScriptPlayer::ExpectResult() {

@@ -24,6 +24,7 @@ const std::map<std::string, ScriptPlayer::Command, std::less<>>& ScriptPlayer::C
       {"context", {&P::SetContext}},
       {"option", {&P::SetOption}},
       {"sql", {&P::Sql}},
+      {"remember", {&P::Remember, 1}},
       {"call", {&P::Call}},
       {"run", {&P::Run}},
       {"focus", {&P::FocusControl, 2}},
@@ -63,13 +64,20 @@ void ScriptPlayer::Play(Script script) {
   shift_ = 0;
   changed_ = false;
   results_.clear();
+  remembered_.reset();
   failure_.reset();
   while (!AtEnd()) RunLine();
   if (failure_) Fail("Der Aufruf schlug fehl: " + *failure_);
 }
 
-void ScriptPlayer::RunLine() {
+const ScriptLine& ScriptPlayer::TakeLine() {
   current_ = next_++;
+  if (narrator_ && !Line().remark.empty()) narrator_(Line().remark);
+  return Line();
+}
+
+void ScriptPlayer::RunLine() {
+  TakeLine();
   const std::string& word = Line().words[0];
   const bool expects_failure = word == "expect" && Line().words.size() > 1 && Line().words[1] == "failure";
   if (failure_ && !expects_failure) Fail("Der Aufruf davor schlug fehl: " + *failure_);
@@ -165,6 +173,10 @@ void ScriptPlayer::SetOption() {
 
 void ScriptPlayer::Sql() {
   Db().Execute(Text(1));
+}
+void ScriptPlayer::Remember() {
+  if (!hooks_.contents) Fail("Der Inhalt der Datenbank lässt sich hier nicht vergleichen.");
+  remembered_ = hooks_.contents(Db());
 }
 void ScriptPlayer::Call() {
   CallThrough(hooks_.call);

@@ -25,6 +25,8 @@ struct ScriptHooks {
   // failure.
   std::function<Values(const std::string& method, const Values& arguments, TvnVar_Dll& context)> call;
   std::function<Values(const std::string& screen, const Values& arguments, TvnVar_Dll& context)> run;
+  // A text for each table of the database that is another one when a row is.
+  std::function<Values(Connection&)> contents = {};
 };
 
 // Plays a script on a toolkit: its lines call, drive the topmost Screen, answer what opens and compare. The
@@ -45,6 +47,11 @@ class ScriptPlayer : public Partner {
   void SetUpdating(bool updating) { updating_ = updating; }
   const std::vector<std::string>& UpdatedLines() const { return script_.lines; }
   bool Changed() const { return changed_; }
+
+  // Hears the remark above a line when the line's turn has come.
+  void SetNarrator(std::function<void(const std::string& remark)> narrator) {
+    narrator_ = std::move(narrator);
+  }
 
   TvnVar_Dll& Context() { return context_; }
 
@@ -82,6 +89,7 @@ class ScriptPlayer : public Partner {
     bool closes_itself = false;  // one button only: an `expect message` is answer enough
   };
 
+  const ScriptLine& TakeLine();
   void RunLine();
   [[noreturn]] void Fail(const std::string& text) const;
   void ExpectEqual(const std::string& what, const std::string& expected, const std::string& found) const;
@@ -104,6 +112,7 @@ class ScriptPlayer : public Partner {
   void SetContext();
   void SetOption();
   void Sql();
+  void Remember();
   void Call();
   void Run();
   void CallThrough(const std::function<ScriptHooks::Values(const std::string&, const ScriptHooks::Values&,
@@ -142,6 +151,7 @@ class ScriptPlayer : public Partner {
   void ExpectList();
   void ExpectRows();
   void ExpectSql();
+  void ExpectUnchanged();
   void ExpectResult();
   void ExpectFailure();
   void ExpectControl();
@@ -152,6 +162,7 @@ class ScriptPlayer : public Partner {
   Environment& environment_;
   Driver& driver_;
   ScriptHooks hooks_;
+  std::function<void(const std::string&)> narrator_;
   TvnVar_Dll context_;
   Script script_;
   std::size_t current_ = 0;  // the command at work
@@ -160,7 +171,8 @@ class ScriptPlayer : public Partner {
   bool changed_ = false;
   int shift_ = 0;  // lines that updating has added so far
   ScriptHooks::Values results_;
-  std::optional<std::string> failure_;  // of the last call, until a line expects it
+  std::optional<ScriptHooks::Values> remembered_;  // contents of the tables
+  std::optional<std::string> failure_;             // of the last call, until a line expects it
 };
 
 }  // namespace tarvoni

@@ -35,6 +35,11 @@ bool IsKeypadDecimal(const QKeyEvent& event) {
   return decimal && event.modifiers().testFlag(Qt::KeypadModifier);
 }
 
+// Joiners and direction marks show nothing, but are typed.
+bool IsTyped(char32_t c) {
+  return c >= 32 && c != 127 && (QChar::isPrint(c) || QChar::category(c) == QChar::Other_Format);
+}
+
 // Ctrl and Alt together are AltGr on some keyboards and type a character.
 bool IsCommand(Qt::KeyboardModifiers modifiers) {
   return modifiers.testFlag(Qt::ControlModifier) != modifiers.testFlag(Qt::AltModifier) ||
@@ -66,9 +71,7 @@ std::u32string TypedText(const QKeyEvent& event, const Locale& locale) {
   if (IsCommand(event.modifiers())) return {};
   if (IsKeypadDecimal(event)) return {static_cast<char32_t>(locale.decimal_separator)};
   const std::u32string text = event.text().toStdU32String();
-  const bool printable =
-      std::ranges::all_of(text, [](char32_t c) { return c >= 32 && c != 127 && QChar::isPrint(c); });
-  return printable ? text : std::u32string();
+  return std::ranges::all_of(text, IsTyped) ? text : std::u32string();
 }
 
 bool IsModifier(const QKeyEvent& event) {

@@ -140,13 +140,7 @@ void TextBoxView::Edit(void (QLineEdit::*line)(), void (QPlainTextEdit::*lines)(
   if (!box_.Locked() && box_.IsEnabled()) Do(line, lines);
 }
 
-// A clip of one cell ends with a line break that is no Enter key.
-void TextBoxView::Insert(QString text) {
-  text.replace("\r\n", "\n").replace('\r', '\n');
-  if (!box_.MultiLine()) {
-    while (text.endsWith('\n')) text.chop(1);
-    text.replace('\n', ' ');
-  }
+void TextBoxView::Insert(const QString& text) {
   if (text.isEmpty()) return;
   TypeInto([&](UserActions& user) {
     if (user.Focus(box_)) user.Paste(FromQt(text));

@@ -53,7 +53,7 @@ class TextBoxView : public ControlView {
   bool EditorCommand(const QKeyEvent& event);
   void Edit(void (QLineEdit::*line)(), void (QPlainTextEdit::*lines)());
   void Copy() const;
-  void Insert(QString text);
+  void Insert(const QString& text);
   void ShowMenu(const QPoint& place);
   template <typename Action>
   void TypeInto(Action action);

@@ -10,16 +10,29 @@
 namespace tarvoni::tsql {
 namespace {
 
+// What a deferred statement finds of the batch before it; permanent tables the database has by now.
+void MakeTemporaryTables(const Batch& batch, const Statement& until, BindState& state) {
+  Plan made_before;
+  StatementCompiler compiler(state, made_before);
+  for (const Statement& statement : batch.statements) {
+    if (&statement == &until) return;
+    const auto* create = std::get_if<CreateTableStatement>(&statement.node);
+    if (create && IsTemporary(create->table)) compiler.CompileNow(statement);
+  }
+}
+
 Plan CompileAll(const LexedBatch& lexed, std::shared_ptr<const Batch> batch, const Statement* only,
                 const Catalogue& catalogue, const CompileOptions& options) {
   BatchCatalogue tables(catalogue, options.temporary_suffix);
   BindState state{&lexed, &tables, {}, options.identity_insert};
   Plan plan;
   StatementCompiler compiler(state, plan);
-  if (only)
+  if (only) {
+    MakeTemporaryTables(*batch, *only, state);
     compiler.CompileNow(*only);
-  else
+  } else {
     for (const Statement& statement : batch->statements) compiler.Compile(statement);
+  }
   plan.pinned = std::move(state.pinned);
   plan.batch = std::move(batch);
   return plan;

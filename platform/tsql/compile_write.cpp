@@ -154,6 +154,10 @@ RaiseStep RefusalOf(const TableDefinition& table, const std::vector<int>& target
   return {};
 }
 
+void EmitWhere(BindState& state, const Scope& scope, const Expression* where, Emitter& emitter) {
+  if (where) emitter.Text(" WHERE ").Expression(*ExpressionBinder(state, scope, {}).Condition(*where));
+}
+
 }  // namespace
 
 void StatementCompiler::Compile(const InsertStatement& insert, Position at) {
@@ -213,10 +217,7 @@ void StatementCompiler::Compile(const UpdateStatement& update, Position at) {
     emitter.Text(i > 0 ? "," : "").Name(ColumnAt(*table, column).name).Text("=");
     EmitStored(emitter, *value, IsRowNumber(*table, column));
   }
-  if (update.where) {
-    emitter.Text(" WHERE ");
-    emitter.Expression(*ExpressionBinder(state_, scope, {}).Condition(*update.where));
-  }
+  EmitWhere(state_, scope, update.where.get(), emitter);
   Add(at, WriteStep{emitter.Take(), table->name});
 }
 
@@ -227,10 +228,7 @@ void StatementCompiler::Compile(const DeleteStatement& erase, Position at) {
   scope.Add({id, erase.table, table.get(), nullptr}, erase.table_at);
   Emitter emitter;
   emitter.Text("DELETE FROM ").Text(state_.tables->StoredName(erase.table)).Text(" AS t").Number(id);
-  if (erase.where) {
-    emitter.Text(" WHERE ");
-    emitter.Expression(*ExpressionBinder(state_, scope, {}).Condition(*erase.where));
-  }
+  EmitWhere(state_, scope, erase.where.get(), emitter);
   Add(at, WriteStep{emitter.Take(), table->name});
 }
 

@@ -1,9 +1,18 @@
 #include "src/context/error_text.h"
 
 #include "src/context/database_error.h"
+#include "src/context/utf8.h"
 
 namespace tarvoni {
 namespace {
+
+// The server's words may repeat what was typed, whatever its length.
+constexpr int kLongestDetail = 200;
+
+std::string Shortened(const std::string& text) {
+  if (utf8::Length(text) <= kLongestDetail) return text;
+  return std::string(utf8::Substring(text, 0, kLongestDetail)) + "…";
+}
 
 // Numbers of a T-SQL server that what a user typed can lead to.
 const char* SentenceOf(int number) {
@@ -11,8 +20,10 @@ const char* SentenceOf(int number) {
     case 102:
       return "Die Eingabe ist keine gültige Zahl.";
     case 105:
-      return "Die Eingabe enthält ein Hochkomma (') und kann so nicht gespeichert werden.";
+      return "Die Eingabe enthält ein Hochkomma (') und kann so nicht übernommen werden.";
     case 220:
+    case 244:
+    case 248:
     case 8115:
       return "Eine Zahl ist zu groß für ihr Feld.";
     case 241:
@@ -44,7 +55,7 @@ std::string ErrorText(const std::exception& error) {
   const auto* failed = dynamic_cast<const DatabaseError*>(&error);
   if (!failed || failed->Number() > kErrorNotSupported) return error.what();
   return std::string(SentenceOf(failed->Number())) + " (Fehler " + std::to_string(failed->Number()) + ": " +
-         error.what() + ")";
+         Shortened(error.what()) + ")";
 }
 
 }  // namespace tarvoni

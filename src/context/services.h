@@ -24,9 +24,8 @@ class LookupDialog {
  public:
   virtual ~LookupDialog() = default;
   // Shows the statement's rows, positioned at `start_text`, and gives the first column of the chosen row;
-  // `start_text` on cancel, or "" where the list starts with an id (option "100" and start text "0" give
-  // "0"). With "DATUM" for the statement and option "1" it asks for a date and gives it as "dd.mm.yyyy", or
-  // "".
+  // `start_text` on cancel. With "DATUM" for the statement and option "1" it asks for a date and gives it as
+  // "dd.mm.yyyy", or "".
   virtual std::string Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
                            const std::string& start_text, const std::string& option) = 0;
 };

@@ -34,6 +34,23 @@ std::string Spliced(const TextBox& box, int start, int length, std::string_view 
   return text;
 }
 
+// What a box takes from the clipboard. A copied cell ends in a line break that is not meant, and what tabs and
+// line breaks part must not grow together in a box that shows none.
+std::u32string Pasted(std::string_view text, bool multi_line) {
+  const char32_t line_break = multi_line ? U'\n' : U' ';
+  std::u32string pasted;
+  for (const char32_t character : utf8::Decode(text)) {
+    if (character == U'\n' && pasted.ends_with(U'\r')) pasted.pop_back();
+    pasted += character;
+  }
+  while (!multi_line && (pasted.ends_with(U'\n') || pasted.ends_with(U'\r'))) pasted.pop_back();
+  for (char32_t& character : pasted) {
+    if (character == U'\n' || character == U'\r') character = line_break;
+    if (character == U'\t') character = U' ';
+  }
+  return pasted;
+}
+
 }  // namespace
 
 void UserActions::Key(int key, int shift) {
@@ -182,7 +199,7 @@ bool UserActions::Paste(std::string_view text) {
   Act([&] {
     const std::string before = box->Text();
     const int start = box->SelStart(), length = box->SelLength();
-    for (const char32_t character : utf8::Decode(text)) {
+    for (const char32_t character : Pasted(text, box->MultiLine())) {
       taken = taken && form_.ActiveControl() == box &&
               PressCharacter(*box, character == U'\n' ? kKeyEnter : character);
     }

@@ -69,6 +69,7 @@ void F_Arbeitnehmer::Save(int index) {
   if (index == 1 && btnNeu.Enabled()) btnNeu.Press();
 }
 
+// A year that is missing, or is none, makes its month incomplete.
 bool F_Arbeitnehmer::TestEntry() {
   const std::int32_t max_closed = CurrentRow(AdodcArbeitnehmer).Number("MAXLOHNABSCHLUSS");
   const auto require = [this](bool passed, const Label& label, TextBox& box) {
@@ -78,7 +79,7 @@ bool F_Arbeitnehmer::TestEntry() {
          require(working_month_.Key() > max_closed, lblBearbeitungsmonat, txtBearbeitungsmonat[1]) &&
          require(!txtVerlohnungs[1].Empty(), lblVerlohnungs, txtVerlohnungs[1]) &&
          require(!txtVerlohnungs[0].Empty(), lblVerlohnungs, txtVerlohnungs[0]) &&
-         require(pay_month_.Key() <= working_month_.Key(), lblVerlohnungs, txtVerlohnungs[1]) &&
+         require(Day() && pay_month_.Key() <= working_month_.Key(), lblVerlohnungs, txtVerlohnungs[1]) &&
          require(!txtPersonalnummer[0].Empty(), lblPersonalnummer, txtPersonalnummer[0]) &&
          require(!txtLohnart[0].Empty(), lblLohnart, txtLohnart[0]) &&
          require(!txtAuszahlungsmonat[1].Empty(), lblAuszahlungsmonat, txtAuszahlungsmonat[1]) &&

@@ -27,20 +27,14 @@ TEST_P(DatabaseCommon, ValuesComeBackAsTheirTypes) {
       "NVARCHAR(20))");
   Execute("INSERT INTO PROBE VALUES (-7, 3, 1, -12.3456, 99.5, 0.125, '2024-02-29 13:45:00', 'Text')");
   const Recordset rows = Open("SELECT I,S,B,D,M,F,T,N FROM PROBE");
-  const auto expect = [&](const char* name, FieldType type, const Value& value) {
-    EXPECT_EQ(rows.Fields()[name].Type(), type) << name;
-    EXPECT_EQ(rows.Fields()[name].Value(), value) << name;
-  };
-  expect("I", FieldType::kInteger, std::int64_t{-7});
-  expect("S", FieldType::kSmallInt, std::int64_t{3});
-  expect("B", FieldType::kBoolean, true);
-  expect("D", FieldType::kNumeric, Decimal(-123456, 4));
-  expect("M", FieldType::kCurrency, Decimal(995, 1));
-  expect("F", FieldType::kDouble, 0.125);
-  expect("T", FieldType::kDbTimeStamp, DateTime{2024, 2, 29, (13 * 60 + 45) * 60 * 1000});
-  expect("N", FieldType::kVarWChar, "Text");
-  EXPECT_EQ(rows.Fields()["N"].DefinedSize(), 20);
-  EXPECT_EQ(rows.Fields()["I"].DefinedSize(), 0);
+  ExpectField(rows, "I", FieldType::kInteger, 0, std::int64_t{-7});
+  ExpectField(rows, "S", FieldType::kSmallInt, 0, std::int64_t{3});
+  ExpectField(rows, "B", FieldType::kBoolean, 0, true);
+  ExpectField(rows, "D", FieldType::kNumeric, 0, Decimal(-123456, 4));
+  ExpectField(rows, "M", FieldType::kCurrency, 0, Decimal(995, 1));
+  ExpectField(rows, "F", FieldType::kDouble, 0, 0.125);
+  ExpectField(rows, "T", FieldType::kDbTimeStamp, 0, DateTime{2024, 2, 29, (13 * 60 + 45) * 60 * 1000});
+  ExpectField(rows, "N", FieldType::kVarWChar, 20, "Text");
 }
 
 TEST_P(DatabaseCommon, LargeDecimalsAreExactWhereTheBackendStoresThem) {

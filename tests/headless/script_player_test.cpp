@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "src/common/box_rules.h"
 #include "src/common/code_field.h"
 #include "src/common/list_rules.h"
@@ -130,7 +132,10 @@ class Player : public testing::Test {
                 [](const std::string&, const ScriptHooks::Values& arguments, TvnVar_Dll& context) {
                   F_Lager().Run(context);
                   return arguments;
-                }};
+                },
+            .contents = [this](Connection&) -> ScriptHooks::Values {
+              return {{"BELEG", "leer"}, {"WALD", std::to_string(std::ranges::count(db->Log(), "DELETE"))}};
+            }};
   }
 
   // The failure's text, or "" for a script that passes.
@@ -270,6 +275,13 @@ TEST_F(Player, ErrorsOfAHandlerAreBoxes) {
             "");
 }
 
+TEST_F(Player, TellsTheRemarksAsTheirLinesAreReached) {
+  std::vector<std::string> told;
+  player.SetNarrator([&](const std::string& remark) { told.push_back(remark); });
+  EXPECT_EQ(Play("# Nicht mehr davon\n\n# Löschen,\n# aber nicht\nclick btnLoschen\n# Nein\nanswer no"), "");
+  EXPECT_THAT(told, testing::ElementsAre("Löschen,\naber nicht", "Nein"));
+}
+
 TEST_F(Player, FailedCallMustBeExpected) {
   EXPECT_EQ(Play("database x\ncall ARA x=1\nexpect failure Invalid", false), "");
   EXPECT_THAT(Play("database x\ncall ARA x=1\nexpect screen none", false), HasSubstr("schlug fehl"));
@@ -299,6 +311,13 @@ expect sql SELECT * FROM #tmp
       testing::IsSupersetOf({"INSERT INTO OPTIONEN (PROPERTY_ID, TEXT_VALUE) VALUES ('STANDARD_FWJ', '2024')",
                              "INSERT INTO OPTIONEN (PROPERTY_ID, DOUBLE_VALUE) VALUES ('RATE', 1.5)",
                              "UPDATE T SET A = 'x \"y\"' WHERE B = 1"}));
+}
+
+TEST_F(Player, ComparesAllTablesWithWhatTheyHeld) {
+  EXPECT_EQ(Play("remember\nclick btnLoschen\nanswer no\nexpect unchanged"), "");
+  EXPECT_THAT(Play("remember\nclick btnLoschen\nanswer yes\nexpect unchanged"),
+              HasSubstr("Tabelle WALD: erwartet \"0\", gefunden \"1\""));
+  EXPECT_THAT(Play("expect unchanged"), HasSubstr("Es fehlt ein remember davor"));
 }
 
 TEST_F(Player, ByReferenceResults) {

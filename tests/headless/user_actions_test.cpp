@@ -174,6 +174,21 @@ TEST_F(Actions, PasteIsAllOrNothing) {
   EXPECT_EQ(form.txtA.Text(), "8765");
 }
 
+TEST_F(Actions, PasteKeepsTabsAndLineBreaksApart) {
+  UserActions& user = Open();
+  const auto pasted = [&](TextBox& box, const char* text) {
+    box.SetText("");
+    user.Focus(box);
+    EXPECT_TRUE(user.Paste(text));
+    return box.Text();
+  };
+  form.txtA.KeyPress = [](int& key) { EXPECT_NE(key, kKeyEnter); };
+  EXPECT_EQ(pasted(form.txtA, "4300\r\n\n"), "4300") << "a copied cell ends in a line break";
+  EXPECT_EQ(pasted(form.txtA, "43\t00\r\n4\n5\r6"), "43 00 4 5 6");
+  form.txtB.SetMultiLine(true);
+  EXPECT_EQ(pasted(form.txtB, "a\tb\r\nc\rd\n"), "a b\nc\nd\n");
+}
+
 TEST_F(Actions, PostedTabRunsAfterTheEvent) {
   UserActions& user = Open();
   form.txtA.KeyPress = [&](int& key) {

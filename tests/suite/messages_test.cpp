@@ -3,7 +3,9 @@
 #include <map>
 #include <set>
 
+#include "src/context/controls.h"
 #include "src/context/environment.h"
+#include "src/context/form.h"
 #include "suite/message_service.h"
 #include "suite/message_texts.h"
 
@@ -80,6 +82,31 @@ TEST(Messages, NameANumberWithoutAText) {
   EXPECT_EQ(German(4711), "Es gibt keinen Text zur Meldung 4711.");
   EXPECT_EQ(English(-1), "There is no text for message -1.");
   EXPECT_EQ(German(99999), "Es gibt keinen Text zur Meldung 99999.");
+}
+
+struct MachineCosts : Form {
+  MachineCosts() : Form("F_Probe") { lblAnschaff.SetCaption("Anschaffungskosten"); }
+  layout::Node BuildLayout() override { return layout::Stack(); }
+
+  Label lblAnschaff{*this, "lblAnschaff"};
+  Label lblVK{*this, "lblVK"};
+  Label lbOI{*this, "lbOI"};
+  Label lblName{*this, "lblName"};
+};
+
+TEST(Messages, BindingNamesTheLabelsThatAScreenLeavesEmpty) {
+  const auto captions = [](Locale locale, const char* own) {
+    Environment environment{.locale = locale};
+    const EnvironmentScope scope(environment);
+    MachineCosts screen;
+    screen.lbOI.SetCaption(own);
+    MessageService().Bind({}, screen);
+    return screen.lblAnschaff.Caption() + "|" + screen.lblVK.Caption() + "|" + screen.lbOI.Caption() + "|" +
+           screen.lblName.Caption();
+  };
+  EXPECT_EQ(captions(Locale::German(), ""), "Anschaffungskosten|Treibstoff|Öl|");
+  EXPECT_EQ(captions(Locale::English(), ""), "Anschaffungskosten|Fuel|Oil|");
+  EXPECT_EQ(captions(Locale::German(), "Eigenes"), "Anschaffungskosten|Treibstoff|Eigenes|");
 }
 
 }  // namespace

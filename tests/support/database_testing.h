@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -48,6 +50,14 @@ inline std::optional<DatabaseError> ErrorIn(const std::function<void()>& action)
 inline int ErrorNumber(const std::function<void()>& action) {
   const auto error = ErrorIn(action);
   return error ? error->Number() : 0;
+}
+
+inline void ExpectField(const Recordset& rows, std::string_view name, FieldType type, int size,
+                        const Value& value) {
+  const Field field = rows.Fields()[name];
+  EXPECT_EQ(field.Type(), type) << name;
+  EXPECT_EQ(field.DefinedSize(), size) << name;
+  EXPECT_EQ(field.Value(), value) << name;
 }
 
 // All rows of a query: "1,Holz;2,NULL".

@@ -1,0 +1,105 @@
+#include <benchmark/benchmark.h>
+
+#include <stdexcept>
+
+#include "bench/shown_screen.h"
+#include "src/entry/screens.h"
+#include "src/wage/f_ara_sql.h"
+#include "src/wage/f_arbeitnehmer.h"
+
+// The Screens of the wage orders on the large enterprise, without windows: each is shown and closed at once.
+namespace tarvoni::bench {
+namespace {
+
+void Open(benchmark::State& state) {
+  Shown shown;
+  auto* lohn = new c_Lohn<Screens>;
+  for (auto _ : state) {
+    shown.Next();
+    if (lohn->ARA(shown.context, std::to_string(TheKeys().client), 0) != kResultOk) {
+      throw std::runtime_error("F_ARA: " + LastFailure().text);
+    }
+  }
+  lohn->Release();
+}
+
+// The statement that the Screen sends, with the wage types it found.
+std::string BareList() {
+  std::string whens;
+  for (Recordset types = Database().Open(ara_sql::DirectWageTypes()); !types.EndOfFile(); types.MoveNext()) {
+    whens += " WHEN " + ToDisplayText(types.Fields()["TYP"].Value()) + " THEN " +
+             ToDisplayText(types.Fields()["ID"].Value());
+  }
+  return ara_sql::OrdersOfYear({static_cast<std::int32_t>(TheKeys().client), TheKeys().year},
+                               "CASE BBF_GRUPPE.NUMBER" + whens + " ELSE 0 END", "", "");
+}
+
+void Bare(benchmark::State& state) {
+  const std::string text = BareList();
+  std::size_t rows = 0;
+  for (auto _ : state) rows = Database().Open(text).RecordCount();
+  state.SetLabel(std::to_string(rows) + " Zeilen, verglichen mit der bloßen Anweisung");
+}
+
+// Every second order of the year goes to another year meanwhile: the time must halve.
+void OpenHalf(benchmark::State& state) {
+  const std::string of_client = " AND PERSONAL_ID = " + std::to_string(TheKeys().client);
+  Database().Execute("UPDATE ARA_KOPF SET NAME_FWJ = '9999' WHERE NAME_NUMMER%2 = 0 AND NAME_FWJ = '" +
+                     TheKeys().year + "'" + of_client);
+  Open(state);
+  Database().Execute("UPDATE ARA_KOPF SET NAME_FWJ = '" + TheKeys().year + "' WHERE NAME_FWJ = '9999'" +
+                     of_client);
+}
+
+// What btnSpeichern sends for a new order, in one handler; the list it then reads anew is measured above.
+void Save(benchmark::State& state) {
+  const auto order =
+      std::get<std::int64_t>(Database().Open("SELECT MAX(ID) FROM ARA_KOPF").Fields()[0].Value());
+  const auto id = static_cast<std::int32_t>(order);
+  int number = 0;
+  for (auto _ : state) {
+    const std::string typed = std::to_string(900000 + ++number % 1000);
+    HandlerScope handler(Database());
+    Database().Open(ara_sql::TakeNumber(id, "1100" + TheKeys().year + typed, typed));
+    Database().Open(ara_sql::IsOverhead("1"));
+    Database().Execute(ara_sql::UpdateHeader(
+        id, {.name = "1100" + TheKeys().year + typed, .description = "Messung", .total = "", .team = ""}));
+    Database().Execute(ara_sql::UpdatePosition(id,
+                                               {.product_order = "1",
+                                                .service = "11",
+                                                .date = DateTime{2024, 3, 15},
+                                                .cost_centre = "1",
+                                                .work_type = "1",
+                                                .location = ""},
+                                               "yyyymmdd"));
+    handler.Finish();
+  }
+}
+
+void Hours(benchmark::State& state) {
+  constexpr const char* kOrder = "-1";
+  Database().Execute(
+      std::string("SET IDENTITY_INSERT ARA_KOPF ON\nINSERT INTO ARA_KOPF (ID, NAME) VALUES (") + kOrder +
+      ", 'Messung')\nSET IDENTITY_INSERT ARA_KOPF OFF\nINSERT INTO ARA_STUNDEN "
+      "(ID_ARA_KOPF, ID_PERSONAL, ID_LOHNARTEN, BEARBEITUNG, VERLOHNUNG, STUNDEN) SELECT TOP 500 " +
+      kOrder + ", ID_PERSONAL, ID_LOHNARTEN, BEARBEITUNG, VERLOHNUNG, STUNDEN FROM ARA_STUNDEN");
+  Shown shown;
+  for (auto _ : state) {
+    shown.Next();
+    F_Arbeitnehmer screen;
+    screen.Run(shown.context, std::stoi(kOrder));
+  }
+  Database().Execute(std::string("DELETE FROM ARA_STUNDEN WHERE ID_ARA_KOPF = ") + kOrder +
+                     "\nDELETE FROM ARA_KOPF WHERE ID = " + kOrder);
+  state.SetLabel("500 Stundenzeilen");
+}
+
+constexpr auto kMilliseconds = benchmark::kMillisecond;
+BENCHMARK(Open)->Name("c_Lohn.ARA/T-SQL")->Unit(kMilliseconds);
+BENCHMARK(Bare)->Name("c_Lohn.ARA/Hand")->Unit(kMilliseconds);
+BENCHMARK(OpenHalf)->Name("c_Lohn.ARA, halbe Menge")->Unit(kMilliseconds);
+BENCHMARK(Save)->Name("Lohnauftrag speichern")->UseRealTime()->Unit(kMilliseconds);
+BENCHMARK(Hours)->Name("F_Arbeitnehmer öffnen")->Unit(kMilliseconds);
+
+}  // namespace
+}  // namespace tarvoni::bench

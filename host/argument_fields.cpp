@@ -1,0 +1,72 @@
+#include "host/argument_fields.h"
+
+#include <map>
+
+#include "src/context/statement.h"
+
+namespace tarvoni::host {
+namespace {
+
+using enum FieldKind;
+
+std::string Machines(const ChoiceScope&) {
+  return "SELECT NUMMER, NUMMER AS NR, BEZEICHNUNG FROM MASCHINENBUCH ORDER BY NUMMER";
+}
+
+std::string OrderGroups(const ChoiceScope& scope) {
+  return Compose(
+      "SELECT ID, BEZEICHNUNG, FWJ FROM PA_GRUPPE WHERE ID_PERSONAL = {} ORDER BY FWJ DESC, BEZEICHNUNG",
+      Id(scope.client));
+}
+
+std::string Journals(const ChoiceScope& scope) {
+  return Compose(
+      "SELECT STUNDENBUCH_HEADER.ID, RIGHT('0' + CAST(MONAT AS NVARCHAR(2)), 2) + '.' + CAST(JAHR AS "
+      "NVARCHAR(4)), "
+      "PERSONAL.NUMMER, PERSONAL.NAME, PERSONAL.VORNAME FROM STUNDENBUCH_HEADER "
+      "INNER JOIN PERSONAL ON PERSONAL.ID_PERSONAL = STUNDENBUCH_HEADER.ID_PERSONAL "
+      "WHERE PERSONAL.ID_MANDANTEN = {} AND STUNDENBUCH_HEADER.FWJ = '{}' "
+      "ORDER BY JAHR DESC, MONAT DESC, PERSONAL.NAME",
+      Id(scope.client), Typed(scope.forest_year));
+}
+
+std::string OrdersOrPlans(const ChoiceScope& scope) {
+  const SqlText client = Id(scope.client), year = Typed(scope.forest_year);
+  return scope.plan
+             ? Compose(
+                   "SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF_PLANN "
+                   "WHERE PERSONAL_ID = {} AND FWJ = '{}' ORDER BY NAME",
+                   client, year)
+             : Compose(
+                   "SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF "
+                   "WHERE PERSONAL_ID = {} AND FWJ = '{}' ORDER BY NAME",
+                   client, year);
+}
+
+}  // namespace
+
+const std::vector<ArgumentField>& FieldsOf(const std::string& method) {
+  static const ArgumentField mode = {"mode_dll", "Modus", kNumber};
+  static const std::map<std::string, std::vector<ArgumentField>> fields = {
+      {"ARA", {{"strPersonal_dll", "Mandant", kClient}}},
+      {"Maschinenbuch",
+       {{"bolNew", "neue Maschine", kFlag}, {"intNummer_dll", "Maschine", kRow, "", Machines, true}}},
+      {"PA_Gruppe",
+       {{"ID_Mandant", "Mandant", kClient}, {"Id_PA_Gruppe", "PA-Gruppe", kRow, "neue Gruppe", OrderGroups}}},
+      {"BruttoLohn", {{"Id_StundenBuch", "Stundenbuch", kRow, "", Journals}}},
+      {"Lager",
+       {{"strPersonal_dll", "Mandant", kClient}, mode, {"strSelektion_Fr_Wh_dll", "Selektion", kText}}},
+      {"Belege", {{"strPersonal_dll", "Mandant", kClient}, mode}},
+      {"Arbeitsauftrag",
+       {{"idPersonal_dll", "Mandant", kClient},
+        {"Plan_dll", "Plan", kFlag},
+        {"ID", "Auftrag", kRow, "neu", OrdersOrPlans}}},
+      {"PA_Gruppe_Delete", {{"ID_Item_dll", "PA-Gruppe", kRow, "", OrderGroups}}},
+      {"NewRechnung", {{"intPersonal", "Mandant", kClient}, {"oldRechName", "Bisheriger Name", kText}}},
+  };
+  static const std::vector<ArgumentField> none;
+  const auto found = fields.find(method);
+  return found == fields.end() ? none : found->second;
+}
+
+}  // namespace tarvoni::host

@@ -1,0 +1,75 @@
+#include "host/workplace.h"
+
+#include "host/open_database.h"
+#include "platform/odbc/password.h"
+#include "src/context/environment.h"
+#include "src/context/field_text.h"
+#include "src/context/number_text.h"
+
+namespace tarvoni::host {
+namespace {
+
+std::int32_t Whole(const Value& value) {
+  const auto number = NumberOf(value, CurrentLocale());
+  return number ? ToInt32(number->ToDouble()) : 0;
+}
+
+std::string Shown(const Value& value) {
+  return FieldText(value, "", CurrentLocale());
+}
+
+}  // namespace
+
+void Workplace::Open(const std::string& database) {
+  record_.dbAdo = OpenDatabase(database);
+  record_.strConString = record_.dbAdo->ConnectionString();
+  name_ = odbc::WithoutPassword(database);
+}
+
+void Workplace::Close() {
+  record_.dbAdo.reset();
+  record_.strConString.clear();
+  name_.clear();
+}
+
+Recordset Workplace::Read(const std::string& statement) const {
+  return record_.dbAdo->Open(statement);
+}
+
+std::vector<Client> Workplace::Clients() const {
+  std::vector<Client> clients;
+  for (Recordset rows = Read("SELECT ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME FROM PERSONAL "
+                             "WHERE MANDANTEN = 1 AND ISNULL(DISABLE, 0) = 0 ORDER BY NUMMER");
+       !rows.EndOfFile(); rows.MoveNext()) {
+    const FieldList& fields = rows.Fields();
+    clients.push_back({.id = Whole(fields[0].Value()),
+                       .number = Shown(fields[1].Value()),
+                       .short_name = Shown(fields[2].Value()),
+                       .name = Shown(fields[3].Value())});
+  }
+  return clients;
+}
+
+std::int32_t Workplace::StandardClient() const {
+  const Recordset rows = Read("SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARDMANDANTEN'");
+  return rows.EndOfFile() ? 0 : Whole(rows.Fields()[0].Value());
+}
+
+std::string Workplace::StandardForestYear() const {
+  const Recordset rows = Read("SELECT TEXT_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARD_FWJ'");
+  return rows.EndOfFile() ? std::string() : Shown(rows.Fields()[0].Value());
+}
+
+std::vector<Choice> Workplace::Choices(const std::string& statement) const {
+  std::vector<Choice> choices;
+  for (Recordset rows = Read(statement); !rows.EndOfFile(); rows.MoveNext()) {
+    Choice& choice = choices.emplace_back(Choice{.id = Whole(rows.Fields()[0].Value()), .text = {}});
+    for (int i = 1; i < rows.Fields().Count(); ++i) {
+      const std::string text = Shown(rows.Fields()[i].Value());
+      if (!text.empty()) choice.text += (choice.text.empty() ? "" : " · ") + text;
+    }
+  }
+  return choices;
+}
+
+}  // namespace tarvoni::host
