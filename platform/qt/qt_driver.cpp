@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QListWidget>
@@ -14,7 +15,6 @@
 #include "platform/qt/form_window.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/keys.h"
-#include "platform/qt/list_view.h"
 #include "platform/qt/tab_view.h"
 #include "platform/qt/table_view.h"
 #include "platform/qt/text.h"
@@ -143,8 +143,10 @@ void QtDriver::MouseDown(Control& control) {
 
 void QtDriver::SelectItem(ItemList& list, int index) {
   ControlView* const view = ViewOf(list);
-  if (auto* combo = dynamic_cast<ComboBoxView*>(view)) {
-    combo->Pick(index);
+  if (auto* combo = view ? qobject_cast<QComboBox*>(view->Widget()) : nullptr) {
+    // What the open list does when one of its items is clicked.
+    combo->setCurrentIndex(index);
+    Q_EMIT combo->activated(index);
   } else if (auto* box = view ? qobject_cast<QListWidget*>(view->Widget()) : nullptr) {
     box->scrollToItem(box->item(index));
     SendClick(*box->viewport(), box->visualItemRect(box->item(index)).center());
