@@ -50,7 +50,7 @@ const std::vector<ArgumentField>& FieldsOf(const std::string& method) {
   static const std::map<std::string, std::vector<ArgumentField>> fields = {
       {"ARA", {{"strPersonal_dll", "Mandant", kClient}}},
       {"Maschinenbuch",
-       {{"bolNew", "neue Maschine", kFlag}, {"intNummer_dll", "Maschine", kRow, "", Machines}}},
+       {{"bolNew", "neue Maschine", kFlag}, {"intNummer_dll", "Maschine", kRow, "", Machines, true}}},
       {"PA_Gruppe",
        {{"ID_Mandant", "Mandant", kClient}, {"Id_PA_Gruppe", "PA-Gruppe", kRow, "neue Gruppe", OrderGroups}}},
       {"BruttoLohn", {{"Id_StundenBuch", "Stundenbuch", kRow, "", Journals}}},
