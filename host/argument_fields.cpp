@@ -21,7 +21,8 @@ std::string OrderGroups(const ChoiceScope& scope) {
 
 std::string Journals(const ChoiceScope& scope) {
   return Compose(
-      "SELECT STUNDENBUCH_HEADER.ID, RIGHT('0' + CAST(MONAT AS NVARCHAR(2)), 2) + '.' + CAST(JAHR AS NVARCHAR(4)), "
+      "SELECT STUNDENBUCH_HEADER.ID, RIGHT('0' + CAST(MONAT AS NVARCHAR(2)), 2) + '.' + CAST(JAHR AS "
+      "NVARCHAR(4)), "
       "PERSONAL.NUMMER, PERSONAL.NAME, PERSONAL.VORNAME FROM STUNDENBUCH_HEADER "
       "INNER JOIN PERSONAL ON PERSONAL.ID_PERSONAL = STUNDENBUCH_HEADER.ID_PERSONAL "
       "WHERE PERSONAL.ID_MANDANTEN = {} AND STUNDENBUCH_HEADER.FWJ = '{}' "
@@ -32,12 +33,14 @@ std::string Journals(const ChoiceScope& scope) {
 std::string OrdersOrPlans(const ChoiceScope& scope) {
   const SqlText client = Id(scope.client), year = Typed(scope.forest_year);
   return scope.plan
-             ? Compose("SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF_PLANN "
-                       "WHERE PERSONAL_ID = {} AND FWJ = '{}' ORDER BY NAME",
-                       client, year)
-             : Compose("SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF "
-                       "WHERE PERSONAL_ID = {} AND FWJ = '{}' ORDER BY NAME",
-                       client, year);
+             ? Compose(
+                   "SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF_PLANN "
+                   "WHERE PERSONAL_ID = {} AND FWJ = '{}' ORDER BY NAME",
+                   client, year)
+             : Compose(
+                   "SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF "
+                   "WHERE PERSONAL_ID = {} AND FWJ = '{}' ORDER BY NAME",
+                   client, year);
 }
 
 }  // namespace
@@ -47,10 +50,9 @@ const std::vector<ArgumentField>& FieldsOf(const std::string& method) {
   static const std::map<std::string, std::vector<ArgumentField>> fields = {
       {"ARA", {{"strPersonal_dll", "Mandant", kClient}}},
       {"Maschinenbuch",
-       {{"bolNew", "neue Maschine", kFlag}, {"intNummer_dll", "Maschine", kRow, "", Machines}}},
+       {{"bolNew", "neue Maschine", kFlag}, {"intNummer_dll", "Maschine", kRow, "", Machines, true}}},
       {"PA_Gruppe",
-       {{"ID_Mandant", "Mandant", kClient},
-        {"Id_PA_Gruppe", "PA-Gruppe", kRow, "neue Gruppe", OrderGroups}}},
+       {{"ID_Mandant", "Mandant", kClient}, {"Id_PA_Gruppe", "PA-Gruppe", kRow, "neue Gruppe", OrderGroups}}},
       {"BruttoLohn", {{"Id_StundenBuch", "Stundenbuch", kRow, "", Journals}}},
       {"Lager",
        {{"strPersonal_dll", "Mandant", kClient}, mode, {"strSelektion_Fr_Wh_dll", "Selektion", kText}}},
@@ -60,8 +62,7 @@ const std::vector<ArgumentField>& FieldsOf(const std::string& method) {
         {"Plan_dll", "Plan", kFlag},
         {"ID", "Auftrag", kRow, "neu", OrdersOrPlans}}},
       {"PA_Gruppe_Delete", {{"ID_Item_dll", "PA-Gruppe", kRow, "", OrderGroups}}},
-      {"NewRechnung",
-       {{"intPersonal", "Mandant", kClient}, {"oldRechName", "Bisheriger Name", kText}}},
+      {"NewRechnung", {{"intPersonal", "Mandant", kClient}, {"oldRechName", "Bisheriger Name", kText}}},
   };
   static const std::vector<ArgumentField> none;
   const auto found = fields.find(method);

@@ -29,6 +29,7 @@ struct ArgumentField {
   std::string none = {};  // what 0 is called; "" if a row has to be chosen
   // The statement of the rows: the key first, then what is shown.
   std::string (*choices)(const ChoiceScope& scope) = nullptr;
+  bool free_number = false;  // a number that no row bears may be typed
 };
 
 // The arguments that a user is asked for; the others keep their defaults. The names are those of methods.h.

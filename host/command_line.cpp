@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "host/commands.h"
+#include "host/desktop/desktop.h"
 #include "host/error_report.h"
 
 namespace tarvoni::host {
@@ -24,8 +25,7 @@ std::string GermanMessage(const CLI::Error& error) {
   const auto before = [&message](std::string_view part) { return message.substr(0, message.find(part)); };
   const std::string& kind = error.get_name();
   if (kind == "RequiredError") {
-    const auto missing = before(" is required");
-    return missing == "A subcommand" ? "Es fehlt ein Befehl." : "Es fehlt: " + missing + ".";
+    return "Es fehlt: " + before(" is required") + ".";
   }
   if (kind == "ExtrasError") return "Das wird hier nicht verstanden: " + behind_colon();
   if (kind == "ConversionError") return "Kein gültiger Wert: " + behind_colon();
@@ -61,7 +61,9 @@ std::string CheckUi(const std::string& text) {
 class CommandLine {
  public:
   CommandLine() {
-    app_.require_subcommand(1);
+    app_.require_subcommand(0, 1);
+    app_.add_option("--database", desktop_database_, "die Datenbank im Fenster öffnen")
+        ->type_name("DATENBANK");
     app_.set_version_flag("--version", "tarvoni " TARVONI_VERSION, "Version zeigen");
     app_.failure_message(FailureMessage);
     SpeakGerman(app_);
@@ -79,7 +81,7 @@ class CommandLine {
     } catch (const CLI::ParseError& error) {
       return app_.exit(error) == 0 ? kOk : kUsage;
     }
-    return run_();
+    return run_ ? run_() : static_cast<ExitCode>(RunDesktop(desktop_database_));
   }
 
  private:
@@ -180,6 +182,7 @@ class CommandLine {
   SqlOptions sql_;
   DemoCommand demo_;
   ScriptCommand script_;
+  std::string desktop_database_;
   std::string database_;
   std::string target_;
 };

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "src/context/call_error.h"
+#include "src/entry/screens.h"
 
 namespace tarvoni::host {
 namespace {
@@ -37,35 +38,47 @@ Reference<_c_Lohn> MakeLohn() {
 const std::vector<Method>& Methods() {
   static const std::vector<Method> methods = {
       {"ARA",
-       "&Arbeitsaufträge (ARA)",
+       "&Arbeitsaufträge",
+       "Lohnaufträge eines Mandanten im Forstjahr: Liste, Bearbeitung, Stunden",
+       kIsBuilt<Screens::F_ARA>,
        {{"strPersonal_dll", kText}, {"mode_dll", kByte}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.ARA(tvnvar, a.Text("strPersonal_dll"), a.Byte("mode_dll"));
        }},
       {"Maschinenbuch",
        "&Maschinenbuch",
+       "Stammdaten und Kosten einer Maschine",
+       kIsBuilt<Screens::F_Maschinenbuch>,
        {{"intNummer_dll", kLong}, {"bolNew", kBoolean}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.Maschinenbuch(a.Long("intNummer_dll"), a.Boolean("bolNew"), tvnvar);
        }},
       {"MaschineStamm",
        "Maschinen-&Stammdaten",
+       "Welche Kostenart zu welcher Kostengruppe der Maschinen zählt",
+       kIsBuilt<Screens::F_MaschineStamm>,
        {},
        [](_c_Lohn& lohn, Arguments&, const TvnVar_Dll& tvnvar) { return lohn.MaschineStamm(tvnvar); }},
       {"PA_Gruppe",
        "&PA-Gruppe",
+       "Eine Gruppe von Produktaufträgen anlegen oder bearbeiten",
+       kIsBuilt<Screens::F_PA_Gruppe>,
        {{"Id_PA_Gruppe", kLong}, {"ID_Mandant", kLong}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.PA_Gruppe(a.Long("Id_PA_Gruppe"), a.Long("ID_Mandant"), tvnvar);
        }},
       {"BruttoLohn",
        "&Bruttolohn",
+       "Bruttolohnjournal eines Arbeiters in einem Monat",
+       kIsBuilt<Screens::F_Bruttolohn>,
        {{"Id_StundenBuch", kLong}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.BruttoLohn(tvnvar, a.Long("Id_StundenBuch"));
        }},
       {"Lager",
        "&Lager",
+       "Lagerbelege eines Mandanten",
+       kIsBuilt<Screens::F_Lager>,
        {{"strPersonal_dll", kText},
         {"mode_dll", kByte},
         {"strSelektion_Fr_Wh_dll", kText, true},
@@ -76,24 +89,32 @@ const std::vector<Method>& Methods() {
        }},
       {"Belege",
        "B&elege",
+       "Rechnungsbelege eines Mandanten und ihre Aufteilung auf Kosten",
+       kIsBuilt<Screens::F_Belege_New>,
        {{"strPersonal_dll", kText}, {"mode_dll", kByte}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.Belege(tvnvar, a.Text("strPersonal_dll"), a.Byte("mode_dll"));
        }},
       {"Arbeitsauftrag",
-       "Produktauf&trag und Plan",
+       "Produktauf&trag",
+       "Produktauftrag oder Plan mit seinen Kostenpositionen",
+       kIsBuilt<Screens::F_Arbeitsauftrag>,
        {{"idPersonal_dll", kText}, {"ID", kLong}, {"Plan_dll", kBoolean}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.Arbeitsauftrag(tvnvar, a.Text("idPersonal_dll"), a.Long("ID"), a.Boolean("Plan_dll"));
        }},
       {"PA_Gruppe_Delete",
        "PA-Gruppe l&öschen",
+       "Eine Gruppe löschen, zu der kein Auftrag gehört",
+       kIsBuilt<Screens::F_PA_Gruppe>,
        {{"ID_Item_dll", kLong}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.PA_Gruppe_Delete(a.Long("ID_Item_dll"), tvnvar);
        }},
       {"NewRechnung",
        "&Neue Rechnung",
+       "Den Namen einer Rechnung bilden",
+       kIsBuilt<Screens::F_NewRechnung>,
        {{"RechName", kText, true}, {"intPersonal", kLong}, {"oldRechName", kText}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.NewRechnung(tvnvar, a.Reference("RechName"), a.Long("intPersonal"),

@@ -12,7 +12,9 @@ namespace tarvoni::host {
 // A method of c_Lohn as scripts and forms call it; the record is passed apart from the other arguments.
 struct Method {
   std::string name;
-  std::string title;  // for a menu
+  std::string title;    // for a menu
+  std::string purpose;  // in a sentence
+  bool built = false;   // its Screen is there
   std::vector<Parameter> parameters;
   Result (*call)(_c_Lohn& lohn, Arguments& arguments, const TvnVar_Dll& tvnvar);
 };

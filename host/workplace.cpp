@@ -10,7 +10,8 @@ namespace tarvoni::host {
 namespace {
 
 std::int32_t Whole(const Value& value) {
-  return IsNull(value) ? 0 : ToInt32(value, CurrentLocale());
+  const auto number = NumberOf(value, CurrentLocale());
+  return number ? ToInt32(number->ToDouble()) : 0;
 }
 
 std::string Shown(const Value& value) {
@@ -50,8 +51,7 @@ std::vector<Client> Workplace::Clients() const {
 }
 
 std::int32_t Workplace::StandardClient() const {
-  const Recordset rows =
-      Read("SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARDMANDANTEN'");
+  const Recordset rows = Read("SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARDMANDANTEN'");
   return rows.EndOfFile() ? 0 : Whole(rows.Fields()[0].Value());
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "include/tarvoni_lohn.h"
+#include "src/context/recordset.h"
 
 namespace tarvoni::host {
 

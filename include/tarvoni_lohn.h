@@ -152,7 +152,7 @@ Result DllRegisterServer();
 Result DllUnregisterServer();
 
 // Opens a file or, with "odbc:…", a database on a server, and fills `dbAdo` and `strConString` of the record.
-// Every thread that opens or calls gets the windows, the suite's services and German number formats set up, and the
+// Every thread that calls a method gets the windows, the suite's services and German number formats set up, and the
 // process a QApplication if it has none.
 Result TarvoniOpenDatabase(const char* database, TvnVar_Dll& tvnvar);
 void TarvoniLastFailure(Failure& failure);

@@ -1,6 +1,8 @@
 #include "host/desktop/application.h"
 
 #include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
 #include <array>
 
 #include "platform/qt/look.h"
@@ -15,6 +17,10 @@ QApplication* MakeApplication() {
   static int count = 1;
   auto* const application = new QApplication(count, arguments.data());
   qt::UseHouseStyle(*application);
+  // The words of Qt's own dialogs, where the machine has them.
+  static QTranslator german;
+  if (german.load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&german);
   return application;
 }
 

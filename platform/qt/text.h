@@ -8,7 +8,10 @@ namespace tarvoni::qt {
 
 // UTF-8 in the system, QString in the widgets.
 inline QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  // Qt takes such a character at the beginning for a mark of the encoding and drops it.
+  if (text.starts_with("\xEF\xBB\xBF")) shown.prepend(QChar(0xFEFF));
+  return shown;
 }
 
 inline std::string FromQt(const QString& text) {

@@ -10,8 +10,6 @@
 #include "src/machines/f_maschine_stamm.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
-#include "src/wage/f_ara.h"
-#include "src/wage/f_arbeitnehmer.h"
 
 namespace tarvoni {
 namespace {

@@ -3,7 +3,6 @@
 #include "src/entry/c_lohn.h"
 #include "src/machines/f_maschine_stamm.h"
 #include "src/wage/f_ara.h"
-#include "src/wage/f_ara.h"
 
 namespace tarvoni {
 

@@ -207,19 +207,19 @@ void F_ARA::SetColumns() {
 void F_ARA::SetInitialWidths() {
   const std::initializer_list<std::pair<const char*, int>> widths = {{"STATUSKOPF", 650},
                                                                      {"NAME", 1700},
-                                                                     {"DATUM_NR", 1150},
+                                                                     {"DATUM_NR", 1650},
                                                                      {"LEISTUNGKURZNAME", 900},
                                                                      {"KOSTENSTELLENUMBER", 1150},
-                                                                     {"LEISTUNGSARTNUMBER", 1200},
+                                                                     {"LEISTUNGSARTNUMBER", 1350},
                                                                      {"ARBEITSAUFTRAG_KOPFNAME", 2000},
                                                                      {"WALDORT", 2000},
-                                                                     {"BESCHREIBUNG", 2200},
+                                                                     {"BESCHREIBUNG", 2400},
                                                                      {"ROTTESHORT", 650},
                                                                      {"FLACHE", 850},
                                                                      {"MENGE", 950},
                                                                      {"WARENEINHEITEINHEIT", 550},
-                                                                     {"STUNDEN", 1000},
-                                                                     {"GESAMNT", 1250}};
+                                                                     {"STUNDEN", 2050},
+                                                                     {"GESAMNT", 1400}};
   for (const auto& [field, twips] : widths) DataGridArbeitsauftrag.Columns()[field].SetWidth(twips);
 }
 

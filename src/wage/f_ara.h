@@ -6,6 +6,7 @@
 #include "src/common/code_field.h"
 #include "src/common/list_rules.h"
 #include "src/common/screen.h"
+#include "src/context/decimal.h"
 
 namespace tarvoni {
 
@@ -57,7 +58,7 @@ class F_ARA : public Screen {
   void Storno();
   void OpenVorgaben();
   void OpenStunden();
-  double CalculateGesamtKosten();
+  Decimal CalculateGesamtKosten();
   void StoreGesamtKosten();
   // The name that a saved order has: cost centre, year and number.
   std::string OrderName() const;

@@ -209,9 +209,9 @@ void F_ARA::OpenStunden() {
   StoreGesamtKosten();
 }
 
-// What the workers' hours on the order cost, as the suite's reports add it up.
-double F_ARA::CalculateGesamtKosten() {
-  double total = 0;
+// What the workers' hours on the order cost, as the suite's reports add it up; exact, since half a cent counts.
+Decimal F_ARA::CalculateGesamtKosten() {
+  Decimal total;
   for (Recordset months = Open(sql::MonthsWithHours(curAraId)); !months.EndOfFile(); months.MoveNext()) {
     const FieldList month = months.Fields();
     for (const bool others : {false, true}) {
@@ -220,7 +220,7 @@ double F_ARA::CalculateGesamtKosten() {
       CurrentSuite().Reports().PrintRows(Context(), curAraId, ToLong(month["ID_PERSONAL"].Value()),
                                          ToLong(month["YEARBEARBEITUNG"].Value()),
                                          ToLong(month["MONTHBEARBEITUNG"].Value()), 10, flag, amount);
-      total += CurrentSuite().Values().ToNumber(amount);
+      total = Add(total, NumberOf(amount, CurrentLocale()).value_or(Decimal())).value();
     }
   }
   return total;
@@ -228,7 +228,7 @@ double F_ARA::CalculateGesamtKosten() {
 
 void F_ARA::StoreGesamtKosten() {
   const std::string shown = FormatNumber(CalculateGesamtKosten(), "0.00", CurrentLocale());
-  Execute(sql::StoreTotal(curAraId, ParseNumber(shown, CurrentLocale())->ToDouble()));
+  Execute(sql::StoreTotal(curAraId, *ParseNumber(shown, CurrentLocale())));
   LoadGridAndPosition();
 }
 

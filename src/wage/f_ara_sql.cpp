@@ -269,9 +269,9 @@ std::string MonthsWithHours(std::int32_t order) {
       Id(order));
 }
 
-std::string StoreTotal(std::int32_t order, double total) {
+std::string StoreTotal(std::int32_t order, const Decimal& total) {
   return Compose("UPDATE ARA_KOPF SET GESAMNT = {} WHERE ID = {}",
-                 total == 0 ? NumberOrNull("") : Number(total), Id(order));
+                 total == Decimal() ? NumberOrNull("") : Number(total), Id(order));
 }
 
 }  // namespace tarvoni::ara_sql

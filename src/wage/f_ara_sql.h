@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "src/context/date_time.h"
+#include "src/context/decimal.h"
 
 // The statements of F_ARA. An order is a row of ARA_KOPF with its row of ARBEITSAUFTRAG.
 namespace tarvoni::ara_sql {
@@ -81,6 +82,6 @@ std::string CancelOrder(std::int32_t order, const DateTime& day, std::string_vie
 // Each worker's months with hours on the order.
 std::string MonthsWithHours(std::int32_t order);
 // 0 is stored as NULL.
-std::string StoreTotal(std::int32_t order, double total);
+std::string StoreTotal(std::int32_t order, const Decimal& total);
 
 }  // namespace tarvoni::ara_sql

@@ -151,7 +151,7 @@ void F_Arbeitnehmer::SetColumns() {
 
 // Until the user sets his own.
 void F_Arbeitnehmer::SetInitialWidths() {
-  const std::initializer_list<std::pair<const char*, int>> widths = {{"PERSONALNUMMER", 1500},
+  const std::initializer_list<std::pair<const char*, int>> widths = {{"PERSONALNUMMER", 1650},
                                                                      {"PERSONALKURZBEZEICHNUNG", 2800},
                                                                      {"DAYVERLOHNUNG", 600},
                                                                      {"MONTHVERLOHNUNG", 750},

@@ -1,33 +1,17 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 
 #include "tests/host/demo_database.h"
+#include "tests/host/run_program.h"
 
 namespace tarvoni::host {
 namespace {
 
 using ::testing::HasSubstr;
-
-struct Outcome {
-  int exit_code;
-  std::string output;  // stdout and stderr together
-};
-
-// Runs the program through the shell.
-Outcome RunProgram(const std::string& arguments) {
-  const std::string command = fmt::format("{} {} 2>&1", TARVONI_PROGRAM, arguments);
-  std::FILE* pipe = popen(command.c_str(), "r");
-  Outcome outcome{-1, {}};
-  for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) outcome.output += static_cast<char>(c);
-  outcome.exit_code = WEXITSTATUS(pclose(pipe));
-  return outcome;
-}
 
 class Program : public ::testing::Test {
  protected:
@@ -40,18 +24,23 @@ class Program : public ::testing::Test {
 };
 
 TEST_F(Program, UsageErrorsAreGermanAndGiveTwo) {
-  EXPECT_EQ(RunProgram("").exit_code, 2);
-  EXPECT_THAT(RunProgram("").output, HasSubstr("Es fehlt ein Befehl."));
   EXPECT_THAT(RunProgram("sql").output, HasSubstr("Es fehlt: DATENBANK."));
   EXPECT_EQ(RunProgram("sql x.db --nie").exit_code, 2);
   EXPECT_THAT(RunProgram("sql x.db --csv --json").output, HasSubstr("schließen einander aus"));
   EXPECT_EQ(RunProgram("demo x.db --scale 0").exit_code, 2);
   EXPECT_THAT(RunProgram("demo x.db --scale viel").output, HasSubstr("ganze Zahl von 1 bis"));
+  EXPECT_THAT(RunProgram("script x.tvs --ui web").output, HasSubstr("Es gibt nur headless und desktop."));
   EXPECT_FALSE(std::filesystem::exists("x.db"));
 }
 
+TEST_F(Program, SaysThatWindowsNeedADisplay) {
+  const Outcome blind = RunProgram("", "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM");
+  EXPECT_EQ(blind.exit_code, 1);
+  EXPECT_THAT(blind.output, HasSubstr("keine grafische Oberfläche"));
+}
+
 TEST_F(Program, HelpIsGermanEverywhere) {
-  for (const char* command : {"", "sql", "demo", "schema", "backup", "check"}) {
+  for (const char* command : {"", "sql", "demo", "schema", "backup", "check", "script"}) {
     const Outcome help = RunProgram(std::string(command) + " --help");
     EXPECT_EQ(help.exit_code, 0) << command;
     EXPECT_THAT(help.output, HasSubstr("Aufruf: "));

@@ -1,0 +1,84 @@
+#include "host/desktop/call_pane.h"
+
+#include <QHBoxLayout>
+
+#include "platform/qt/text.h"
+
+namespace tarvoni::host {
+
+using qt::PlainCaption;
+using qt::ToQt;
+
+CallPane::CallPane(const Workplace& workplace, Call call)
+    : workplace_(workplace),
+      call_(std::move(call)),
+      list_(new QListWidget),
+      group_(new QGroupBox),
+      purpose_(new QLabel),
+      column_(new QVBoxLayout(group_)),
+      open_(new QPushButton("Ö&ffnen")) {
+  list_->setAccessibleName("Bildschirme");
+  for (const Method& method : Methods()) {
+    auto* const item = new QListWidgetItem(PlainCaption(method.title), list_);
+    if (method.built) continue;
+    item->setFlags(item->flags() & ~Qt::ItemIsEnabled);
+    item->setText(item->text() + "  (noch nicht verfügbar)");
+  }
+  purpose_->setWordWrap(true);
+  open_->setDefault(true);
+  auto* const buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(open_);
+  column_->addWidget(purpose_);
+  column_->addLayout(buttons);
+  column_->addStretch();
+
+  connect(list_, &QListWidget::currentRowChanged, this, [this](int index) { ShowMethod(index); });
+  connect(list_, &QListWidget::itemActivated, this, [this] { Open(); });
+  connect(open_, &QPushButton::clicked, this, [this] { Open(); });
+
+  auto* const label = new QLabel("&Bildschirme");
+  label->setBuddy(list_);
+  auto* const left = new QVBoxLayout;
+  left->addWidget(label);
+  left->addWidget(list_);
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addLayout(left, 2);
+  row->addWidget(group_, 3);
+  list_->setCurrentRow(0);
+}
+
+void CallPane::SetScope(const ChoiceScope& scope, const QString& client_name) {
+  scope_ = scope;
+  client_name_ = client_name;
+  if (form_ && workplace_.IsOpen()) form_->SetScope(scope_, client_name_);
+}
+
+void CallPane::Choose(const Method& method) {
+  list_->setCurrentRow(static_cast<int>(&method - Methods().data()));
+  open_->setFocus();
+}
+
+void CallPane::ShowMethod(int index) {
+  delete form_;
+  form_ = nullptr;
+  if (index < 0) return;
+  const Method& method = Methods()[static_cast<std::size_t>(index)];
+  group_->setTitle(PlainCaption(method.title));
+  purpose_->setText(ToQt(method.purpose + "."));
+  form_ = new ArgumentForm(workplace_, FieldsOf(method.name), [this] {
+    if (form_) open_->setEnabled(form_->IsComplete());
+  });
+  column_->insertWidget(1, form_);
+  open_->setEnabled(form_->IsComplete());
+  SetScope(scope_, client_name_);
+}
+
+void CallPane::Open() {
+  if (!form_ || !open_->isEnabled()) return;
+  const Method& method = Methods()[static_cast<std::size_t>(list_->currentRow())];
+  if (method.built) call_(method, form_->Values());
+}
+
+}  // namespace tarvoni::host

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <functional>
+
+#include "host/desktop/argument_form.h"
+#include "host/methods.h"
+
+namespace tarvoni::host {
+
+// The ten methods, and the arguments of the chosen one.
+class CallPane : public QWidget {
+ public:
+  using Call = std::function<void(const Method&, const Arguments::Values&)>;
+  CallPane(const Workplace& workplace, Call call);
+
+  void SetScope(const ChoiceScope& scope, const QString& client_name);
+  // Chooses a method; Enter opens it then.
+  void Choose(const Method& method);
+
+ private:
+  void ShowMethod(int index);
+  void Open();
+
+  const Workplace& workplace_;
+  Call call_;
+  QListWidget* list_;
+  QGroupBox* group_;
+  QLabel* purpose_;
+  QVBoxLayout* column_;
+  QPushButton* open_;
+  ArgumentForm* form_ = nullptr;
+  ChoiceScope scope_;
+  QString client_name_;
+};
+
+}  // namespace tarvoni::host

@@ -1,0 +1,66 @@
+#include "host/desktop/client_list.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "platform/qt/text.h"
+
+namespace tarvoni::host {
+
+using qt::ToQt;
+
+ClientList::ClientList(std::function<void()> chosen) : filter_(new QLineEdit), list_(new QTreeWidget) {
+  list_->setHeaderLabels({"Nummer", "Mandant"});
+  list_->setRootIsDecorated(false);
+  list_->setUniformRowHeights(true);
+  list_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+  list_->setAccessibleName("Mandanten");
+  filter_->setPlaceholderText("Suchen");
+  filter_->setClearButtonEnabled(true);
+  filter_->setAccessibleName("Mandanten suchen");
+  connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) { Filter(text); });
+  connect(list_, &QTreeWidget::currentItemChanged, this, [chosen = std::move(chosen)] { chosen(); });
+
+  auto* const label = new QLabel("&Mandanten");
+  label->setBuddy(list_);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(label);
+  column->addWidget(filter_);
+  column->addWidget(list_);
+}
+
+void ClientList::Show(const std::vector<Client>& clients, std::int32_t current) {
+  list_->clear();
+  filter_->clear();
+  QTreeWidgetItem* start = nullptr;
+  for (const Client& client : clients) {
+    const std::string& name = client.name.empty() ? client.short_name : client.name;
+    auto* const item = new QTreeWidgetItem(list_, {ToQt(client.number), ToQt(name)});
+    item->setData(0, Qt::UserRole, client.id);
+    item->setToolTip(1, ToQt(client.short_name));
+    if (!start || client.id == current) start = item;
+  }
+  list_->setCurrentItem(start);
+}
+
+std::int32_t ClientList::CurrentId() const {
+  const QTreeWidgetItem* const item = list_->currentItem();
+  return item ? item->data(0, Qt::UserRole).toInt() : 0;
+}
+
+QString ClientList::CurrentName() const {
+  const QTreeWidgetItem* const item = list_->currentItem();
+  return item ? item->text(0) + "  " + item->text(1) : QString();
+}
+
+void ClientList::Filter(const QString& text) {
+  for (int i = 0; i < list_->topLevelItemCount(); ++i) {
+    QTreeWidgetItem* const item = list_->topLevelItem(i);
+    const bool found = item->text(0).startsWith(text) || item->text(1).contains(text, Qt::CaseInsensitive);
+    item->setHidden(!found);
+  }
+}
+
+}  // namespace tarvoni::host

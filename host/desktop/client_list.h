@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QTreeWidget>
+#include <QWidget>
+#include <functional>
+
+#include "host/workplace.h"
+
+namespace tarvoni::host {
+
+// The clients of a database, with a filter over number and name.
+class ClientList : public QWidget {
+ public:
+  explicit ClientList(std::function<void()> chosen);
+
+  // `current` is the id to begin with.
+  void Show(const std::vector<Client>& clients, std::int32_t current);
+  // Id and name of the chosen client; 0 and "" for none.
+  std::int32_t CurrentId() const;
+  QString CurrentName() const;
+
+ private:
+  void Filter(const QString& text);
+
+  QLineEdit* filter_;
+  QTreeWidget* list_;
+};
+
+}  // namespace tarvoni::host

@@ -1,0 +1,194 @@
+#include "host/desktop/main_window.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QIntValidator>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSplitter>
+#include <QStatusBar>
+
+#include "host/desktop/demo_maker.h"
+#include "host/desktop/report.h"
+#include "host/desktop/server_dialog.h"
+#include "host/desktop/settings_dialog.h"
+#include "host/open_database.h"
+#include "platform/qt/text.h"
+
+namespace tarvoni::host {
+
+using qt::FromQt;
+using qt::ToQt;
+
+namespace {
+
+constexpr int kFirstWidth = 110;  // characters
+constexpr int kFirstHeight = 32;  // lines
+constexpr int kStatusTime = 15000;
+constexpr int kLastYear = 9999;
+
+}  // namespace
+
+MainWindow::MainWindow()
+    : environment_{.toolkit = &toolkit_, .suite = &suite_, .connect = [](const std::string& database) {
+                     return OpenDatabase(database);
+                   }} {
+  environment_.locale = settings_.FieldLocale();
+  settings_.Fill(workplace_.Record());
+  toolkit_.SetOwner(this);
+  start_ = new StartPage({.open_file = [this] { OpenFile(); },
+                          .connect_server = [this] { ConnectServer(); },
+                          .make_demo = [this] { MakeDemo(); },
+                          .open = [this](const QString& database) { Open(database); }});
+  pages_ = new QStackedWidget;
+  pages_->addWidget(start_);
+  pages_->addWidget(MakeWorkPage());
+  setCentralWidget(pages_);
+  MakeMenus();
+  statusBar();
+  resize(fontMetrics().averageCharWidth() * kFirstWidth, fontMetrics().lineSpacing() * kFirstHeight);
+  ShowState();
+}
+
+QWidget* MainWindow::MakeWorkPage() {
+  clients_ = new ClientList([this] { ShowScope(); });
+  forest_year_ = new QLineEdit;
+  forest_year_->setValidator(new QIntValidator(0, kLastYear, forest_year_));
+  connect(forest_year_, &QLineEdit::textChanged, this, [this] { ShowScope(); });
+  calls_ = new CallPane(workplace_, [this](const Method& method, const Arguments::Values& arguments) {
+    Call(method, arguments);
+  });
+
+  auto* const left = new QWidget;
+  auto* const column = new QVBoxLayout(left);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(clients_);
+  auto* const row = new QFormLayout;
+  row->addRow("&Forstjahr:", forest_year_);
+  column->addLayout(row);
+
+  auto* const page = new QWidget;
+  auto* const splitter = new QSplitter;
+  splitter->addWidget(left);
+  splitter->addWidget(calls_);
+  splitter->setStretchFactor(0, 2);
+  splitter->setStretchFactor(1, 5);
+  splitter->setChildrenCollapsible(false);
+  (new QVBoxLayout(page))->addWidget(splitter);
+  return page;
+}
+
+void MainWindow::MakeMenus() {
+  QMenu* const database = menuBar()->addMenu("&Datenbank");
+  database->addAction("Ö&ffnen …", QKeySequence::Open, this, [this] { OpenFile(); });
+  database->addAction("Mit &Server verbinden …", this, [this] { ConnectServer(); });
+  recent_ = database->addMenu("&Zuletzt geöffnet");
+  database->addAction("&Musterbetrieb anlegen …", this, [this] { MakeDemo(); });
+  needs_database_ << database->addAction("S&chließen", QKeySequence::Close, this, [this] { Close(); });
+  database->addSeparator();
+  database->addAction("&Beenden", QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); });
+
+  QMenu* const screens = menuBar()->addMenu("&Bildschirme");
+  for (const Method& method : Methods()) {
+    QAction* const action =
+        screens->addAction(ToQt(method.title), this, [this, &method] { calls_->Choose(method); });
+    if (method.built)
+      needs_database_ << action;
+    else
+      action->setEnabled(false);
+  }
+
+  menuBar()->addMenu("&Extras")->addAction("&Einstellungen …", this, [this] { ChangeSettings(); });
+  menuBar()->addMenu("&Hilfe")->addAction("Ü&ber Tarvoni Lohn", this, [this] { ShowAbout(); });
+}
+
+void MainWindow::OpenFile() {
+  const QString file =
+      QFileDialog::getOpenFileName(this, "Datenbank öffnen", {}, "Datenbanken (*.db);;Alle Dateien (*)");
+  if (!file.isEmpty()) Open(file);
+}
+
+void MainWindow::ConnectServer() {
+  const QString server = AskForServer(this);
+  if (!server.isEmpty()) Open(server);
+}
+
+void MainWindow::MakeDemo() {
+  const QString file = MakeDemoFile(this);
+  if (!file.isEmpty()) Open(file);
+}
+
+void MainWindow::Open(const QString& database) {
+  const bool server = IsServer(FromQt(database));
+  const QString name = server ? database : QFileInfo(database).absoluteFilePath();
+  const bool opened = Reported(this, [&] { workplace_.Open(FromQt(name)); });
+  if (opened) RememberDatabase(name);
+  if (!server && !QFileInfo::exists(name)) ForgetDatabase(name);
+  ShowState();
+  if (opened) ShowClients();
+}
+
+void MainWindow::Close() {
+  workplace_.Close();
+  ShowState();
+}
+
+void MainWindow::ShowState() {
+  const bool open = workplace_.IsOpen();
+  pages_->setCurrentIndex(open ? 1 : 0);
+  for (QAction* const action : needs_database_) action->setEnabled(open);
+  setWindowTitle(open ? ToQt(workplace_.Name()) + " – Tarvoni Lohn" : QString("Tarvoni Lohn"));
+  ShowRecent();
+}
+
+void MainWindow::ShowRecent() {
+  const QStringList databases = RecentDatabases();
+  start_->ShowRecent(databases);
+  recent_->clear();
+  for (const QString& database : databases) {
+    recent_->addAction(QString(database).replace('&', "&&"), this, [this, database] { Open(database); });
+  }
+  recent_->setEnabled(!databases.isEmpty());
+}
+
+void MainWindow::ShowClients() {
+  Reported(this, [this] {
+    forest_year_->setText(ToQt(workplace_.StandardForestYear()));
+    clients_->Show(workplace_.Clients(), workplace_.StandardClient());
+    clients_->setFocus();
+  });
+}
+
+void MainWindow::ShowScope() {
+  if (!workplace_.IsOpen()) return;
+  Reported(this, [this] {
+    calls_->SetScope({.client = clients_->CurrentId(), .forest_year = FromQt(forest_year_->text())},
+                     clients_->CurrentName());
+  });
+}
+
+void MainWindow::Call(const Method& method, const Arguments::Values& arguments) {
+  Reported(this, [&] {
+    QString results;
+    for (const auto& [name, value] : CallMethod(method, arguments, workplace_.Record())) {
+      if (!value.empty()) results += ToQt(name + " = " + value + "   ");
+    }
+    statusBar()->showMessage(results, kStatusTime);
+  });
+  ShowScope();
+}
+
+void MainWindow::ChangeSettings() {
+  if (!EditSettings(this, settings_)) return;
+  settings_.Save();
+  environment_.locale = settings_.FieldLocale();
+  settings_.Fill(workplace_.Record());
+}
+
+void MainWindow::ShowAbout() {
+  QMessageBox::about(this, "Über Tarvoni Lohn",
+                     "Tarvoni Lohn " TARVONI_VERSION "\n\nLohn und Kostenrechnung eines Forstbetriebs.");
+}
+
+}  // namespace tarvoni::host

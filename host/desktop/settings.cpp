@@ -1,0 +1,62 @@
+#include "host/desktop/settings.h"
+
+#include <QSettings>
+
+#include "platform/odbc/password.h"
+#include "platform/qt/text.h"
+
+namespace tarvoni::host {
+namespace {
+
+constexpr const char* kRecent = "datenbanken";
+constexpr qsizetype kRecentCount = 10;
+
+QSettings Store() {
+  return QSettings("Tarvoni", "Lohn");
+}
+
+}  // namespace
+
+Settings Settings::Load() {
+  const QSettings store = Store();
+  const Settings standard;
+  return {.locale = store.value("sprache", standard.locale).toString(),
+          .date_format = store.value("datumsformat", standard.date_format).toString(),
+          .currency = store.value("waehrung", standard.currency).toString(),
+          .work_directory = store.value("arbeitsordner").toString()};
+}
+
+void Settings::Save() const {
+  QSettings store = Store();
+  store.setValue("sprache", locale);
+  store.setValue("datumsformat", date_format);
+  store.setValue("waehrung", currency);
+  store.setValue("arbeitsordner", work_directory);
+}
+
+void Settings::Fill(TvnVar_Dll& record) const {
+  record.strSqlDateFormat = qt::FromQt(date_format);
+  record.strLocalCurrency = qt::FromQt(currency);
+  record.strWorkDirectory = qt::FromQt(work_directory);
+}
+
+QStringList RecentDatabases() {
+  return Store().value(kRecent).toStringList();
+}
+
+void RememberDatabase(const QString& database) {
+  const std::string plain = qt::FromQt(database);
+  if (odbc::WithoutPassword(plain) != plain) return;
+  QStringList recent = RecentDatabases();
+  recent.removeAll(database);
+  recent.prepend(database);
+  Store().setValue(kRecent, QStringList(recent.mid(0, kRecentCount)));
+}
+
+void ForgetDatabase(const QString& database) {
+  QStringList recent = RecentDatabases();
+  recent.removeAll(database);
+  Store().setValue(kRecent, recent);
+}
+
+}  // namespace tarvoni::host

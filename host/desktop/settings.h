@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "include/tarvoni_lohn.h"
+#include "src/context/locale.h"
+
+namespace tarvoni::host {
+
+// What the user of the desktop sets once; kept with his other settings.
+struct Settings {
+  QString locale = "de";  // or "en"
+  QString date_format = "yyyymmdd";
+  QString currency = "ATS";
+  QString work_directory;
+
+  static Settings Load();
+  void Save() const;
+
+  Locale FieldLocale() const { return locale == "en" ? Locale::English() : Locale::German(); }
+  void Fill(TvnVar_Dll& record) const;
+};
+
+// The databases opened last, the latest first, at most ten. None with a password.
+QStringList RecentDatabases();
+void RememberDatabase(const QString& database);
+void ForgetDatabase(const QString& database);
+
+}  // namespace tarvoni::host

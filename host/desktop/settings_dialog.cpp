@@ -1,0 +1,57 @@
+#include "host/desktop/settings_dialog.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace tarvoni::host {
+namespace {
+
+// Shows texts for values.
+QComboBox* Choice(QWidget* parent, const std::vector<std::pair<QString, QString>>& items,
+                  const QString& value) {
+  auto* const box = new QComboBox(parent);
+  for (const auto& [text, data] : items) box->addItem(text, data);
+  box->setCurrentIndex(std::max(0, box->findData(value)));
+  return box;
+}
+
+}  // namespace
+
+bool EditSettings(QWidget* parent, Settings& settings) {
+  QDialog dialog(parent);
+  dialog.setWindowTitle("Einstellungen");
+  auto* const locale =
+      Choice(&dialog, {{"deutsch (1.234,56)", "de"}, {"englisch (1,234.56)", "en"}}, settings.locale);
+  auto* const date_format =
+      Choice(&dialog, {{"'20240315'  (yyyymmdd)", "yyyymmdd"}, {"'2024-03-15'  (yyyy-mm-dd)", "yyyy-mm-dd"}},
+             settings.date_format);
+  auto* const currency = new QLineEdit(settings.currency, &dialog);
+  currency->setMaxLength(3);
+  auto* const directory = new QLineEdit(settings.work_directory, &dialog);
+  directory->setMinimumWidth(directory->fontMetrics().averageCharWidth() * 40);
+
+  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+  buttons->button(QDialogButtonBox::Ok)->setText("&Übernehmen");
+  buttons->button(QDialogButtonBox::Cancel)->setText("&Abbrechen");
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+
+  auto* const form = new QFormLayout(&dialog);
+  form->addRow("&Zahlen und Daten:", locale);
+  form->addRow("&Datum in Anweisungen:", date_format);
+  form->addRow("&Landeswährung:", currency);
+  form->addRow("A&rbeitsordner:", directory);
+  form->addRow(buttons);
+  if (dialog.exec() != QDialog::Accepted) return false;
+  settings = {.locale = locale->currentData().toString(),
+              .date_format = date_format->currentData().toString(),
+              .currency = currency->text().trimmed().toUpper(),
+              .work_directory = directory->text().trimmed()};
+  return true;
+}
+
+}  // namespace tarvoni::host

@@ -1,0 +1,189 @@
+#include "host/desktop/main_window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <filesystem>
+
+#include "host/demo_database.h"
+#include "host/open_database.h"
+#include "platform/qt/look.h"
+
+namespace tarvoni::host {
+namespace {
+
+using ::testing::ElementsAre;
+
+// A folder of the test's own, with the demo enterprise.
+class Desktop : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    folder_ = new QTemporaryDir;
+    MakeDemoDatabase(DemoFile().toStdString(), {});
+  }
+  static void TearDownTestSuite() {
+    delete folder_;
+    folder_ = nullptr;
+  }
+  static QString DemoFile() { return folder_->filePath("demo.db"); }
+
+  Desktop() {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder_->path());
+    QSettings("Tarvoni", "Lohn").clear();
+    watch_.callOnTimeout([this] { CloseWhatOpened(); });
+    watch_.start(10);
+  }
+
+  template <typename Widget>
+  static Widget* Named(const QWidget& window, const QString& name) {
+    for (auto* const widget : window.findChildren<Widget*>()) {
+      if (widget->accessibleName() == name) return widget;
+    }
+    return nullptr;
+  }
+
+  static QPushButton* Button(const QWidget& window, const QString& text) {
+    for (auto* const button : window.findChildren<QPushButton*>()) {
+      if (button->text() == text) return button;
+    }
+    return nullptr;
+  }
+
+  static void Shot(QWidget& window, const std::string& name) {
+    std::filesystem::create_directories(SHOTS_FOLDER);
+    window.grab().save(QString::fromStdString(SHOTS_FOLDER "/desktop_" + name + ".png"));
+  }
+
+  static QListWidget* Screens(const MainWindow& window) { return Named<QListWidget>(window, "Bildschirme"); }
+
+  // Chooses a method by its place in c_Lohn and opens it.
+  static void Open(MainWindow& window, int method) {
+    Screens(window)->setCurrentRow(method);
+    Button(window, "Ö&ffnen")->click();
+  }
+
+  QStringList opened_;  // what opened and was closed, boxes with their text
+
+ private:
+  void CloseWhatOpened() {
+    QWidget* const window = QApplication::activeModalWidget();
+    if (!window) return;
+    if (const auto* const box = qobject_cast<QMessageBox*>(window))
+      opened_ << box->text() + " | " + box->informativeText();
+    else
+      opened_ << window->windowTitle();
+    window->close();
+  }
+
+  static inline QTemporaryDir* folder_ = nullptr;
+  QTimer watch_;
+};
+
+TEST_F(Desktop, BeginsWithAPageThatOffersWhatWasOpenBefore) {
+  {
+    MainWindow window;
+    window.Open(DemoFile());
+  }
+  MainWindow window;
+  window.show();
+  Shot(window, "start");
+  const auto* const recent = Named<QListWidget>(window, "Zuletzt geöffnete Datenbanken");
+  ASSERT_EQ(recent->count(), 1);
+  EXPECT_EQ(recent->item(0)->text(), DemoFile());
+  EXPECT_TRUE(recent->isVisible());
+}
+
+TEST_F(Desktop, ListsTheClientsAndWhichScreensThereAre) {
+  MainWindow window;
+  window.show();
+  window.Open(DemoFile());
+  Shot(window, "clients");
+  const auto* const clients = Named<QTreeWidget>(window, "Mandanten");
+  ASSERT_EQ(clients->topLevelItemCount(), 3);
+  EXPECT_EQ(clients->currentItem()->text(1), "Forstbetrieb Kaltenwald");
+
+  const QListWidget* const screens = Screens(window);
+  ASSERT_EQ(screens->count(), 10);
+  for (int i = 0; i < screens->count(); ++i) {
+    const bool enabled = screens->item(i)->flags().testFlag(Qt::ItemIsEnabled);
+    EXPECT_EQ(enabled, Methods()[static_cast<std::size_t>(i)].built) << i;
+    EXPECT_EQ(screens->item(i)->text().contains("noch nicht verfügbar"), !enabled) << i;
+  }
+}
+
+TEST_F(Desktop, OpensAScreenWithTheChosenClient) {
+  MainWindow window;
+  window.show();
+  window.Open(DemoFile());
+  Open(window, 2);
+  Open(window, 0);
+  EXPECT_THAT(opened_, ElementsAre("Maschine-Stammdaten", "Arbeitsaufträge"));
+}
+
+TEST_F(Desktop, FormsOfferTheRowsOfTheClientAndTheForestYear) {
+  MainWindow window;
+  window.show();
+  window.Open(DemoFile());
+  for (const char* name : {"Maschinenbuch", "PA_Gruppe", "BruttoLohn", "Arbeitsauftrag"}) {
+    const Method& method = MethodNamed(name);
+    Screens(window)->setCurrentRow(static_cast<int>(&method - Methods().data()));
+    const auto* const box = window.findChild<QComboBox*>();
+    ASSERT_NE(box, nullptr) << name;
+    EXPECT_GT(box->count(), 1) << name;
+    EXPECT_TRUE(Button(window, "Ö&ffnen")->isEnabled()) << name;
+    Shot(window, name);
+  }
+  auto* const clients = Named<QTreeWidget>(window, "Mandanten");
+  const QString before = window.findChild<QComboBox*>()->itemText(1);
+  clients->setCurrentItem(clients->topLevelItem(1));
+  EXPECT_NE(window.findChild<QComboBox*>()->itemText(1), before);
+  EXPECT_THAT(opened_, ElementsAre());
+}
+
+TEST_F(Desktop, TellsWhyADatabaseDoesNotOpenAndKeepsTheOneBefore) {
+  MainWindow window;
+  window.Open(DemoFile());
+  window.Open("/nirgends/lohn.db");
+  ASSERT_EQ(opened_.size(), 1);
+  EXPECT_TRUE(opened_[0].contains("/nirgends/lohn.db")) << opened_[0].toStdString();
+  EXPECT_TRUE(window.windowTitle().contains("demo.db"));
+  window.Close();
+  EXPECT_EQ(window.windowTitle(), "Tarvoni Lohn");
+}
+
+TEST_F(Desktop, ShowsTheErrorThatAMethodReturns) {
+  const QString file = DemoFile() + ".kaputt";
+  std::filesystem::copy(DemoFile().toStdString(), file.toStdString());
+  MainWindow window;
+  window.Open(file);
+  OpenDatabase(file.toStdString())->Execute("DROP TABLE MASCHINE_STAMM");
+  Open(window, 2);
+  ASSERT_EQ(opened_.size(), 1);
+  EXPECT_TRUE(opened_[0].contains("MASCHINE_STAMM")) << opened_[0].toStdString();
+  EXPECT_TRUE(opened_[0].contains("_c_Lohn F_MaschineStamm")) << opened_[0].toStdString();
+}
+
+TEST_F(Desktop, RemembersNoPassword) {
+  RememberDatabase("odbc:Driver=FreeTDS;Server=db1;UID=lohn;PWD=geheim");
+  RememberDatabase("odbc:Driver=FreeTDS;Server=db1;Trusted=1");
+  EXPECT_THAT(RecentDatabases(), ElementsAre("odbc:Driver=FreeTDS;Server=db1;Trusted=1"));
+}
+
+}  // namespace
+}  // namespace tarvoni::host
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  tarvoni::qt::UseHouseStyle(application);
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
