@@ -92,7 +92,8 @@ void QtDriver::SendText(std::string_view text) {
     if (character == U'\n') {
       SendKey(Qt::Key_Return, Qt::NoModifier, {});
     } else {
-      SendKey(character == U' ' ? Qt::Key_Space : 0, Qt::NoModifier, QString::fromUcs4(&character, 1));
+      SendKey(character == U' ' ? Qt::Key_Space : 0, Qt::NoModifier,
+              QStringView(QChar::fromUcs4(character)).toString());
     }
   }
 }
