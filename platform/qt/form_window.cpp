@@ -34,6 +34,8 @@ FormWindow::FormWindow(Form& form, Toolkit& toolkit, QWidget* owner)
 
 // Anew when the system turns dark or light.
 void FormWindow::ShowColors() {
+  if (coloring_) return;
+  const Mirroring coloring(coloring_);
   setPalette(ReadablePalette());
   for (const auto& [control, view] : views_) view->Show(Aspect::kLocked);
 }
@@ -169,7 +171,7 @@ bool FormWindow::event(QEvent* event) {
       // What a control's widget had no use for comes up here a second time.
       if (!watched_.contains(focusWidget())) KeyPressed(static_cast<QKeyEvent&>(*event));
       return true;
-    case QEvent::ApplicationPaletteChange:
+    case QEvent::PaletteChange:
       ShowColors();
       return QDialog::event(event);
     case QEvent::WindowDeactivate:

@@ -103,6 +103,7 @@ class FormWindow : public QDialog, private FormObserver {
   bool ctrl_alone_ = false;
   bool committing_ = false;
   bool following_ = false;
+  bool coloring_ = false;
 };
 
 }  // namespace tarvoni::qt

@@ -52,14 +52,14 @@ class ComboBoxView : public ItemListView {
   bool Key(const QKeyEvent& event) override;
   bool Press(const QMouseEvent& event, bool twice) override;
   bool Other(QEvent& event) override;
-  // The user picks an item of the open list.
-  void Pick(int index);
 
  protected:
   bool Navigate(const QKeyEvent& event) override;
   void Typed(const std::u32string& text) override;
 
  private:
+  // The user picks an item of the open list.
+  void Pick(int index);
   bool EditsText() const;
   void ShowText() const;
   void ShowSelection() const;

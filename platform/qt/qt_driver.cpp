@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QListWidget>
@@ -14,7 +15,6 @@
 #include "platform/qt/form_window.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/keys.h"
-#include "platform/qt/list_view.h"
 #include "platform/qt/tab_view.h"
 #include "platform/qt/table_view.h"
 #include "platform/qt/text.h"
@@ -92,7 +92,8 @@ void QtDriver::SendText(std::string_view text) {
     if (character == U'\n') {
       SendKey(Qt::Key_Return, Qt::NoModifier, {});
     } else {
-      SendKey(character == U' ' ? Qt::Key_Space : 0, Qt::NoModifier, QString::fromUcs4(&character, 1));
+      SendKey(character == U' ' ? Qt::Key_Space : 0, Qt::NoModifier,
+              QStringView(QChar::fromUcs4(character)).toString());
     }
   }
 }
@@ -143,8 +144,10 @@ void QtDriver::MouseDown(Control& control) {
 
 void QtDriver::SelectItem(ItemList& list, int index) {
   ControlView* const view = ViewOf(list);
-  if (auto* combo = dynamic_cast<ComboBoxView*>(view)) {
-    combo->Pick(index);
+  if (auto* combo = view ? qobject_cast<QComboBox*>(view->Widget()) : nullptr) {
+    // What the open list does when one of its items is clicked.
+    combo->setCurrentIndex(index);
+    Q_EMIT combo->activated(index);
   } else if (auto* box = view ? qobject_cast<QListWidget*>(view->Widget()) : nullptr) {
     box->scrollToItem(box->item(index));
     SendClick(*box->viewport(), box->visualItemRect(box->item(index)).center());

@@ -83,7 +83,7 @@ bool F_Arbeitnehmer::TestEntry() {
          require(!txtPersonalnummer[0].Empty(), lblPersonalnummer, txtPersonalnummer[0]) &&
          require(!txtLohnart[0].Empty(), lblLohnart, txtLohnart[0]) &&
          require(!txtAuszahlungsmonat[1].Empty(), lblAuszahlungsmonat, txtAuszahlungsmonat[1]) &&
-         require(!txtAuszahlungsmonat[3].Empty(), lblAuszahlungsmonat, txtAuszahlungsmonat[3]);
+         require(paying_month_.FirstDay().has_value(), lblAuszahlungsmonat, txtAuszahlungsmonat[3]);
 }
 
 void F_Arbeitnehmer::Delete() {

@@ -10,7 +10,10 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <cstdlib>
+#include <utility>
 
+#include "tests/qt/dark_palette.h"
 #include "tests/qt/stage.h"
 
 namespace tarvoni::qt {
@@ -51,7 +54,7 @@ TEST(TextBoxView, TypedAndPastedTextPassesTheFilter) {
     QApplication::sendEvent(&edit, &enter);
     QDropEvent drop(QPointF(4, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&edit, &drop);
-    EXPECT_EQ(FromQt(edit.text()), "AB1ß9éZ");
+    EXPECT_EQ(FromQt(edit.text()), "ZAB1ß9é") << "where it was dropped";
   });
 }
 
@@ -120,6 +123,31 @@ TEST(TextBoxView, LockedBoxesLookLockedAndTakeNothing) {
     box.SetBackColor(0x0000FF);
     EXPECT_EQ(edit.palette().color(QPalette::Base), QColor(255, 0, 0));
   });
+}
+
+TEST(TextBoxView, TextStandsOutInLightAndDark) {
+  const QPalette light = QApplication::palette();
+  for (const QPalette& palette : {light, test::DarkPalette()}) {
+    Stage stage;
+    stage.form.txtMenge.SetBackColor(0x80FFFF);
+    stage.Show(stage.form.txtName, [&](FormWindow&) {
+      QApplication::setPalette(palette);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(stage.WidgetOf(stage.form.txtName).palette().color(QPalette::Base),
+                palette.color(QPalette::Base))
+          << "the open window follows";
+      for (const TextBox* box : {&stage.form.txtName, &stage.form.txtKostenstelle[1], &stage.form.txtMenge}) {
+        const QPalette& shown = stage.WidgetOf(*box).palette();
+        for (const auto& [group, least] :
+             {std::pair(QPalette::Active, 140), std::pair(QPalette::Disabled, 90)}) {
+          const int text = shown.color(group, QPalette::Text).lightness();
+          EXPECT_GT(std::abs(text - shown.color(group, QPalette::Base).lightness()), least)
+              << box->FullName();
+        }
+      }
+    });
+  }
+  QApplication::setPalette(light);
 }
 
 TEST(TextBoxView, PositionsCountCharacters) {
