@@ -222,7 +222,8 @@ void Builder::Row(const Node& row, QGridLayout& grid, int at, QWidget* parent) {
   QLabel* const label = RowLabel(row, parent);
   if (label) grid.addWidget(label, at, 0);
   const auto& cells = row.children;
-  if (cells.size() > 1 && IsFixedBox(cells[0])) {
+  // Codes with their names stand in columns; rows of many cells flow.
+  if (cells.size() == 2 && IsFixedBox(cells[0])) {
     AddTo(grid, Build(cells[0], parent), at, 1);
     AddTo(grid, Beside(cells, 1, parent), at, 2);
   } else {

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <cmath>
 
@@ -65,6 +66,18 @@ void TableView::Connect() {
   connect(head, &QHeaderView::sectionResized, this, [this](int column, int, int pixels) {
     if (!showing_ && pixels > 0 && column_resized) column_resized(column, TwipsOfPixels(pixels, *this));
   });
+}
+
+QSize TableView::sizeHint() const {
+  constexpr int kRows = 12;
+  const QTableView& table = *Table();
+  const int bar = table.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &table);
+  const int edge = 2 * table.frameWidth() + bar;
+  const int width = table.horizontalHeader()->length() + edge;
+  const int height =
+      table.horizontalHeader()->height() + kRows * table.verticalHeader()->defaultSectionSize() + edge;
+  const bool free_height = table.maximumHeight() == QWIDGETSIZE_MAX;
+  return QWidget::sizeHint().expandedTo({width, free_height ? height : 0});
 }
 
 void TableView::Report(int row) {

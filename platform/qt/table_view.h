@@ -20,6 +20,8 @@ class TableView : public QWidget {
   // What the table is about: its accessible name, and the name of an exported file.
   void SetTitle(const std::string& title) { pane_->SetTitle(title); }
   QTableView* Table() const { return pane_->Table(); }
+  // All columns and a dozen rows; the window takes what of it the screen has.
+  QSize sizeHint() const override;
 
   // The user went to a row, or clicked on it again. A selection drawn with the mouse goes to its last row only.
   std::function<void(int row)> row_chosen;

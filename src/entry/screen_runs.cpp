@@ -42,16 +42,6 @@ const std::vector<ScreenRun>& ScreenRuns() {
        RunOf<F_Arbeitnehmer>([](F_Arbeitnehmer& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Long("curAraId"));
        })},
-      {"F_ARA",
-       {{"strPersonal_dll", kText}, {"mode_dll", kByte}},
-       RunOf<F_ARA>([](F_ARA& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
-         screen.Run(tvnvar, arguments.Text("strPersonal_dll"), arguments.Byte("mode_dll"));
-       })},
-      {"F_Arbeitnehmer",
-       {{"curAraId", kLong}},
-       RunOf<F_Arbeitnehmer>([](F_Arbeitnehmer& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
-         screen.Run(tvnvar, arguments.Long("curAraId"));
-       })},
       {"F_Kostenart",
        {{"strParam", kText}},
        RunOf<F_Kostenart>([](F_Kostenart& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
