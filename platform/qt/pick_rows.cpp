@@ -52,6 +52,7 @@ PickRows::PickRows(const PickRequest& request, const Locale& locale)
   sorted_.resize(rows_.RecordCount());
   std::iota(sorted_.begin(), sorted_.end(), std::size_t{0});
   shown_ = sorted_;
+  MakeSearchable();
 }
 
 // All numbers of a column with as many places as the one that needs most.
@@ -81,7 +82,7 @@ std::string PickRows::CodeOf(std::size_t row) const {
   return FieldText(Cell(row, code_column_), "", locale_);
 }
 
-// The code stands first, where the search ranks it best.
+// Done while the list opens, so that no key has to wait for it. The code stands first, where the search ranks it best.
 void PickRows::MakeSearchable() {
   search_.resize(sorted_.size());
   for (std::size_t row = 0; row < search_.size(); ++row) {
@@ -95,7 +96,6 @@ void PickRows::MakeSearchable() {
 
 int PickRows::Filter(std::string_view typed) {
   query_ = SearchQuery(typed);
-  if (search_.empty() && !query_.Empty()) MakeSearchable();
   Show();
   return shown_.empty() ? -1 : static_cast<int>(best_);
 }
