@@ -19,7 +19,7 @@ layout::Node F_Arbeitnehmer::BuildLayout() {
             Row(lblStunden, "Stunden", Box(txtStunden, 12), Text(lblSatz, "Satz"), Shown(txtSatz, 12),
                 Text(lblProzentsatz, "Prozentsatz"), Box(txtProzentsatz, 10),
                 Text(lblGesamtbetrag, "Gesamtbetrag"), Shown(txtGesamtbetrag, 12), Gap())),
-      Table(DataGridArbeitnehmer, 10),
+      Table(DataGridArbeitnehmer),
       Bar(Push(btnNeu, "Neu"), Push(btnBearbeiten, "Bearbeiten"), Push(btnSpeichern[0], "Speichern"),
           Push(btnSpeichern[1], "Speich.+Neu"), Push(btnAbbrechen, "Abbr."), Push(btnLoschen, "Löschen"),
           Gap(), Push(btnClose, "Schließen")),
