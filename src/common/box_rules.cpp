@@ -21,11 +21,20 @@ void SelectOnFocus(Control& box) {
 }
 
 void OnEnter(Control& box, EnterRule rule) {
-  Append(box.KeyPress, [rule = std::move(rule)](int& key) {
-    if (key != kKeyEnter) return;
+  const auto* text_box = dynamic_cast<TextBox*>(&box);
+  Append(box.KeyPress, [text_box, rule = std::move(rule)](int& key) {
+    if (key != kKeyEnter || (text_box && text_box->MultiLine())) return;
     key = 0;
     rule();
   });
+}
+
+void ConnectBoxes(Form& form, const EnterRule& rule) {
+  for (Control* control : form.Controls()) {
+    if (!dynamic_cast<TextBox*>(control)) continue;
+    SelectOnFocus(*control);
+    OnEnter(*control, rule);
+  }
 }
 
 void NumberKeys(TextBox& box, const std::string& mask) {

@@ -1,11 +1,24 @@
 #include "src/common/list_rules.h"
 
+#include <utility>
+
 #include "src/common/query.h"
 #include "src/context/environment.h"
 #include "src/context/services.h"
 #include "src/context/statement.h"
 
 namespace tarvoni {
+
+void ConnectList(DataControl& data, DataGrid& grid, const Guard& guard, Button& edit,
+                 std::function<void()> show_row) {
+  grid.Bind(data);
+  data.MoveComplete = [&data, &guard, show_row = std::move(show_row)] {
+    if (StepOntoRow(data) && !guard.IsSet()) show_row();
+  };
+  grid.DblClick = [&edit] {
+    if (edit.Enabled()) edit.Press();
+  };
+}
 
 void RefreshUnderGuard(DataControl& data, Guard& guard, const std::function<void()>& set_columns) {
   {
@@ -20,10 +33,10 @@ void RefreshKeepingWidths(DataControl& data, DataGrid& grid, Guard& guard,
   std::vector<int> widths;
   for (const GridColumn& column : grid.Columns()) widths.push_back(column.Width());
   RefreshUnderGuard(data, guard, [&] {
+    set_columns();
     for (int i = 0; i < grid.Columns().Count() && i < static_cast<int>(widths.size()); ++i) {
       grid.Columns()[i].SetWidth(widths[static_cast<std::size_t>(i)]);
     }
-    set_columns();
   });
 }
 
@@ -55,6 +68,14 @@ std::int32_t NeighbourOfCurrentRow(const DataControl& data, std::string_view id_
   const bool on_last = static_cast<std::size_t>(rows.AbsolutePosition()) == last;
   rows.Move(on_last ? -1 : 1);
   return ToLong(rows.Fields()[id_column].Value());
+}
+
+ShownColumn AmountColumn(std::string data_field, std::string caption, int width, std::string number_format) {
+  return {.data_field = std::move(data_field),
+          .caption = std::move(caption),
+          .number_format = std::move(number_format),
+          .alignment = Alignment::kRight,
+          .width = width};
 }
 
 void ShowColumns(DataGrid& grid, const std::vector<ShownColumn>& columns) {

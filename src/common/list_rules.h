@@ -13,10 +13,15 @@
 // What Screens do with their lists.
 namespace tarvoni {
 
+// The list's own events: a move shows the row unless the guard is set, and steps back onto the list from its ends; a
+// double click presses the button that edits, if it is enabled.
+void ConnectList(DataControl& data, DataGrid& grid, const Guard& guard, Button& edit,
+                 std::function<void()> show_row);
+
 // Runs the list's statement again while the guard keeps MoveComplete quiet, then sets the columns, which a
 // refresh makes anew.
 void RefreshUnderGuard(DataControl& data, Guard& guard, const std::function<void()>& set_columns);
-// The same, with the widths of the columns carried over.
+// The same, with the widths of the columns carried over from before.
 void RefreshKeepingWidths(DataControl& data, DataGrid& grid, Guard& guard,
                           const std::function<void()>& set_columns);
 
@@ -37,8 +42,12 @@ struct ShownColumn {
   std::string caption;
   std::string number_format = {};
   Alignment alignment = Alignment::kLeft;
-  int width = 0;  // twips; 0 leaves it
+  int width = 0;  // twips, until the user sets his own; 0 leaves it
 };
+
+// A number, aligned to the right.
+ShownColumn AmountColumn(std::string data_field, std::string caption, int width,
+                         std::string number_format = "0.00");
 
 // Shows these columns with their captions and hides all others.
 void ShowColumns(DataGrid& grid, const std::vector<ShownColumn>& columns);

@@ -14,13 +14,8 @@ namespace tarvoni {
 namespace sql = ara_sql;
 
 F_ARA::F_ARA() : Screen("F_ARA") {
-  DataGridArbeitsauftrag.Bind(AdodcArbeitsauftrag);
-  AdodcArbeitsauftrag.MoveComplete = [this] {
-    if (StepOntoRow(AdodcArbeitsauftrag) && !loadingFlag) ShowCurrentRow();
-  };
-  DataGridArbeitsauftrag.DblClick = [this] {
-    if (btnBearbeiten.Enabled()) btnBearbeiten.Press();
-  };
+  ConnectList(AdodcArbeitsauftrag, DataGridArbeitsauftrag, loadingFlag, btnBearbeiten,
+              [this] { ShowCurrentRow(); });
   Form_Unload = [this](bool& cancel) {
     RefuseUnloadWhileDisabled(cancel, btnClose);
     if (!cancel) layout_.Save(Context());
@@ -39,7 +34,6 @@ void F_ARA::Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_dll, st
   BindMessages();
   LoadGridAndPosition();
   SetViewState(true);
-  SetInitialWidths();
   layout_.Load(Context());
   Show();
 }
@@ -52,15 +46,7 @@ void F_ARA::ConnectFields() {
   NumberBox(txtFlache, "-######0.0000");
   NumberBox(txtMenge, "-######0.00");
   NumberBox(txtGesamtKosten, "-######0.00");
-  for (TextBox* box :
-       {&txtArbeitsauftrag, &txtFlache, &txtMenge, &txtGesamtKosten, &txtBegrundung_der_Anordnung}) {
-    SelectOnFocus(*box);
-  }
-  for (TextBox* box : {&txtArbeitsauftrag, &txtLeistung[0], &txtRotte[0], &txtKostenstelle[0],
-                       &txtProduktauftragNr[0], &txtLeistungsart[0], &txtWaldort, &txtFlache, &txtMenge,
-                       &txtGesamtKosten, &txtKostenstelleSel[0], &txtLeistungsartSel[0]}) {
-    OnEnter(*box, TabOnEnter(*this));
-  }
+  ConnectBoxes(*this, TabOnEnter(*this));
   Append(txtKostenstelle[0].LostFocus, [this] { CostCentreLeft(); });
   Append(txtProduktauftragNr[0].LostFocus, [this] { ProductOrderLeft(); });
   kostenstelleSel_.Changed = [this] { LoadGridAndPosition(); };
@@ -178,49 +164,26 @@ const std::string& F_ARA::StundenCase() {
 }
 
 void F_ARA::SetColumns() {
-  const auto amount = [](const char* field, const Label& label) {
-    return ShownColumn{.data_field = field,
-                       .caption = label.Caption(),
-                       .number_format = "0.00",
-                       .alignment = Alignment::kRight};
-  };
   ShowColumns(
       DataGridArbeitsauftrag,
-      {{.data_field = "STATUSKOPF", .caption = Message(4689)},
-       {.data_field = "NAME", .caption = frmArbeitsauftrag.Caption()},
-       {.data_field = "DATUM_NR", .caption = lblErstellungsDatum.Caption(), .number_format = "dd.mm.yyyy"},
-       {.data_field = "LEISTUNGKURZNAME", .caption = lblLeistung.Caption()},
-       {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption()},
-       {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption()},
-       {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption()},
-       {.data_field = "WALDORT", .caption = lblWaldort.Caption()},
-       {.data_field = "BESCHREIBUNG", .caption = frmBeschreibung_der_Arbeit.Caption()},
-       {.data_field = "ROTTESHORT", .caption = lblRotte.Caption()},
-       amount("FLACHE", lblFlache),
-       amount("MENGE", lblMenge),
-       {.data_field = "WARENEINHEITEINHEIT", .caption = "ME"},
-       amount("STUNDEN", lblStunden_dir_Lohn),
-       amount("GESAMNT", lblGesamtKosten)});
-}
-
-// Until the user sets his own.
-void F_ARA::SetInitialWidths() {
-  const std::initializer_list<std::pair<const char*, int>> widths = {{"STATUSKOPF", 650},
-                                                                     {"NAME", 1700},
-                                                                     {"DATUM_NR", 1650},
-                                                                     {"LEISTUNGKURZNAME", 900},
-                                                                     {"KOSTENSTELLENUMBER", 1150},
-                                                                     {"LEISTUNGSARTNUMBER", 1350},
-                                                                     {"ARBEITSAUFTRAG_KOPFNAME", 1850},
-                                                                     {"WALDORT", 2000},
-                                                                     {"BESCHREIBUNG", 1950},
-                                                                     {"ROTTESHORT", 650},
-                                                                     {"FLACHE", 850},
-                                                                     {"MENGE", 950},
-                                                                     {"WARENEINHEITEINHEIT", 550},
-                                                                     {"STUNDEN", 2050},
-                                                                     {"GESAMNT", 1400}};
-  for (const auto& [field, twips] : widths) DataGridArbeitsauftrag.Columns()[field].SetWidth(twips);
+      {{.data_field = "STATUSKOPF", .caption = Message(4689), .width = 650},
+       {.data_field = "NAME", .caption = frmArbeitsauftrag.Caption(), .width = 1700},
+       {.data_field = "DATUM_NR",
+        .caption = lblErstellungsDatum.Caption(),
+        .number_format = "dd.mm.yyyy",
+        .width = 1650},
+       {.data_field = "LEISTUNGKURZNAME", .caption = lblLeistung.Caption(), .width = 900},
+       {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1150},
+       {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption(), .width = 1350},
+       {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption(), .width = 1850},
+       {.data_field = "WALDORT", .caption = lblWaldort.Caption(), .width = 2000},
+       {.data_field = "BESCHREIBUNG", .caption = frmBeschreibung_der_Arbeit.Caption(), .width = 1950},
+       {.data_field = "ROTTESHORT", .caption = lblRotte.Caption(), .width = 650},
+       AmountColumn("FLACHE", lblFlache.Caption(), 850),
+       AmountColumn("MENGE", lblMenge.Caption(), 950),
+       {.data_field = "WARENEINHEITEINHEIT", .caption = "ME", .width = 550},
+       AmountColumn("STUNDEN", lblStunden_dir_Lohn.Caption(), 2050),
+       AmountColumn("GESAMNT", lblGesamtKosten.Caption(), 1400)});
 }
 
 void F_ARA::ShowCurrentRow() {

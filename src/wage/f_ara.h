@@ -28,7 +28,6 @@ class F_ARA : public Screen {
   void LoadGridAndPosition();
   void BuildGridRecordSource();
   void SetColumns();
-  void SetInitialWidths();
   void ShowCurrentRow();
   void ShowProductOrder(const std::string& name);
   void SetViewState(bool bolView);

@@ -25,13 +25,8 @@ std::optional<Decimal> NumberIn(const TextBox& box) {
 }  // namespace
 
 F_Arbeitnehmer::F_Arbeitnehmer() : Screen("F_Arbeitnehmer") {
-  DataGridArbeitnehmer.Bind(AdodcArbeitnehmer);
-  AdodcArbeitnehmer.MoveComplete = [this] {
-    if (StepOntoRow(AdodcArbeitnehmer) && !loadingFlag) ShowCurrentRow();
-  };
-  DataGridArbeitnehmer.DblClick = [this] {
-    if (btnBearbeiten.Enabled()) btnBearbeiten.Press();
-  };
+  ConnectList(AdodcArbeitnehmer, DataGridArbeitnehmer, loadingFlag, btnBearbeiten,
+              [this] { ShowCurrentRow(); });
   Form_Unload = [this](bool& cancel) {
     RefuseUnloadWhileDisabled(cancel, btnClose);
     if (!cancel) layout_.Save(Context());
@@ -53,7 +48,6 @@ void F_Arbeitnehmer::Run(const TvnVar_Dll& tvnvar, std::int32_t araId) {
     Connect(AdodcArbeitnehmer);
     BindMessages();
     Reload();
-    SetInitialWidths();
     layout_.Load(Context());
   }
   Show();
@@ -71,16 +65,7 @@ void F_Arbeitnehmer::ConnectFields() {
   }
   for (TextBox* box : {&txtPersonalnummer[0], &txtLohnart[0]}) NumberKeys(*box, "#########0");
   for (TextBox* box : {&txtStunden, &txtProzentsatz}) NumberBox(*box, "-##0.00");
-  for (TextBox* box :
-       {&txtBearbeitungsmonat[1], &txtBearbeitungsmonat[3], &txtVerlohnungs[0], &txtVerlohnungs[1],
-        &txtVerlohnungs[3], &txtAuszahlungsmonat[1], &txtAuszahlungsmonat[3], &txtStunden, &txtProzentsatz}) {
-    SelectOnFocus(*box);
-  }
-  for (TextBox* box : {&txtBearbeitungsmonat[1], &txtBearbeitungsmonat[3], &txtVerlohnungs[0],
-                       &txtVerlohnungs[1], &txtVerlohnungs[3], &txtPersonalnummer[0], &txtLohnart[0],
-                       &txtAuszahlungsmonat[1], &txtAuszahlungsmonat[3], &txtStunden, &txtProzentsatz}) {
-    OnEnter(*box, TabOnEnter(*this));
-  }
+  ConnectBoxes(*this, TabOnEnter(*this));
 
   OfferMonths(txtBearbeitungsmonat[1], working_month_, Context());
   OfferMonths(txtVerlohnungs[1], pay_month_, Context());
@@ -129,38 +114,15 @@ void F_Arbeitnehmer::Reload() {
 
 void F_Arbeitnehmer::SetColumns() {
   ShowColumns(DataGridArbeitnehmer,
-              {{.data_field = "PERSONALNUMMER", .caption = lblPersonalnummer.Caption()},
-               {.data_field = "PERSONALKURZBEZEICHNUNG", .caption = " "},
-               {.data_field = "DAYVERLOHNUNG", .caption = "Tag", .number_format = "00"},
-               {.data_field = "MONTHVERLOHNUNG", .caption = "Monat", .number_format = "00"},
-               {.data_field = "LOHNARTENNUMBER", .caption = lblLohnart.Caption()},
-               {.data_field = "STUNDEN", .caption = lblStunden.Caption(), .alignment = Alignment::kRight},
-               {.data_field = "SATZ",
-                .caption = lblSatz.Caption(),
-                .number_format = kAmount,
-                .alignment = Alignment::kRight},
-               {.data_field = "PROZENTSATZ",
-                .caption = lblProzentsatz.Caption(),
-                .number_format = kAmount,
-                .alignment = Alignment::kRight},
-               {.data_field = "WERT",
-                .caption = lblGesamtbetrag.Caption(),
-                .number_format = kAmount,
-                .alignment = Alignment::kRight}});
-}
-
-// Until the user sets his own.
-void F_Arbeitnehmer::SetInitialWidths() {
-  const std::initializer_list<std::pair<const char*, int>> widths = {{"PERSONALNUMMER", 1650},
-                                                                     {"PERSONALKURZBEZEICHNUNG", 2800},
-                                                                     {"DAYVERLOHNUNG", 600},
-                                                                     {"MONTHVERLOHNUNG", 750},
-                                                                     {"LOHNARTENNUMBER", 900},
-                                                                     {"STUNDEN", 1100},
-                                                                     {"SATZ", 1100},
-                                                                     {"PROZENTSATZ", 1100},
-                                                                     {"WERT", 1400}};
-  for (const auto& [field, twips] : widths) DataGridArbeitnehmer.Columns()[field].SetWidth(twips);
+              {{.data_field = "PERSONALNUMMER", .caption = lblPersonalnummer.Caption(), .width = 1650},
+               {.data_field = "PERSONALKURZBEZEICHNUNG", .caption = " ", .width = 2800},
+               {.data_field = "DAYVERLOHNUNG", .caption = "Tag", .number_format = "00", .width = 600},
+               {.data_field = "MONTHVERLOHNUNG", .caption = "Monat", .number_format = "00", .width = 750},
+               {.data_field = "LOHNARTENNUMBER", .caption = lblLohnart.Caption(), .width = 900},
+               AmountColumn("STUNDEN", lblStunden.Caption(), 1100, ""),
+               AmountColumn("SATZ", lblSatz.Caption(), 1100),
+               AmountColumn("PROZENTSATZ", lblProzentsatz.Caption(), 1100),
+               AmountColumn("WERT", lblGesamtbetrag.Caption(), 1400)});
 }
 
 void F_Arbeitnehmer::ShowCurrentRow() {

@@ -28,7 +28,6 @@ class F_Arbeitnehmer : public Screen {
 
   void Reload();
   void SetColumns();
-  void SetInitialWidths();
   void ShowCurrentRow();
   void SetViewState(bool bolView);
 
