@@ -228,9 +228,10 @@ class CodeFieldTest : public Frame {
     db->Answer("KONTO_VALID:5\t1",
                Rows({Whole("ID"), Chars("NAME")}, {std::int64_t{51}, std::string("Wegebau")}));
     db->Answer("KONTO_VALID:5\t9", Rows({Whole("ID"), Chars("NAME")}));
-    toolkit.Show(screen, screen.txtKonto[0]);
+    shown = toolkit.Show(screen, screen.txtKonto[0]);
   }
 
+  std::unique_ptr<test::QuietToolkit::Shown> shown;
   int changes = 0;
   CodeField field{
       screen.Context(), screen.loading, screen.txtKonto[0], &screen.txtKonto[1],
@@ -300,7 +301,8 @@ TEST_F(Frame, DeferredCallRunsOnceAfterTheEvent) {
   screen.Run(ctx);
   int calls = 0;
   DeferredCall later(screen.Timer1, [&] { ++calls; });
-  UserActions& user = toolkit.Show(screen, screen.txtName);
+  const auto shown = toolkit.Show(screen, screen.txtName);
+  UserActions& user = shown->user;
   later.Request();
   EXPECT_EQ(calls, 0);
   user.RunTimers();

@@ -159,7 +159,7 @@ TEST_F(MCommon, NumericKeyFilterPassesDigitsAndOneSeparator) {
 TEST_F(MCommon, TypedKeyFilterFollowsTheColumnAndAsksItOnce) {
   db->Answer("SELECT NUMBER FROM KAPITEL",
              Rows({{.name = "NUMBER", .type = FieldType::kSmallInt, .size = 0}}));
-  toolkit.Show(form, form.txtA);
+  const auto shown = toolkit.Show(form, form.txtA);
   form.txtA.SetText("3276");
   EXPECT_EQ(TypedKeyFilter('7', "KAPITEL", "NUMBER", ctx), '7');
   EXPECT_THAT(toolkit.prompts, IsEmpty());
@@ -180,7 +180,7 @@ TEST_F(MCommon, TypedKeyFilterByType) {
     form.txtA.SetText(text);
     return TypedKeyFilter(key, table, "C", ctx) == key;
   };
-  toolkit.Show(form, form.txtA);
+  const auto shown = toolkit.Show(form, form.txtA);
   EXPECT_TRUE(passes(FieldType::kUnsignedTinyInt, "25", '5'));
   EXPECT_FALSE(passes(FieldType::kUnsignedTinyInt, "25", '6'));
   EXPECT_TRUE(passes(FieldType::kInteger, "214748364", '7'));
@@ -198,7 +198,7 @@ TEST_F(MCommon, LockedBoxesAreSkippedByColour) {
   EXPECT_EQ(form.txtB.BackColor(), kButtonFace);
   int order = 0;
   for (Control* control : form.Controls()) control->SetTabIndex(order++);
-  toolkit.Show(form, form.txtA);
+  const auto shown = toolkit.Show(form, form.txtA);
   FocusNextEditableTextBox(form);
   EXPECT_TRUE(form.txtC.HasFocus());
   FocusNextEditableTextBox(form);
@@ -206,7 +206,7 @@ TEST_F(MCommon, LockedBoxesAreSkippedByColour) {
 }
 
 TEST_F(MCommon, SafeSetFocusIgnoresWhatCannotTakeIt) {
-  toolkit.Show(form, form.txtA);
+  const auto shown = toolkit.Show(form, form.txtA);
   form.txtB.SetVisible(false);
   SafeSetFocus(form.txtB);
   form.txtC.SetEnabled(false);
@@ -252,7 +252,7 @@ TEST_F(MCommon, MessagesHaveTheSystemsTitleAndSentence) {
 }
 
 TEST_F(MCommon, SelectActiveTextSelectsByCharacters) {
-  toolkit.Show(form, form.txtA);
+  const auto shown = toolkit.Show(form, form.txtA);
   form.txtA.SetText("Föhre");
   SelectActiveText();
   EXPECT_EQ(form.txtA.SelStart(), 0);

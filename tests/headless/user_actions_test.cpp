@@ -55,14 +55,15 @@ class Actions : public testing::Test {
   }
   // Shows the form and gives the user; the log begins after the opening.
   UserActions& Open() {
-    UserActions& user = toolkit.Show(form, form.txtA);
+    shown = toolkit.Show(form, form.txtA);
     form.log.clear();
-    return user;
+    return shown->user;
   }
 
   FakeConnection db;
   QuietToolkit toolkit;
   Recorder form;
+  std::unique_ptr<QuietToolkit::Shown> shown;
 };
 
 TEST_F(Actions, FocusMovesThroughValidateLostFocusGotFocus) {
@@ -328,7 +329,8 @@ struct Choices : Form {
 TEST(Choosing, TabsChecksOptionsAndDates) {
   QuietToolkit toolkit;
   Choices form;
-  UserActions& user = toolkit.Show(form, form.chk);
+  const auto shown = toolkit.Show(form, form.chk);
+  UserActions& user = shown->user;
   int clicks = 0;
   form.chk.Click = [&] { ++clicks; };
   user.Click(form.chk);
@@ -356,7 +358,8 @@ TEST(Choosing, ListClicksOnAChangeOnlyAndFollowsRemovedItems) {
   for (const char* item : {"a", "b", "c"}) form.list.AddItem(item);
   int clicks = 0;
   form.list.Click = [&] { ++clicks; };
-  UserActions& user = toolkit.Show(form, form.list);
+  const auto shown = toolkit.Show(form, form.list);
+  UserActions& user = shown->user;
   user.SelectItem(form.list, 2);
   user.SelectItem(form.list, 2);
   EXPECT_EQ(clicks, 1);

@@ -114,7 +114,8 @@ TEST_F(KeyFilters, ControlCharactersPassInAFullBox) {
 TEST_F(KeyFilters, TypedAndPastedTextEndsWithinTheFormat) {
   form.Load();
   form.box.KeyPress = [this](int& key) { values.FilterKeyFormat(key, form.box, "-##0.00"); };
-  UserActions& user = toolkit.Show(form, form.box);
+  const auto shown = toolkit.Show(form, form.box);
+  UserActions& user = shown->user;
   user.Type("-12x34,567");
   EXPECT_EQ(form.box.Text(), "-123,56");
   form.box.SelectAll();

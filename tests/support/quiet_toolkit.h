@@ -25,11 +25,17 @@ class QuietToolkit : public Toolkit {
   std::function<std::vector<std::int32_t>(const LocationRequest&)> pick_locations;
   std::function<std::optional<std::string>(const TextRequest&)> edit_text;
 
+  // A Screen that is open as long as this lives; its Screen has to outlive it.
+  struct Shown {
+    Shown(QuietToolkit& toolkit, Form& form) : open(toolkit, form), user(form, toolkit) { user.Open(); }
+    OpenForm open;
+    UserActions user;
+  };
+
   // Keeps the Screen open behind the test's back, with the focus on `start`.
-  UserActions& Show(Form& form, Control& start) {
+  [[nodiscard]] std::unique_ptr<Shown> Show(Form& form, Control& start) {
     start.SetFocus();
-    kept_ = std::make_unique<Kept>(*this, form);
-    return kept_->user;
+    return std::make_unique<Shown>(*this, form);
   }
 
  protected:
@@ -67,13 +73,6 @@ class QuietToolkit : public Toolkit {
   static Result Answer(const std::function<Result(const Request&)>& answer, const Request& request) {
     return answer ? answer(request) : Result();
   }
-
-  struct Kept {
-    Kept(QuietToolkit& toolkit, Form& form) : open(toolkit, form), user(form, toolkit) { user.Open(); }
-    OpenForm open;
-    UserActions user;
-  };
-  std::unique_ptr<Kept> kept_;
 };
 
 }  // namespace tarvoni::test
