@@ -41,6 +41,10 @@ bool Suits(ParameterKind kind, const std::string& value) {
   }
 }
 
+[[noreturn]] void RefuseValue(const std::string& name, const std::string& value) {
+  throw CallError("\"" + value + "\" passt nicht für das Argument " + name + ".");
+}
+
 }  // namespace
 
 Arguments::Arguments(const std::vector<Parameter>& parameters, const Values& values)
@@ -49,8 +53,7 @@ Arguments::Arguments(const std::vector<Parameter>& parameters, const Values& val
   for (const auto& [name, value] : values) {
     const auto parameter = std::ranges::find(parameters, name, &Parameter::name);
     if (parameter == parameters.end()) throw CallError("Das Argument " + name + " gibt es hier nicht.");
-    if (!Suits(parameter->kind, value))
-      throw CallError("\"" + value + "\" passt nicht für das Argument " + name + ".");
+    if (!Suits(parameter->kind, value)) RefuseValue(name, value);
     values_[name] = value;
   }
 }

@@ -27,6 +27,7 @@ class Object : public Interface {
  public:
   Object(const Object&) = delete;
   Object& operator=(const Object&) = delete;
+  virtual ~Object() = default;
 
   Result QueryInterface(const Guid& id, void** object) final {
     if (!object) return kResultPointer;
@@ -45,7 +46,6 @@ class Object : public Interface {
 
  protected:
   Object() = default;
-  virtual ~Object() = default;
 
  private:
   std::atomic<std::uint32_t> references_ = 1;
