@@ -37,10 +37,10 @@ std::string TextIs(const SqlText& column, std::size_t width, std::string_view ty
 // "a/b" is "a/ b".
 std::string NormalPath(std::string_view path) {
   std::string normal;
-  for (std::size_t slash = 0; slash != path.npos;) {
+  for (std::size_t slash = 0; slash != std::string_view::npos;) {
     slash = path.find('/');
     normal.append(normal.empty() ? "" : "/ ").append(utf8::Trim(path.substr(0, slash)));
-    if (slash != path.npos) path.remove_prefix(slash + 1);
+    if (slash != std::string_view::npos) path.remove_prefix(slash + 1);
   }
   return normal;
 }

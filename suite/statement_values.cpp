@@ -32,10 +32,10 @@ bool StandsAlone(std::string_view condition) {
 }  // namespace
 
 StatementValues::StatementValues(std::string_view parameter) {
-  for (std::size_t tab = 0; tab != parameter.npos;) {
+  for (std::size_t tab = 0; tab != std::string_view::npos;) {
     tab = parameter.find('\t');
     values_.emplace_back(parameter.substr(0, tab));
-    if (tab != parameter.npos) parameter.remove_prefix(tab + 1);
+    if (tab != std::string_view::npos) parameter.remove_prefix(tab + 1);
   }
 }
 
