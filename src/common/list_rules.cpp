@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "src/common/query.h"
+#include "src/common/view_switch.h"
 #include "src/context/environment.h"
 #include "src/context/services.h"
 #include "src/context/statement.h"
@@ -96,6 +97,14 @@ void GridLayout::Load(const TvnVar_Dll& context) const {
 
 void GridLayout::Save(const TvnVar_Dll& context) const {
   CurrentSuite().GridLayouts().SaveLayout(context, key_, grid_);
+}
+
+void CloseInViewState(Form& form, const Button& closing_button, const GridLayout& layout,
+                      const TvnVar_Dll& context) {
+  form.Form_Unload = [&](bool& cancel) {
+    RefuseUnloadWhileDisabled(cancel, closing_button);
+    if (!cancel) layout.Save(context);
+  };
 }
 
 DeferredCall::DeferredCall(Timer& timer, std::function<void()> action) : timer_(timer) {

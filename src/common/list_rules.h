@@ -64,6 +64,10 @@ class GridLayout {
   std::string key_;
 };
 
+// The window closes only while the closing button is enabled, that is in view state, and saves the layout then.
+void CloseInViewState(Form& form, const Button& closing_button, const GridLayout& layout,
+                      const TvnVar_Dll& context);
+
 // A call that waits until the current event has finished: the timer runs once and turns itself off.
 class DeferredCall {
  public:

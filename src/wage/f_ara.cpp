@@ -16,10 +16,7 @@ namespace sql = ara_sql;
 F_ARA::F_ARA() : Screen("F_ARA") {
   ConnectList(AdodcArbeitsauftrag, DataGridArbeitsauftrag, loadingFlag, btnBearbeiten,
               [this] { ShowCurrentRow(); });
-  Form_Unload = [this](bool& cancel) {
-    RefuseUnloadWhileDisabled(cancel, btnClose);
-    if (!cancel) layout_.Save(Context());
-  };
+  CloseInViewState(*this, btnClose, layout_, Context());
   ConnectFields();
   ConnectButtons();
 }

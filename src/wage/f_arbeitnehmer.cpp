@@ -27,10 +27,7 @@ std::optional<Decimal> NumberIn(const TextBox& box) {
 F_Arbeitnehmer::F_Arbeitnehmer() : Screen("F_Arbeitnehmer") {
   ConnectList(AdodcArbeitnehmer, DataGridArbeitnehmer, loadingFlag, btnBearbeiten,
               [this] { ShowCurrentRow(); });
-  Form_Unload = [this](bool& cancel) {
-    RefuseUnloadWhileDisabled(cancel, btnClose);
-    if (!cancel) layout_.Save(Context());
-  };
+  CloseInViewState(*this, btnClose, layout_, Context());
   ConnectFields();
   ConnectButtons();
 }
