@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "host/demo/demo.h"
-#include "platform/sqlite/sqlite_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
 #include "tests/schema/statement_blocks.h"
 
 namespace tarvoni::bench {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/sqlite/statement.h"
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 
 namespace tarvoni::bench {
 

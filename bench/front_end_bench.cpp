@@ -5,9 +5,9 @@
 #include "bench/bench_database.h"
 #include "platform/sqlite/file_catalogue.h"
 #include "platform/sqlite/plan_cache.h"
-#include "platform/sqlite/sqlite_database.h"
-#include "platform/tsql/compile.h"
-#include "platform/tsql/parser.h"
+#include "platform/sqlite/public/sqlite_database.h"
+#include "platform/tsql/public/compile.h"
+#include "platform/tsql/public/parser.h"
 #include "tests/schema/statement_blocks.h"
 
 // From text to plan, and from nothing to an open database.

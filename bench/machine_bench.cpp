@@ -2,7 +2,7 @@
 
 #include "bench/shown_screen.h"
 #include "host/demo/demo.h"
-#include "platform/sqlite/sqlite_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
 #include "src/machines/f_maschine_stamm.h"
 
 namespace tarvoni::bench {

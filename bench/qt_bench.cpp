@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/qt/dialogs/pick_dialog.h"
-#include "platform/qt/table_view.h"
+#include "platform/qt/public/pick_dialog.h"
+#include "platform/qt/public/table_view.h"
 
 // What a user waits for at long lists, without a screen. A longer wait than 100 ms for a list, 16 ms for a key and
 // 300 ms for a table is felt.

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "bench/bench_database.h"
-#include "src/context/environment.h"
+#include "src/context/services/environment.h"
 #include "suite/tarvoni_suite.h"
 #include "tests/support/quiet_toolkit.h"
 

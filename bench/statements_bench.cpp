@@ -2,6 +2,7 @@
 
 #include "bench/bench_database.h"
 #include "bench/hand_written.h"
+#include "src/context/data/handler_scope.h"
 
 // Pairs: the system's own T-SQL text through the connection, and hand-written SQLite code that does the same work
 // with prepared statements on the same file. The names tell main.cpp which belong together.

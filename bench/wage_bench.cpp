@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "bench/shown_screen.h"
+#include "src/context/data/handler_scope.h"
 #include "src/entry/screens.h"
 #include "src/wage/f_ara_sql.h"
 #include "src/wage/f_arbeitnehmer.h"

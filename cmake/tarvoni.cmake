@@ -31,9 +31,9 @@ if(TARVONI_FUZZ)
   target_link_options(tarvoni_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# tarvoni_library(NAME [DEPENDENCY...]): a static library of all sources of the current folder.
+# tarvoni_library(NAME [DEPENDENCY...]): a static library of all sources of the current folder and the rooms in it.
 function(tarvoni_library name)
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   if(sources)
     add_library(${name} STATIC ${sources})
     target_link_libraries(${name} PUBLIC tarvoni_options ${ARGN})

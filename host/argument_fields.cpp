@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 
 namespace tarvoni::host {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "host/commands.h"
 #include "host/open_database.h"
-#include "platform/sqlite/sqlite_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
 
 namespace tarvoni::host {
 

@@ -12,7 +12,7 @@
 #include "host/script/script_hooks.h"
 #include "host/script/script_stage.h"
 #include "host/script/trace_file.h"
-#include "src/context/call_error.h"
+#include "src/context/values/call_error.h"
 #include "src/entry/screen_runs.h"
 #include "suite/tarvoni_suite.h"
 
@@ -44,7 +44,7 @@ class ScriptSession {
     ScriptPlayer player(environment, stage_->ItsDriver(), MakeScriptHooks());
     player.SetUpdating(command_.update);
     if (command_.tell) player.SetNarrator([](const std::string& remark) { fmt::print("{}\n", remark); });
-    stage_->SetPlayer(&player);
+    stage_->SetPartner(&player);
     try {
       player.Play(Script::Load(file));
       if (player.Changed()) WriteLines(file, player.UpdatedLines());

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "host/open_database.h"
-#include "src/context/call_error.h"
+#include "src/context/values/call_error.h"
 
 namespace tarvoni::host {
 namespace {

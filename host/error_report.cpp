@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/display_width.h"
-#include "src/context/text.h"
+#include "src/context/values/text.h"
 
 namespace tarvoni::host {
 namespace {

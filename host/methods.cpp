@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "src/context/call_error.h"
+#include "src/context/values/call_error.h"
 #include "src/entry/screens.h"
 
 namespace tarvoni::host {

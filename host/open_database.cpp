@@ -1,7 +1,7 @@
 #include "host/open_database.h"
 
-#include "platform/odbc/odbc_database.h"
-#include "platform/sqlite/sqlite_database.h"
+#include "platform/odbc/public/odbc_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
 #include "src/schema/schema.h"
 
 namespace tarvoni::host {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "src/context/recordset.h"
+#include "src/context/data/recordset.h"
 
 namespace tarvoni::host {
 

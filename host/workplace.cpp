@@ -1,10 +1,10 @@
 #include "host/workplace.h"
 
 #include "host/open_database.h"
-#include "platform/odbc/password.h"
-#include "src/context/environment.h"
-#include "src/context/field_text.h"
-#include "src/context/number_text.h"
+#include "platform/odbc/public/password.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/field_text.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni::host {
 namespace {

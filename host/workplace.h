@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "include/tarvoni_lohn.h"
-#include "src/context/recordset.h"
+#include "src/context/data/recordset.h"
 
 namespace tarvoni::host {
 

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstdint>
 
-#include "src/context/utf8.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni::suite {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "src/context/date_text.h"
-#include "src/context/environment.h"
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/date_text.h"
 
 namespace tarvoni::suite {
 namespace {

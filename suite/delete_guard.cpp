@@ -1,7 +1,7 @@
 #include "suite/delete_guard.h"
 
-#include "src/context/environment.h"
-#include "src/context/toolkit.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/toolkit.h"
 #include "suite/reading.h"
 
 namespace tarvoni::suite {

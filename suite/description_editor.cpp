@@ -1,8 +1,8 @@
 #include "suite/description_editor.h"
 
-#include "src/context/call_error.h"
-#include "src/context/environment.h"
-#include "src/context/toolkit.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/toolkit.h"
+#include "src/context/values/call_error.h"
 
 namespace tarvoni::suite {
 namespace {

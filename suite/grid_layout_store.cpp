@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 #include "suite/reading.h"
 
 namespace tarvoni::suite {

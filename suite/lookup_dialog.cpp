@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "src/context/date_text.h"
-#include "src/context/environment.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/date_text.h"
 #include "suite/reading.h"
 #include "suite/row_choice.h"
 

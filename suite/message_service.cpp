@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "src/context/controls.h"
-#include "src/context/environment.h"
-#include "src/context/form.h"
+#include "src/context/controls/controls.h"
+#include "src/context/controls/form.h"
+#include "src/context/services/environment.h"
 #include "suite/message_texts.h"
 
 namespace tarvoni::suite {

@@ -1,10 +1,10 @@
 #include "suite/month_picker.h"
 
-#include "src/context/clock.h"
-#include "src/context/date_text.h"
-#include "src/context/environment.h"
-#include "src/context/toolkit.h"
-#include "src/context/utf8.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/toolkit.h"
+#include "src/context/values/clock.h"
+#include "src/context/values/date_text.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni::suite {
 

@@ -1,6 +1,6 @@
 #include "suite/named_field_validator.h"
 
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
 #include "suite/reading.h"
 
 namespace tarvoni::suite {

@@ -2,11 +2,11 @@
 
 #include <optional>
 
-#include "src/context/call_error.h"
-#include "src/context/environment.h"
-#include "src/context/field_text.h"
-#include "src/context/number_text.h"
-#include "src/context/utf8.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/call_error.h"
+#include "src/context/values/field_text.h"
+#include "src/context/values/number_text.h"
+#include "src/context/values/utf8.h"
 #include "suite/code_list.h"
 
 namespace tarvoni::suite {

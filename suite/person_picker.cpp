@@ -1,8 +1,8 @@
 #include "suite/person_picker.h"
 
-#include "src/context/environment.h"
-#include "src/context/number_text.h"
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/number_text.h"
 #include "suite/reading.h"
 #include "suite/row_choice.h"
 

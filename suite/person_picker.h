@@ -1,6 +1,6 @@
 #pragma once
 
-#include "src/context/services.h"
+#include "src/context/services/services.h"
 
 namespace tarvoni::suite {
 

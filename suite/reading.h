@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "src/context/call_error.h"
-#include "src/context/environment.h"
-#include "src/context/field_text.h"
-#include "src/context/tvn_var_dll.h"
+#include "src/context/data/tvn_var_dll.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/call_error.h"
+#include "src/context/values/field_text.h"
 
 namespace tarvoni::suite {
 

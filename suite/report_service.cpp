@@ -1,7 +1,7 @@
 #include "suite/report_service.h"
 
-#include "src/context/call_error.h"
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
+#include "src/context/values/call_error.h"
 #include "suite/reading.h"
 
 namespace tarvoni::suite {

@@ -1,6 +1,6 @@
 #include "suite/row_choice.h"
 
-#include "src/context/utf8.h"
+#include "src/context/values/utf8.h"
 #include "suite/reading.h"
 
 namespace tarvoni::suite {

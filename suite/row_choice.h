@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
 
 // A choice among rows whose first column is what the caller gets, shown or not.
 namespace tarvoni::suite {

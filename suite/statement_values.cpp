@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <charconv>
 
-#include "src/context/call_error.h"
-#include "src/context/database_error.h"
-#include "src/context/utf8.h"
+#include "src/context/data/database_error.h"
+#include "src/context/values/call_error.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni::suite {
 namespace {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 
 namespace tarvoni::suite {
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "src/context/services.h"
+#include "src/context/services/services.h"
 
 namespace tarvoni {
 

@@ -1,10 +1,10 @@
 #include "suite/value_helper.h"
 
-#include "src/context/environment.h"
-#include "src/context/field_text.h"
-#include "src/context/number_text.h"
-#include "src/context/statement.h"
-#include "src/context/utf8.h"
+#include "src/context/data/statement.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/field_text.h"
+#include "src/context/values/number_text.h"
+#include "src/context/values/utf8.h"
 #include "suite/reading.h"
 
 namespace tarvoni::suite {

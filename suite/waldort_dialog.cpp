@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "src/context/environment.h"
-#include "src/context/number_text.h"
-#include "src/context/statement.h"
-#include "src/context/toolkit.h"
+#include "src/context/data/statement.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/toolkit.h"
+#include "src/context/values/number_text.h"
 #include "suite/reading.h"
 
 namespace tarvoni::suite {

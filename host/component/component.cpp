@@ -4,8 +4,8 @@
 
 #include "host/desktop/application.h"
 #include "host/open_database.h"
-#include "platform/qt/qt_toolkit.h"
-#include "src/context/environment.h"
+#include "platform/qt/public/qt_toolkit.h"
+#include "src/context/services/environment.h"
 #include "suite/tarvoni_suite.h"
 
 namespace tarvoni::host {

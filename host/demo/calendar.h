@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "src/context/date_time.h"
+#include "src/context/values/date_time.h"
 
 namespace tarvoni::demo {
 

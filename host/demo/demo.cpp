@@ -3,6 +3,7 @@
 #include <array>
 
 #include "host/demo/parts.h"
+#include "src/context/data/handler_scope.h"
 #include "src/schema/schema.h"
 
 namespace tarvoni::demo {

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 
 namespace tarvoni::demo {
 

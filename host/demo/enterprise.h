@@ -8,7 +8,7 @@
 
 #include "host/demo/calendar.h"
 #include "host/demo/random.h"
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 
 // What the parts of the demo know of one another: the ids of the codes and persons, and what follows from them.
 namespace tarvoni::demo {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 
 namespace tarvoni::demo {
 

@@ -6,8 +6,8 @@
 #include <array>
 #include <cstdio>
 
-#include "platform/qt/look.h"
-#include "src/context/call_error.h"
+#include "platform/qt/public/look.h"
+#include "src/context/values/call_error.h"
 
 namespace tarvoni::host {
 namespace {

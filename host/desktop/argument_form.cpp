@@ -9,7 +9,7 @@
 #include <limits>
 
 #include "host/desktop/report.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::host {
 

@@ -2,8 +2,8 @@
 
 #include <QHBoxLayout>
 
-#include "platform/qt/look.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/look.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::host {
 

@@ -4,7 +4,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::host {
 

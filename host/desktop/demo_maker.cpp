@@ -7,7 +7,7 @@
 
 #include "host/demo_database.h"
 #include "host/desktop/report.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::host {
 namespace {

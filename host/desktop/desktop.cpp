@@ -4,7 +4,7 @@
 
 #include "host/desktop/application.h"
 #include "host/desktop/main_window.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::host {
 

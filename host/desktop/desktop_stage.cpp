@@ -1,8 +1,8 @@
 #include "host/desktop/desktop_stage.h"
 
 #include "host/desktop/application.h"
-#include "platform/qt/qt_driver.h"
-#include "platform/qt/qt_script_toolkit.h"
+#include "platform/qt/public/qt_driver.h"
+#include "platform/qt/public/qt_script_toolkit.h"
 
 namespace tarvoni::host {
 namespace {
@@ -12,7 +12,7 @@ class DesktopStage : public ScriptStage {
   explicit DesktopStage(const std::string& shots) : driver_(toolkit_, shots) {}
   Toolkit& ItsToolkit() override { return toolkit_; }
   Driver& ItsDriver() override { return driver_; }
-  void SetPlayer(ScriptPlayer* player) override { toolkit_.SetPlayer(player); }
+  void SetPartner(Partner* partner) override { toolkit_.SetPartner(partner); }
 
  private:
   qt::QtScriptToolkit toolkit_;

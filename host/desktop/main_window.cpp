@@ -15,8 +15,8 @@
 #include "host/desktop/server_dialog.h"
 #include "host/desktop/settings_dialog.h"
 #include "host/open_database.h"
-#include "platform/qt/look.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/look.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::host {
 

@@ -11,8 +11,8 @@
 #include "host/desktop/settings.h"
 #include "host/desktop/start_page.h"
 #include "host/workplace.h"
-#include "platform/qt/qt_toolkit.h"
-#include "src/context/environment.h"
+#include "platform/qt/public/qt_toolkit.h"
+#include "src/context/services/environment.h"
 #include "suite/tarvoni_suite.h"
 
 namespace tarvoni::host {

@@ -4,8 +4,8 @@
 #include <QPushButton>
 
 #include "host/methods.h"
-#include "platform/qt/text.h"
-#include "src/context/error_text.h"
+#include "platform/qt/public/text.h"
+#include "src/context/data/error_text.h"
 
 namespace tarvoni::host {
 

@@ -2,8 +2,8 @@
 
 #include <QSettings>
 
-#include "platform/odbc/password.h"
-#include "platform/qt/text.h"
+#include "platform/odbc/public/password.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::host {
 namespace {

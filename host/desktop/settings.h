@@ -4,7 +4,7 @@
 #include <QStringList>
 
 #include "include/tarvoni_lohn.h"
-#include "src/context/locale.h"
+#include "src/context/values/locale.h"
 
 namespace tarvoni::host {
 

@@ -1,5 +1,5 @@
 #include "host/script/script_stage.h"
-#include "platform/headless/headless_toolkit.h"
+#include "platform/headless/public/headless_toolkit.h"
 
 namespace tarvoni::host {
 namespace {
@@ -8,7 +8,7 @@ class HeadlessStage : public ScriptStage {
  public:
   Toolkit& ItsToolkit() override { return toolkit_; }
   Driver& ItsDriver() override { return toolkit_; }
-  void SetPlayer(ScriptPlayer* player) override { toolkit_.SetPartner(player); }
+  void SetPartner(Partner* partner) override { toolkit_.SetPartner(partner); }
 
  private:
   HeadlessToolkit toolkit_;

@@ -7,7 +7,7 @@
 
 #include "host/demo/demo.h"
 #include "host/methods.h"
-#include "src/context/call_error.h"
+#include "src/context/values/call_error.h"
 #include "src/entry/screen_runs.h"
 #include "src/schema/schema.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/headless/script_player.h"
+#include "platform/script/public/script_player.h"
 
 namespace tarvoni::host {
 

@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "platform/headless/driver.h"
-#include "platform/headless/script_player.h"
-#include "src/context/toolkit.h"
+#include "platform/script/public/driver.h"
+#include "platform/script/public/partner.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni::host {
 
@@ -16,7 +16,7 @@ class ScriptStage {
   virtual Toolkit& ItsToolkit() = 0;
   virtual Driver& ItsDriver() = 0;
   // Who drives each Screen and answers what opens, for the next script.
-  virtual void SetPlayer(ScriptPlayer* player) = 0;
+  virtual void SetPartner(Partner* partner) = 0;
 };
 
 std::unique_ptr<ScriptStage> MakeHeadlessStage();

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "src/context/call_error.h"
+#include "src/context/values/call_error.h"
 
 namespace tarvoni::host {
 namespace {

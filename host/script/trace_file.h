@@ -3,7 +3,7 @@
 #include <fstream>
 #include <string>
 
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 
 namespace tarvoni::host {
 

@@ -1,13 +1,8 @@
-#include "platform/headless/headless_toolkit.h"
+#include "platform/headless/public/headless_toolkit.h"
 
-#include "src/context/call_error.h"
+#include "src/context/values/call_error.h"
 
 namespace tarvoni {
-
-Partner& HeadlessToolkit::Other() const {
-  if (!partner_) throw CallError("Niemand ist da, der antwortet.");
-  return *partner_;
-}
 
 UserActions& HeadlessToolkit::Top() const {
   if (users_.empty()) throw CallError("Es ist kein Bildschirm geöffnet.");
@@ -24,7 +19,8 @@ void HeadlessToolkit::DoShowModal(Form& form) {
   const Shown shown(users_, user);
   user.Open();
   user.RunTimers();
-  if (form.IsLoaded()) Other().Drive(form);
+  while (form.IsLoaded() && Other().Step(form)) {
+  }
 }
 
 template <typename Action>
@@ -90,40 +86,6 @@ void HeadlessToolkit::ClickHead(DataGrid& grid, int column) {
 
 void HeadlessToolkit::Close(Form&) {
   As([](UserActions& user) { user.Close(); });
-}
-
-int HeadlessToolkit::DoMessageBox(const std::string& prompt, int style, const std::string& title) {
-  return Other().MessageBox(prompt, style, title);
-}
-
-std::string HeadlessToolkit::DoInputBox(const std::string& prompt, const std::string& title,
-                                        const std::string& initial) {
-  return Other().InputBox(prompt, title, initial);
-}
-
-PickResult HeadlessToolkit::DoPickList(const PickRequest& request) {
-  return Other().PickList(request);
-}
-
-std::optional<DateTime> HeadlessToolkit::DoPickDate(const std::string& caption,
-                                                    const std::optional<DateTime>& start) {
-  return Other().PickDate(caption, start);
-}
-
-std::optional<YearMonth> HeadlessToolkit::DoPickMonth(const std::string& caption, const YearMonth& start) {
-  return Other().PickMonth(caption, start);
-}
-
-std::vector<std::int32_t> HeadlessToolkit::DoPickLocations(const LocationRequest& request) {
-  return Other().PickLocations(request);
-}
-
-std::optional<std::string> HeadlessToolkit::DoEditText(const TextRequest& request) {
-  return Other().EditText(request);
-}
-
-void HeadlessToolkit::DoPreviewPrint(const PrintDocument& document) {
-  Other().PreviewPrint(document);
 }
 
 }  // namespace tarvoni

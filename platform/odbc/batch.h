@@ -8,7 +8,7 @@
 
 #include "platform/odbc/diagnostics.h"
 #include "platform/odbc/handle.h"
-#include "src/context/recordset.h"
+#include "src/context/data/recordset.h"
 
 namespace tarvoni::odbc {
 

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "src/context/value.h"
+#include "src/context/values/value.h"
 
 namespace tarvoni::odbc {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/odbc/keywords.h"
-#include "platform/odbc/password.h"
-#include "src/context/database_error.h"
+#include "platform/odbc/public/password.h"
+#include "src/context/data/database_error.h"
 
 namespace tarvoni::odbc {
 namespace {

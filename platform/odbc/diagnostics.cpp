@@ -7,7 +7,7 @@
 #include <array>
 
 #include "platform/odbc/driver_text.h"
-#include "platform/odbc/password.h"
+#include "platform/odbc/public/password.h"
 
 namespace tarvoni::odbc {
 namespace {

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "platform/odbc/keywords.h"
-#include "src/context/database_error.h"
+#include "src/context/data/database_error.h"
 
 namespace tarvoni::odbc {
 namespace {

@@ -9,7 +9,7 @@
 #include "platform/odbc/connection_text.h"
 #include "platform/odbc/driver_text.h"
 #include "platform/odbc/error_number.h"
-#include "src/context/database_error.h"
+#include "src/context/data/database_error.h"
 
 namespace tarvoni::odbc {
 namespace {

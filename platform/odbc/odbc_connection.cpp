@@ -4,7 +4,7 @@
 
 #include "platform/odbc/connection_text.h"
 #include "platform/odbc/error_number.h"
-#include "platform/odbc/password.h"
+#include "platform/odbc/public/password.h"
 #include "platform/odbc/server_batch.h"
 #include "platform/odbc/session.h"
 

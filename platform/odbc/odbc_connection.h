@@ -5,7 +5,7 @@
 
 #include "platform/odbc/batch.h"
 #include "platform/odbc/link.h"
-#include "platform/odbc/odbc_database.h"
+#include "platform/odbc/public/odbc_database.h"
 
 namespace tarvoni::odbc {
 

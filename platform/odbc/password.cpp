@@ -1,4 +1,4 @@
-#include "platform/odbc/password.h"
+#include "platform/odbc/public/password.h"
 
 #include <algorithm>
 

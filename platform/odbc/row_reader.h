@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/odbc/diagnostics.h"
-#include "src/context/recordset.h"
+#include "src/context/data/recordset.h"
 
 namespace tarvoni::odbc {
 

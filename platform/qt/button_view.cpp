@@ -6,7 +6,7 @@
 #include <QLabel>
 
 #include "platform/qt/form_window.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 

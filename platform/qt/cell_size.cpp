@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/qt/look.h"
+#include "platform/qt/public/look.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cctype>
 
-#include "src/context/date_text.h"
-#include "src/context/field_text.h"
-#include "src/context/number_text.h"
+#include "src/context/values/date_text.h"
+#include "src/context/values/field_text.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/locale.h"
-#include "src/context/value.h"
+#include "src/context/values/locale.h"
+#include "src/context/values/value.h"
 
 // What a cell is, for those who count and export.
 namespace tarvoni::qt {

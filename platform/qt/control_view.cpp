@@ -4,8 +4,8 @@
 
 #include "platform/qt/form_window.h"
 #include "platform/qt/keys.h"
-#include "platform/qt/text.h"
-#include "src/context/environment.h"
+#include "platform/qt/public/text.h"
+#include "src/context/services/environment.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "src/context/form.h"
+#include "src/context/controls/form.h"
 
 namespace tarvoni::qt {
 

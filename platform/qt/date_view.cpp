@@ -4,10 +4,10 @@
 #include <QLineEdit>
 
 #include "platform/qt/form_window.h"
-#include "platform/qt/look.h"
-#include "platform/qt/text.h"
-#include "src/context/date_text.h"
-#include "src/context/environment.h"
+#include "platform/qt/public/look.h"
+#include "platform/qt/public/text.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/date_text.h"
 
 namespace tarvoni::qt {
 

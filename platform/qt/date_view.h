@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "platform/qt/control_view.h"
-#include "src/context/controls.h"
+#include "src/context/controls/controls.h"
 
 class QAction;
 class QLineEdit;

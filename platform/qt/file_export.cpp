@@ -8,10 +8,10 @@
 
 #include "platform/qt/dialogs/message_dialog.h"
 #include "platform/qt/dialogs/modal.h"
+#include "platform/qt/public/text.h"
 #include "platform/qt/table_text.h"
-#include "platform/qt/text.h"
 #include "platform/qt/xlsx_file.h"
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni::qt {
 namespace {

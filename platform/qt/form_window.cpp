@@ -8,8 +8,8 @@
 
 #include "platform/qt/keys.h"
 #include "platform/qt/layout_builder.h"
-#include "platform/qt/look.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/look.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 

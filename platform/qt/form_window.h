@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "platform/qt/control_view.h"
-#include "src/context/user_actions.h"
+#include "src/context/services/user_actions.h"
 
 namespace tarvoni::qt {
 

@@ -1,7 +1,7 @@
 #include "platform/qt/grid_source.h"
 
 #include "platform/qt/cell_type.h"
-#include "src/context/environment.h"
+#include "src/context/services/environment.h"
 
 namespace tarvoni::qt {
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "platform/qt/form_window.h"
-#include "platform/qt/table_view.h"
+#include "platform/qt/public/table_view.h"
 
 namespace tarvoni::qt {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/qt/control_view.h"
-#include "src/context/grid.h"
+#include "src/context/controls/grid.h"
 
 namespace tarvoni::qt {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "src/context/control.h"
+#include "src/context/controls/control.h"
 
 namespace tarvoni::qt {
 namespace {

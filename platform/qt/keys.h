@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <string>
 
-#include "src/context/locale.h"
+#include "src/context/values/locale.h"
 
 // What a key of the window system means to a Screen.
 namespace tarvoni::qt {

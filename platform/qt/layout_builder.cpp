@@ -16,10 +16,10 @@
 #include "platform/qt/cell_size.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/grid_view.h"
-#include "platform/qt/look.h"
+#include "platform/qt/public/look.h"
+#include "platform/qt/public/table_view.h"
+#include "platform/qt/public/text.h"
 #include "platform/qt/tab_view.h"
-#include "platform/qt/table_view.h"
-#include "platform/qt/text.h"
 
 namespace tarvoni::qt {
 namespace {

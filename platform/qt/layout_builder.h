@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "src/context/layout.h"
+#include "src/context/controls/layout.h"
 
 namespace tarvoni::qt {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "platform/qt/form_window.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 

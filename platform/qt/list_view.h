@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/qt/control_view.h"
-#include "platform/qt/text.h"
-#include "src/context/lists.h"
+#include "platform/qt/public/text.h"
+#include "src/context/controls/lists.h"
 
 class QComboBox;
 class QListWidget;

@@ -1,4 +1,4 @@
-#include "platform/qt/look.h"
+#include "platform/qt/public/look.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -5,10 +5,10 @@
 #include <numeric>
 
 #include "platform/qt/cell_type.h"
-#include "src/context/criterion.h"
-#include "src/context/field_text.h"
-#include "src/context/text.h"
-#include "src/context/utf8.h"
+#include "src/context/data/criterion.h"
+#include "src/context/values/field_text.h"
+#include "src/context/values/text.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "platform/qt/search_text.h"
 #include "platform/qt/table_source.h"
-#include "src/context/locale.h"
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
+#include "src/context/values/locale.h"
 
 namespace tarvoni::qt {
 

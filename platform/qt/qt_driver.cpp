@@ -1,4 +1,4 @@
-#include "platform/qt/qt_driver.h"
+#include "platform/qt/public/qt_driver.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -15,13 +15,13 @@
 #include "platform/qt/form_window.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/keys.h"
+#include "platform/qt/public/table_view.h"
+#include "platform/qt/public/text.h"
 #include "platform/qt/tab_view.h"
-#include "platform/qt/table_view.h"
-#include "platform/qt/text.h"
 #include "platform/qt/text_box_view.h"
-#include "src/context/call_error.h"
-#include "src/context/date_text.h"
-#include "src/context/environment.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/call_error.h"
+#include "src/context/values/date_text.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/qt/qt_toolkit.h"
+#include "platform/qt/public/qt_toolkit.h"
 
 #include <QGuiApplication>
 #include <algorithm>
@@ -12,7 +12,7 @@
 #include "platform/qt/dialogs/print_preview.h"
 #include "platform/qt/dialogs/text_dialog.h"
 #include "platform/qt/form_window.h"
-#include "src/context/environment.h"
+#include "src/context/services/environment.h"
 
 namespace tarvoni::qt {
 namespace {

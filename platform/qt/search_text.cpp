@@ -3,9 +3,9 @@
 #include <QString>
 #include <algorithm>
 
-#include "platform/qt/text.h"
-#include "src/context/text.h"
-#include "src/context/utf8.h"
+#include "platform/qt/public/text.h"
+#include "src/context/values/text.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/qt/cell_type.h"
-#include "src/context/number_text.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni::qt {
 namespace {

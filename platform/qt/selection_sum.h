@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/qt/table_source.h"
-#include "src/context/locale.h"
+#include "src/context/values/locale.h"
 
 namespace tarvoni::qt {
 

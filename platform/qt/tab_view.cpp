@@ -4,7 +4,7 @@
 #include <QTabWidget>
 
 #include "platform/qt/form_window.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/qt/control_view.h"
-#include "src/context/controls.h"
+#include "src/context/controls/controls.h"
 
 class QTabWidget;
 

@@ -1,6 +1,6 @@
 #include "platform/qt/table_model.h"
 
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 namespace {

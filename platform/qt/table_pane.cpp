@@ -11,9 +11,9 @@
 #include <QTimer>
 
 #include "platform/qt/file_export.h"
+#include "platform/qt/public/text.h"
 #include "platform/qt/table_text.h"
-#include "platform/qt/text.h"
-#include "src/context/environment.h"
+#include "src/context/services/environment.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "src/context/grid.h"
-#include "src/context/value.h"
+#include "src/context/controls/grid.h"
+#include "src/context/values/value.h"
 
 namespace tarvoni::qt {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/table_view.h"
+#include "platform/qt/public/table_view.h"
 
 #include <QEvent>
 #include <QHeaderView>

@@ -13,8 +13,8 @@
 
 #include "platform/qt/form_window.h"
 #include "platform/qt/keys.h"
-#include "platform/qt/look.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/look.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 

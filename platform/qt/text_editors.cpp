@@ -3,7 +3,7 @@
 #include <QPlainTextEdit>
 
 #include "platform/qt/form_window.h"
-#include "platform/qt/look.h"
+#include "platform/qt/public/look.h"
 #include "platform/qt/text_box_view.h"
 
 namespace tarvoni::qt {

@@ -8,8 +8,8 @@
 #include <stdexcept>
 
 #include "platform/qt/cell_type.h"
-#include "src/context/environment.h"
-#include "src/context/utf8.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -6,8 +6,8 @@
 #include <cassert>
 
 #include "platform/sqlite/functions.h"
-#include "platform/tsql/runtime.h"
-#include "src/context/text.h"
+#include "platform/tsql/public/runtime.h"
+#include "src/context/values/text.h"
 
 namespace tarvoni::sqlite {
 namespace {

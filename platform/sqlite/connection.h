@@ -6,7 +6,7 @@
 
 #include "platform/sqlite/database.h"
 #include "platform/sqlite/executor.h"
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 
 namespace tarvoni::sqlite {
 

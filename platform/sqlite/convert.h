@@ -8,9 +8,9 @@
 
 #include "platform/sqlite/date_text.h"
 #include "platform/sqlite/exact.h"
-#include "platform/tsql/lexer.h"
-#include "platform/tsql/type.h"
-#include "src/context/value.h"
+#include "platform/tsql/public/lexer.h"
+#include "platform/tsql/public/type.h"
+#include "src/context/values/value.h"
 
 namespace tarvoni::sqlite {
 

@@ -8,7 +8,7 @@
 #include "platform/sqlite/handle.h"
 #include "platform/sqlite/identity.h"
 #include "platform/sqlite/plan_cache.h"
-#include "platform/sqlite/sqlite_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
 
 namespace tarvoni::sqlite {
 

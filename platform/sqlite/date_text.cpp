@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "platform/sqlite/server_error.h"
-#include "src/context/text.h"
+#include "src/context/values/text.h"
 
 namespace tarvoni::sqlite {
 namespace {

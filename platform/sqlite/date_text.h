@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/date_time.h"
+#include "src/context/values/date_time.h"
 
 // Dates out of text and into it, as a server converts them. Times stand in steps of a three-hundredth of a second, so
 // that their milliseconds end in 0, 3 or 7.

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "platform/tsql/error.h"
-#include "src/context/database_error.h"
+#include "platform/tsql/public/error.h"
+#include "src/context/data/database_error.h"
 
 namespace tarvoni::sqlite {
 

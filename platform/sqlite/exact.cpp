@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "platform/sqlite/server_error.h"
-#include "src/context/wide_integer.h"
+#include "src/context/values/wide_integer.h"
 
 namespace tarvoni::sqlite {
 namespace {

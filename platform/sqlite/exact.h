@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "src/context/decimal.h"
+#include "src/context/values/decimal.h"
 
 // Exact values (DECIMAL and MONEY) as whole numbers in units of their last place. Every result has at most 38 digits;
 // a greater one is error 8115.

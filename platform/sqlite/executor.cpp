@@ -4,8 +4,8 @@
 
 #include "platform/sqlite/error_map.h"
 #include "platform/sqlite/table_changes.h"
-#include "platform/tsql/parser.h"
-#include "src/context/clock.h"
+#include "platform/tsql/public/parser.h"
+#include "src/context/values/clock.h"
 
 namespace tarvoni::sqlite {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "platform/sqlite/convert.h"
 #include "platform/sqlite/database.h"
-#include "platform/tsql/compile.h"
-#include "src/context/recordset.h"
+#include "platform/tsql/public/compile.h"
+#include "src/context/data/recordset.h"
 
 namespace tarvoni::sqlite {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/tsql/runtime.h"
+#include "platform/tsql/public/runtime.h"
 
 namespace tarvoni::sqlite {
 namespace {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/sqlite/statement.h"
-#include "platform/tsql/catalogue.h"
+#include "platform/tsql/public/catalogue.h"
 
 namespace tarvoni::sqlite {
 

@@ -16,9 +16,9 @@
 #include "platform/sqlite/exact.h"
 #include "platform/sqlite/functions.h"
 #include "platform/sqlite/server_error.h"
-#include "platform/tsql/type.h"
-#include "src/context/database_error.h"
-#include "src/context/date_time.h"
+#include "platform/tsql/public/type.h"
+#include "src/context/data/database_error.h"
+#include "src/context/values/date_time.h"
 
 // Makes an SQL function of a C++ function: its arguments and its result are converted by their types, NULL in gives
 // NULL out, and what it throws becomes the statement's error. A function that takes a Raw argument sees NULL itself;

@@ -1,7 +1,7 @@
 #include "platform/sqlite/identity.h"
 
 #include "platform/sqlite/statement.h"
-#include "platform/tsql/runtime.h"
+#include "platform/tsql/public/runtime.h"
 
 namespace tarvoni::sqlite {
 namespace {

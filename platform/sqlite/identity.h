@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "platform/sqlite/statement.h"
-#include "platform/tsql/catalogue.h"
+#include "platform/tsql/public/catalogue.h"
 
 namespace tarvoni::sqlite {
 

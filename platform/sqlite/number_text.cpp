@@ -9,8 +9,8 @@
 #include "platform/sqlite/exact.h"
 #include "platform/sqlite/server_error.h"
 #include "platform/sqlite/whole.h"
-#include "src/context/text.h"
-#include "src/context/wide_integer.h"
+#include "src/context/values/text.h"
+#include "src/context/values/wide_integer.h"
 
 namespace tarvoni::sqlite {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/tsql/type.h"
-#include "src/context/decimal.h"
+#include "platform/tsql/public/type.h"
+#include "src/context/values/decimal.h"
 
 // Numbers out of text and into it, as a server converts them. Blanks around a number do not count.
 namespace tarvoni::sqlite {

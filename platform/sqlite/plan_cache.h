@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/sqlite/temporary_tables.h"
-#include "platform/tsql/lexer.h"
-#include "platform/tsql/plan.h"
+#include "platform/tsql/public/lexer.h"
+#include "platform/tsql/public/plan.h"
 
 namespace tarvoni::sqlite {
 

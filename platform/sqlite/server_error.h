@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/tsql/type.h"
+#include "platform/tsql/public/type.h"
 
 namespace tarvoni::sqlite {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/sqlite/database.h"
-#include "platform/tsql/plan.h"
+#include "platform/tsql/public/plan.h"
 
 // Changes of the file's tables, each whole or not at all, within a write transaction.
 namespace tarvoni::sqlite {

@@ -1,6 +1,6 @@
 #include "platform/sqlite/temporary_tables.h"
 
-#include "src/context/database_error.h"
+#include "src/context/data/database_error.h"
 
 namespace tarvoni::sqlite {
 TemporaryTables::~TemporaryTables() {

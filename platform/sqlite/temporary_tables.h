@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/sqlite/identity.h"
-#include "platform/tsql/plan.h"
+#include "platform/tsql/public/plan.h"
 
 namespace tarvoni::sqlite {
 

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "platform/tsql/type.h"
-#include "src/context/decimal.h"
+#include "platform/tsql/public/type.h"
+#include "src/context/values/decimal.h"
 
 // Whole numbers and flags.
 namespace tarvoni::sqlite {

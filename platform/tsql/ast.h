@@ -7,9 +7,9 @@
 #include <variant>
 #include <vector>
 
-#include "platform/tsql/error.h"
 #include "platform/tsql/pooled.h"
-#include "platform/tsql/type.h"
+#include "platform/tsql/public/error.h"
+#include "platform/tsql/public/type.h"
 
 // The syntax tree: what was written, before any name has a meaning. Names stand without their brackets or
 // quotes, spelled as written.

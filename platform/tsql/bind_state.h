@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "platform/tsql/bound.h"
-#include "platform/tsql/compile.h"
-#include "platform/tsql/lexer.h"
+#include "platform/tsql/public/compile.h"
+#include "platform/tsql/public/lexer.h"
 
 namespace tarvoni::tsql {
 

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "platform/tsql/ast.h"
-#include "platform/tsql/catalogue.h"
 #include "platform/tsql/pooled.h"
-#include "platform/tsql/type.h"
+#include "platform/tsql/public/catalogue.h"
+#include "platform/tsql/public/type.h"
 
 // The bound tree: every name has found its column, every expression has its T-SQL type, every conversion that
 // T-SQL makes silently stands there as a node. Simple CASE, IN and BETWEEN keep their form.

@@ -1,4 +1,4 @@
-#include "platform/tsql/catalogue.h"
+#include "platform/tsql/public/catalogue.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/tsql/compile.h"
+#include "platform/tsql/public/compile.h"
 
 #include <algorithm>
 

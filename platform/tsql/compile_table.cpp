@@ -3,7 +3,7 @@
 #include "platform/tsql/convert.h"
 #include "platform/tsql/emitter.h"
 #include "platform/tsql/expression_binder.h"
-#include "platform/tsql/runtime.h"
+#include "platform/tsql/public/runtime.h"
 #include "platform/tsql/statement_compiler.h"
 
 // CREATE TABLE, CREATE INDEX and DROP TABLE.

@@ -1,5 +1,5 @@
 #include "platform/tsql/emitter.h"
-#include "platform/tsql/runtime.h"
+#include "platform/tsql/public/runtime.h"
 
 namespace tarvoni::tsql {
 

@@ -3,7 +3,7 @@
 #include "platform/tsql/bind_state.h"
 #include "platform/tsql/convert.h"
 #include "platform/tsql/emitter.h"
-#include "platform/tsql/runtime.h"
+#include "platform/tsql/public/runtime.h"
 
 namespace tarvoni::tsql {
 namespace {

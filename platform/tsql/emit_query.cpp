@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "platform/tsql/emitter.h"
-#include "platform/tsql/runtime.h"
+#include "platform/tsql/public/runtime.h"
 
 namespace tarvoni::tsql {
 namespace {

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "platform/tsql/bound.h"
-#include "platform/tsql/plan.h"
+#include "platform/tsql/public/plan.h"
 
 namespace tarvoni::tsql {
 

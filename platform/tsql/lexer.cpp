@@ -1,4 +1,4 @@
-#include "platform/tsql/lexer.h"
+#include "platform/tsql/public/lexer.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
-#include "platform/tsql/parser.h"
+#include "platform/tsql/public/parser.h"
 
 #include <algorithm>
 
-#include "platform/tsql/catalogue.h"
 #include "platform/tsql/parser_impl.h"
+#include "platform/tsql/public/catalogue.h"
 
 namespace tarvoni::tsql {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/tsql/ast.h"
-#include "platform/tsql/lexer.h"
+#include "platform/tsql/public/lexer.h"
 
 namespace tarvoni::tsql {
 

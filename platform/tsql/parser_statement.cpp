@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/tsql/catalogue.h"
 #include "platform/tsql/parser_impl.h"
+#include "platform/tsql/public/catalogue.h"
 
 namespace tarvoni::tsql {
 namespace {

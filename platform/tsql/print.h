@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/tsql/ast.h"
-#include "platform/tsql/lexer.h"
+#include "platform/tsql/public/lexer.h"
 
 namespace tarvoni::tsql {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/tsql/bind_state.h"
-#include "platform/tsql/plan.h"
+#include "platform/tsql/public/plan.h"
 
 namespace tarvoni::tsql {
 

@@ -1,9 +1,9 @@
-#include "platform/tsql/type.h"
+#include "platform/tsql/public/type.h"
 
 #include <algorithm>
 #include <charconv>
 
-#include "platform/tsql/catalogue.h"
+#include "platform/tsql/public/catalogue.h"
 
 namespace tarvoni::tsql {
 namespace {

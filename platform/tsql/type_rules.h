@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/tsql/ast.h"
-#include "platform/tsql/type.h"
+#include "platform/tsql/public/type.h"
 
 // Which type an expression has, by the rules a T-SQL server documents for its data types ("Precision, scale,
 // and length", "Data type precedence").

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "src/context/form.h"
+#include "src/context/controls/form.h"
 
 // The rules a box can follow. Each sets the events it needs and keeps what the Screen set before.
 namespace tarvoni {

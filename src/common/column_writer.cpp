@@ -1,10 +1,10 @@
 #include "src/common/column_writer.h"
 
 #include "src/common/query.h"
-#include "src/context/environment.h"
-#include "src/context/number_text.h"
-#include "src/context/statement.h"
-#include "src/context/utf8.h"
+#include "src/context/data/statement.h"
+#include "src/context/services/environment.h"
+#include "src/context/values/number_text.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/date_time.h"
-#include "src/context/tvn_var_dll.h"
+#include "src/context/data/tvn_var_dll.h"
+#include "src/context/values/date_time.h"
 
 namespace tarvoni {
 

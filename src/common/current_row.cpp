@@ -1,7 +1,7 @@
 #include "src/common/current_row.h"
 
 #include "src/common/screen.h"
-#include "src/context/field_text.h"
+#include "src/context/values/field_text.h"
 
 namespace tarvoni {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/form.h"
+#include "src/context/controls/form.h"
 
 namespace tarvoni {
 

@@ -4,9 +4,9 @@
 
 #include "src/common/query.h"
 #include "src/common/view_switch.h"
-#include "src/context/environment.h"
-#include "src/context/services.h"
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/services.h"
 
 namespace tarvoni {
 

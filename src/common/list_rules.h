@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "src/common/guard.h"
-#include "src/context/form.h"
-#include "src/context/tvn_var_dll.h"
+#include "src/context/controls/form.h"
+#include "src/context/data/tvn_var_dll.h"
 
 // What Screens do with their lists.
 namespace tarvoni {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/form.h"
-#include "src/context/tvn_var_dll.h"
+#include "src/context/controls/form.h"
+#include "src/context/data/tvn_var_dll.h"
 
 // The routines that every Screen calls. Only TypedKeyFilter, SafeSetFocus, GetIdByNumberText and
 // GetIdByNumberFiltered keep errors to themselves.

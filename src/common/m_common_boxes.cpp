@@ -1,10 +1,10 @@
 #include <algorithm>
 
 #include "src/common/m_common.h"
-#include "src/context/environment.h"
-#include "src/context/services.h"
-#include "src/context/toolkit.h"
-#include "src/context/utf8.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/services.h"
+#include "src/context/services/toolkit.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni {
 

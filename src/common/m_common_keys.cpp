@@ -3,13 +3,13 @@
 
 #include "src/common/m_common.h"
 #include "src/common/query.h"
-#include "src/context/call_error.h"
-#include "src/context/environment.h"
-#include "src/context/number_text.h"
-#include "src/context/services.h"
-#include "src/context/statement.h"
-#include "src/context/toolkit.h"
-#include "src/context/utf8.h"
+#include "src/context/data/statement.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/services.h"
+#include "src/context/services/toolkit.h"
+#include "src/context/values/call_error.h"
+#include "src/context/values/number_text.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni {
 namespace {

@@ -1,6 +1,6 @@
 #include "src/common/m_common.h"
 #include "src/common/query.h"
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 
 namespace tarvoni {
 

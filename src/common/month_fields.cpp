@@ -1,10 +1,10 @@
 #include "src/common/month_fields.h"
 
 #include "src/common/box_rules.h"
-#include "src/context/date_text.h"
-#include "src/context/environment.h"
-#include "src/context/number_text.h"
-#include "src/context/services.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/services.h"
+#include "src/context/values/date_text.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni {
 namespace {

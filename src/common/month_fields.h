@@ -2,9 +2,9 @@
 
 #include <optional>
 
-#include "src/context/controls.h"
-#include "src/context/date_time.h"
-#include "src/context/tvn_var_dll.h"
+#include "src/context/controls/controls.h"
+#include "src/context/data/tvn_var_dll.h"
+#include "src/context/values/date_time.h"
 
 namespace tarvoni {
 

@@ -1,9 +1,9 @@
 #include "src/common/query.h"
 
-#include "src/context/call_error.h"
-#include "src/context/environment.h"
-#include "src/context/number_text.h"
-#include "src/context/services.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/services.h"
+#include "src/context/values/call_error.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni {
 

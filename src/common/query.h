@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/database.h"
-#include "src/context/tvn_var_dll.h"
+#include "src/context/data/database.h"
+#include "src/context/data/tvn_var_dll.h"
 
 // Reading single values. Errors of the database leave every function.
 namespace tarvoni {

@@ -1,6 +1,6 @@
 #include "src/common/screen.h"
 
-#include "src/context/number_text.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni {
 

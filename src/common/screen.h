@@ -7,12 +7,12 @@
 #include "src/common/guard.h"
 #include "src/common/m_common.h"
 #include "src/common/query.h"
-#include "src/context/environment.h"
-#include "src/context/form.h"
-#include "src/context/services.h"
-#include "src/context/statement.h"
-#include "src/context/toolkit.h"
-#include "src/context/tvn_var_dll.h"
+#include "src/context/controls/form.h"
+#include "src/context/data/statement.h"
+#include "src/context/data/tvn_var_dll.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/services.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni {
 

@@ -3,7 +3,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "src/context/control.h"
+#include "src/context/controls/control.h"
 
 namespace tarvoni {
 

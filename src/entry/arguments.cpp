@@ -5,7 +5,7 @@
 #include <limits>
 #include <optional>
 
-#include "src/context/call_error.h"
+#include "src/context/values/call_error.h"
 
 namespace tarvoni {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 #include <type_traits>
 
-#include "src/context/running_handler.h"
-#include "src/context/tvn_var_dll.h"
+#include "src/context/data/handler_scope.h"
+#include "src/context/data/tvn_var_dll.h"
 #include "src/entry/call.h"
 #include "src/entry/object.h"
 #include "src/entry/slot_call.h"
@@ -90,7 +90,7 @@ class c_Lohn final : public Object<_c_Lohn, kInterface_c_Lohn> {
       if constexpr (std::is_same_v<ScreenType, NotBuilt>) {
         throw NotBuiltError(screen);
       } else {
-        RunningHandler running(tvnvar.dbAdo.get());
+        HandlerScope running(tvnvar.dbAdo.get());
         CallThroughSlot<ScreenType>(work, after);
         running.Finish();
       }

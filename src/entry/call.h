@@ -5,7 +5,7 @@
 #include <string>
 
 #include "include/tarvoni_lohn.h"
-#include "src/context/error_text.h"
+#include "src/context/data/error_text.h"
 
 namespace tarvoni {
 

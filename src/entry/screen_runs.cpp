@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "src/context/call_error.h"
+#include "src/context/values/call_error.h"
 #include "src/entry/slot_call.h"
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "src/context/tvn_var_dll.h"
+#include "src/context/data/tvn_var_dll.h"
 #include "src/entry/arguments.h"
 
 namespace tarvoni {

@@ -1,7 +1,7 @@
 #include "src/machines/f_kostenart.h"
 
 #include "src/common/list_rules.h"
-#include "src/context/number_text.h"
+#include "src/context/values/number_text.h"
 #include "src/machines/f_kostenart_sql.h"
 
 namespace tarvoni {

@@ -1,6 +1,6 @@
 #include "src/machines/f_kostenart_sql.h"
 
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 
 namespace tarvoni::kostenart_sql {
 

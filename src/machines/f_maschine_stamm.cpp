@@ -1,7 +1,7 @@
 #include "src/machines/f_maschine_stamm.h"
 
 #include "src/common/box_rules.h"
-#include "src/context/number_text.h"
+#include "src/context/values/number_text.h"
 #include "src/machines/f_maschine_stamm_sql.h"
 
 namespace tarvoni {

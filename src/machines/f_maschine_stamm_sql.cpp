@@ -1,6 +1,6 @@
 #include "src/machines/f_maschine_stamm_sql.h"
 
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 
 namespace tarvoni::maschine_stamm_sql {
 

@@ -6,7 +6,7 @@
 #include "src/common/code_field.h"
 #include "src/common/list_rules.h"
 #include "src/common/screen.h"
-#include "src/context/decimal.h"
+#include "src/context/values/decimal.h"
 
 namespace tarvoni {
 

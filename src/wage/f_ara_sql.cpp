@@ -1,6 +1,6 @@
 #include "src/wage/f_ara_sql.h"
 
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 
 namespace tarvoni::ara_sql {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/date_time.h"
-#include "src/context/decimal.h"
+#include "src/context/values/date_time.h"
+#include "src/context/values/decimal.h"
 
 // The statements of F_ARA. An order is a row of ARA_KOPF with its row of ARBEITSAUFTRAG.
 namespace tarvoni::ara_sql {

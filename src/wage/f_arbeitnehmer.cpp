@@ -5,8 +5,8 @@
 #include "src/common/box_rules.h"
 #include "src/common/current_row.h"
 #include "src/common/view_switch.h"
-#include "src/context/field_text.h"
-#include "src/context/number_text.h"
+#include "src/context/values/field_text.h"
+#include "src/context/values/number_text.h"
 #include "src/wage/f_arbeitnehmer_sql.h"
 #include "src/wage/rate_expressions.h"
 

@@ -1,6 +1,6 @@
 #include "src/wage/f_arbeitnehmer_sql.h"
 
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 #include "src/wage/rate_expressions.h"
 
 namespace tarvoni::arbeitnehmer_sql {

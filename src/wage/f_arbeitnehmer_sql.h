@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/date_time.h"
+#include "src/context/values/date_time.h"
 
 // The statements of F_Arbeitnehmer: the hours of one wage order in ARA_STUNDEN.
 namespace tarvoni::arbeitnehmer_sql {

@@ -1,6 +1,6 @@
 #include "src/wage/rate_expressions.h"
 
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 
 namespace tarvoni::wage_rate {
 namespace {

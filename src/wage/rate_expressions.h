@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/date_time.h"
+#include "src/context/values/date_time.h"
 
 // What an hour or unit is worth on a day: T-SQL expressions over the dated rates of ONETODATE, LOHNGRUPPE and
 // TSP_ENTGELTE. Of several dates the latest that is not after the day counts. The three forms differ on purpose.

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "src/context/clock.h"
+#include "src/context/values/clock.h"
 #include "tests/support/fake_connection.h"
 #include "tests/support/fake_suite.h"
 #include "tests/support/quiet_toolkit.h"

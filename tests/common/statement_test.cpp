@@ -1,10 +1,10 @@
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 
 #include <gtest/gtest.h>
 
-#include "src/context/database_error.h"
-#include "src/context/environment.h"
-#include "src/context/tvn_var_dll.h"
+#include "src/context/data/database_error.h"
+#include "src/context/data/tvn_var_dll.h"
+#include "src/context/services/environment.h"
 
 namespace tarvoni {
 namespace {

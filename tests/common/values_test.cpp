@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "src/context/call_error.h"
-#include "src/context/clock.h"
-#include "src/context/date_text.h"
-#include "src/context/field_text.h"
-#include "src/context/number_text.h"
+#include "src/context/values/call_error.h"
+#include "src/context/values/clock.h"
+#include "src/context/values/date_text.h"
+#include "src/context/values/field_text.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni {
 namespace {

@@ -1,9 +1,9 @@
-#include "src/context/date_time.h"
+#include "src/context/values/date_time.h"
 
 #include <gtest/gtest.h>
 
-#include "src/context/clock.h"
-#include "src/context/value.h"
+#include "src/context/values/clock.h"
+#include "src/context/values/value.h"
 
 namespace tarvoni {
 namespace {

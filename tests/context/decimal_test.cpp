@@ -1,4 +1,4 @@
-#include "src/context/decimal.h"
+#include "src/context/values/decimal.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "src/context/wide_integer.h"
+#include "src/context/values/wide_integer.h"
 #include "tests/context/big_number.h"
 
 namespace tarvoni {

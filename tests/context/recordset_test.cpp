@@ -1,10 +1,11 @@
-#include "src/context/recordset.h"
+#include "src/context/data/recordset.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "src/context/database.h"
-#include "src/context/database_error.h"
+#include "src/context/data/database.h"
+#include "src/context/data/database_error.h"
+#include "src/context/data/handler_scope.h"
 
 namespace tarvoni {
 namespace {

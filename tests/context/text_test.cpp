@@ -1,4 +1,4 @@
-#include "src/context/text.h"
+#include "src/context/values/text.h"
 
 #include <gtest/gtest.h>
 

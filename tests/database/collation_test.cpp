@@ -6,7 +6,7 @@
 #include <random>
 #include <vector>
 
-#include "src/context/text.h"
+#include "src/context/values/text.h"
 #include "tests/database/function_testing.h"
 
 namespace tarvoni::sqlite {

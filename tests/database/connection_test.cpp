@@ -4,6 +4,7 @@
 #include <chrono>
 #include <thread>
 
+#include "src/context/data/handler_scope.h"
 #include "tests/database/database_testing.h"
 
 namespace tarvoni::sqlite {

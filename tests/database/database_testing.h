@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "platform/sqlite/connection.h"
-#include "platform/sqlite/sqlite_database.h"
-#include "platform/tsql/runtime.h"
+#include "platform/sqlite/public/sqlite_database.h"
+#include "platform/tsql/public/runtime.h"
 #include "tests/support/database_testing.h"
 
 namespace tarvoni::sqlite {

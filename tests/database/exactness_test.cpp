@@ -4,7 +4,7 @@
 #include <random>
 #include <vector>
 
-#include "src/context/decimal.h"
+#include "src/context/values/decimal.h"
 #include "tests/database/function_testing.h"
 
 // Money to the cent: a million random lines of work are multiplied, rounded and summed by statements, and beside them by

@@ -1,6 +1,6 @@
 #include "platform/sqlite/executor.h"
 
-#include "src/context/clock.h"
+#include "src/context/values/clock.h"
 #include "tests/database/database_testing.h"
 
 // Plans made by hand: what the executor makes of them whatever the front end says.

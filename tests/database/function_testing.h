@@ -9,8 +9,8 @@
 
 #include "platform/sqlite/exact.h"
 #include "platform/sqlite/functions.h"
-#include "src/context/database_error.h"
-#include "src/context/decimal.h"
+#include "src/context/data/database_error.h"
+#include "src/context/values/decimal.h"
 
 namespace tarvoni::sqlite {
 

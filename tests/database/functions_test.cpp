@@ -7,7 +7,7 @@
 #include <regex>
 #include <set>
 
-#include "platform/tsql/type.h"
+#include "platform/tsql/public/type.h"
 #include "tests/context/big_number.h"
 #include "tests/database/function_testing.h"
 

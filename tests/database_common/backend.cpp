@@ -1,7 +1,7 @@
 #include "tests/database_common/backend.h"
 
-#include "platform/odbc/odbc_database.h"
-#include "platform/sqlite/sqlite_database.h"
+#include "platform/odbc/public/odbc_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
 
 namespace tarvoni::dbtest {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 #include "tests/support/database_testing.h"
 
 namespace tarvoni::dbtest {

@@ -1,6 +1,7 @@
 #include <chrono>
 #include <vector>
 
+#include "src/context/data/handler_scope.h"
 #include "tests/database_common/database_fixture.h"
 
 // What every backend does with statements that T-SQL and SQLite's SQL have in common.

@@ -15,7 +15,7 @@
 
 #include "host/demo_database.h"
 #include "host/open_database.h"
-#include "platform/qt/look.h"
+#include "platform/qt/public/look.h"
 
 namespace tarvoni::host {
 namespace {

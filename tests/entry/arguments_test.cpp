@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "src/context/call_error.h"
+#include "src/context/values/call_error.h"
 #include "src/entry/screen_runs.h"
 
 namespace tarvoni {

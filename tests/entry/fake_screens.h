@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 #include "src/entry/c_lohn.h"
 
 namespace tarvoni {

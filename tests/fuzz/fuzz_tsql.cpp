@@ -9,9 +9,9 @@
 #include <variant>
 #include <vector>
 
-#include "platform/tsql/compile.h"
-#include "platform/tsql/lexer.h"
-#include "platform/tsql/parser.h"
+#include "platform/tsql/public/compile.h"
+#include "platform/tsql/public/lexer.h"
+#include "platform/tsql/public/parser.h"
 
 // Sends any text through the whole front end. A batch is refused with a located Error or becomes a plan that
 // holds together; everything else is a finding.

@@ -1,9 +1,9 @@
-#include "src/context/layout.h"
+#include "src/context/controls/layout.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "src/context/form.h"
+#include "src/context/controls/form.h"
 
 namespace tarvoni {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/headless/script_player.h"
+#include "platform/script/public/script_player.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 #include "src/common/code_field.h"
 #include "src/common/list_rules.h"
 #include "src/common/view_switch.h"
-#include "src/context/clock.h"
+#include "src/context/values/clock.h"
 #include "tests/support/fake_connection.h"
 #include "tests/support/fake_suite.h"
 

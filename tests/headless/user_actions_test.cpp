@@ -1,9 +1,9 @@
-#include "src/context/user_actions.h"
+#include "src/context/services/user_actions.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "src/context/call_error.h"
+#include "src/context/values/call_error.h"
 #include "tests/support/fake_connection.h"
 #include "tests/support/quiet_toolkit.h"
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 
 namespace tarvoni::host {
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/sqlite/sqlite_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"
 #include "src/schema/schema.h"

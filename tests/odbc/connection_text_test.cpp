@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/odbc/password.h"
+#include "platform/odbc/public/password.h"
 #include "platform/odbc/wide_text.h"
 #include "tests/support/database_testing.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "src/context/database_error.h"
+#include "src/context/data/database_error.h"
 
 namespace tarvoni::odbc {
 namespace {

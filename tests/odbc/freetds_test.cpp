@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/odbc/odbc_database.h"
+#include "platform/odbc/public/odbc_database.h"
 #include "platform/odbc/session.h"
 #include "tests/odbc/tds_server.h"
 #include "tests/support/database_testing.h"

@@ -3,7 +3,7 @@
 
 #include <fstream>
 
-#include "platform/odbc/odbc_database.h"
+#include "platform/odbc/public/odbc_database.h"
 #include "tests/support/database_testing.h"
 
 // The backend on a driver that is there on every machine. It speaks SQLite's SQL.

@@ -11,8 +11,8 @@
 #include <QTest>
 #include <algorithm>
 
-#include "platform/headless/script.h"
-#include "src/context/call_error.h"
+#include "platform/script/public/script.h"
+#include "src/context/values/call_error.h"
 #include "tests/qt/stage.h"
 
 namespace tarvoni::qt {

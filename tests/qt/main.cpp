@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "platform/qt/look.h"
+#include "platform/qt/public/look.h"
 
 // One QApplication for all tests, without a screen unless one is named.
 int main(int argc, char** argv) {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "src/context/environment.h"
-#include "src/context/form.h"
+#include "src/context/controls/form.h"
+#include "src/context/services/environment.h"
 #include "tests/support/fake_connection.h"
 
 namespace tarvoni::test {

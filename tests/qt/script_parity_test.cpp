@@ -7,9 +7,9 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "platform/headless/script_player.h"
-#include "platform/qt/qt_driver.h"
-#include "platform/qt/qt_script_toolkit.h"
+#include "platform/qt/public/qt_driver.h"
+#include "platform/qt/public/qt_script_toolkit.h"
+#include "platform/script/public/script_player.h"
 #include "tests/qt/dark_palette.h"
 #include "tests/qt/probe_form.h"
 #include "tests/support/fake_suite.h"
@@ -88,7 +88,7 @@ Played PlayInWindows(const std::string& script, const std::function<void(ProbeFo
   qt::QtDriver driver(toolkit, shots);
   Theatre theatre(toolkit, driver);
   theatre.prepare = prepare;
-  toolkit.SetPlayer(&theatre.Player());
+  toolkit.SetPartner(&theatre.Player());
   return theatre.Play(script);
 }
 

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "platform/qt/form_window.h"
-#include "platform/qt/qt_driver.h"
-#include "platform/qt/qt_toolkit.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/qt_driver.h"
+#include "platform/qt/public/qt_toolkit.h"
+#include "platform/qt/public/text.h"
 #include "tests/qt/probe_form.h"
 #include "tests/support/fake_suite.h"
 

@@ -12,8 +12,8 @@
 #include <string>
 #include <utility>
 
-#include "platform/qt/text.h"
-#include "src/context/toolkit.h"
+#include "platform/qt/public/text.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni::qt {
 

@@ -8,7 +8,7 @@
 #include "platform/qt/dialogs/month_dialog.h"
 #include "platform/qt/dialogs/month_entry.h"
 #include "platform/qt/dialogs/text_dialog.h"
-#include "src/context/clock.h"
+#include "src/context/values/clock.h"
 #include "tests/qt_dialogs/dialog_testing.h"
 
 namespace tarvoni::qt {

@@ -10,7 +10,7 @@
 #include "platform/qt/cell_type.h"
 #include "platform/qt/file_export.h"
 #include "platform/qt/selection_sum.h"
-#include "src/context/field_text.h"
+#include "src/context/values/field_text.h"
 #include "tests/qt_dialogs/dialog_testing.h"
 
 namespace tarvoni::qt {

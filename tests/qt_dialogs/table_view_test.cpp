@@ -1,10 +1,10 @@
-#include "platform/qt/table_view.h"
+#include "platform/qt/public/table_view.h"
 
 #include <QClipboard>
 #include <QHeaderView>
 #include <QMouseEvent>
 
-#include "src/context/environment.h"
+#include "src/context/services/environment.h"
 #include "tests/qt_dialogs/dialog_testing.h"
 
 namespace tarvoni::qt {

@@ -6,7 +6,7 @@
 #include <set>
 #include <sstream>
 
-#include "platform/sqlite/sqlite_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
 #include "tests/schema/statement_blocks.h"
 
 namespace tarvoni {

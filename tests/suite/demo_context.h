@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "src/context/tvn_var_dll.h"
+#include "src/context/data/tvn_var_dll.h"
 
 namespace tarvoni::suite {
 

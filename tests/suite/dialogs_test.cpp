@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "src/context/clock.h"
-#include "src/context/data_control.h"
+#include "src/context/controls/data_control.h"
+#include "src/context/values/clock.h"
 #include "suite/delete_guard.h"
 #include "suite/description_editor.h"
 #include "suite/grid_layout_store.h"

@@ -3,9 +3,9 @@
 #include <map>
 #include <set>
 
-#include "src/context/controls.h"
-#include "src/context/environment.h"
-#include "src/context/form.h"
+#include "src/context/controls/controls.h"
+#include "src/context/controls/form.h"
+#include "src/context/services/environment.h"
 #include "suite/message_service.h"
 #include "suite/message_texts.h"
 

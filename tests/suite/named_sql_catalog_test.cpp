@@ -5,9 +5,9 @@
 #include <map>
 #include <set>
 
-#include "src/context/call_error.h"
-#include "src/context/field_text.h"
-#include "src/context/locale.h"
+#include "src/context/values/call_error.h"
+#include "src/context/values/field_text.h"
+#include "src/context/values/locale.h"
 #include "tests/host/demo_database.h"
 #include "tests/suite/demo_context.h"
 

@@ -1,6 +1,6 @@
 #include "suite/report_service.h"
 
-#include "src/context/statement.h"
+#include "src/context/data/statement.h"
 #include "tests/host/demo_database.h"
 #include "tests/suite/suite_testing.h"
 

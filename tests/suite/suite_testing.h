@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/sqlite/sqlite_database.h"
-#include "src/context/environment.h"
+#include "platform/sqlite/public/sqlite_database.h"
+#include "src/context/services/environment.h"
 #include "src/schema/schema.h"
 #include "tests/support/fake_suite.h"
 #include "tests/support/quiet_toolkit.h"

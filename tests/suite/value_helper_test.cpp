@@ -1,7 +1,7 @@
 #include "suite/value_helper.h"
 
-#include "src/context/database_error.h"
-#include "src/context/statement.h"
+#include "src/context/data/database_error.h"
+#include "src/context/data/statement.h"
 #include "suite/convert_helper.h"
 #include "tests/suite/suite_testing.h"
 

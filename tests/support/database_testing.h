@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 
 // What tests of every backend need.
 namespace tarvoni::dbtest {

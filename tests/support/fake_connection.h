@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "src/context/database.h"
+#include "src/context/data/database.h"
 
 namespace tarvoni::test {
 

@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "src/context/call_error.h"
-#include "src/context/date_text.h"
-#include "src/context/environment.h"
-#include "src/context/field_text.h"
-#include "src/context/number_text.h"
-#include "src/context/services.h"
-#include "src/context/toolkit.h"
+#include "src/context/services/environment.h"
+#include "src/context/services/services.h"
+#include "src/context/services/toolkit.h"
+#include "src/context/values/call_error.h"
+#include "src/context/values/date_text.h"
+#include "src/context/values/field_text.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni::test {
 

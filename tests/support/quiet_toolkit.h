@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "src/context/toolkit.h"
-#include "src/context/user_actions.h"
+#include "src/context/services/toolkit.h"
+#include "src/context/services/user_actions.h"
 
 namespace tarvoni::test {
 

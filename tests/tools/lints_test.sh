@@ -11,9 +11,9 @@ cp "$root/.clang-format" "$tree"
 cd "$tree"
 git init -q .
 
-mkdir -p src/{context,common,wage,orders,entry} platform/{tsql,sqlite,odbc,qt} suite host tests/wage
-for header in src/context/value src/common/text src/wage/f_ara src/orders/f_list src/entry/c_lohn \
-  platform/tsql/type platform/sqlite/connection suite/messages; do
+mkdir -p src/{context/values,common,wage,orders,entry} platform/{tsql/public,sqlite/public,odbc,qt} suite host tests/wage
+for header in src/context/values/value src/common/text src/wage/f_ara src/orders/f_list src/entry/c_lohn \
+  platform/tsql/public/type platform/tsql/lexer platform/sqlite/public/database suite/messages; do
   printf '#pragma once\n' >"$header.h"
 done
 echo 'tarvoni_library(tarvoni_common)' >src/common/CMakeLists.txt
@@ -67,14 +67,15 @@ format=lint
 refuses $format src/wage/a.cpp 'int  Answer( );\n' 'clang-format'
 
 way=check-dependencies
-accepts $way src/wage/a.cpp '#include "src/common/text.h"\n#include "src/context/value.h"\n#include <vector>\n'
+accepts $way src/wage/a.cpp '#include "src/common/text.h"\n#include "src/context/values/value.h"\n#include <vector>\n'
 refuses $way src/wage/a.cpp '#include "src/orders/f_list.h"\n' 'src/wage may not use src/orders'
 refuses $way src/common/a.cpp '#include "src/wage/f_ara.h"\n' 'src/common may not use src/wage'
 refuses $way src/context/a.cpp '#include "src/common/text.h"\n' 'src/context may not use src/common'
-refuses $way src/wage/a.cpp '  #  include "platform/sqlite/connection.h"\n' 'may not use platform/sqlite'
-refuses $way platform/tsql/a.cpp '#include "src/context/value.h"\n' 'may not use src/context'
-refuses $way platform/odbc/a.cpp '#include "platform/tsql/type.h"\n' 'may not use platform/tsql'
-accepts $way platform/sqlite/a.cpp '#include "platform/tsql/type.h"\n#include <sqlite3.h>\n'
+refuses $way src/wage/a.cpp '  #  include "platform/sqlite/public/database.h"\n' 'may not use platform/sqlite'
+refuses $way platform/tsql/a.cpp '#include "src/context/values/value.h"\n' 'may not use src/context'
+refuses $way platform/odbc/a.cpp '#include "platform/tsql/public/type.h"\n' 'may not use platform/tsql'
+accepts $way platform/sqlite/a.cpp '#include "platform/tsql/public/type.h"\n#include <sqlite3.h>\n'
+refuses $way platform/sqlite/a.cpp '#include "platform/tsql/lexer.h"\n' 'not public'
 refuses $way suite/a.cpp '#include "src/common/text.h"\n' 'may not use src/common'
 accepts $way host/a.cpp '#include "src/entry/c_lohn.h"\n#include "suite/messages.h"\n#include <fmt/format.h>\n'
 refuses $way host/a.cpp '#include "src/wage/f_ara.h"\n' 'may not use src/wage'

@@ -1,9 +1,9 @@
-#include "platform/tsql/compile.h"
+#include "platform/tsql/public/compile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/tsql/parser.h"
+#include "platform/tsql/public/parser.h"
 
 namespace tarvoni::tsql {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/tsql/parser.h"
+#include "platform/tsql/public/parser.h"
 
 #include <gtest/gtest.h>
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/odbc/odbc_database.h"
-#include "platform/sqlite/sqlite_database.h"
+#include "platform/odbc/public/odbc_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
 
 // tsql_cases [--database URL] FILE…: runs conformance cases (tests/tsql/cases), each file on one connection to an
 // empty database: a new one in memory unless told. At a file's end the tables it made are dropped again.

@@ -1,8 +1,8 @@
-#include "platform/tsql/type.h"
+#include "platform/tsql/public/type.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/tsql/catalogue.h"
+#include "platform/tsql/public/catalogue.h"
 
 namespace tarvoni::tsql {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/sqlite/sqlite_database.h"
-#include "src/context/statement.h"
+#include "platform/sqlite/public/sqlite_database.h"
+#include "src/context/data/statement.h"
 #include "src/schema/schema.h"
 #include "suite/report_service.h"
 

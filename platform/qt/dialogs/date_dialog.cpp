@@ -9,10 +9,10 @@
 #include "platform/qt/dialogs/entry_dialog.h"
 #include "platform/qt/dialogs/modal.h"
 #include "platform/qt/dialogs/month_entry.h"
-#include "platform/qt/text.h"
-#include "src/context/clock.h"
-#include "src/context/date_text.h"
-#include "src/context/field_text.h"
+#include "platform/qt/public/text.h"
+#include "src/context/values/clock.h"
+#include "src/context/values/date_text.h"
+#include "src/context/values/field_text.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "src/context/date_time.h"
+#include "src/context/values/date_time.h"
 
 namespace tarvoni::qt {
 

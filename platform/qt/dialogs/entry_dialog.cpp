@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 
 #include "platform/qt/dialogs/dialog_parts.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 

@@ -12,7 +12,7 @@
 #include "platform/qt/dialogs/dialog_parts.h"
 #include "platform/qt/dialogs/location_tree.h"
 #include "platform/qt/dialogs/modal.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni::qt {
 

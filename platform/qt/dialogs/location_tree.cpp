@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "src/context/utf8.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni::qt {
 namespace {

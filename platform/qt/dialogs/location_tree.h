@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/qt/search_text.h"
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni::qt {
 

@@ -12,8 +12,8 @@
 
 #include "platform/qt/dialogs/dialog_parts.h"
 #include "platform/qt/dialogs/modal.h"
-#include "platform/qt/text.h"
-#include "src/context/toolkit.h"
+#include "platform/qt/public/text.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -9,8 +9,8 @@
 #include "platform/qt/dialogs/entry_dialog.h"
 #include "platform/qt/dialogs/modal.h"
 #include "platform/qt/dialogs/month_entry.h"
-#include "platform/qt/text.h"
-#include "src/context/date_text.h"
+#include "platform/qt/public/text.h"
+#include "src/context/values/date_text.h"
 
 namespace tarvoni::qt {
 namespace {

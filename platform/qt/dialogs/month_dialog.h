@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni::qt {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni::qt {
 

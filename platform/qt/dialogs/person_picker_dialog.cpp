@@ -6,8 +6,8 @@
 
 #include "platform/qt/dialogs/dialog_parts.h"
 #include "platform/qt/dialogs/modal.h"
-#include "platform/qt/dialogs/pick_dialog.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/pick_dialog.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 namespace {

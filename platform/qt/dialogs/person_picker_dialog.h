@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
-#include "src/context/locale.h"
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
+#include "src/context/values/locale.h"
 
 namespace tarvoni::qt {
 

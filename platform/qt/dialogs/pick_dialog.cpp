@@ -1,4 +1,4 @@
-#include "platform/qt/dialogs/pick_dialog.h"
+#include "platform/qt/public/pick_dialog.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/dialogs/dialog_parts.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -1,7 +1,7 @@
 #include "platform/qt/dialogs/pick_list_dialog.h"
 
 #include "platform/qt/dialogs/modal.h"
-#include "platform/qt/dialogs/pick_dialog.h"
+#include "platform/qt/public/pick_dialog.h"
 
 namespace tarvoni::qt {
 

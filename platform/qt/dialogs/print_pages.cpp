@@ -8,9 +8,9 @@
 #include <algorithm>
 #include <numeric>
 
-#include "platform/qt/text.h"
-#include "src/context/clock.h"
-#include "src/context/field_text.h"
+#include "platform/qt/public/text.h"
+#include "src/context/values/clock.h"
+#include "src/context/values/field_text.h"
 
 namespace tarvoni::qt {
 namespace {

@@ -4,7 +4,7 @@
 #include <QString>
 #include <vector>
 
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
 
 class QPagedPaintDevice;
 

@@ -17,7 +17,7 @@
 #include "platform/qt/dialogs/modal.h"
 #include "platform/qt/dialogs/print_pages.h"
 #include "platform/qt/file_export.h"
-#include "platform/qt/text.h"
+#include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
 namespace {

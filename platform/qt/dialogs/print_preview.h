@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "src/context/toolkit.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni::qt {
 

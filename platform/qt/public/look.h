@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QIcon>
+#include <QPalette>
+#include <QWidget>
+
+#include "src/context/controls/control.h"
+
+class QApplication;
+
+// How the house looks: Fusion, colours of the palette only, sizes in characters.
+namespace tarvoni::qt {
+
+void UseHouseStyle(QApplication& application);
+
+// Width of so many characters in the widget's font.
+int CharactersWide(const QWidget& widget, int characters);
+// Height of so many lines.
+int LinesHigh(const QWidget& widget, int lines);
+
+// The application's palette with closed fields and their captions easier to read: a Screen that only shows is closed.
+QPalette ReadablePalette();
+
+// Colours of a box: a locked one stands out from an open one in light and dark palettes alike.
+void PaintBox(QWidget& box, Color color, bool locked);
+
+// The three points of a lookup's button, in the palette's text colour.
+QIcon LookupIcon(const QWidget& widget);
+
+}  // namespace tarvoni::qt

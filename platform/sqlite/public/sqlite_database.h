@@ -1,0 +1,34 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "src/context/data/database.h"
+
+// The embedded database: T-SQL text on an SQLite file.
+namespace tarvoni::sqlite {
+
+struct OpenOptions {
+  bool create = false;  // else a missing file is an error
+  bool read_only = false;
+  int schema_version = 0;  // a file of a higher one is refused; 0 takes every file
+  std::chrono::milliseconds busy_timeout{5000};
+};
+
+// Opens a file, or a database in memory: ":memory:" is a new one each time, and its ConnectionString() opens
+// the same one again while it lives. Connections to one file of this process share what they have not yet
+// committed; they belong to one thread. Throws DatabaseError in German; a file that is refused stays as it
+// is, byte for byte.
+std::shared_ptr<Connection> OpenDatabase(const std::string& connection_string,
+                                         const OpenOptions& options = {});
+
+// Copies the database to a file, which appears only when the copy is complete and sound. Commits what is
+// pending.
+void Backup(Connection& connection, const std::string& target);
+
+// What is wrong with the file, a line each; empty when it is sound.
+std::vector<std::string> CheckIntegrity(Connection& connection);
+
+}  // namespace tarvoni::sqlite

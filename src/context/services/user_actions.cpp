@@ -1,0 +1,271 @@
+#include "src/context/services/user_actions.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "src/context/data/error_text.h"
+#include "src/context/data/handler_scope.h"
+#include "src/context/values/utf8.h"
+
+namespace tarvoni {
+namespace {
+
+constexpr const char* kErrorTitle = "Tarvoni";
+
+// Sets a value for the length of a scope.
+template <typename T>
+class Held {
+ public:
+  Held(T& place, T value) : place_(place), before_(std::exchange(place, value)) {}
+  Held(const Held&) = delete;
+  Held& operator=(const Held&) = delete;
+  ~Held() { place_ = before_; }
+
+ private:
+  T& place_;
+  T before_;
+};
+
+std::optional<char32_t> MnemonicOf(const Control& control) {
+  const auto* captioned = dynamic_cast<const Captioned*>(&control);
+  if (!captioned) return std::nullopt;
+  const std::u32string caption = utf8::Decode(captioned->Caption());
+  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+    if (caption[i] != U'&') continue;
+    if (caption[i + 1] != U'&') return utf8::Upper(caption[i + 1]);
+    ++i;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+UserActions::UserActions(Form& form, Toolkit& toolkit) : form_(form), toolkit_(toolkit) {
+  form_.SetHost(this);
+}
+
+UserActions::~UserActions() {
+  form_.SetHost(nullptr);
+}
+
+void UserActions::Open() {
+  Act([this] {
+    Handle([this] { form_.Form_Activate(); });
+    Control* first = form_.ActiveControl();
+    if (!first || !first->CanFocus()) first = form_.NextInTabOrder(nullptr);
+    form_.SetActiveControl(nullptr);
+    if (first && form_.IsLoaded()) Arrive(*first);
+  });
+}
+
+void UserActions::Act(const std::function<void()>& action) {
+  if (!form_.IsLoaded()) return;
+  if (acting_) return action();  // from within a window that this action opened
+  const Held acting(acting_, true);
+  action();
+  while (!posted_.empty() && form_.IsLoaded()) {
+    const int key = posted_.front();
+    posted_.pop_front();
+    PressKey(key, 0);
+  }
+  SettleFocus();
+}
+
+bool UserActions::Handle(const std::function<void()>& handler) {
+  if (!form_.IsLoaded()) return false;
+  try {
+    HandlerScope running(handling_ == 0 ? form_.HandlerConnection() : nullptr);
+    const Held handling(handling_, handling_ + 1);
+    handler();
+    running.Finish();
+    return true;
+  } catch (const std::exception& error) {
+    Report(error);
+    return false;
+  }
+}
+
+void UserActions::Report(const std::exception& error) {
+  toolkit_.MessageBox(ErrorText(error), kBoxStop, kErrorTitle);
+}
+
+bool UserActions::Arrive(Control& target) {
+  if (leaving_) {
+    redirected_ = &target;
+    return false;
+  }
+  if (form_.ActiveControl() == &target) return true;
+  if (!Leave(target) || !form_.IsLoaded()) return false;
+  Control* arrived = redirected_ ? redirected_ : &target;
+  // The handler of the field being left may have closed the one that was aimed at.
+  if (!arrived->CanFocus()) arrived = form_.ActiveControl();
+  if (!arrived) return false;
+  form_.SetActiveControl(arrived);
+  Handle([arrived] { arrived->GotFocus(); });
+  return form_.ActiveControl() == &target;
+}
+
+// Validate and LostFocus of the active control. A handler's own wish for the focus waits in redirected_, so
+// that a message raised here is not raised again when the focus returns.
+bool UserActions::Leave(Control& target) {
+  redirected_ = nullptr;
+  Control* const from = form_.ActiveControl();
+  if (!from) return true;
+  const Held leaving(leaving_, true);
+  if (target.CausesValidation()) {
+    bool cancel = false;
+    const bool passed = Handle([&] { from->Validate(cancel); });
+    if (!passed || cancel) {
+      form_.SetActiveControl(from);
+      return false;
+    }
+  }
+  Handle([from] { from->LostFocus(); });
+  return true;
+}
+
+void UserActions::SettleFocus() {
+  Control* const active = form_.ActiveControl();
+  if (!form_.IsLoaded() || (active && active->CanFocus())) return;
+  Control* const next = form_.NextInTabOrder(active);
+  form_.SetActiveControl(next);
+  if (next) Handle([next] { next->GotFocus(); });
+}
+
+bool UserActions::Focus(Control& target) {
+  Act([&] {
+    if (target.CanFocus()) Arrive(target);
+  });
+  return form_.ActiveControl() == &target;
+}
+
+void UserActions::Click(Control& control) {
+  Act([&] {
+    if (!control.IsEnabled() || !control.IsVisible()) return;
+    if (control.TakesFocus() && !Arrive(control)) return;
+    Handle([&] { control.MouseDown(1); });
+    if (control.IsEnabled()) ClickSelf(control);
+  });
+}
+
+void UserActions::ClickSelf(Control& control) {
+  Handle([&] {
+    if (auto* button = dynamic_cast<Button*>(&control)) return button->Press();
+    if (auto* check = dynamic_cast<CheckBox*>(&control)) return check->SetChecked(!check->Checked());
+    if (auto* option = dynamic_cast<OptionButton*>(&control)) return option->SetValue(true);
+    control.Click();
+  });
+}
+
+void UserActions::DoubleClick(Control& control) {
+  Act([&] {
+    Click(control);
+    SecondClick(control);
+  });
+}
+
+void UserActions::SecondClick(Control& control) {
+  Act([&] {
+    if (control.IsEnabled() && control.IsVisible()) Handle([&] { control.DblClick(); });
+  });
+}
+
+void UserActions::MouseDown(Control& control, int button) {
+  Act([&] {
+    if (!control.IsEnabled() || !control.IsVisible()) return;
+    if (control.TakesFocus() && !Arrive(control)) return;
+    Handle([&] { control.MouseDown(button); });
+  });
+}
+
+bool UserActions::Mnemonic(char32_t letter) {
+  const char32_t wanted = utf8::Upper(letter);
+  const auto named = std::ranges::find_if(form_.Controls(), [wanted](const Control* control) {
+    return MnemonicOf(*control) == wanted && control->IsEnabled() && control->IsVisible();
+  });
+  if (named == form_.Controls().end()) return false;
+  if ((*named)->TakesFocus())
+    Click(**named);
+  else if (Control* next = form_.NextInTabOrder(*named))
+    Focus(*next);
+  return true;
+}
+
+void UserActions::SelectItem(ItemList& list, int index) {
+  Act([&] {
+    if (!list.IsEnabled() || !list.IsVisible() || !Arrive(list)) return;
+    const auto* combo = dynamic_cast<ComboBox*>(&list);
+    if (combo && combo->Locked()) return;
+    Handle([&] { list.SetListIndex(index); });
+  });
+}
+
+void UserActions::ChooseDate(DateControl& control, std::optional<DateTime> date) {
+  Act([&] {
+    if (!control.IsEnabled() || !control.IsVisible() || !Arrive(control)) return;
+    if (date) date = std::clamp(*date, control.MinDate(), control.MaxDate());
+    Handle([&] { control.SetValue(date); });
+  });
+}
+
+void UserActions::ChooseTab(TabControl& tabs, int tab) {
+  Act([&] {
+    if (!tabs.IsEnabled() || !tabs.IsVisible() || !tabs.TabEnabled(tab) || !Arrive(tabs)) return;
+    Handle([&] { tabs.SetTab(tab); });
+  });
+}
+
+void UserActions::ClickRow(Grid& grid, int row) {
+  Act([&] {
+    if (!grid.IsEnabled() || !grid.IsVisible() || !Arrive(grid)) return;
+    if (auto* data_grid = dynamic_cast<DataGrid*>(&grid)) MoveRow(*data_grid, row);
+    if (auto* flex_grid = dynamic_cast<FlexGrid*>(&grid)) Handle([&] { flex_grid->SetRow(row); });
+    if (grid.IsEnabled()) ClickSelf(grid);
+  });
+}
+
+void UserActions::MoveRow(DataGrid& grid, int row) {
+  Act([&] {
+    if (!grid.IsEnabled() || !grid.Data() || row < 0 || row >= grid.RowCount() || row == grid.Row()) return;
+    Handle([&] { grid.Data()->Recordset().SetAbsolutePosition(row + 1); });
+  });
+}
+
+void UserActions::ClickHead(DataGrid& grid, int column) {
+  Act([&] {
+    if (!grid.IsEnabled() || !grid.Data()) return;
+    if (grid.HeadClick) {
+      Handle([&] { grid.HeadClick(column); });
+      return;
+    }
+    const std::string& field = grid.Columns()[column].DataField();
+    if (field.empty() || grid.RowCount() == 0) return;
+    descending_ = sorted_grid_ == &grid && sorted_column_ == column && !descending_;
+    sorted_grid_ = &grid;
+    sorted_column_ = column;
+    Handle([&] { grid.Data()->Recordset().Sort("[" + field + "]" + (descending_ ? " DESC" : "")); });
+  });
+}
+
+void UserActions::ResizeColumn(Grid& grid, int column, int twips) {
+  Act([&] { grid.Columns()[column].SetWidth(twips); });
+}
+
+bool UserActions::Close() {
+  Act([this] { Handle([this] { form_.Unload(); }); });
+  return !form_.IsLoaded();
+}
+
+void UserActions::RunTimers() {
+  const std::vector<Control*> controls = form_.Controls();
+  for (Control* control : controls) {
+    if (auto* timer = dynamic_cast<Timer*>(control)) RunTimer(*timer);
+  }
+}
+
+void UserActions::RunTimer(Timer& timer) {
+  if (!timer.Running()) return;
+  Act([&] { Handle([&] { timer.Elapsed(); }); });
+}
+
+}  // namespace tarvoni

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <deque>
+#include <exception>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "src/context/controls/form.h"
+#include "src/context/services/toolkit.h"
+
+namespace tarvoni {
+
+// What a user does to a shown Screen. Both toolkits raise it here and nowhere else, so that a rule that holds
+// without a window holds on the desktop.
+//
+// Each event is one handler: its writes are committed together, an exception in it ends it and is shown once
+// as an error box, and the Screen stays as it is. Keys that a handler posted and timers run after the action.
+class UserActions : private FormHost {
+ public:
+  UserActions(Form& form, Toolkit& toolkit);
+  ~UserActions() override;
+
+  Form& Screen() const { return form_; }
+
+  // The Screen appears: Form_Activate, then the focus goes where the Screen put it or to the first control.
+  void Open();
+
+  // Moves the focus as the user does. False if the field being left or a handler kept or took it elsewhere.
+  bool Focus(Control& target);
+  void Tab(bool backwards = false);
+
+  // One key on the active control: KeyDown, then what the key does by itself. `shift`: 1 Shift, 2 Ctrl, 4
+  // Alt.
+  void Key(int key, int shift = 0);
+  // One character: KeyDown, the KeyPress filter, the text, Change. False if the filter or the box refused it.
+  bool TypeCharacter(char32_t character);
+  // Characters one by one; a line break is the Enter key.
+  void Type(std::string_view text);
+  // Text from the clipboard passes the filter like typed text, but all of it or nothing.
+  bool Paste(std::string_view text);
+  // Replaces the whole text of an editor (a toolkit's own editing: undo, drag), past the filter.
+  void ReplaceText(TextBox& box, std::string_view text);
+  void ReplaceText(ComboBox& combo, std::string_view text);
+  // Opens the lookup of the active control: Ctrl released alone, F4, or the button in the field.
+  void Lookup();
+  // The button with this letter behind `&`. False if there is none to press.
+  bool Mnemonic(char32_t letter);
+
+  // The mouse. Clicking first moves the focus; if it does not arrive, the click is lost, as is one on a
+  // disabled control. A label or frame takes clicks without the focus.
+  void Click(Control& control);
+  void DoubleClick(Control& control);
+  // The second press of a double click whose first one was a Click.
+  void SecondClick(Control& control);
+  void MouseDown(Control& control, int button = 1);
+
+  void SelectItem(ItemList& list, int index);
+  void ChooseDate(DateControl& control, std::optional<DateTime> date);
+  void ChooseTab(TabControl& tabs, int tab);
+  // A click on a row of the grid, counted from 0: the row moves, then Click.
+  void ClickRow(Grid& grid, int row);
+  void MoveRow(DataGrid& grid, int row);
+  // HeadClick, or sorting by the column if the Screen has no handler; again for descending.
+  void ClickHead(DataGrid& grid, int column);
+  void ResizeColumn(Grid& grid, int column, int twips);
+
+  // The window's close button or Escape. False on a veto.
+  bool Close();
+  // Raises Elapsed of each running timer once. The toolkits call it when the time has come.
+  void RunTimers();
+  void RunTimer(Timer& timer);
+
+ private:
+  void MoveFocus(Control& target) override { Arrive(target); }
+  void PostKey(int key) override { posted_.push_back(key); }
+
+  // One user action: its events, then posted keys, then the focus off a control that can no longer hold it.
+  void Act(const std::function<void()>& action);
+  // One event. False if it ended in an error.
+  bool Handle(const std::function<void()>& handler);
+  void Report(const std::exception& error);
+  bool Arrive(Control& target);
+  bool Leave(Control& target);
+  void SettleFocus();
+  void ClickSelf(Control& control);
+
+  void PressKey(int key, int shift);
+  void ActOnKey(Control& control, int key, int shift);
+  bool PressCharacter(Control& control, char32_t character);
+  bool Insert(TextBox& box, char32_t character);
+  void Erase(TextBox& box, int key);
+  void Step(Control& control, int rows);
+  void Replace(TextBox& box, const std::string& text, int caret);
+
+  Form& form_;
+  Toolkit& toolkit_;
+  std::deque<int> posted_;
+  int handling_ = 0;               // handlers at work
+  bool acting_ = false;            // inside Act
+  bool leaving_ = false;           // between Validate and GotFocus
+  Control* redirected_ = nullptr;  // where a handler sent the focus meanwhile
+  const Grid* sorted_grid_ = nullptr;
+  int sorted_column_ = -1;
+  bool descending_ = false;
+};
+
+}  // namespace tarvoni
