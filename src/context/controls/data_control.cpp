@@ -43,6 +43,15 @@ void BoundRecordset::Find(std::string_view criterion) {
 
 void BoundRecordset::Sort(std::string_view columns) {
   rows_.Sort(columns);
+  Sorted();
+}
+
+void BoundRecordset::Sort(int column, SortOrder order) {
+  rows_.Sort(column, order);
+  Sorted();
+}
+
+void BoundRecordset::Sorted() {
   for (DataGrid* grid : owner_.grids_) grid->Refresh();
   owner_.RowMoved();
 }

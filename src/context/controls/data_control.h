@@ -37,10 +37,12 @@ class BoundRecordset {
   void SetAbsolutePosition(int position);
   void Find(std::string_view criterion);
   void Sort(std::string_view columns);
+  void Sort(int column, SortOrder order = SortOrder::kAscending);
 
  private:
   friend class DataControl;
   explicit BoundRecordset(DataControl& owner) : owner_(owner) {}
+  void Sorted();
 
   DataControl& owner_;
   tarvoni::Recordset rows_;
