@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "src/context/controls/control.h"
+#include "src/context/controls/input_control.h"
 #include "src/context/values/date_time.h"
 
 namespace tarvoni {
@@ -73,10 +73,9 @@ class OptionButton : public Captioned {
 };
 
 // Positions and lengths count characters, not bytes.
-class TextBox : public Control {
+class TextBox : public InputControl {
  public:
-  using Control::Control;
-  bool TakesFocus() const override { return true; }
+  using InputControl::InputControl;
 
   const std::string& Text() const { return text_; }
   void SetText(std::string_view text);  // a different text raises Change
@@ -84,10 +83,6 @@ class TextBox : public Control {
   // Empties text and Tag.
   void Clear();
 
-  bool Locked() const { return locked_; }
-  void SetLocked(bool locked);
-  Color BackColor() const { return back_color_; }
-  void SetBackColor(Color color);
   int MaxLength() const { return max_length_; }  // 0: no limit; binds the keyboard, not the program
   void SetMaxLength(int max_length);
   bool MultiLine() const { return multi_line_; }  // Enter and Tab keep their meaning; Enter breaks the line
@@ -101,19 +96,16 @@ class TextBox : public Control {
 
  private:
   std::string text_;
-  bool locked_ = false;
   bool multi_line_ = false;
-  Color back_color_ = kWindowBackground;
   int max_length_ = 0;
   int sel_start_ = 0;
   int sel_length_ = 0;
 };
 
 // A date or nothing. The user cannot choose a day outside the limits; the program may set any.
-class DateControl : public Control {
+class DateControl : public InputControl {
  public:
-  using Control::Control;
-  bool TakesFocus() const override { return true; }
+  using InputControl::InputControl;
   const std::optional<DateTime>& Value() const { return value_; }
   void SetValue(std::optional<DateTime> value);  // a different day raises Change
   const DateTime& MinDate() const { return min_date_; }

@@ -194,15 +194,13 @@ bool UserActions::Mnemonic(char32_t letter) {
 void UserActions::SelectItem(ItemList& list, int index) {
   Act([&] {
     if (!list.IsEnabled() || !list.IsVisible() || !Arrive(list)) return;
-    const auto* combo = dynamic_cast<ComboBox*>(&list);
-    if (combo && combo->Locked()) return;
-    Handle([&] { list.SetListIndex(index); });
+    if (!list.Locked()) Handle([&] { list.SetListIndex(index); });
   });
 }
 
 void UserActions::ChooseDate(DateControl& control, std::optional<DateTime> date) {
   Act([&] {
-    if (!control.IsEnabled() || !control.IsVisible() || !Arrive(control)) return;
+    if (!control.IsEnabled() || !control.IsVisible() || !Arrive(control) || control.Locked()) return;
     if (date) date = std::clamp(*date, control.MinDate(), control.MaxDate());
     Handle([&] { control.SetValue(date); });
   });
@@ -238,12 +236,12 @@ void UserActions::ClickHead(DataGrid& grid, int column) {
       Handle([&] { grid.HeadClick(column); });
       return;
     }
-    const std::string& field = grid.Columns()[column].DataField();
-    if (field.empty() || grid.RowCount() == 0) return;
+    if (grid.RowCount() == 0) return;
     descending_ = sorted_grid_ == &grid && sorted_column_ == column && !descending_;
     sorted_grid_ = &grid;
     sorted_column_ = column;
-    Handle([&] { grid.Data()->Recordset().Sort("[" + field + "]" + (descending_ ? " DESC" : "")); });
+    const SortOrder order = descending_ ? SortOrder::kDescending : SortOrder::kAscending;
+    Handle([&] { grid.Data()->Recordset().Sort(column, order); });
   });
 }
 
