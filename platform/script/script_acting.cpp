@@ -95,7 +95,7 @@ void ScriptPlayer::Type() {
 void ScriptPlayer::TypeInto(Control& control, const std::string& text) {
   FocusForKeys(control);
   if (auto* date = dynamic_cast<DateControl*>(&control)) {
-    const auto day = ParseDate(text);
+    const auto day = ParseDate(text, date->Value());
     if (!day && !text.empty()) Fail("\"" + text + "\" ist kein Datum.");
     return driver_.ChooseDate(*date, day);
   }

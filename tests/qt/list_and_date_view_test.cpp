@@ -100,6 +100,31 @@ TEST(DateView, TypedDateCountsWhenTheFieldIsLeft) {
   });
 }
 
+TEST(DateView, ReadsWhatAClerkTypesAndTakesNothingWhileLocked) {
+  Stage stage;
+  auto& date = stage.form.dtpDatum;
+  date.SetValue(DateTime{2024, 12, 31});
+  stage.Show(date, [&](FormWindow&) {
+    auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(date));
+    const auto typed = [&](const char* text) {
+      edit.selectAll();
+      stage.driver.Type(date, text);
+      stage.Press(Qt::Key_Return);
+      return FromQt(edit.text());
+    };
+    EXPECT_EQ(typed("1,3,"), "01.03.2024") << "in the year shown";
+    EXPECT_EQ(typed("020325"), "02.03.2025");
+    date.SetLocked(true);
+    date.SetBackColor(kButtonFace);
+    EXPECT_TRUE(edit.isReadOnly());
+    EXPECT_EQ(edit.palette().color(QPalette::Base), edit.palette().color(QPalette::Window));
+    stage.Press(Qt::Key_Up);
+    EXPECT_EQ(typed("030326"), "02.03.2025");
+    date.SetLocked(false);
+    EXPECT_EQ(typed("030326"), "03.03.2026");
+  });
+}
+
 TEST(TabView, DisabledPageCannotBeChosen) {
   Stage stage;
   auto& tabs = stage.form.tabSeiten;
