@@ -38,7 +38,7 @@ class Screen : public Form {
   Recordset Open(std::string_view statement) const { return Db().Open(statement); }
   std::int32_t ReadNumber(std::string_view statement) const { return tarvoni::ReadNumber(Db(), statement); }
   std::string ReadText(std::string_view statement) const { return tarvoni::ReadText(Db(), statement); }
-  std::int32_t Option(const std::string& key) const { return GetOptionNumber(key, Db()); }
+  std::int32_t OptionNumber(const std::string& key) const { return GetOptionNumber(key, Db()); }
   std::string OptionText(const std::string& key) const { return GetOptionText(key, Db()); }
 
   std::string Message(std::int32_t number) const;

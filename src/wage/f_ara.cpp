@@ -25,7 +25,7 @@ void F_ARA::Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_dll, st
   curPersonal = ToInt32(strPersonal_dll, CurrentLocale());
   Enter(tvnvar);
   curFwj = OptionText("STANDARD_FWJ");
-  saVerfahrenFlag = Option("SA_VERFAHREN") == 1;
+  saVerfahrenFlag = OptionNumber("SA_VERFAHREN") == 1;
   Connect(AdodcArbeitsauftrag);
   curAraId = 0;
   BindMessages();
@@ -130,7 +130,7 @@ CodeField::Rule F_ARA::WorkTypeRule() {
 
 CodeField::Rule F_ARA::TeamRule() {
   return NamedCode(Context(), txtRotte[0], lblRotte, "RELTABLES", "LONG", [this](const std::string* typed) {
-    return Parameters({std::to_string(Option("STANDARD_ROTTE"))}, typed);
+    return Parameters({std::to_string(OptionNumber("STANDARD_ROTTE"))}, typed);
   });
 }
 

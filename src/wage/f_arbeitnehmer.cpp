@@ -38,7 +38,7 @@ void F_Arbeitnehmer::Run(const TvnVar_Dll& tvnvar, std::int32_t araId) {
     const auto hold = loadingFlag.Hold();
     Enter(tvnvar);
     curFwj = OptionText("STANDARD_FWJ");
-    const bool with_percentage = Option("ARAPERCENTSATZ") != 1;
+    const bool with_percentage = OptionNumber("ARAPERCENTSATZ") != 1;
     lblProzentsatz.SetVisible(with_percentage);
     txtProzentsatz.SetVisible(with_percentage);
     curStundenId = 0;
