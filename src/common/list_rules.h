@@ -8,6 +8,7 @@
 
 #include "src/common/guard.h"
 #include "src/context/controls/form.h"
+#include "src/context/data/column_key.h"
 #include "src/context/data/tvn_var_dll.h"
 
 // What Screens do with their lists.
@@ -36,9 +37,9 @@ bool StepOntoRow(DataControl& data);
 // before; 0 if there is no other.
 std::int32_t NeighbourOfCurrentRow(const DataControl& data, std::string_view id_column);
 
-// One shown column of a grid, by its field.
+// One shown column of a grid.
 struct ShownColumn {
-  std::string data_field;
+  ColumnKey data_field;  // by name or number
   std::string caption;
   std::string number_format = {};
   Alignment alignment = Alignment::kLeft;
@@ -46,7 +47,7 @@ struct ShownColumn {
 };
 
 // A number, aligned to the right.
-ShownColumn AmountColumn(std::string data_field, std::string caption, int width,
+ShownColumn AmountColumn(ColumnKey data_field, std::string caption, int width,
                          std::string number_format = "0.00");
 
 // Shows these columns with their captions and hides all others.

@@ -23,5 +23,7 @@ bool HasRow(Connection& connection, std::string_view statement);
 
 std::int32_t ToLong(const Value& value);
 std::string ToText(const Value& value);
+// A truth value, or a number that is 0 for no; false for NULL.
+bool ToFlag(const Value& value);
 
 }  // namespace tarvoni
