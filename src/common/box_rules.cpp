@@ -3,6 +3,13 @@
 #include "src/common/m_common.h"
 
 namespace tarvoni {
+namespace {
+
+bool IsBox(const Control& control) {
+  return dynamic_cast<const InputControl*>(&control) && !dynamic_cast<const ListBox*>(&control);
+}
+
+}  // namespace
 
 EnterRule TabOnEnter(Form& form) {
   return [&form] { form.PostTab(); };
@@ -17,7 +24,10 @@ EnterRule NextOpenBoxOnEnter(Form& form) {
 }
 
 void SelectOnFocus(Control& box) {
-  Append(box.GotFocus, [] { SelectActiveText(); });
+  const auto* input = dynamic_cast<InputControl*>(&box);
+  Append(box.GotFocus, [input] {
+    if (!input || !input->Locked()) SelectActiveText();
+  });
 }
 
 void OnEnter(Control& box, EnterRule rule) {
@@ -31,7 +41,7 @@ void OnEnter(Control& box, EnterRule rule) {
 
 void ConnectBoxes(Form& form, const EnterRule& rule) {
   for (Control* control : form.Controls()) {
-    if (!dynamic_cast<TextBox*>(control)) continue;
+    if (!IsBox(*control)) continue;
     SelectOnFocus(*control);
     OnEnter(*control, rule);
   }

@@ -15,12 +15,12 @@ EnterRule TabOnEnter(Form& form);          // Tab simulation
 EnterRule FocusOnEnter(Control& next);     // next named control
 EnterRule NextOpenBoxOnEnter(Form& form);  // next open text box
 
-// Selects the text whenever the control gets the focus, so that typing replaces it.
+// Selects the text whenever the control gets the focus, so that typing replaces it; not while it is locked.
 void SelectOnFocus(Control& box);
 // Runs the rule on Enter, behind the box's filter; the key itself goes no further. Where Enter breaks the line it
 // keeps to that.
 void OnEnter(Control& box, EnterRule rule);
-// Both for every text box of the Screen. Called when the boxes have their filters.
+// Both for every text box, combo box and date of the Screen. Called when the boxes have their filters.
 void ConnectBoxes(Form& form, const EnterRule& rule);
 
 // The mask filters the keys.
