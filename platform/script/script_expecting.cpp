@@ -25,9 +25,8 @@ std::string ContentOf(Control& control) {
 }
 
 bool IsLocked(const Control& control) {
-  if (const auto* box = dynamic_cast<const TextBox*>(&control)) return box->Locked();
-  const auto* combo = dynamic_cast<const ComboBox*>(&control);
-  return combo && combo->Locked();
+  const auto* input = dynamic_cast<const InputControl*>(&control);
+  return input && input->Locked();
 }
 
 bool IsChecked(const Control& control) {

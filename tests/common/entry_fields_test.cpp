@@ -111,6 +111,20 @@ TEST_F(TableCodes, KnownNumberShowsItsNameAndAnUnknownOneIsTold) {
   EXPECT_EQ(toolkit.prompts.size(), 1U) << "nothing is told while the Screen fills its fields";
 }
 
+TEST_F(TableCodes, PaymentCodesHideDisabledRowsOnlyWhenFiltered) {
+  db->Answer("SELECT ZUHLUNGSART FROM PERSONAL  WHERE ID_PERSONAL = 7",
+             Rows({Chars("ZUHLUNGSART")}, {std::string("SET1")}));
+  const auto asked = [&](IdByNumber by) {
+    db->ClearLog();
+    TableCode(
+        screen.Context(), screen.lblKapitel, "ZUHLUNGSART", [] { return kClient; }, by)
+        .find("5");
+    return db->Log().back();
+  };
+  EXPECT_THAT(asked(IdByNumber::kFiltered), testing::HasSubstr("DISABLE"));
+  EXPECT_THAT(asked(IdByNumber::kText), testing::Not(testing::HasSubstr("DISABLE")));
+}
+
 TEST_F(TableCodes, ListOffersTheClientsCodesInUse) {
   const std::string offered =
       "SELECT NUMBER , NAME\nFROM HH_KAPITEL\nWHERE (DISABLE = 0 OR DISABLE IS NULL) and TABLE_NAME = 'SET1'";

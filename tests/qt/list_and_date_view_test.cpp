@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTabBar>
+#include <QTableView>
 #include <QTest>
 
 #include "tests/qt/stage.h"
@@ -122,6 +124,24 @@ TEST(DateView, ReadsWhatAClerkTypesAndTakesNothingWhileLocked) {
     EXPECT_EQ(typed("030326"), "02.03.2025");
     date.SetLocked(false);
     EXPECT_EQ(typed("030326"), "03.03.2026");
+  });
+}
+
+TEST(GridView, RefillKeepsTheWidthThatTheUserDrew) {
+  Stage stage;
+  auto& flex = stage.form.FlexGrid1;
+  stage.Show(stage.form.txtName, [&](FormWindow&) {
+    auto& table = dynamic_cast<QTableView&>(stage.WidgetOf(flex));
+    table.horizontalHeader()->resizeSection(0, 200);
+    flex.SetCols(2);
+    flex.SetRows(1);
+    flex.SetTextMatrix(0, 0, "Lohnart");
+    flex.AddItem({"411", "80"});
+    EXPECT_EQ(table.columnWidth(0), 200);
+    EXPECT_EQ(table.model()->rowCount(), 1);
+    flex.SetCols(3);
+    EXPECT_EQ(table.model()->columnCount(), 3);
+    EXPECT_EQ(table.columnWidth(0), 200) << "a column more";
   });
 }
 
