@@ -1,30 +1,16 @@
 #include "src/common/date_field.h"
 
-#include "src/common/box_rules.h"
 #include "src/common/m_common.h"
+#include "src/common/messages.h"
 #include "src/context/services/environment.h"
 #include "src/context/services/services.h"
 #include "src/context/services/toolkit.h"
 #include "src/context/values/date_text.h"
 
 namespace tarvoni {
-namespace {
-
-constexpr std::int32_t kEntryMissing = 223;
-
-}  // namespace
-
 DateField::DateField(const TvnVar_Dll& context, const Guard& loading, TextBox& box, const Label& label,
                      Wrong wrong)
-    : context_(context), loading_(loading), box_(box), label_(label), wrong_(wrong) {
-  SelectOnFocus(box_);
-  Append(box_.GotFocus, [this] { Remember(); });
-  Append(box_.KeyDown, [this](int key, int) {
-    if (key == kKeyCtrl && !box_.Locked()) Lookup();
-  });
-  Append(box_.KeyPress, [this](int& key) { key = DateKeyFilter(key, box_); });
-  Append(box_.LostFocus, [this] { Check(); });
-}
+    : context_(context), loading_(loading), box_(box), label_(label), wrong_(wrong) {}
 
 void DateField::Show(const std::optional<DateTime>& day) {
   before_ = day;
@@ -36,7 +22,7 @@ std::optional<DateTime> DateField::Day() const {
 }
 
 // The Screen may have filled the box by itself. When the focus comes back to a wrong text, the day before it counts.
-void DateField::Remember() {
+void DateField::Arrive() {
   const auto day = ParseDate(box_.Text());
   if (day || box_.Empty()) before_ = day;
 }
@@ -58,7 +44,7 @@ bool DateField::Check() {
     box_.SetText("");
     return false;
   }
-  AppMsgBox(CurrentSuite().Messages().GetMessage(kEntryMissing, context_), kBoxWarning);
+  AppMsgBox(CurrentSuite().Messages().GetMessage(message::kEntryMissing, context_), kBoxWarning);
   SafeSetFocus(box_);
   return false;
 }

@@ -8,9 +8,9 @@
 
 namespace tarvoni {
 
-// A box for a date that is typed as text, by the rule of ParseDate: keys that no date holds are refused, Ctrl opens
-// the calendar on an open box, and leaving shows the day as "dd.mm.yyyy". Without a year it is that of the day the
-// box showed before. An empty box is no date and no mistake.
+// A box for a date that is typed as text, by the rule of ParseDate. Leaving shows the day as "dd.mm.yyyy". Without a
+// year it is that of the day the box showed before. An empty box is no date and no mistake. What keys do, `Rules`
+// (box_rules.h) sets up.
 class DateField {
  public:
   // What leaving does with a text that is no date. kReport shows message 223, keeps the text and takes the focus
@@ -27,14 +27,15 @@ class DateField {
   // Nothing for an empty box or a text that is no date.
   std::optional<DateTime> Day() const;
 
+  TextBox& Box() const { return box_; }
+  // The box got the focus: what it shows now is the day before.
+  void Arrive();
   // Fills the box from the calendar and leaves it; a cancelled one changes nothing.
   void Lookup();
   // The check on leaving. False if the text is no date.
   bool Check();
 
  private:
-  void Remember();
-
   const TvnVar_Dll& context_;
   const Guard& loading_;
   TextBox& box_;

@@ -33,8 +33,10 @@ struct F_Entry : Screen {
                  Row("", Option(optMenge, "pro Menge"), Option(optHa, "pro ha")),
                  Bar(Push(btnOk, "Schließen")));
   }
+  void Run(const TvnVar_Dll& tvnvar) {
+    Present(tvnvar, [] {});
+  }
   using Screen::Context;
-  using Screen::Enter;
 
   Guard loading;
   Label lblKapitel{*this, "lblKapitel"};
@@ -56,9 +58,18 @@ class EntryFields : public testing::Test {
   EntryFields() {
     ctx.dbAdo = db;
     Clock::Set({.year = 2026, .month = 11, .day = 23});
-    screen.Enter(ctx);
+    screen.Run(ctx);
   }
   ~EntryFields() override { Clock::Reset(); }
+
+  void Follow(CodeField& field) {
+    SelectOnFocus(field.Box());
+    Rules(field.Box()).Code(field);
+  }
+  void Follow(DateField& field) {
+    SelectOnFocus(field.Box());
+    Rules(field.Box()).Date(field);
+  }
 
   std::shared_ptr<FakeConnection> db = std::make_shared<FakeConnection>();
   test::FakeSuite suite;
@@ -93,6 +104,7 @@ class TableCodes : public EntryFields {
 
 TEST_F(TableCodes, KnownNumberShowsItsNameAndAnUnknownOneIsTold) {
   CodeField field(screen.Context(), screen.loading, code, &screen.txtKapitel, Rule());
+  Follow(field);
   const auto shown = toolkit.Show(screen, code);
   shown->user.Type("12");
   shown->user.Tab();
@@ -130,6 +142,7 @@ TEST_F(TableCodes, ListOffersTheClientsCodesInUse) {
       "SELECT NUMBER , NAME\nFROM HH_KAPITEL\nWHERE (DISABLE = 0 OR DISABLE IS NULL) and TABLE_NAME = 'SET1'";
   db->Answer(offered, Rows({Chars("NUMBER"), Chars("NAME")}, {std::string("12"), std::string("Forst")}));
   CodeField field(screen.Context(), screen.loading, code, &screen.txtKapitel, Rule());
+  Follow(field);
   toolkit.pick = [](const PickRequest& request) {
     EXPECT_EQ(request.caption, "Kapitel");
     return PickResult{.row = 0, .extra = false};
@@ -142,6 +155,7 @@ TEST_F(TableCodes, WrongCodeMayLeaveTheOldTag) {
   CodeField::Rule rule = Rule();
   rule.keeps_tag = true;
   CodeField field(screen.Context(), screen.loading, code, &screen.txtKapitel, std::move(rule));
+  Follow(field);
   int changes = 0;
   field.Changed = [&] { ++changes; };
   code.SetTag("31");
@@ -161,6 +175,7 @@ TEST_F(TableCodes, FurtherButtonMakesANewOneAndTheListOpensAgain) {
   rule.make_new = [&] { code.SetText("12"); };
   db->Answer("SELECT NUMBER FROM NEW", Rows({Chars("NUMBER")}, {std::string("11"), std::string("12")}));
   CodeField field(screen.Context(), screen.loading, code, &screen.txtKapitel, std::move(rule));
+  Follow(field);
   toolkit.pick = [&](const PickRequest& request) {
     starts.push_back(request.start_text);
     return starts.size() == 1 ? PickResult{.row = {}, .extra = true} : PickResult{.row = 1, .extra = false};
@@ -172,6 +187,7 @@ TEST_F(TableCodes, FurtherButtonMakesANewOneAndTheListOpensAgain) {
 
 TEST_F(EntryFields, TypedDateIsRewrittenInTheYearItShowed) {
   DateField field(screen.Context(), screen.loading, date, screen.lblDatum);
+  Follow(field);
   field.Show(DateTime{.year = 2024, .month = 12, .day = 31});
   const auto shown = toolkit.Show(screen, date);
   EXPECT_EQ(date.SelLength(), 10);
@@ -192,6 +208,7 @@ TEST_F(EntryFields, TypedDateIsRewrittenInTheYearItShowed) {
 
 TEST_F(EntryFields, WrongDateIsToldKeptAndMended) {
   DateField field(screen.Context(), screen.loading, date, screen.lblDatum);
+  Follow(field);
   field.Show(DateTime{.year = 2024, .month = 12, .day = 31});
   const auto shown = toolkit.Show(screen, date);
   shown->user.Type("31.4.");
@@ -211,6 +228,7 @@ TEST_F(EntryFields, WrongDateIsToldKeptAndMended) {
 
 TEST_F(EntryFields, WrongDateMayGoSilently) {
   DateField field(screen.Context(), screen.loading, date, screen.lblDatum, DateField::Wrong::kClear);
+  Follow(field);
   date.SetText("31.4.2024");
   EXPECT_FALSE(field.Check());
   EXPECT_EQ(date.Text(), "");
@@ -219,6 +237,7 @@ TEST_F(EntryFields, WrongDateMayGoSilently) {
 
 TEST_F(EntryFields, CtrlOpensTheCalendarOnAnOpenBox) {
   DateField field(screen.Context(), screen.loading, date, screen.lblDatum);
+  Follow(field);
   std::optional<DateTime> answer = DateTime{.year = 2024, .month = 2, .day = 29};
   int asked = 0;
   toolkit.pick_date = [&](const std::optional<DateTime>&) {
