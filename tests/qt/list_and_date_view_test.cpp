@@ -78,7 +78,7 @@ TEST(DateView, TypedDateCountsWhenTheFieldIsLeft) {
     stage.form.Timer1.Elapsed = [&] { stage.form.log.emplace_back("timer"); };
     stage.form.Timer1.SetInterval(1);
     stage.form.Timer1.SetEnabled(true);
-    QTest::qWait(20);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !stage.form.log.empty(); }));
     stage.form.Timer1.SetEnabled(false);
     EXPECT_THAT(stage.form.log, Contains("timer"));
     stage.form.log.clear();
