@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "platform/headless/public/headless_toolkit.h"
 #include "src/common/box_rules.h"
 #include "src/common/code_field.h"
 #include "src/common/list_rules.h"
@@ -265,7 +266,7 @@ TEST_F(Player, FailsOnEverythingThatGoesUnnoticed) {
 }
 
 TEST_F(Player, FailsWhenTheScriptEndsWithAnOpenScreen) {
-  EXPECT_THAT(Play("database x\nrun F_Lager", false), HasSubstr("solange F_Lager geöffnet ist"));
+  EXPECT_THAT(Play("database x\nrun F_Lager", false), HasSubstr("F_Lager ist am Ende des Skripts noch geöffnet"));
 }
 
 TEST_F(Player, ErrorsOfAHandlerAreBoxes) {
@@ -277,7 +278,7 @@ TEST_F(Player, ErrorsOfAHandlerAreBoxes) {
 
 TEST_F(Player, TellsTheRemarksAsTheirLinesAreReached) {
   std::vector<std::string> told;
-  player.SetNarrator([&](const std::string& remark) { told.push_back(remark); });
+  player.Options().narrator = [&](const std::string& remark) { told.push_back(remark); };
   EXPECT_EQ(Play("# Nicht mehr davon\n\n# Löschen,\n# aber nicht\nclick btnLoschen\n# Nein\nanswer no"), "");
   EXPECT_THAT(told, testing::ElementsAre("Löschen,\naber nicht", "Nein"));
 }
@@ -331,7 +332,7 @@ TEST_F(Player, UpdatingRewritesTheExpectedLinesOnly) {
   db->Answer("Q", Rows({Whole("ID"), Chars("N")},
                        {std::int64_t{1}, std::string("a|b\nc"), std::int64_t{22}, std::string("d")}));
   db->Answer("R", Rows({Whole("ID")}));
-  player.SetUpdating(true);
+  player.Options().update = true;
   EXPECT_EQ(Play("database x\nexpect sql Q\n| alt\n# bleibt\nexpect sql R\nexpect sql Q", false), "");
   EXPECT_TRUE(player.Changed());
   EXPECT_THAT(player.UpdatedLines(),
@@ -340,7 +341,7 @@ TEST_F(Player, UpdatingRewritesTheExpectedLinesOnly) {
                                    "| 1  | a\\|b\\nc", "| 22 | d"));
   std::string updated;
   for (const std::string& line : player.UpdatedLines()) updated += line + "\n";
-  player.SetUpdating(false);
+  player.Options().update = false;
   EXPECT_EQ(Play(updated, false), "") << "what updating wrote passes";
 }
 
