@@ -106,6 +106,43 @@ void Sql(ScriptRun& run) {
   }
 }
 
+std::string Literal(const std::string& cell) {
+  if (cell.empty() || cell == "NULL") return "NULL";
+  if (cell == "\"\"") return "''";
+  std::string text = "'";
+  for (const char c : cell) text.append(c == '\'' ? 2 : 1, c);
+  return text + "'";
+}
+
+std::string Joined(const std::vector<std::string>& parts) {
+  std::string text;
+  for (const std::string& part : parts) text += (text.empty() ? "" : ", ") + part;
+  return text;
+}
+
+// A server takes keys of its own making only when it is told so before.
+void Insert(ScriptRun& run) {
+  constexpr int kIdentityGiven = 544;
+  const std::string& table = run.Word(1, "die Tabelle");
+  if (run.Line().block.size() < 2) run.Fail("Es fehlen die Zeilen mit |.");
+  const auto columns = SplitCells(run.Line().block[0]);
+  std::vector<std::string> rows;
+  for (std::size_t i = 1; i < run.Line().block.size(); ++i) {
+    auto cells = SplitCells(run.Line().block[i]);
+    cells.resize(columns.size());
+    for (std::string& cell : cells) cell = Literal(cell);
+    rows.push_back("(" + Joined(cells) + ")");
+  }
+  const std::string insert = "INSERT INTO " + table + " (" + Joined(columns) + ") VALUES " + Joined(rows);
+  try {
+    run.Db().Execute(insert);
+  } catch (const DatabaseError& error) {
+    if (error.Number() != kIdentityGiven) throw;
+    const std::string around = "SET IDENTITY_INSERT " + table;
+    run.Db().Execute(around + " ON " + insert + " " + around + " OFF");
+  }
+}
+
 void Remember(ScriptRun& run) {
   if (!run.hooks.contents) run.Fail("Der Inhalt der Datenbank lässt sich hier nicht vergleichen.");
   run.remembered = run.hooks.contents(run.Db());
@@ -140,6 +177,7 @@ const std::vector<Command>& PreparingCommands() {
       {"context NAME TEXT", SetContext},
       {"option KEY KIND TEXT", SetOption},
       {"sql TEXT", Sql},
+      {"insert TABLE", Insert, true},
       {"remember", Remember},
       {"fail write N [NUMBER]", FailWrite},
       {"fail commit [N]", FailCommit},
