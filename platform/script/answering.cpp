@@ -18,6 +18,7 @@ struct Opened {
   TextRows rows = {};                // of a pick list or a print, captions first
   bool closes_itself = false;        // one button only: an `expect message` is answer enough
   ScriptHooks::Values details = {};  // what else can be expected of it
+  std::string offer = {};            // the codes of a list
 };
 
 // The buttons a box offers by their script names.
@@ -96,11 +97,25 @@ bool LooksAtOpened(const ScriptLine& line) {
          (HasWord("message offer preview", line.words[1]) || line.words[1].starts_with("box."));
 }
 
+[[noreturn]] void Unexpected(ScriptRun& run, const Opened& opened) {
+  run.Fail("Unerwartet öffnet sich " + opened.kind + ": \"" + opened.text + "\" (" + opened.title + ")");
+}
+
+// The answer of the row of `try` that is at work.
+const ScriptLine* AnswerOfRow(ScriptRun& run, const Opened& opened) {
+  run.trial->Opened(opened.text, opened.offer);
+  if (opened.closes_itself) return nullptr;
+  auto words = run.trial->Answer(opened.answers);
+  if (words.empty()) Unexpected(run, opened);
+  return &run.Pretend(std::move(words), run.Line().number, run.Line().raw);
+}
+
 // Waits for the line that answers; null if the box closes by itself.
 const ScriptLine* AnswerTo(ScriptRun& run, const Opened& opened) {
+  if (run.trial) return AnswerOfRow(run, opened);
   const std::size_t caller = run.current;
   bool expected = false;
-  while (!run.AtEnd() && !run.trial) {
+  while (!run.AtEnd()) {
     const ScriptLine& line = run.script.commands[run.next];
     if (line.Is("shot")) {
       run.PlayLine();
@@ -118,8 +133,8 @@ const ScriptLine* AnswerTo(ScriptRun& run, const Opened& opened) {
     run.current = caller;
     return nullptr;
   }
-  if (!run.AtEnd() && !run.trial) run.current = run.next;
-  run.Fail("Unerwartet öffnet sich " + opened.kind + ": \"" + opened.text + "\" (" + opened.title + ")");
+  if (!run.AtEnd()) run.current = run.next;
+  Unexpected(run, opened);
 }
 
 std::optional<std::size_t> PickRow(ScriptRun& run, const PickRequest& request, const std::string& code) {
@@ -130,6 +145,15 @@ std::optional<std::size_t> PickRow(ScriptRun& run, const PickRequest& request, c
     if (utf8::Trim(FieldText(value, "", CurrentLocale())) == code) return row;
   }
   run.Fail("Die Auswahl \"" + request.caption + "\" bietet " + code + " nicht an.");
+}
+
+std::string CodesOf(const PickRequest& request) {
+  std::string codes;
+  for (Recordset rows = request.rows; !rows.EndOfFile(); rows.MoveNext()) {
+    const std::string code = FieldText(rows.Fields()[request.code_column].Value(), "", CurrentLocale());
+    codes.append(codes.empty() ? "" : ", ").append(utf8::Trim(code));
+  }
+  return codes;
 }
 
 TextRows OfferOf(const PickRequest& request) {
@@ -160,7 +184,6 @@ const std::vector<Command>& AnsweringCommands() {
 }
 
 int ScriptPlayer::MessageBox(const std::string& prompt, int style, const std::string& title) {
-  if (run_->trial) return ButtonCode(run_->trial->Answer(prompt, ButtonsOf(style)));
   const std::string buttons = ButtonsOf(style);
   const ScriptLine* line =
       AnswerTo(*run_, {.kind = "eine Meldung",
@@ -187,14 +210,14 @@ std::string ScriptPlayer::InputBox(const std::string& prompt, const std::string&
 }
 
 PickResult ScriptPlayer::PickList(const PickRequest& request) {
-  if (run_->trial) return {.row = PickRow(*run_, request, run_->trial->Pick()), .extra = false};
   const ScriptLine* line = AnswerTo(
       *run_, {.kind = "eine Auswahl",
               .text = request.caption,
               .title = request.start_text,
               .answers = "pick answer",
               .rows = OfferOf(request),
-              .details = {{"Caption", request.caption}, {"Extra", request.extra_button}}});
+              .details = {{"Caption", request.caption}, {"Extra", request.extra_button}},
+              .offer = CodesOf(request)});
   if (line->Is("pick")) return {.row = PickRow(*run_, request, run_->Text(1)), .extra = false};
   const bool extra = run_->Word(1, "die Antwort") == "extra";
   if (extra && request.extra_button.empty()) run_->Fail("Die Auswahl hat keine weitere Taste.");

@@ -71,6 +71,7 @@ Found OfTab(const ScriptRun& run, const TabControl& tabs, const PropertyName& pr
 
 Found OfList(const ItemList& list, std::string_view name) {
   if (name == "ListIndex") return std::to_string(list.ListIndex());
+  if (name == "Rows") return std::to_string(list.ListCount());
   if (name == "ItemData") return std::to_string(list.SelectedData());
   return std::nullopt;
 }
@@ -93,7 +94,9 @@ Found OfKind(const ScriptRun& run, Control& control, const PropertyName& propert
     if (name == "SelText") found = box->SelText();
   }
   if (auto* grid = dynamic_cast<Grid*>(&control)) {
-    found = name == "Row" ? std::to_string(grid->Row() + 1) : OfColumn(run, *grid, property);
+    found = OfColumn(run, *grid, property);
+    if (name == "Row") found = std::to_string(grid->Row() + 1);
+    if (name == "Rows") found = std::to_string(grid->RowCount());
   }
   if (const auto* tabs = dynamic_cast<TabControl*>(&control)) found = OfTab(run, *tabs, property);
   return found;

@@ -86,13 +86,18 @@ void ScriptRun::Say(std::vector<std::string> words, int number, const std::strin
     ScriptRun& run;
     std::optional<ScriptLine> before;
   } const saying(*this);
+  Pretend(std::move(words), number, raw);
+  PlayTaken();
+}
+
+const ScriptLine& ScriptRun::Pretend(std::vector<std::string> words, int number, const std::string& raw) {
   ScriptLine line;
   line.words = std::move(words);
+  line.starts.assign(line.words.size(), 0);
   line.file = Line().file;
   line.number = number;
   line.raw = raw;
-  said = std::move(line);
-  PlayTaken();
+  return said.emplace(std::move(line));
 }
 
 const std::string& ScriptRun::Word(std::size_t index, const char* meaning) const {

@@ -25,10 +25,10 @@ using TextRows = std::vector<std::vector<std::string>>;
 class Trial {
  public:
   virtual ~Trial() = default;
-  // One of the buttons of a message.
-  virtual std::string Answer(const std::string& prompt, const std::string& buttons) = 0;
-  // The code to choose in a list.
-  virtual std::string Pick() = 0;
+  // Hears what opened, and what a list offers.
+  virtual void Opened(const std::string& text, const std::string& offer) = 0;
+  // The words that answer it, the first of them one of `answers`; none if the row has no such answer.
+  virtual std::vector<std::string> Answer(const std::string& answers) = 0;
 };
 
 // A failed call or statement that the next line has to expect.
@@ -53,6 +53,8 @@ struct ScriptRun {
   void PlayLine();
   // Plays a command that does not stand in the script, as if it stood in a line of it.
   void Say(std::vector<std::string> words, int number, const std::string& raw);
+  // Puts such a command in the place of the line at work.
+  const ScriptLine& Pretend(std::vector<std::string> words, int number, const std::string& raw);
 
   // A word of the line, or a failure that names what is missing.
   const std::string& Word(std::size_t index, const char* meaning) const;

@@ -9,37 +9,38 @@
 namespace tarvoni {
 namespace {
 
-// Actions that take a text for a control.
+// Actions that take a text for a control, actions on a control alone, and answers to what opens.
 constexpr std::array<std::string_view, 8> kWithText = {"type",   "enter", "leave", "paste",
                                                        "select", "key",   "row",   "tab"};
-// Actions on a control alone.
 constexpr std::array<std::string_view, 3> kWithout = {"click", "doubleclick", "focus"};
+constexpr std::array<std::string_view, 6> kAnswers = {"answer", "input", "pick", "date", "month", "text"};
 
-// The head of a column: an action, an answer, or what is looked at.
+template <typename Words>
+bool Has(const Words& words, std::string_view word) {
+  return std::ranges::find(words, word) != words.end();
+}
+
+// The head of a column: "enter", "enter txtLohnart(0)", "answer", "message", "txtSatz", "btnNeu enabled".
 struct Head {
-  explicit Head(const std::string& text, const std::string& field)
-      : verb(text.substr(0, text.find(' '))), subject(verb.size() < text.size() ? text.substr(verb.size() + 1) : "") {
-    acts = std::ranges::count(kWithText, verb) > 0;
-    presses = std::ranges::count(kWithout, verb) > 0;
-    if (acts && subject.empty()) subject = field;
-    if (!acts && !presses) subject = text == "=" ? field : text;
-  }
-  bool Given() const { return acts || presses || verb == "answer" || verb == "pick"; }
+  explicit Head(const std::string& head)
+      : text(head),
+        word(head.substr(0, head.find(' '))),
+        behind(word.size() < head.size() ? head.substr(word.size() + 1) : "") {}
+  bool Acts() const { return Has(kWithText, word) || Has(kWithout, word); }
+  bool IsGiven() const { return text == "field" || Acts() || Has(kAnswers, word); }
 
-  std::string verb;
-  std::string subject;
-  bool acts = false;
-  bool presses = false;
+  std::string text;
+  std::string word;
+  std::string behind;
 };
 
-// While `try` is at work it answers what opens.
 class RowTrial : public Trial {
  public:
   explicit RowTrial(ScriptRun& run) : run_(run), before_(run.trial) {
-    const std::string field = run.Line().words.size() > 1 ? run.Line().words[1] : "";
+    field_ = run.Line().words.size() > 1 ? run.Line().words[1] : "";
     for (const std::string& line : run.Line().block) rows_.push_back(SplitCells(line));
     if (rows_.empty()) run.Fail("Es fehlen die Zeilen mit |.");
-    for (const std::string& cell : rows_[0]) heads_.emplace_back(cell, field);
+    for (const std::string& cell : rows_[0]) heads_.emplace_back(cell);
     run.trial = this;
   }
   RowTrial(const RowTrial&) = delete;
@@ -51,6 +52,9 @@ class RowTrial : public Trial {
     for (row_ = 1; row_ < rows_.size(); ++row_) {
       rows_[row_].resize(heads_.size());
       messages_.clear();
+      offer_.clear();
+      answered_.clear();
+      if (const std::string field = Given("field"); !field.empty()) field_ = field;
       for (std::size_t i = 0; i < heads_.size(); ++i) Act(heads_[i], rows_[row_][i]);
       auto& cells = found.emplace_back();
       for (std::size_t i = 0; i < heads_.size(); ++i) cells.push_back(Cell(heads_[i], rows_[row_][i]));
@@ -58,35 +62,48 @@ class RowTrial : public Trial {
     return found;
   }
 
-  std::string Answer(const std::string& prompt, const std::string& buttons) override {
-    messages_ += (messages_.empty() ? "" : " / ") + prompt;
-    const std::string answer = Given("answer");
-    if (answer.empty() && buttons == "ok") return "ok";
-    if (!HasWord(buttons, answer)) run_.Fail("Die Meldung \"" + prompt + "\" hat nur die Tasten: " + buttons);
-    return answer;
+  void Opened(const std::string& text, const std::string& offer) override {
+    if (!offer.empty()) offer_ = offer;
+    if (offer.empty()) messages_ += (messages_.empty() ? "" : " / ") + text;
   }
 
-  std::string Pick() override {
-    const std::string code = Given("pick");
-    if (code.empty()) run_.Fail("Unerwartet öffnet sich eine Auswahl.");
-    return code;
+  std::vector<std::string> Answer(const std::string& answers) override {
+    for (const std::string_view answer : kAnswers) {
+      const std::string cell = HasWord(answers, answer) ? NextAnswer(answer) : "";
+      if (cell.empty()) continue;
+      const auto blank = cell.find(' ');
+      if (answer != "month" || blank == std::string::npos) return {std::string(answer), cell};
+      return {"month", cell.substr(0, blank), cell.substr(blank + 1)};
+    }
+    return {};
   }
 
  private:
   // The row's cell below a head.
-  std::string Given(std::string_view verb) const {
-    const auto head = std::ranges::find(heads_, verb, &Head::verb);
+  std::string Given(std::string_view text) const {
+    const auto head = std::ranges::find(heads_, text, &Head::text);
     return head == heads_.end() ? std::string()
                                 : rows_[row_][static_cast<std::size_t>(head - heads_.begin())];
   }
 
-  // An empty cell leaves its action out; "" types an empty text.
+  // A cell holds one answer, or several for what opens one after another, parted by " / ".
+  std::string NextAnswer(std::string_view answer) {
+    std::string left = Given(answer);
+    for (int given = answered_[answer]++; given > 0 && !left.empty(); --given) {
+      const auto end = left.find(" / ");
+      left = end == std::string::npos ? std::string() : left.substr(end + 3);
+    }
+    return left.substr(0, left.find(" / "));
+  }
+
+  // An empty cell leaves its action out; "" is an empty text.
   void Act(const Head& head, const std::string& cell) {
-    if (cell.empty() || !(head.acts || head.presses)) return;
-    if (head.presses) return Say({head.verb, head.subject.empty() ? cell : head.subject});
-    const bool leaves = head.verb == "leave";
-    Say({leaves ? "type" : head.verb, head.subject, cell == "\"\"" ? "" : cell});
-    if (leaves) Say({"leave", head.subject});
+    if (cell.empty() || !head.Acts()) return;
+    if (Has(kWithout, head.word)) return Say({head.word, head.behind.empty() ? cell : head.behind});
+    const std::string& field = head.behind.empty() ? field_ : head.behind;
+    const bool leaves = head.word == "leave";
+    Say({leaves ? "type" : head.word, field, cell == "\"\"" ? "" : cell});
+    if (leaves) Say({"leave", field});
   }
 
   void Say(std::vector<std::string> words) {
@@ -95,11 +112,18 @@ class RowTrial : public Trial {
   }
 
   std::string Cell(const Head& head, const std::string& expected) const {
-    if (head.Given()) return expected;
-    if (head.verb == "message") return Message(expected);
-    if (head.verb != "focused") return ShownBy(run_, head.subject);
-    const Control* active = run_.TopForm().ActiveControl();
-    return active ? active->FullName() : std::string();
+    if (head.IsGiven()) return expected;
+    if (head.text == "message") return Message(expected);
+    if (head.text == "offer") return offer_;
+    if (head.text == "focused") {
+      const Control* active = run_.TopForm().ActiveControl();
+      return active ? active->FullName() : std::string();
+    }
+    if (head.text == "=") return field_.empty() ? "" : ShownBy(run_, field_);
+    if (head.behind.empty()) return ShownBy(run_, head.text);
+    const auto holds = IsInState(run_.ControlNamed(head.word), head.behind);
+    if (!holds) run_.Fail("Den Zustand \"" + head.behind + "\" gibt es nicht.");
+    return *holds ? "1" : "0";
   }
 
   // The messages, or the number that was expected if they hold its text.
@@ -111,10 +135,13 @@ class RowTrial : public Trial {
 
   ScriptRun& run_;
   Trial* before_;
+  std::string field_;  // the one that columns without a control mean
   TextRows rows_;
   std::vector<Head> heads_;
   std::size_t row_ = 0;
   std::string messages_;
+  std::string offer_;
+  std::map<std::string_view, int> answered_;  // how many of each answer the row has given
 };
 
 }  // namespace
