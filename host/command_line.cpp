@@ -166,8 +166,9 @@ class CommandLine {
                       "die erwarteten Zeilen (|) neu schreiben statt vergleichen");
     command->add_flag("--all", script_.all,
                       "nach einem Vergleich, der misslingt, weitermachen und am Ende alle nennen");
-    command->add_option("--database", script_.database,
-                        "leere Datenbank statt der im Skript genannten, auch odbc:…")
+    command
+        ->add_option("--database", script_.database,
+                     "leere Datenbank statt der im Skript genannten, auch odbc:…")
         ->type_name("DATENBANK");
     command->add_flag("--tell", script_.tell,
                       "die Kommentare des Skripts ausgeben, sobald sie an der Reihe sind");

@@ -185,13 +185,13 @@ const std::vector<Command>& AnsweringCommands() {
 
 int ScriptPlayer::MessageBox(const std::string& prompt, int style, const std::string& title) {
   const std::string buttons = ButtonsOf(style);
-  const ScriptLine* line =
-      AnswerTo(*run_, {.kind = "eine Meldung",
-                       .text = prompt,
-                       .title = title,
-                       .answers = "answer",
-                       .closes_itself = buttons == "ok",
-                       .details = {{"Buttons", buttons}, {"Icon", IconOf(style)}, {"Default", DefaultOf(style)}}});
+  const ScriptLine* line = AnswerTo(
+      *run_, {.kind = "eine Meldung",
+              .text = prompt,
+              .title = title,
+              .answers = "answer",
+              .closes_itself = buttons == "ok",
+              .details = {{"Buttons", buttons}, {"Icon", IconOf(style)}, {"Default", DefaultOf(style)}}});
   if (!line) return kAnswerOk;
   const std::string& answer = run_->Word(1, "die Antwort");
   if (!HasWord(buttons, answer)) run_->Fail("Die Meldung hat nur die Tasten: " + buttons);
@@ -210,14 +210,14 @@ std::string ScriptPlayer::InputBox(const std::string& prompt, const std::string&
 }
 
 PickResult ScriptPlayer::PickList(const PickRequest& request) {
-  const ScriptLine* line = AnswerTo(
-      *run_, {.kind = "eine Auswahl",
-              .text = request.caption,
-              .title = request.start_text,
-              .answers = "pick answer",
-              .rows = OfferOf(request),
-              .details = {{"Caption", request.caption}, {"Extra", request.extra_button}},
-              .offer = CodesOf(request)});
+  const ScriptLine* line =
+      AnswerTo(*run_, {.kind = "eine Auswahl",
+                       .text = request.caption,
+                       .title = request.start_text,
+                       .answers = "pick answer",
+                       .rows = OfferOf(request),
+                       .details = {{"Caption", request.caption}, {"Extra", request.extra_button}},
+                       .offer = CodesOf(request)});
   if (line->Is("pick")) return {.row = PickRow(*run_, request, run_->Text(1)), .extra = false};
   const bool extra = run_->Word(1, "die Antwort") == "extra";
   if (extra && request.extra_button.empty()) run_->Fail("Die Auswahl hat keine weitere Taste.");

@@ -21,8 +21,8 @@ struct Command {
   bool rows = false;  // `|` lines may follow
   CommandUse use = CommandUse::kAlways;
 
-  std::string_view Name() const;     // "expect grid"
-  std::size_t MostWords() const;     // 0 for any number
+  std::string_view Name() const;  // "expect grid"
+  std::size_t MostWords() const;  // 0 for any number
 };
 
 // The families, a file each.

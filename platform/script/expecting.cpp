@@ -90,7 +90,8 @@ bool AreStates(Control& control, const std::vector<std::string>& words) {
 std::string StatesOf(Control& control, const std::vector<std::string>& words) {
   std::string found;
   for (const std::string& word : words)
-    found += (found.empty() ? "" : " ") + std::string(IsInState(control, word).value() ? "" : "nicht ") + word;
+    found +=
+        (found.empty() ? "" : " ") + std::string(IsInState(control, word).value() ? "" : "nicht ") + word;
   return found;
 }
 

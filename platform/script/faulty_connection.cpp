@@ -50,10 +50,11 @@ void WriteFault::Arm(int nth, int number) {
 void WriteFault::Hear(std::string_view statement) {
   if (nth_ == 0 || !WritesRows(statement) || ++seen_ != nth_) return;
   const bool busy = number_ == kErrorBusy;
-  throw DatabaseError(number_,
-                      busy ? "Ein anderes Programm hält die Datenbank gerade fest. Bitte gleich noch einmal versuchen."
-                           : "Das Skript lässt diese Anweisung scheitern.",
-                      0, 0, std::string(statement));
+  throw DatabaseError(
+      number_,
+      busy ? "Ein anderes Programm hält die Datenbank gerade fest. Bitte gleich noch einmal versuchen."
+           : "Das Skript lässt diese Anweisung scheitern.",
+      0, 0, std::string(statement));
 }
 
 }  // namespace tarvoni

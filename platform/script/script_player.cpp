@@ -69,7 +69,8 @@ bool ScriptPlayer::Step(Form& form) {
   if (!form.IsLoaded()) return false;
   if (run_->trial) run_->Fail("Unerwartet öffnet sich der Bildschirm " + form.Name() + ".");
   if (run_->AtEnd()) {
-    run_->Fail("Der Bildschirm " + form.Name() + " ist am Ende des Skripts noch geöffnet; das Skript muss ihn schließen.");
+    run_->Fail("Der Bildschirm " + form.Name() +
+               " ist am Ende des Skripts noch geöffnet; das Skript muss ihn schließen.");
   }
   run_->PlayLine();
   return form.IsLoaded();

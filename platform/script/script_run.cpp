@@ -51,13 +51,18 @@ void ScriptRun::PlayLine() {
   const std::size_t line = current;
   PlayTaken();
   if (!has_fault) return;
-  const bool met = commit_fault ? commit_fault() : write_fault->Happened();
-  commit_fault = {};
-  const int writes = write_fault->Writes();
-  write_fault->Disarm();
   current = line;
-  if (!met)
-    Fail("Dazu, dass fail eintritt, kam es nicht; geschrieben wurde " + std::to_string(writes) + " Mal.");
+  SettleFault();
+}
+
+void ScriptRun::SettleFault() {
+  fault_ahead = false;
+  const bool met = commit_fault ? commit_fault() : write_fault->Happened();
+  const int writes = write_fault->Writes();
+  commit_fault = {};
+  write_fault->Disarm();
+  if (met) return;
+  Fail("Dazu, dass fail eintritt, kam es nicht; geschrieben wurde " + std::to_string(writes) + " Mal.");
 }
 
 void ScriptRun::PlayTaken() {

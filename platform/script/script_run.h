@@ -51,6 +51,8 @@ struct ScriptRun {
   const ScriptLine& TakeLine();
   // Takes the next line and plays it.
   void PlayLine();
+  // Ends what `fail` arranged; it has to have happened.
+  void SettleFault();
   // Plays a command that does not stand in the script, as if it stood in a line of it.
   void Say(std::vector<std::string> words, int number, const std::string& raw);
   // Puts such a command in the place of the line at work.

@@ -27,7 +27,8 @@ struct Head {
         word(head.substr(0, head.find(' '))),
         behind(word.size() < head.size() ? head.substr(word.size() + 1) : "") {}
   bool Acts() const { return Has(kWithText, word) || Has(kWithout, word); }
-  bool IsGiven() const { return text == "field" || Acts() || Has(kAnswers, word); }
+  bool Fails() const { return text == "fail write" || text == "fail commit"; }
+  bool IsGiven() const { return text == "field" || Acts() || Fails() || Has(kAnswers, word); }
 
   std::string text;
   std::string word;
@@ -55,7 +56,11 @@ class RowTrial : public Trial {
       offer_.clear();
       answered_.clear();
       if (const std::string field = Given("field"); !field.empty()) field_ = field;
-      for (std::size_t i = 0; i < heads_.size(); ++i) Act(heads_[i], rows_[row_][i]);
+      for (const bool faults : {true, false}) {
+        for (std::size_t i = 0; i < heads_.size(); ++i)
+          if (heads_[i].Fails() == faults) Act(heads_[i], rows_[row_][i]);
+      }
+      if (run_.fault_ahead) run_.SettleFault();
       auto& cells = found.emplace_back();
       for (std::size_t i = 0; i < heads_.size(); ++i) cells.push_back(Cell(heads_[i], rows_[row_][i]));
     }
@@ -98,7 +103,8 @@ class RowTrial : public Trial {
 
   // An empty cell leaves its action out; "" is an empty text.
   void Act(const Head& head, const std::string& cell) {
-    if (cell.empty() || !head.Acts()) return;
+    if (cell.empty() || !(head.Acts() || head.Fails())) return;
+    if (head.Fails()) return Say({head.word, head.behind, cell});
     if (Has(kWithout, head.word)) return Say({head.word, head.behind.empty() ? cell : head.behind});
     const std::string& field = head.behind.empty() ? field_ : head.behind;
     const bool leaves = head.word == "leave";

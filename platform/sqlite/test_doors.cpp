@@ -32,9 +32,8 @@ class CommitRefusal {
 }  // namespace
 
 std::function<bool()> FailCommit(Connection& connection, int nth) {
-  return [refusal = std::make_shared<CommitRefusal>(SharedOf(connection), nth)] {
-    return refusal->Happened();
-  };
+  return
+      [refusal = std::make_shared<CommitRefusal>(SharedOf(connection), nth)] { return refusal->Happened(); };
 }
 
 }  // namespace tarvoni::sqlite

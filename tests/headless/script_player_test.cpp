@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <sstream>
 
 #include "platform/headless/public/headless_toolkit.h"
 #include "src/common/box_rules.h"
@@ -220,6 +222,69 @@ expect list listeSel
   EXPECT_THAT(db->Log(), testing::Not(testing::Contains("DELETE")));
 }
 
+TEST_F(Player, TriesManyTextsAndLooksClosely) {
+  EXPECT_EQ(Play(R"(
+fill txtMenge=1 txtKapitel(0)=10
+try txtMenge
+| enter | leave | =     | focused   | txtMenge locked
+| 12,5  |       | 12,50 | txtValuta | 0
+|       | x     |       | txtValuta | 0
+| ""    |       |       | txtValuta | 0
+try
+| field         | key  | leave | pick | click      | answer   | offer  | message      | txtKapitel(0).Tag
+| txtKapitel(0) | Ctrl |       | 20   |            |          | 10, 20 |              |
+|               |      |       |      | btnLoschen | no / yes |        | Sicher?      |
+width DataGrid1 2 900
+head DataGrid1 1
+expect fields
+| DataGrid1.Width(WERT)  | 900
+| DataGrid1.Caption(2)   | Name
+| DataGrid1.Visible(ID)  | 0
+| DataGrid1.Rows         | 2
+| txtKapitel(1)          | locked enabled
+| txtKapitel(1).BackColor | buttonface
+| txtMenge.TabStop       | 1
+| F_Lager                | Lager
+expect unordered grid DataGrid1
+| Name | Wert
+| zwei
+| a\|b | 1,50
+click btnLoschen
+expect box.Buttons = "yes no"
+expect box.Icon = question
+expect box.Default = yes
+expect box.Title = Tarvoni
+answer no)"),
+            "");
+}
+
+TEST_F(Player, FailsAtTheWriteItIsToldOf) {
+  EXPECT_EQ(Play("fail write 1 8134\nclick btnLoschen\nanswer yes\nexpect message \"Division durch null.\""),
+            "");
+  EXPECT_THAT(db->Log(), testing::Not(testing::Contains("DELETE FROM T")));
+  EXPECT_EQ(
+      Play(
+          "sql Q\nexpect failure 208\nfail write 1\nsql UPDATE T SET A = 1\nexpect failure anderes Programm"),
+      "");
+}
+
+TEST_F(Player, TellsAllThatDiffers) {
+  player.Options().all = true;
+  const std::string told =
+      Play("expect txtMenge = 1\nexpect DataGrid1 disabled\nexpect rows DataGrid1 2\nexpect screen none");
+  EXPECT_THAT(told, HasSubstr("probe.tvs:3: "));
+  EXPECT_THAT(told, HasSubstr("probe.tvs:4: "));
+  EXPECT_THAT(told, HasSubstr("probe.tvs:6: "));
+}
+
+// Every command is told as it is read, and no other.
+TEST(ScriptCommands, AreThoseOfTheirPage) {
+  std::ostringstream page;
+  page << std::ifstream(SCRIPTS_PAGE).rdbuf();
+  for (const std::string& form : ScriptCommandForms())
+    EXPECT_THAT(page.str(), HasSubstr("| `" + form + "`")) << form;
+}
+
 TEST_F(Player, ScreensNest) {
   EXPECT_EQ(Play(R"(
 click btnNeu
@@ -260,13 +325,25 @@ TEST_F(Player, FailsOnEverythingThatGoesUnnoticed) {
       {"row DataGrid1 9", "keine Zeile 9"},
       {"tanze", "Den Befehl \"tanze\" gibt es nicht"},
       {"expect rows DataGrid1 3", "erwartet \"3\", gefunden \"2\""},
-      {"click btnOk extra", "zu viele Wörter"},
+      {"click btnOk extra", "zu viele Wörter. Er lautet: click C"},
+      {"database y", "solange kein Bildschirm geöffnet ist"},
+      {"expect box.Icon = question", "Es ist nichts geöffnet"},
+      {"click btnLoschen\nexpect box.Icon = stop\nanswer no", "erwartet \"stop\", gefunden \"question\""},
+      {"fail write 2\nclick btnLoschen\nanswer yes", "geschrieben wurde 1 Mal"},
+      {"fail commit\nclick btnLoschen", "es kann nicht scheitern"},
+      {"expect unordered grid DataGrid1\n| WERT | Name\n| 1,50 | a\\|b\n| | zwei", "gefunden"},
+      {"try txtMenge\n| enter | =\n| 3 | 4", "gefunden\n    | enter | =\n    | 3     | 3,00"},
+      {"try\n| click\n| btnLoschen", "Unerwartet öffnet sich eine Meldung: \"Sicher?\""},
+      {"try\n| click\n| btnNeu", "Unerwartet öffnet sich der Bildschirm F_LagerX"},
+      {"try txtMenge\n| enter\n| 3\n| 4\nexpect fields\n| txtMenge | 3,00", "| txtMenge | 4,00"},
+      {"include fehlt.tvi", "probe.tvs:3: fehlt.tvi: Die Datei kann nicht gelesen werden"},
   };
   for (const auto& [script, failure] : cases) EXPECT_THAT(Play(script), HasSubstr(failure)) << script;
 }
 
 TEST_F(Player, FailsWhenTheScriptEndsWithAnOpenScreen) {
-  EXPECT_THAT(Play("database x\nrun F_Lager", false), HasSubstr("F_Lager ist am Ende des Skripts noch geöffnet"));
+  EXPECT_THAT(Play("database x\nrun F_Lager", false),
+              HasSubstr("F_Lager ist am Ende des Skripts noch geöffnet"));
 }
 
 TEST_F(Player, ErrorsOfAHandlerAreBoxes) {
