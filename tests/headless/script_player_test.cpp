@@ -57,7 +57,8 @@ class F_Lager : public Screen {
   }
 
   void Wire() {
-    ConnectBoxes(*this, TabOnEnter(*this));
+    OnEnter(txtMenge, TabOnEnter(*this));
+    SelectOnFocus(txtMenge);
     Rules(txtMenge).Number("###0.00");
     Rules(txtKapitel[0]).Code(kapitel);
     btnNeu.Click = [this] {
