@@ -9,6 +9,7 @@
 #include "host/methods.h"
 #include "host/open_database.h"
 #include "platform/sqlite/public/sqlite_database.h"
+#include "src/context/data/handler_scope.h"
 #include "src/context/values/call_error.h"
 #include "src/entry/screen_runs.h"
 #include "src/schema/schema.h"
@@ -73,7 +74,9 @@ ScriptHooks MakeScriptHooks() {
           .contents = ContentsOfTables,
           .schema =
               [](Connection& connection) {
+                HandlerScope together(connection);
                 for (const std::string& statement : SchemaStatements()) connection.Execute(statement);
+                together.Finish();
               },
           .copy = Copy,
           .fail_commit = FailCommit,
