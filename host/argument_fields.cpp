@@ -9,17 +9,17 @@ namespace {
 
 using enum FieldKind;
 
-std::string Machines(const ChoiceScope&) {
+SqlText Machines(const ChoiceScope&) {
   return "SELECT NUMMER, NUMMER AS NR, BEZEICHNUNG FROM MASCHINENBUCH ORDER BY NUMMER";
 }
 
-std::string OrderGroups(const ChoiceScope& scope) {
+SqlText OrderGroups(const ChoiceScope& scope) {
   return Compose(
       "SELECT ID, BEZEICHNUNG, FWJ FROM PA_GRUPPE WHERE ID_PERSONAL = {} ORDER BY FWJ DESC, BEZEICHNUNG",
       Id(scope.client));
 }
 
-std::string Journals(const ChoiceScope& scope) {
+SqlText Journals(const ChoiceScope& scope) {
   return Compose(
       "SELECT STUNDENBUCH_HEADER.ID, RIGHT('0' + CAST(MONAT AS NVARCHAR(2)), 2) + '.' + CAST(JAHR AS "
       "NVARCHAR(4)), "
@@ -27,11 +27,12 @@ std::string Journals(const ChoiceScope& scope) {
       "INNER JOIN PERSONAL ON PERSONAL.ID_PERSONAL = STUNDENBUCH_HEADER.ID_PERSONAL "
       "WHERE PERSONAL.ID_MANDANTEN = {} AND STUNDENBUCH_HEADER.FWJ = '{}' "
       "ORDER BY JAHR DESC, MONAT DESC, PERSONAL.NAME",
-      Id(scope.client), Typed(scope.forest_year));
+      Id(scope.client), Quoted(scope.forest_year));
 }
 
-std::string OrdersOrPlans(const ChoiceScope& scope) {
-  const SqlText client = Id(scope.client), year = Typed(scope.forest_year);
+SqlText OrdersOrPlans(const ChoiceScope& scope) {
+  const SqlText client = Id(scope.client);
+  const Quoted year(scope.forest_year);
   return scope.plan
              ? Compose(
                    "SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF_PLANN "

@@ -32,7 +32,7 @@ void Workplace::Close() {
   name_.clear();
 }
 
-Recordset Workplace::Read(const std::string& statement) const {
+Recordset Workplace::Read(const SqlText& statement) const {
   return record_.dbAdo->Open(statement);
 }
 
@@ -60,7 +60,7 @@ std::string Workplace::StandardForestYear() const {
   return rows.EndOfFile() ? std::string() : Shown(rows.Fields()[0].Value());
 }
 
-std::vector<Choice> Workplace::Choices(const std::string& statement) const {
+std::vector<Choice> Workplace::Choices(const SqlText& statement) const {
   std::vector<Choice> choices;
   for (Recordset rows = Read(statement); !rows.EndOfFile(); rows.MoveNext()) {
     Choice& choice = choices.emplace_back(Choice{.id = Whole(rows.Fields()[0].Value()), .text = {}});

@@ -12,7 +12,7 @@ namespace tarvoni::suite {
 // the user types to find a row is the first column shown.
 class LookupDialog final : public tarvoni::LookupDialog {
  public:
-  std::string Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
+  std::string Pick(const TvnVar_Dll& context, const SqlText& sql, const std::string& caption,
                    const std::string& start_text, const std::string& option) override;
 };
 

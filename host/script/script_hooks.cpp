@@ -7,6 +7,7 @@
 
 #include "host/demo/demo.h"
 #include "host/methods.h"
+#include "src/context/data/statement.h"
 #include "src/context/values/call_error.h"
 #include "src/entry/screen_runs.h"
 #include "src/schema/schema.h"
@@ -24,7 +25,7 @@ int ScaleOf(const std::string& text) {
 
 // A sum over the rows, since a server gives them in any order.
 std::string ContentsOf(Connection& connection, const std::string& table) {
-  const auto rows = connection.Open("SELECT * FROM " + table).GetRows();
+  const auto rows = connection.Open(Compose("SELECT * FROM {}", Name(table))).GetRows();
   std::size_t sum = 0;
   for (const auto& row : rows) {
     std::string text;

@@ -90,7 +90,7 @@ void ScriptPlayer::ExpectRows() {
 }
 
 void ScriptPlayer::ExpectSql() {
-  Recordset rows = Db().Open(Text(2));
+  Recordset rows = Db().Open(SqlText::Verbatim(Text(2)));
   Rows found(1);
   if (!rows.IsOpen()) Fail("Die Anweisung liefert keine Zeilen.");
   for (const Column& column : rows.Columns()) found[0].push_back(column.name);

@@ -159,15 +159,15 @@ void ScriptPlayer::SetOption() {
       {"number", "NUMBER_VALUE"}, {"text", "TEXT_VALUE"}, {"double", "DOUBLE_VALUE"}};
   const auto column = columns.find(Word(2, "number, text oder double"));
   if (column == columns.end()) Fail("Eine Option ist number, text oder double.");
-  const SqlText key = Typed(Word(1, "der Name der Option"));
-  const std::string literal = column->first == "text" ? TextOrNull(Text(3)).Text() : Word(3, "der Wert");
+  const Quoted key(Word(1, "der Name der Option"));
+  const SqlText literal =
+      column->first == "text" ? TextOrNull(Text(3)) : SqlText::Verbatim(Word(3, "der Wert"));
   Db().Execute(Compose("DELETE FROM OPTIONEN WHERE PROPERTY_ID = '{}'", key));
-  Db().Execute(Compose("INSERT INTO OPTIONEN (PROPERTY_ID, {}) VALUES ('{}', {})", Fragment(column->second),
-                       key, Fragment(literal)));
+  Db().Execute(Compose("INSERT INTO OPTIONEN (PROPERTY_ID, {}) VALUES ('{}', {})", Name(column->second), key, literal));
 }
 
 void ScriptPlayer::Sql() {
-  Db().Execute(Text(1));
+  Db().Execute(SqlText::Verbatim(Text(1)));
 }
 void ScriptPlayer::Remember() {
   if (!hooks_.contents) Fail("Der Inhalt der Datenbank lässt sich hier nicht vergleichen.");

@@ -48,7 +48,7 @@ bool FindRow(DataControl& data, std::string_view column, std::int32_t id, Guard&
     const auto hold = guard.Hold();
     rows.MoveFirst();
   }
-  rows.Find(Compose("{} = {}", Fragment(std::string(column)), Id(id)));
+  rows.Find(Compose("{} = {}", Name(column), Id(id)).Text());
   // Without a hit the row event may already have stepped back onto the list.
   return rows.HasCurrentRow() && ToLong(rows.Fields()[column].Value()) == id;
 }

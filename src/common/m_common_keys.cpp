@@ -30,7 +30,7 @@ FieldType ColumnType(Connection& conn, const std::string& table, const std::stri
   const auto key = std::tuple(conn.ConnectionString(), table, column);
   const auto found = known.find(key);
   if (found != known.end()) return found->second;
-  Recordset rows = conn.Open(Compose("SELECT {} FROM {}", Fragment(column), Fragment(table)));
+  Recordset rows = conn.Open(Compose("SELECT {} FROM {}", Name(column), Name(table)));
   return known[key] = rows.Fields()[0].Type();
 }
 

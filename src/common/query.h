@@ -14,12 +14,12 @@ namespace tarvoni {
 Connection& DbOf(const TvnVar_Dll& context);
 
 // First column of the first row; NULL if there is no row.
-Value ReadValue(Connection& connection, std::string_view statement);
+Value ReadValue(Connection& connection, const SqlText& statement);
 // As ValueHelper reads it, rounded to a Long; 0 for NULL and for no row.
-std::int32_t ReadNumber(Connection& connection, std::string_view statement);
+std::int32_t ReadNumber(Connection& connection, const SqlText& statement);
 // As ValueHelper reads it; "" for NULL and for no row.
-std::string ReadText(Connection& connection, std::string_view statement);
-bool HasRow(Connection& connection, std::string_view statement);
+std::string ReadText(Connection& connection, const SqlText& statement);
+bool HasRow(Connection& connection, const SqlText& statement);
 
 std::int32_t ToLong(const Value& value);
 std::string ToText(const Value& value);

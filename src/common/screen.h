@@ -34,10 +34,10 @@ class Screen : public Form {
 
   const TvnVar_Dll& Context() const { return tvnvar_; }
   Connection& Db() const { return DbOf(tvnvar_); }
-  long long Execute(std::string_view statement) const { return Db().Execute(statement); }
-  Recordset Open(std::string_view statement) const { return Db().Open(statement); }
-  std::int32_t ReadNumber(std::string_view statement) const { return tarvoni::ReadNumber(Db(), statement); }
-  std::string ReadText(std::string_view statement) const { return tarvoni::ReadText(Db(), statement); }
+  long long Execute(const SqlText& statement) const { return Db().Execute(statement); }
+  Recordset Open(const SqlText& statement) const { return Db().Open(statement); }
+  std::int32_t ReadNumber(const SqlText& statement) const { return tarvoni::ReadNumber(Db(), statement); }
+  std::string ReadText(const SqlText& statement) const { return tarvoni::ReadText(Db(), statement); }
   std::int32_t Option(const std::string& key) const { return GetOptionNumber(key, Db()); }
   std::string OptionText(const std::string& key) const { return GetOptionText(key, Db()); }
 
