@@ -8,6 +8,7 @@
 #include "host/demo/demo.h"
 #include "platform/sqlite/public/sqlite_database.h"
 #include "tests/schema/statement_blocks.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni::bench {
 namespace {
@@ -33,7 +34,7 @@ void MakeDatabase(const std::string& file) {
 }
 
 long long FirstNumber(const std::string& text) {
-  return std::get<std::int64_t>(Database().Open(text).Fields()[0].Value());
+  return std::get<std::int64_t>(Database().Open(Sql(text)).Fields()[0].Value());
 }
 
 Value ReadCell(sqlite3_stmt* statement, int column, char type) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "src/context/data/sql_text.h"
+
 namespace tarvoni::host {
 
 enum class FieldKind {

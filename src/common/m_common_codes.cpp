@@ -20,21 +20,19 @@ bool Contains(const auto& tables, const std::string& table) {
 }
 
 SqlText OpenCodeByText(const std::string& table, const std::string& number, const std::string& setName) {
-  return Compose(R"(
-SELECT ID
-FROM {}
-WHERE (DISABLE = 0 OR DISABLE IS NULL) and NUMBER = '{}' AND TABLE_NAME = '{}')",
-                 Name(table), Quoted(number), Quoted(setName));
+  return Compose(
+      "SELECT ID  FROM {} WHERE (DISABLE = 0 OR DISABLE IS NULL) and NUMBER = '{}' AND TABLE_NAME = '{}' ",
+      Name(table), Quoted(number), Quoted(setName));
 }
 
 SqlText CodeByText(const std::string& table, const std::string& number, const std::string& setName) {
-  return Compose("SELECT ID FROM {} WHERE NUMBER = '{}' AND TABLE_NAME = '{}'", Name(table),
+  return Compose("SELECT ID  FROM {} WHERE NUMBER = '{}' AND TABLE_NAME = '{}' ", Name(table),
                  Quoted(number), Quoted(setName));
 }
 
 SqlText CodeByNumber(const std::string& table, const std::string& number, const std::string& setName,
                          const SqlText& extraCondition) {
-  return Compose("SELECT ID FROM {} WHERE NUMBER = {} AND TABLE_NAME = '{}' {}", Name(table),
+  return Compose("SELECT ID  FROM {} WHERE NUMBER = {} AND TABLE_NAME = '{}' {}", Name(table),
                  Number(number), Quoted(setName), extraCondition);
 }
 

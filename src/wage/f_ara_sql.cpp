@@ -11,9 +11,9 @@ Quoted Year(const Client& client) {
   return Quoted(client.forest_year);
 }
 
-// " AND column = tag", nothing for an empty Tag.
+// "AND column = tag", nothing for an empty Tag.
 SqlText AndIs(const SqlText& column, std::string_view tag) {
-  return tag.empty() ? SqlText() : Compose(" AND {} = {}", column, Id(tag));
+  return tag.empty() ? SqlText() : Compose("AND {} = {}", column, Id(tag));
 }
 
 // The values of a column in the positions of the client's orders. `condition` begins with AND.
@@ -24,7 +24,7 @@ IN (SELECT ARBEITSAUFTRAG.{}
     LEFT JOIN (SELECT * FROM ARA_KOPF) ARA_KOPF
       ON ARA_KOPF.NAME_FWJ = KOPF.FWJ AND ARA_KOPF.PERSONAL_ID = KOPF.PERSONAL_ID
     LEFT JOIN ARBEITSAUFTRAG ON ARA_KOPF.ID = ARBEITSAUFTRAG.ID_ARA_KOPF
-    WHERE 1 = 1{}))",
+    WHERE 1 = 1 {}))",
                  column, Year(client), Id(client.id), condition);
 }
 
@@ -123,7 +123,7 @@ LEFT JOIN (SELECT ID_ARA_KOPF,ID_LOHNARTEN,SUM(STUNDEN) AS STUNDEN
            WHERE ID_ARA_KOPF IN (SELECT ID FROM #tmp)
            GROUP BY ID_ARA_KOPF,ID_LOHNARTEN) ARA_STUNDEN
   ON ARA_STUNDEN.ID_ARA_KOPF = ARA_KOPF.ID AND ARA_STUNDEN.ID_LOHNARTEN = ({})
-WHERE 1 = 1{}{}
+WHERE 1 = 1 {} {}
 ORDER BY ARA_KOPF.NAME_NUMMER)",
                  Year(client), Id(client.id), kLocationPath, kHighestClosedMonth, Year(client),
                  Id(client.id), wage_type_case, OfCostCentre(cost_centre), OfWorkType(work_type));
@@ -144,7 +144,7 @@ SELECT ID,NUMBER,NAME
 FROM KOSTENSTELLE
 WHERE ID {})",
                  InPositionsOfClient("KOSTENSTELLE_ID", client,
-                                     Compose(" AND NUMBER = '{}'{}", Quoted(typed), OfWorkType(work_type))));
+                                     Compose("AND NUMBER = '{}' {}", Quoted(typed), OfWorkType(work_type))));
 }
 
 SqlText WorkTypesInUse(const Client& client, std::string_view cost_centre) {
@@ -163,7 +163,7 @@ SELECT ID,NUMBER AS NUMMER,NAME AS LONG
 FROM LEISTUNGSART
 WHERE ID {})",
       InPositionsOfClient("LEISTUNGSART_ID", client,
-                          Compose(" AND NUMBER = '{}'{}", Quoted(typed), OfCostCentre(cost_centre))));
+                          Compose("AND NUMBER = '{}' {}", Quoted(typed), OfCostCentre(cost_centre))));
 }
 
 SqlText Services() {

@@ -22,7 +22,7 @@ using test::Whole;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* kList = "SELECT ID,NAME,WERT FROM POSITION";
+constexpr char kList[] = "SELECT ID,NAME,WERT FROM POSITION";
 
 // A small Screen of the usual kind.
 class F_Probe : public Screen {
@@ -236,7 +236,7 @@ class CodeFieldTest : public Frame {
   CodeField field{
       screen.Context(), screen.loading, screen.txtKonto[0], &screen.txtKonto[1],
       NamedCode(screen.Context(), screen.txtKonto[0], screen.lblKonto, "KONTO", "NAME",
-                [](const std::string* typed) { return "5" + (typed ? "\t" + *typed : std::string()); })};
+                [] { return NamedValues{Given(5)}; })};
 };
 
 TEST_F(CodeFieldTest, ValidCodeSetsTagAndCompanion) {

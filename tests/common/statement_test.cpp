@@ -32,7 +32,7 @@ TEST(Statement, ComposesLiterals) {
   EXPECT_EQ(Compose("UPDATE T SET A = {},B = {},C = {} WHERE ID = {}", NumberOrNull("12,50"),
                     TextOrNull("Föhre; --"), IdOrNull(""), Id(7)),
             "UPDATE T SET A = 12.50,B = 'Föhre; --',C = NULL WHERE ID = 7");
-  EXPECT_EQ(Compose("WHERE NUMBER = '{}' AND ID = 0{}", Typed(" 7 "), Digits("")),
+  EXPECT_EQ(Compose("WHERE NUMBER = '{}' AND ID = 0{}", Quoted(" 7 "), Digits("")),
             "WHERE NUMBER = ' 7 ' AND ID = 0");
   EXPECT_EQ(Compose("{} {} {}", NumberOrNull("  "), TextOrNull(""), IdOrNull(0)), "NULL NULL NULL");
   EXPECT_EQ(Compose("{} {} {}", Number(0.1), Number(1e21), Number(Decimal(-1250, 2))),
@@ -59,9 +59,9 @@ TEST(Statement, RefusesWhatWouldBecomePartOfTheCommand) {
   EXPECT_EQ(ErrorOf([] { Number(""); }), 102);
   for (const char* text : {"'", "O'Brien", "x' OR 'a'='a", "''"}) {
     EXPECT_EQ(ErrorOf([&] { TextOrNull(text); }), 105) << text;
-    EXPECT_EQ(ErrorOf([&] { Typed(text); }), 105) << text;
+    EXPECT_EQ(ErrorOf([&] { Quoted(text); }), 105) << text;
   }
-  EXPECT_EQ(ErrorOf([] { Typed(std::string_view("a\0b", 3)); }), 105);
+  EXPECT_EQ(ErrorOf([] { Quoted(std::string_view("a\0b", 3)); }), 105);
 }
 
 TEST(Statement, ReadsTypedNumbersInTheLocaleInForce) {

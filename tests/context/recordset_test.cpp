@@ -254,7 +254,7 @@ TEST(RecordsetTest, GetRowsTakesTheRest) {
 
 class CountingConnection : public Connection {
  public:
-  long long Execute(std::string_view) override { return -1; }
+  long long Execute(const SqlText&) override { return -1; }
   Recordset Open(std::string_view) override { return {}; }
   const std::string& ConnectionString() const override { return text_; }
   void BeginHandler() override { ++depth; }

@@ -101,7 +101,7 @@ class F_Lager : public Screen {
   std::unique_ptr<DeferredCall> later;
   CodeField kapitel{Context(), loading, txtKapitel[0], &txtKapitel[1],
                     NamedCode(Context(), txtKapitel[0], lblKapitel, "KAPITEL", "NAME",
-                              [](const std::string* typed) { return typed ? *typed : ""; })};
+                              [] { return NamedValues(); })};
 
  private:
   int depth_;

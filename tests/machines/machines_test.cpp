@@ -17,8 +17,8 @@ using testing::IsEmpty;
 // A database that can be lost at any moment, and that keeps the statements sent to it.
 class Wire : public Connection {
  public:
-  long long Execute(std::string_view text) override { return Send(text).Execute(text); }
-  Recordset Open(std::string_view text) override { return Send(text).Open(text); }
+  long long Execute(const SqlText& text) override { return Send(text).Execute(text); }
+  Recordset Open(const SqlText& text) override { return Send(text).Open(text); }
   const std::string& ConnectionString() const override { return db_->ConnectionString(); }
   void BeginHandler() override { db_->BeginHandler(); }
   void EndHandler() override { db_->EndHandler(); }
@@ -29,8 +29,8 @@ class Wire : public Connection {
   std::vector<std::string> sent;
 
  private:
-  Connection& Send(std::string_view text) {
-    sent.emplace_back(text);
+  Connection& Send(const SqlText& text) {
+    sent.emplace_back(text.Text());
     if (lost) throw DatabaseError(kErrorConnection, "Die Verbindung ist abgebrochen.");
     return *db_;
   }

@@ -81,10 +81,15 @@ constexpr std::string_view WithoutFirstLineBreak(std::string_view text) {
   return text.starts_with('\n') ? text.substr(1) : text;
 }
 
+// The compiler shows the fault as the argument of the call that it refuses.
+constexpr void RequireNoFault(std::string_view fault) {
+  if (!fault.empty()) throw fault;
+}
+
 consteval std::string_view CheckedLiteral(std::string_view text) {
   TextScan scan;
   for (const char c : text) scan.Take(c);
-  if (!scan.Fault().empty()) throw scan.Fault();
+  RequireNoFault(scan.Fault());
   return WithoutFirstLineBreak(text);
 }
 

@@ -62,7 +62,7 @@ class Pattern {
   template <std::size_t N>
   consteval Pattern(const char (&text)[N]) : text_(WithoutFirstLineBreak({text, N - 1})) {
     constexpr std::array<Place, sizeof...(Values)> places = {kPlaceOf<Values>...};
-    if (!PatternFault(text_, places).empty()) throw PatternFault(text_, places);
+    RequireNoFault(PatternFault(text_, places));
   }
   std::string_view Text() const { return text_; }
 
