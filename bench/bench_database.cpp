@@ -34,7 +34,7 @@ void MakeDatabase(const std::string& file) {
 }
 
 long long FirstNumber(const std::string& text) {
-  return std::get<std::int64_t>(Database().Open(Sql(text)).Fields()[0].Value());
+  return std::get<std::int64_t>(Database().Open(Sql(text)).GetRows().at(0).at(0));
 }
 
 Value ReadCell(sqlite3_stmt* statement, int column, char type) {

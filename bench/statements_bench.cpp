@@ -105,7 +105,7 @@ FROM ONETODATE
 WHERE ONETODATE.TABLE_COLUMN = 'LOHNARTEN.SATZ' AND ONETODATE.TABLE_ID = {} AND ONETODATE.DATUM <= '20240315'
 ORDER BY ONETODATE.DATUM DESC)",
                                Id(TheKeys().rate_owner));
-  for (auto _ : state) benchmark::DoNotOptimize(Database().Open(text).Fields()[0].Value());
+  for (auto _ : state) benchmark::DoNotOptimize(Database().Open(text).GetRows().at(0).at(0));
 }
 
 void RateByHand(benchmark::State& state) {

@@ -58,7 +58,7 @@ void OpenHalf(benchmark::State& state) {
 // What btnSpeichern sends for a new order, in one handler; the list it then reads anew is measured above.
 void Save(benchmark::State& state) {
   const auto order =
-      std::get<std::int64_t>(Database().Open("SELECT MAX(ID) FROM ARA_KOPF").Fields()[0].Value());
+      std::get<std::int64_t>(Database().Open("SELECT MAX(ID) FROM ARA_KOPF").GetRows().at(0).at(0));
   const auto id = static_cast<std::int32_t>(order);
   int number = 0;
   for (auto _ : state) {

@@ -20,28 +20,25 @@ SqlText OrderGroups(const ChoiceScope& scope) {
 }
 
 SqlText Journals(const ChoiceScope& scope) {
-  return Compose(
-      "SELECT STUNDENBUCH_HEADER.ID, RIGHT('0' + CAST(MONAT AS NVARCHAR(2)), 2) + '.' + CAST(JAHR AS "
-      "NVARCHAR(4)), "
-      "PERSONAL.NUMMER, PERSONAL.NAME, PERSONAL.VORNAME FROM STUNDENBUCH_HEADER "
-      "INNER JOIN PERSONAL ON PERSONAL.ID_PERSONAL = STUNDENBUCH_HEADER.ID_PERSONAL "
-      "WHERE PERSONAL.ID_MANDANTEN = {} AND STUNDENBUCH_HEADER.FWJ = '{}' "
-      "ORDER BY JAHR DESC, MONAT DESC, PERSONAL.NAME",
-      Id(scope.client), Quoted(scope.forest_year));
+  return Compose(R"(
+SELECT STUNDENBUCH_HEADER.ID,
+  RIGHT('0' + CAST(MONAT AS NVARCHAR(2)), 2) + '.' + CAST(JAHR AS NVARCHAR(4)),
+  PERSONAL.NUMMER, PERSONAL.NAME, PERSONAL.VORNAME
+FROM STUNDENBUCH_HEADER
+INNER JOIN PERSONAL ON PERSONAL.ID_PERSONAL = STUNDENBUCH_HEADER.ID_PERSONAL
+WHERE PERSONAL.ID_MANDANTEN = {} AND STUNDENBUCH_HEADER.FWJ = '{}'
+ORDER BY JAHR DESC, MONAT DESC, PERSONAL.NAME)",
+                 Id(scope.client), Quoted(scope.forest_year));
 }
 
 SqlText OrdersOrPlans(const ChoiceScope& scope) {
-  const SqlText client = Id(scope.client);
-  const Quoted year(scope.forest_year);
-  return scope.plan
-             ? Compose(
-                   "SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF_PLANN "
-                   "WHERE PERSONAL_ID = {} AND FWJ = '{}' ORDER BY NAME",
-                   client, year)
-             : Compose(
-                   "SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF "
-                   "WHERE PERSONAL_ID = {} AND FWJ = '{}' ORDER BY NAME",
-                   client, year);
+  return Compose(R"(
+SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100))
+FROM {}
+WHERE PERSONAL_ID = {} AND FWJ = '{}'
+ORDER BY NAME)",
+                 Name(scope.plan ? "ARBEITSAUFTRAG_KOPF_PLANN" : "ARBEITSAUFTRAG_KOPF"), Id(scope.client),
+                 Quoted(scope.forest_year));
 }
 
 }  // namespace

@@ -38,8 +38,11 @@ Recordset Workplace::Read(const SqlText& statement) const {
 
 std::vector<Client> Workplace::Clients() const {
   std::vector<Client> clients;
-  for (Recordset rows = Read("SELECT ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME FROM PERSONAL "
-                             "WHERE MANDANTEN = 1 AND ISNULL(DISABLE, 0) = 0 ORDER BY NUMMER");
+  for (Recordset rows = Read(R"(
+SELECT ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME
+FROM PERSONAL
+WHERE MANDANTEN = 1 AND ISNULL(DISABLE, 0) = 0
+ORDER BY NUMMER)");
        !rows.EndOfFile(); rows.MoveNext()) {
     const FieldList& fields = rows.Fields();
     clients.push_back({.id = Whole(fields[0].Value()),

@@ -68,13 +68,12 @@ void GridLayoutStore::LoadLayout(const TvnVar_Dll& context, const std::string& k
 void GridLayoutStore::SaveLayout(const TvnVar_Dll& context, const std::string& key, Grid& grid) {
   if (grid.Columns().Count() == 0) return;
   const SqlText layout = TextOrNull(WriteLayout(grid));
-  DatabaseOf(context).Execute(
-      Compose(R"(
+  DatabaseOf(context).Execute(Compose(R"(
 IF EXISTS(SELECT LAYOUT_KEY FROM GITTERLAYOUT WHERE LAYOUT_KEY = '{}')
   UPDATE GITTERLAYOUT SET LAYOUT = {} WHERE LAYOUT_KEY = '{}'
 ELSE
   INSERT INTO GITTERLAYOUT (LAYOUT_KEY,LAYOUT) VALUES ('{}',{}))",
-              Quoted(key), layout, Quoted(key), Quoted(key), layout));
+                                      Quoted(key), layout, Quoted(key), Quoted(key), layout));
 }
 
 }  // namespace tarvoni::suite

@@ -163,7 +163,8 @@ void ScriptPlayer::SetOption() {
   const SqlText literal =
       column->first == "text" ? TextOrNull(Text(3)) : SqlText::Verbatim(Word(3, "der Wert"));
   Db().Execute(Compose("DELETE FROM OPTIONEN WHERE PROPERTY_ID = '{}'", key));
-  Db().Execute(Compose("INSERT INTO OPTIONEN (PROPERTY_ID, {}) VALUES ('{}', {})", Name(column->second), key, literal));
+  Db().Execute(Compose("INSERT INTO OPTIONEN (PROPERTY_ID, {}) VALUES ('{}', {})", Name(column->second), key,
+                       literal));
 }
 
 void ScriptPlayer::Sql() {

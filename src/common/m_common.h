@@ -72,8 +72,7 @@ std::string GetPersonalColumn(const std::string& column, std::int32_t idPersonal
 std::int32_t GetIdByNumberText(const std::string& table, const std::string& number, std::int32_t idPersonal,
                                Connection& conn);
 std::int32_t GetIdByNumberFiltered(const std::string& table, const std::string& number,
-                                   std::int32_t idPersonal, Connection& conn,
-                                   const SqlText& extraCondition);
+                                   std::int32_t idPersonal, Connection& conn, const SqlText& extraCondition);
 // The path of a forest location and its long name; an unknown one sets `id` to 0 and gives "".
 std::string GetWaldortText(std::int32_t& id, const TvnVar_Dll& ctx, bool noLongName);
 // The numbers of the cost types under a label, joined with ", ".

@@ -26,14 +26,14 @@ SqlText OpenCodeByText(const std::string& table, const std::string& number, cons
 }
 
 SqlText CodeByText(const std::string& table, const std::string& number, const std::string& setName) {
-  return Compose("SELECT ID  FROM {} WHERE NUMBER = '{}' AND TABLE_NAME = '{}' ", Name(table),
-                 Quoted(number), Quoted(setName));
+  return Compose("SELECT ID  FROM {} WHERE NUMBER = '{}' AND TABLE_NAME = '{}' ", Name(table), Quoted(number),
+                 Quoted(setName));
 }
 
 SqlText CodeByNumber(const std::string& table, const std::string& number, const std::string& setName,
-                         const SqlText& extraCondition) {
-  return Compose("SELECT ID  FROM {} WHERE NUMBER = {} AND TABLE_NAME = '{}' {}", Name(table),
-                 Number(number), Quoted(setName), extraCondition);
+                     const SqlText& extraCondition) {
+  return Compose("SELECT ID  FROM {} WHERE NUMBER = {} AND TABLE_NAME = '{}' {}", Name(table), Number(number),
+                 Quoted(setName), extraCondition);
 }
 
 SqlText WaldortById(std::int32_t id) {
@@ -83,8 +83,7 @@ std::int32_t GetIdByNumberText(const std::string& table, const std::string& numb
 }
 
 std::int32_t GetIdByNumberFiltered(const std::string& table, const std::string& number,
-                                   std::int32_t idPersonal, Connection& conn,
-                                   const SqlText& extraCondition) {
+                                   std::int32_t idPersonal, Connection& conn, const SqlText& extraCondition) {
   if (number.empty()) return 0;
   try {
     const std::string setName = GetPersonalColumn(table, idPersonal, conn);
@@ -109,12 +108,11 @@ std::string GetWaldortText(std::int32_t& id, const TvnVar_Dll& ctx, bool noLongN
 }
 
 std::string GetMachineCostTypeNumbers(const std::string& label, Connection& conn) {
-  Recordset rows =
-      conn.Open(Compose(R"(
+  Recordset rows = conn.Open(Compose(R"(
 SELECT KOSTENART.NUMBER
 FROM KOSTENART
 WHERE ID IN (SELECT KOSTENART_ID FROM MASCHINE_STAMM WHERE LABEL = '{}'))",
-                        Quoted(label)));
+                                     Quoted(label)));
   std::string numbers;
   for (; !rows.EndOfFile(); rows.MoveNext()) {
     if (!numbers.empty()) numbers += ", ";

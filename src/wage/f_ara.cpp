@@ -110,17 +110,15 @@ CodeField::Rule F_ARA::ServiceRule() {
 }
 
 CodeField::Rule F_ARA::CostCentreRule() {
-  return NamedCode(
-      Context(), txtKostenstelle[0], lblKostenstelle, "KOSTENSTELLE", "NAME",
-      [this] { return NamedValues{Given(curPersonal)}; });
+  return NamedCode(Context(), txtKostenstelle[0], lblKostenstelle, "KOSTENSTELLE", "NAME",
+                   [this] { return NamedValues{Given(curPersonal)}; });
 }
 
 CodeField::Rule F_ARA::ProductOrderRule() {
-  auto rule = NamedCode(Context(), txtProduktauftragNr[0], lblProduktauftragNr, "PA_KOPF", "",
-                        [this] {
-                          return NamedValues{Given(curPersonal), Given(curFwj), Given(txtKostenstelle[0].Text()),
-                                             Condition(ProductOrderFilter())};
-                        });
+  auto rule = NamedCode(Context(), txtProduktauftragNr[0], lblProduktauftragNr, "PA_KOPF", "", [this] {
+    return NamedValues{Given(curPersonal), Given(curFwj), Given(txtKostenstelle[0].Text()),
+                       Condition(ProductOrderFilter())};
+  });
   rule.option = "100";
   return rule;
 }
@@ -158,7 +156,8 @@ const SqlText& F_ARA::StundenCase() {
     whens = Compose("{} WHEN {} THEN {}", whens, Id(ToLong(types.Fields()["TYP"].Value())),
                     Id(ToLong(types.Fields()["ID"].Value())));
   }
-  return stundenCaseText = whens.Empty() ? SqlText("0") : Compose("CASE BBF_GRUPPE.NUMBER{} ELSE 0 END", whens);
+  return stundenCaseText =
+             whens.Empty() ? SqlText("0") : Compose("CASE BBF_GRUPPE.NUMBER{} ELSE 0 END", whens);
 }
 
 void F_ARA::SetColumns() {

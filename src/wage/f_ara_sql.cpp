@@ -125,8 +125,8 @@ LEFT JOIN (SELECT ID_ARA_KOPF,ID_LOHNARTEN,SUM(STUNDEN) AS STUNDEN
   ON ARA_STUNDEN.ID_ARA_KOPF = ARA_KOPF.ID AND ARA_STUNDEN.ID_LOHNARTEN = ({})
 WHERE 1 = 1 {} {}
 ORDER BY ARA_KOPF.NAME_NUMMER)",
-                 Year(client), Id(client.id), kLocationPath, kHighestClosedMonth, Year(client),
-                 Id(client.id), wage_type_case, OfCostCentre(cost_centre), OfWorkType(work_type));
+                 Year(client), Id(client.id), kLocationPath, kHighestClosedMonth, Year(client), Id(client.id),
+                 wage_type_case, OfCostCentre(cost_centre), OfWorkType(work_type));
 }
 
 SqlText CostCentresInUse(const Client& client, std::string_view work_type) {
@@ -195,10 +195,10 @@ AND PRODUKT_ID IN (SELECT PRODUKT_ID
 }
 
 SqlText WorkTypeFits(std::int32_t product, std::string_view service, std::int32_t order) {
-  const SqlText fits_service = service.empty()
-                                   ? SqlText()
-                                   : Compose(" AND 1=(CASE WHEN {} THEN LEISTUNGSART.EST ELSE 1 END)",
-                                             IsTimberService(service));
+  const SqlText fits_service =
+      service.empty()
+          ? SqlText()
+          : Compose(" AND 1=(CASE WHEN {} THEN LEISTUNGSART.EST ELSE 1 END)", IsTimberService(service));
   return Compose(R"(
 LEISTUNGSART.PRODUKT_ID = {}{}
 AND 1=(CASE WHEN {} THEN LEISTUNGSART.ALLOW_HOLZ ELSE 1 END))",

@@ -21,8 +21,8 @@ struct Client {
 
 // The orders; a client without orders gives one row with an empty ID_ARA_KOPF. Filters are Tags, "" for none.
 // `wage_type_case` picks the wage type whose hours count as direct.
-SqlText OrdersOfYear(const Client& client, const SqlText& wage_type_case,
-                         std::string_view cost_centre, std::string_view work_type);
+SqlText OrdersOfYear(const Client& client, const SqlText& wage_type_case, std::string_view cost_centre,
+                     std::string_view work_type);
 
 // --- the selection: only what occurs in the client's orders, together with the other filter ---
 

@@ -189,7 +189,7 @@ std::optional<DateTime> F_Arbeitnehmer::Day() const {
 
 void F_Arbeitnehmer::ReadRate() {
   const Recordset rate = Open(hour_amount::OfferedRate(txtLohnart[0].Tag(), txtPersonalnummer[0].Tag(), Day(),
-                                                     Context().strSqlDateFormat));
+                                                       Context().strSqlDateFormat));
   const auto first = pay_month_.FirstDay();
   if (rate.EndOfFile()) {
     if (first) paying_month_.Set(first->year, first->month);

@@ -233,10 +233,9 @@ class CodeFieldTest : public Frame {
 
   std::unique_ptr<test::QuietToolkit::Shown> shown;
   int changes = 0;
-  CodeField field{
-      screen.Context(), screen.loading, screen.txtKonto[0], &screen.txtKonto[1],
-      NamedCode(screen.Context(), screen.txtKonto[0], screen.lblKonto, "KONTO", "NAME",
-                [] { return NamedValues{Given(5)}; })};
+  CodeField field{screen.Context(), screen.loading, screen.txtKonto[0], &screen.txtKonto[1],
+                  NamedCode(screen.Context(), screen.txtKonto[0], screen.lblKonto, "KONTO", "NAME",
+                            [] { return NamedValues{Given(5)}; })};
 };
 
 TEST_F(CodeFieldTest, ValidCodeSetsTagAndCompanion) {

@@ -99,9 +99,9 @@ class F_Lager : public Screen {
   Timer Timer1{*this, "Timer1"};
   Guard loading;
   std::unique_ptr<DeferredCall> later;
-  CodeField kapitel{Context(), loading, txtKapitel[0], &txtKapitel[1],
-                    NamedCode(Context(), txtKapitel[0], lblKapitel, "KAPITEL", "NAME",
-                              [] { return NamedValues(); })};
+  CodeField kapitel{
+      Context(), loading, txtKapitel[0], &txtKapitel[1],
+      NamedCode(Context(), txtKapitel[0], lblKapitel, "KAPITEL", "NAME", [] { return NamedValues(); })};
 
  private:
   int depth_;

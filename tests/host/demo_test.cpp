@@ -80,8 +80,8 @@ TEST(Demo, TotalOfAnOrderIsWhatItsHoursAreWorth) {
       rate + "*" + factor +
       ",2) AS WERT FROM ARA_STUNDEN "
       "INNER JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN) W GROUP BY W.ID_ARA_KOPF";
-  const Recordset wrong = Demo().Open(Sql("SELECT K.ID, K.GESAMNT, S.WERT FROM ARA_KOPF K INNER JOIN (" + sums +
-                                          ") S ON S.ID_ARA_KOPF = K.ID WHERE K.GESAMNT <> S.WERT"));
+  const Recordset wrong = Demo().Open(Sql("SELECT K.ID, K.GESAMNT, S.WERT FROM ARA_KOPF K INNER JOIN (" +
+                                          sums + ") S ON S.ID_ARA_KOPF = K.ID WHERE K.GESAMNT <> S.WERT"));
   EXPECT_EQ(wrong.RecordCount(), 0U);
   EXPECT_EQ(Number("SELECT COUNT(*) FROM ARA_KOPF WHERE ISNULL(GESAMNT,0) = 0"), 0);
 }

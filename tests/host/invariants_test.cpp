@@ -55,8 +55,8 @@ TEST(Invariants, EachReferenceFindsADanglingRow) {
   const DemoCopy copy;
   for (const Reference& reference : References()) {
     const auto& [table, key, column, target, target_column, zero_is_none] = reference;
-    copy->Execute(Sql(fmt::format("UPDATE {0} SET {2} = 987654 WHERE {1} = (SELECT MIN({1}) FROM {0})",
-                                  table, key, column)));
+    copy->Execute(Sql(fmt::format("UPDATE {0} SET {2} = 987654 WHERE {1} = (SELECT MIN({1}) FROM {0})", table,
+                                  key, column)));
     const Recordset rows = copy->Open(InvariantOf(reference).statement);
     ASSERT_GE(rows.RecordCount(), 1U) << table << '.' << column;
     EXPECT_EQ(ToDisplayText(rows.Fields()[column].Value()), "987654") << table << '.' << column;

@@ -41,8 +41,8 @@ class OrderHours : public test::SuiteTest {
     db->Execute(
         Compose("INSERT INTO ARA_STUNDEN (ID_ARA_KOPF, ID_PERSONAL, ID_LOHNARTEN, BEARBEITUNG, VERLOHNUNG,"
                 " STUNDEN, PROZENTSATZ) VALUES ({}, {}, {}, '{}', '{}', {}, 50)",
-                Id(std::int64_t{order}), Id(std::int64_t{worker}), IdOrNull(std::int64_t{type}), Quoted(month),
-                Quoted(day), Number(hours)));
+                Id(std::int64_t{order}), Id(std::int64_t{worker}), IdOrNull(std::int64_t{type}),
+                Quoted(month), Quoted(day), Number(hours)));
   }
 
   Decimal Amount(bool flag) {

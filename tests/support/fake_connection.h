@@ -39,7 +39,8 @@ class FakeConnection : public Connection {
   Recordset Open(const SqlText& text) override {
     Send(text.Text());
     const auto answer = answers_.find(std::string(text.Text()));
-    if (answer == answers_.end()) throw DatabaseError(208, "Invalid object name: " + std::string(text.Text()));
+    if (answer == answers_.end())
+      throw DatabaseError(208, "Invalid object name: " + std::string(text.Text()));
     return Recordset(answer->second);
   }
 

@@ -114,8 +114,8 @@ class FakeSuite : public Suite,
     return SqlText::Verbatim(text);
   }
 
-  bool Validate(const TvnVar_Dll& context, bool report_missing, const SqlText& sql, TextBox* code,
-                TextBox*, const std::string& name_column, TextBox* name_box, const std::string&) override {
+  bool Validate(const TvnVar_Dll& context, bool report_missing, const SqlText& sql, TextBox* code, TextBox*,
+                const std::string& name_column, TextBox* name_box, const std::string&) override {
     const Recordset rows = context.dbAdo->Open(sql);
     if (rows.EndOfFile()) {
       code->Clear();

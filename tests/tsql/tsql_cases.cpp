@@ -69,7 +69,8 @@ std::string Joined(Recordset& rows) {
 // What the batch gives, in the words of the expectation.
 std::string Outcome(Connection& connection, const Case& test) {
   try {
-    if (test.expected.starts_with("count")) return "count " + std::to_string(connection.Execute(Sql(test.batch)));
+    if (test.expected.starts_with("count"))
+      return "count " + std::to_string(connection.Execute(Sql(test.batch)));
     Recordset rows = connection.Open(Sql(test.batch));
     return rows.IsOpen() ? Joined(rows) : "ok";
   } catch (const DatabaseError& error) {

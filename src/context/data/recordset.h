@@ -91,7 +91,8 @@ class Recordset {
 
   // A second cursor over the same rows, at the first row, unsorted.
   Recordset Clone() const;
-  FieldList Fields() const { return FieldList(this); }
+  FieldList Fields() const& { return FieldList(this); }
+  FieldList Fields() const&& = delete;  // they would outlive the rows
   void Close();
 
   const std::vector<Column>& Columns() const;

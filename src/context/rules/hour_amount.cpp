@@ -31,9 +31,7 @@ struct JournalForm {
   SqlText worker = "STUNDENBUCH_HEADER.ID_PERSONAL";
 
   Form AsForm() const {
-    return {.worker = worker,
-            .day = Compose("{}*10000+{}*100+{}", year, month, day),
-            .day_is_number = true};
+    return {.worker = worker, .day = Compose("{}*10000+{}*100+{}", year, month, day), .day_is_number = true};
   }
 };
 
@@ -155,9 +153,9 @@ SqlText StoredValue() {
 SqlText OfferedRate(std::string_view wage_type_id, std::string_view worker_id,
                     const std::optional<DateTime>& day, std::string_view sql_date_format) {
   const Form entered{.worker = Id(worker_id), .day = DateOrNull(day, sql_date_format)};
-  return WageTypeEntry(Compose("(CASE WHEN (LOHNARTEN.SLA = 1 AND LOHNARTEN.CHK7 = 1) THEN {} ELSE NULL END)",
-                               Rate(entered)),
-                       wage_type_id);
+  return WageTypeEntry(
+      Compose("(CASE WHEN (LOHNARTEN.SLA = 1 AND LOHNARTEN.CHK7 = 1) THEN {} ELSE NULL END)", Rate(entered)),
+      wage_type_id);
 }
 
 SqlText JournalRate() {

@@ -62,14 +62,15 @@ class Rates : public testing::Test {
         Compose("DELETE FROM ARA_STUNDEN\nINSERT INTO ARA_STUNDEN (ID_PERSONAL, ID_LOHNARTEN, VERLOHNUNG,"
                 " STUNDEN) VALUES ({}, {}, '{}', {})",
                 Id(worker), Id(type), Quoted(day), Number(hours)));
-    return One(Compose("SELECT {},{} FROM ARA_STUNDEN LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN",
-                       hour_amount::StoredRate(), hour_amount::StoredValue()));
+    return One(Compose(
+        "SELECT {},{} FROM ARA_STUNDEN LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN",
+        hour_amount::StoredRate(), hour_amount::StoredValue()));
   }
 
   // Unit, rate and shift.
   std::string Offered(int type, int day, int worker = kWorker) {
     return One(hour_amount::OfferedRate(std::to_string(type), std::to_string(worker),
-                                      DateTime{.year = 2024, .month = 3, .day = day}, "yyyymmdd"));
+                                        DateTime{.year = 2024, .month = 3, .day = day}, "yyyymmdd"));
   }
 
   // Rate and amount of a line of the journal; the rate of the entry must be the same.
@@ -80,15 +81,14 @@ class Rates : public testing::Test {
                 "INSERT INTO STUNDENBUCH (ID_LOHNARTEN, TAG, STUNDEN, VERLOHNUNG) VALUES ({}, {}, {},"
                 " '20240{}01')",
                 Id(worker), Id(type), Id(day), Number(hours), Quoted(month)));
-    const std::string line =
-        One(Compose(R"(
+    const std::string line = One(Compose(R"(
 SELECT {} AS SATZ,{} AS BETRAG
 FROM STUNDENBUCH
 LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = STUNDENBUCH.ID_LOHNARTEN
 CROSS JOIN STUNDENBUCH_HEADER)",
                                          hour_amount::JournalRate(), hour_amount::JournalAmount()));
-    const Recordset entry = db->Open(hour_amount::JournalEntryRate(std::to_string(type), std::to_string(worker),
-                                                                 "2024", month, std::to_string(day)));
+    const Recordset entry = db->Open(hour_amount::JournalEntryRate(
+        std::to_string(type), std::to_string(worker), "2024", month, std::to_string(day)));
     EXPECT_EQ(ToDisplayText(entry.Fields()["SATZ"].Value()), line.substr(0, line.find(' ')));
     return line;
   }
@@ -163,13 +163,12 @@ TEST_F(Rates, ReportOfAnOrderIsTheSumOfItsRows) {
     reports.PrintRows(context, 5, kWorker, 2024, 3, 10, flag, amount);
     total = Add(total, std::get<Decimal>(amount)).value();
   }
-  EXPECT_EQ(ToDisplayText(total),
-            One(Compose(R"(
+  EXPECT_EQ(ToDisplayText(total), One(Compose(R"(
 SELECT SUM(WERT)
 FROM (SELECT {} AS WERT
       FROM ARA_STUNDEN
       LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN) ROWS)",
-                        hour_amount::StoredValue())));
+                                              hour_amount::StoredValue())));
 }
 
 }  // namespace
