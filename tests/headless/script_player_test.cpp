@@ -1,3 +1,4 @@
+#include "platform/headless/public/headless_toolkit.h"
 #include "platform/script/public/script_player.h"
 
 #include <gmock/gmock.h>

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "platform/headless/public/headless_toolkit.h"
 #include "platform/qt/public/qt_driver.h"
 #include "platform/qt/public/qt_script_toolkit.h"
 #include "platform/script/public/script_player.h"
