@@ -93,7 +93,7 @@ SqlText Locations(const StatementValues& values) {
 }
 
 // Above each: the values that it takes.
-constexpr auto kLists = std::to_array<CodeList>({
+const auto kLists = std::to_array<CodeList>({
     // The client.
     {.stem = "KOSTENSTELLE",
      .rows = CostCentres,
