@@ -253,7 +253,9 @@ TEST(RecordsetTest, GetRowsTakesTheRest) {
 }
 
 template <typename Rows>
-concept GivesFields = requires(Rows&& rows) { std::forward<Rows>(rows).Fields(); };
+concept GivesFields = requires(Rows&& rows) {
+  std::forward<Rows>(rows).Fields();
+};
 static_assert(GivesFields<Recordset&> && !GivesFields<Recordset>, "fields of a recordset that is gone");
 
 class CountingConnection : public Connection {

@@ -62,7 +62,8 @@ TEST_F(BackupTest, TellsOfDamage) {
   EXPECT_THAT(CheckIntegrity(*connection_), ::testing::IsEmpty());
   connection_->BeginHandler();
   for (int i = 2; i < 400; ++i) {
-    connection_->Execute(Compose("INSERT INTO A (ID,T) VALUES ({},'{}')", Id(i), Quoted(std::to_string(i))));
+    connection_->Execute(
+        Compose("INSERT INTO A (ID,T) VALUES ({},'{}')", Id(i), tarvoni::Quoted(std::to_string(i))));
   }
   connection_->EndHandler();
   connection_.reset();

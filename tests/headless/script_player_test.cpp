@@ -1,4 +1,3 @@
-#include "platform/headless/public/headless_toolkit.h"
 #include "platform/script/public/script_player.h"
 
 #include <gmock/gmock.h>
@@ -6,6 +5,7 @@
 
 #include <algorithm>
 
+#include "platform/headless/public/headless_toolkit.h"
 #include "src/common/box_rules.h"
 #include "src/common/code_field.h"
 #include "src/common/list_rules.h"

@@ -146,9 +146,8 @@ TEST_F(Machines, LostConnectionIsToldAndTheEntryStays) {
 
 TEST_F(Machines, ListKeepsItsColumnsOverARefresh) {
   const char* const list =
-      "SELECT MASCHINE_STAMM.ID, KOSTENART.NUMBER ,KOSTENART.NAME  FROM MASCHINE_STAMM LEFT JOIN KOSTENART "
-      "ON "
-      "MASCHINE_STAMM.KOSTENART_ID = KOSTENART.ID WHERE LABEL = 'OI'";
+      "SELECT MASCHINE_STAMM.ID, KOSTENART.NUMBER ,KOSTENART.NAME\nFROM MASCHINE_STAMM\n"
+      "LEFT JOIN KOSTENART ON MASCHINE_STAMM.KOSTENART_ID = KOSTENART.ID\nWHERE LABEL = 'OI'";
   toolkit.pick = [](const PickRequest& request) {
     EXPECT_EQ(request.caption, "KOSTENART");
     EXPECT_EQ(request.hidden_columns, 1);
