@@ -6,6 +6,7 @@
 
 #include "include/tarvoni_lohn.h"
 #include "src/context/data/recordset.h"
+#include "src/context/data/sql_text.h"
 
 namespace tarvoni::host {
 
