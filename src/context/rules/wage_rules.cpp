@@ -3,20 +3,28 @@
 #include <string_view>
 
 #include "src/context/data/statement.h"
+#include "src/context/rules/wage_group.h"
 
 namespace tarvoni {
 namespace {
 
 struct GroupOption {
-  std::int64_t group;
+  WageGroup group;
   std::string_view key;
   bool direct;
 };
 
 constexpr GroupOption kOptions[] = {
-    {1, "ZL_AZ", true}, {1, "ZL_MZ", false}, {1, "ZL_WZ", false}, {2, "EST_AZ", true}, {3, "STUCK_AZ", true}};
+    {WageGroup::kTimeWage, "ZL_AZ", true},          {WageGroup::kTimeWage, "ZL_MZ", false},
+    {WageGroup::kTimeWage, "ZL_WZ", false},         {WageGroup::kEst, "EST_AZ", true},
+    {WageGroup::kOtherPiecework, "STUCK_AZ", true},
+};
 
-// `text` for each option, with `between` in the middle.
+SqlText NumberOf(WageGroup group) {
+  return Number(static_cast<std::int64_t>(group));
+}
+
+// What `write` makes of each option, with `between` in the middle.
 template <typename Write>
 SqlText ForEach(bool direct_only, const SqlText& between, Write write) {
   SqlText all;
@@ -38,19 +46,19 @@ WHERE ISNULL(DISABLE,0) = 0
   AND NUMBER IN (SELECT (CASE WHEN ISNUMERIC(OPTIONEN.TEXT_VALUE)=1 THEN OPTIONEN.TEXT_VALUE ELSE NULL END)
                  FROM OPTIONEN
                  WHERE OPTIONEN.PROPERTY_ID IN ('{}')))",
-                   Number(option.group), Quoted(option.key));
+                   NumberOf(option.group), Quoted(option.key));
   });
 }
 
 SqlText DirectWageOption(const SqlText& group) {
   return Compose("(CASE {} {} ELSE NULL END)", group, ForEach(true, " ", [](const GroupOption& option) {
-                   return Compose("WHEN {} THEN '{}'", Number(option.group), Quoted(option.key));
+                   return Compose("WHEN {} THEN '{}'", NumberOf(option.group), Quoted(option.key));
                  }));
 }
 
 SqlText WageTypesOfGroup(std::int32_t order) {
   const SqlText options = ForEach(false, " UNION ALL ", [](const GroupOption& option) {
-    return Compose("SELECT {} AS ID,'{}' AS K", Number(option.group), Quoted(option.key));
+    return Compose("SELECT {} AS ID,'{}' AS K", NumberOf(option.group), Quoted(option.key));
   });
   return Compose(R"(
 SELECT OPTIONEN.TEXT_VALUE

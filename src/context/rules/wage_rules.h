@@ -11,8 +11,7 @@ namespace tarvoni {
 inline constexpr SqlText kHighestClosedMonth =
     "ISNULL((SELECT MAX(JAHR*100+MONAT) FROM LOHNABSCHLUSS WHERE ASCHLUSS_L = 1),0)";
 
-// The wage types that the options name for a group of orders (BBF_GRUPPE.NUMBER: 1 time wage, 2 piecework on timber,
-// 3 other piecework) are direct wages. The option that holds a group's working hours names its direct wage type.
+// The options name wage types for each group of orders (wage_group.h); one of them is the group's direct wage type.
 
 // ID and TYP, the group, of the direct wage type of each group.
 SqlText DirectWageTypes();
