@@ -236,7 +236,7 @@ TEST(FormWindow, NoExceptionPassesThroughQt) {
     test::Replace(stage.form.btnBearbeiten.Click, [&] {
       test::ProbeForm inner;
       stage.toolkit.play = [&](FormWindow&) {
-        inner.btnNeu.Click = [] { throw ScriptFailure("innen"); };
+        test::Replace(inner.btnNeu.Click, [] { throw ScriptFailure("innen"); });
         stage.driver.Click(inner.btnNeu);
       };
       stage.toolkit.ShowModal(inner);
