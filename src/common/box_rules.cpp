@@ -1,8 +1,18 @@
 #include "src/common/box_rules.h"
 
 #include "src/common/m_common.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni {
+namespace {
+
+// Two fixed digits are a day or a month.
+Entry EntryOf(std::string_view mask) {
+  if (mask == "00") return Entry::kDatePart;
+  return NumberMask::Of(mask).places > 0 ? Entry::kDecimal : Entry::kWhole;
+}
+
+}  // namespace
 
 EnterRule TabOnEnter(Form& form) {
   return [&form] { form.PostTab(); };
@@ -38,6 +48,7 @@ void ConnectBoxes(Form& form, const EnterRule& rule) {
 }
 
 void NumberKeys(TextBox& box, const std::string& mask) {
+  box.SetTakes(EntryOf(mask));
   Append(box.KeyPress, [&box, mask](int& key) { FormatKeyFilter(key, box, mask); });
 }
 

@@ -190,6 +190,101 @@ TEST_F(Actions, PasteKeepsTabsAndLineBreaksApart) {
   EXPECT_EQ(pasted(form.txtB, "a\tb\r\nc\rd\n"), "a b\nc\nd\n");
 }
 
+// Digits and the German separator.
+void AdmitNumbers(TextBox& box, Entry entry) {
+  box.SetTakes(entry);
+  box.KeyPress = [](int& key) {
+    if (key >= ' ' && key != ',' && (key < '0' || key > '9')) key = 0;
+  };
+}
+
+TEST_F(Actions, BothPointsSeparateWhereDecimalsStand) {
+  UserActions& user = Open();
+  AdmitNumbers(form.txtA, Entry::kDecimal);
+  user.Type("7.5");
+  EXPECT_EQ(form.txtA.Text(), "7,5");
+  EXPECT_THAT(toolkit.refusals, IsEmpty());
+  user.Type("+3");
+  EXPECT_EQ(form.txtA.Text(), "7,53");
+  EXPECT_THAT(toolkit.refusals, ElementsAre("txtA"));
+  EXPECT_EQ(toolkit.LastTold(), "Das Zeichen „+“ passt nicht in dieses Feld.");
+  AdmitNumbers(form.txtA, Entry::kWhole);
+  user.Type(".");
+  EXPECT_EQ(form.txtA.Text(), "7,53");
+  EXPECT_EQ(toolkit.refusals.size(), 2U);
+}
+
+TEST_F(Actions, PointsLeadFromDayToMonth) {
+  UserActions& user = Open();
+  AdmitNumbers(form.txtA, Entry::kDatePart);
+  AdmitNumbers(form.txtB, Entry::kDatePart);
+  user.Type("1.3,2024");
+  EXPECT_EQ(form.txtA.Text() + "/" + form.txtB.Text() + "/" + form.txtC.Text(), "1/3/2024");
+  EXPECT_THAT(toolkit.refusals, IsEmpty());
+}
+
+TEST_F(Actions, OnlyWhatABoxDoesNotTakeIsRefused) {
+  UserActions& user = Open();
+  form.txtA.KeyPress = [&](int& key) {
+    if (key == kKeyEnter || key == 'x') key = 0;
+    if (key == 't') {
+      key = 0;
+      form.txtB.SetFocus();
+    }
+  };
+  user.Key(kKeyEnter);
+  user.Type("t");
+  EXPECT_THAT(toolkit.refusals, IsEmpty()) << "Enter was answered, t moved on";
+  user.Focus(form.btnAbbrechen);
+  user.Type("x");
+  EXPECT_THAT(toolkit.refusals, IsEmpty()) << "nothing is typed on a button";
+  form.txtB.SetMaxLength(1);
+  form.txtC.SetLocked(true);
+  user.Focus(form.txtB);
+  user.Type("12");
+  user.Focus(form.txtC);
+  user.Type("1");
+  EXPECT_FALSE(user.Paste("1"));
+  EXPECT_THAT(toolkit.refusals, ElementsAre("txtB", "txtC", "txtC"));
+}
+
+TEST_F(Actions, PastedNumbersComeAsTheyAreOrAreToldOf) {
+  UserActions& user = Open();
+  AdmitNumbers(form.txtA, Entry::kDecimal);
+  const auto pasted = [&](const char* text) {
+    form.txtA.SetText("");
+    return user.Paste(text) ? form.txtA.Text() : toolkit.LastTold();
+  };
+  EXPECT_EQ(pasted("1.234,50"), "1234,50");
+  EXPECT_EQ(pasted("1 234,50\r\n"), "1234,50");
+  EXPECT_EQ(pasted("8.765"), "Der Text „8.765“ passt nicht in dieses Feld.");
+  EXPECT_EQ(pasted("1\t234"), "Der Text „1 234“ passt nicht in dieses Feld.") << "two cells";
+  EXPECT_EQ(toolkit.refusals.size(), 2U);
+  user.Focus(form.txtB);
+  EXPECT_TRUE(user.Paste("1.234,50"));
+  EXPECT_EQ(form.txtB.Text(), "1.234,50") << "a text stays as it is";
+}
+
+TEST_F(Actions, PasteIsOneChangeAndTheFilterSeesItGrow) {
+  UserActions& user = Open();
+  std::vector<std::string> seen, changes;
+  form.txtA.KeyPress = [&](int& key) {
+    seen.push_back(form.txtA.Text());
+    if (key == 'x') key = 0;
+  };
+  form.txtA.Change = [&] { changes.push_back(form.txtA.Text()); };
+  form.txtA.SetText("aöe");
+  form.txtA.Select(1, 1);
+  EXPECT_TRUE(user.Paste("üb\x01"));
+  EXPECT_THAT(seen, ElementsAre("ae", "aüe"));
+  EXPECT_THAT(changes, ElementsAre("aöe", "aübe"));
+  EXPECT_EQ(form.txtA.SelStart(), 3);
+  EXPECT_FALSE(user.Paste("1x"));
+  EXPECT_EQ(form.txtA.Text(), "aübe");
+  EXPECT_EQ(form.txtA.SelStart(), 3);
+  EXPECT_EQ(changes.size(), 2U) << "what was refused changed nothing";
+}
+
 TEST_F(Actions, PostedTabRunsAfterTheEvent) {
   UserActions& user = Open();
   form.txtA.KeyPress = [&](int& key) {

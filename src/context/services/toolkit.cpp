@@ -10,6 +10,7 @@ void Toolkit::ShowModal(Form& form) {
   form.Load();
   if (form.IsShown()) throw CallError("Der Bildschirm " + form.Name() + " ist bereits geöffnet.");
   const OpenForm open(*this, form);
+  told_.clear();
   DoShowModal(form);
 }
 
@@ -57,6 +58,16 @@ std::optional<std::string> Toolkit::EditText(const TextRequest& request) {
 void Toolkit::PreviewPrint(const PrintDocument& document) {
   HandlerScope::CommitAll();
   DoPreviewPrint(document);
+}
+
+void Toolkit::Tell(const std::string& sentence) {
+  told_ = sentence;
+  DoTell(sentence);
+}
+
+void Toolkit::ShowRefusal(Control& control, const std::string& sentence) {
+  Tell(sentence);
+  DoShowRefusal(control);
 }
 
 void Toolkit::BeginWait() {

@@ -112,6 +112,13 @@ class Toolkit {
   std::optional<std::string> EditText(const TextRequest& request);
   void PreviewPrint(const PrintDocument& document);
 
+  // A sentence that asks for no answer, in the status line of the topmost Screen until the next one.
+  void Tell(const std::string& sentence);
+  // What was told last; "" after a Screen opened.
+  const std::string& LastTold() const { return told_; }
+  // A key or a text that a control does not take: seen and heard at the control, with the reason in the status line.
+  void ShowRefusal(Control& control, const std::string& sentence);
+
   // Counts nested waits; the pointer changes with the first and the last.
   void BeginWait();
   void EndWait();
@@ -142,8 +149,11 @@ class Toolkit {
   virtual std::optional<std::string> DoEditText(const TextRequest& request) = 0;
   virtual void DoPreviewPrint(const PrintDocument& document) = 0;
   virtual void ShowWaitPointer(bool) {}
+  virtual void DoTell(const std::string& /*sentence*/) {}
+  virtual void DoShowRefusal(Control&) {}
 
  private:
+  std::string told_;
   std::vector<Form*> open_forms_;
   int waits_ = 0;
 };

@@ -38,7 +38,8 @@ class UserActions : private FormHost {
   bool TypeCharacter(char32_t character);
   // Characters one by one; a line break is the Enter key.
   void Type(std::string_view text);
-  // Text from the clipboard passes the filter like typed text, but all of it or nothing.
+  // Text from the clipboard passes the filter like typed text, but as one edit: all of it or nothing. A box for
+  // numbers takes them also with groups of thousands. What is refused is told in a sentence.
   bool Paste(std::string_view text);
   // Replaces the whole text of an editor (a toolkit's own editing: undo, drag), past the filter.
   void ReplaceText(TextBox& box, std::string_view text);
@@ -89,6 +90,8 @@ class UserActions : private FormHost {
   void PressKey(int key, int shift);
   void ActOnKey(Control& control, int key, int shift);
   bool PressCharacter(Control& control, char32_t character);
+  bool PasteInto(TextBox& box, std::string_view text);
+  void RefuseCharacter(Control& control, char32_t character);
   bool Insert(TextBox& box, char32_t character);
   void Erase(TextBox& box, int key);
   void Step(Control& control, int rows);

@@ -1,4 +1,8 @@
+#include <algorithm>
+
+#include "src/context/services/environment.h"
 #include "src/context/services/user_actions.h"
+#include "src/context/values/number_text.h"
 #include "src/context/values/utf8.h"
 
 namespace tarvoni {
@@ -28,14 +32,35 @@ bool IsControlCharacter(char32_t character) {
   return character < 32 || character == 127;
 }
 
+bool IsPoint(char32_t character) {
+  return character == U'.' || character == U',';
+}
+
+// What a key means in a box: both points are the separator where decimals stand.
+char32_t Meant(const Control& control, char32_t character) {
+  const auto* const box = dynamic_cast<const TextBox*>(&control);
+  const bool separates = box && box->Takes() == Entry::kDecimal && IsPoint(character);
+  return separates ? static_cast<char32_t>(CurrentLocale().decimal_separator) : character;
+}
+
+bool TakesDatePart(const Control& control) {
+  const auto* const box = dynamic_cast<const TextBox*>(&control);
+  return box && !box->Locked() && box->Takes() == Entry::kDatePart;
+}
+
+// Whether characters are typed into the control at all.
+bool TakesText(const Control& control) {
+  const auto* const combo = dynamic_cast<const ComboBox*>(&control);
+  return dynamic_cast<const TextBox*>(&control) || (combo && combo->Editable());
+}
+
 std::string Spliced(const TextBox& box, int start, int length, std::string_view inserted) {
   std::string text(utf8::Substring(box.Text(), 0, start));
   text.append(inserted).append(utf8::Substring(box.Text(), start + length));
   return text;
 }
 
-// What a box takes from the clipboard. A copied cell ends in a line break that is not meant, and what tabs and
-// line breaks part must not grow together in a box that shows none.
+// What a box takes from the clipboard: what tabs and line breaks part must not grow together in a box that shows none.
 std::u32string Pasted(std::string_view text, bool multi_line) {
   const char32_t line_break = multi_line ? U'\n' : U' ';
   std::u32string pasted;
@@ -43,12 +68,19 @@ std::u32string Pasted(std::string_view text, bool multi_line) {
     if (character == U'\n' && pasted.ends_with(U'\r')) pasted.pop_back();
     pasted += character;
   }
-  while (!multi_line && (pasted.ends_with(U'\n') || pasted.ends_with(U'\r'))) pasted.pop_back();
   for (char32_t& character : pasted) {
     if (character == U'\n' || character == U'\r') character = line_break;
     if (character == U'\t') character = U' ';
   }
   return pasted;
+}
+
+// The beginning of a text, for a sentence about it.
+std::string Shortened(std::string_view text) {
+  constexpr int kShown = 30;
+  std::string shown;
+  for (const char32_t c : Pasted(utf8::Substring(text, 0, kShown), false)) utf8::Append(shown, c);
+  return utf8::Length(text) > kShown ? shown + " …" : shown;
 }
 
 }  // namespace
@@ -131,9 +163,20 @@ bool UserActions::TypeCharacter(char32_t character) {
     if (!active || IsControlCharacter(character)) return;
     if (character == U' ' && dynamic_cast<Captioned*>(active)) return ClickSelf(*active);
     Handle([&] { active->KeyDown(KeyOf(character), 0); });
-    if (form_.IsLoaded() && form_.ActiveControl() == active) taken = PressCharacter(*active, character);
+    if (!form_.IsLoaded() || form_.ActiveControl() != active) return;
+    if (IsPoint(character) && TakesDatePart(*active)) return ActOnKey(*active, kKeyTab, 0);
+    taken = PressCharacter(*active, Meant(*active, character));
+    if (!taken && TakesText(*active)) RefuseCharacter(*active, character);
   });
   return taken;
+}
+
+// A handler may have answered the key by leaving the control or closing the Screen; that is no refusal.
+void UserActions::RefuseCharacter(Control& control, char32_t character) {
+  if (!form_.IsLoaded() || form_.ActiveControl() != &control) return;
+  std::string typed;
+  utf8::Append(typed, character);
+  toolkit_.ShowRefusal(control, "Das Zeichen „" + typed + "“ passt nicht in dieses Feld.");
 }
 
 // Runs the filter, then lets the control take the character. True if both admit it.
@@ -194,20 +237,38 @@ void UserActions::Type(std::string_view text) {
 
 bool UserActions::Paste(std::string_view text) {
   auto* const box = dynamic_cast<TextBox*>(form_.ActiveControl());
-  if (!box || box->Locked()) return false;
-  bool taken = true;
+  if (!box) return false;
+  bool taken = false;
   Act([&] {
-    const std::string before = box->Text();
-    const int start = box->SelStart(), length = box->SelLength();
-    for (const char32_t character : Pasted(text, box->MultiLine())) {
-      taken = taken && form_.ActiveControl() == box &&
-              PressCharacter(*box, character == U'\n' ? kKeyEnter : character);
-    }
-    if (taken) return;
-    Handle([&] { box->SetText(before); });
-    box->Select(start, length);
+    taken = !box->Locked() && PasteInto(*box, text);
+    if (taken || form_.ActiveControl() != box) return;
+    const std::string shown = Shortened(text);
+    toolkit_.ShowRefusal(*box, box->Locked() ? "Dieses Feld ist gesperrt."
+                                             : "Der Text „" + shown + "“ passt nicht in dieses Feld.");
   });
   return taken;
+}
+
+bool UserActions::PasteInto(TextBox& box, std::string_view text) {
+  // A copied cell ends in a line break that is not meant.
+  if (!box.MultiLine()) text = text.substr(0, text.find_last_not_of("\r\n") + 1);
+  const auto number = box.Takes() == Entry::kText ? std::nullopt : PlainNumber(text, CurrentLocale());
+  const std::u32string pasted = Pasted(number ? *number : text, box.MultiLine());
+  TextInsertion insertion(box);
+  const auto add = [&](char32_t character) {
+    if (IsControlCharacter(character) && character != U'\n') return true;
+    int key = static_cast<int>(character == U'\n' ? kKeyEnter : character);
+    box.KeyPress(key);
+    const bool admitted = key != 0 && form_.IsLoaded() && form_.ActiveControl() == &box;
+    const bool fits = box.MaxLength() == 0 || insertion.Length() < box.MaxLength();
+    if (admitted && fits) insertion.Add(key == kKeyEnter ? U'\n' : static_cast<char32_t>(key));
+    return admitted && fits;
+  };
+  bool taken = false;
+  Handle([&] { taken = std::ranges::all_of(pasted, add); });
+  if (taken) return Handle([&] { insertion.Finish(); });
+  insertion.Undo();
+  return false;
 }
 
 void UserActions::ReplaceText(TextBox& box, std::string_view text) {
