@@ -41,6 +41,8 @@ class ControlView {
   virtual bool Other(QEvent&) { return false; }
   // Ctrl released alone.
   virtual void Lookup();
+  // Shows for a moment that the control did not take what was typed.
+  void Flash();
   // What was typed but not yet handed on; the window asks before the user does anything else.
   virtual void Commit() {}
 

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -12,12 +13,26 @@
 #include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
+namespace {
+
+// As wide as the window is, however long the sentence.
+QLabel* MakeStatusLine(QWidget* parent) {
+  auto* const line = new QLabel(parent);
+  line->setObjectName("status");
+  line->setTextFormat(Qt::PlainText);
+  line->setMargin(line->fontMetrics().height() / 4);
+  line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  return line;
+}
+
+}  // namespace
 
 FormWindow::FormWindow(Form& form, Toolkit& toolkit, QWidget* owner)
     : QDialog(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                            Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       form_(form),
-      user_(form, toolkit) {
+      user_(form, toolkit),
+      status_(MakeStatusLine(this)) {
   setModal(true);
   setAttribute(Qt::WA_QuitOnClose, false);
   setWindowTitle(ToQt(form.Caption()));
@@ -26,7 +41,9 @@ FormWindow::FormWindow(Form& form, Toolkit& toolkit, QWidget* owner)
   content_ = new QWidget(this);
   auto* const fill = new QVBoxLayout(this);
   fill->setContentsMargins({});
-  fill->addWidget(content_);
+  fill->setSpacing(0);
+  fill->addWidget(content_, 1);
+  fill->addWidget(status_);
   BuildLayout(form.Layout(), *this, content_);
   form_.SetObserver(this);
   PlaceOver(owner);
@@ -119,6 +136,11 @@ void FormWindow::ControlChanged(Control& control, Aspect aspect) {
       if (around == &control) view->Show(Aspect::kEnabled);
     }
   }
+}
+
+void FormWindow::ShowStatus(const QString& sentence) {
+  status_->setText(sentence);
+  status_->setToolTip(sentence);
 }
 
 void FormWindow::FormCaptionChanged() {

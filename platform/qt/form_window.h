@@ -14,6 +14,8 @@
 #include "platform/qt/control_view.h"
 #include "src/context/services/user_actions.h"
 
+class QLabel;
+
 namespace tarvoni::qt {
 
 // The window of one Screen while it is shown modally. All input of its widgets comes together here and goes to the
@@ -62,6 +64,8 @@ class FormWindow : public QDialog, private FormObserver {
       Fail(std::current_exception());
     }
   }
+  // The status line; a sentence that asks for no answer.
+  void ShowStatus(const QString& sentence);
   // Ends Run with this exception.
   void Fail(std::exception_ptr failure) noexcept;
   bool Failed() const { return failure_ != nullptr; }
@@ -98,6 +102,7 @@ class FormWindow : public QDialog, private FormObserver {
   std::map<Timer*, QBasicTimer> timers_;
   std::exception_ptr failure_;
   QWidget* content_ = nullptr;
+  QLabel* status_;
   int busy_ = 0;  // actions at work
   bool times_ = false;
   bool ctrl_alone_ = false;

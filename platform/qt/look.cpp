@@ -62,6 +62,12 @@ void PaintBox(QWidget& box, Color color, bool locked) {
   box.setPalette(palette);
 }
 
+void PaintRefused(QWidget& box) {
+  QPalette palette = box.palette();
+  palette.setColor(QPalette::Base, Mixed(Qt::red, palette.color(QPalette::Base), 0.5));
+  box.setPalette(palette);
+}
+
 QIcon LookupIcon(const QWidget& widget) {
   constexpr int kSize = 16;
   const qreal ratio = widget.devicePixelRatioF();

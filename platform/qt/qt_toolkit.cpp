@@ -1,5 +1,6 @@
 #include "platform/qt/public/qt_toolkit.h"
 
+#include <QApplication>
 #include <QGuiApplication>
 #include <algorithm>
 
@@ -12,6 +13,7 @@
 #include "platform/qt/dialogs/print_preview.h"
 #include "platform/qt/dialogs/text_dialog.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/public/text.h"
 #include "src/context/services/environment.h"
 
 namespace tarvoni::qt {
@@ -108,6 +110,16 @@ std::optional<std::string> QtToolkit::DoEditText(const TextRequest& request) {
 void QtToolkit::DoPreviewPrint(const PrintDocument& document) {
   const UsualPointer pointer;
   ShowPrintPreview(DialogOwner(), document);
+}
+
+void QtToolkit::DoTell(const std::string& sentence) {
+  if (FormWindow* const window = TopWindow()) window->ShowStatus(ToQt(sentence));
+}
+
+void QtToolkit::DoShowRefusal(Control& control) {
+  FormWindow* const window = WindowOf(control.OwnerForm());
+  if (ControlView* const view = window ? window->ViewOf(&control) : nullptr) view->Flash();
+  QApplication::beep();
 }
 
 void QtToolkit::ShowWaitPointer(bool waits) {

@@ -24,6 +24,9 @@ QPalette ReadablePalette();
 // Colours of a box: a locked one stands out from an open one in light and dark palettes alike.
 void PaintBox(QWidget& box, Color color, bool locked);
 
+// A box that refused a key, until it is painted anew.
+void PaintRefused(QWidget& box);
+
 // The three points of a lookup's button, in the palette's text colour.
 QIcon LookupIcon(const QWidget& widget);
 
