@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "src/context/services/mnemonics.h"
 #include "src/context/values/call_error.h"
 #include "tests/support/fake_connection.h"
 #include "tests/support/quiet_toolkit.h"
@@ -110,6 +111,10 @@ TEST_F(Actions, LeavingHandlerSendsTheFocusBackWithOneMessage) {
   EXPECT_THAT(toolkit.prompts, ElementsAre("falsch"));
   EXPECT_TRUE(form.txtA.HasFocus());
   EXPECT_THAT(form.log, ElementsAre("validate txtA", "got txtA")) << "the click is lost with the focus";
+  form.log.clear();
+  form.btnAbbrechen.SetCausesValidation(false);
+  user.Click(form.btnAbbrechen);
+  EXPECT_THAT(form.log, ElementsAre("got txtA", "click btnAbbrechen")) << "what cancels arrives at once";
 }
 
 TEST_F(Actions, ClickOnADisabledButtonIsNone) {
@@ -311,7 +316,75 @@ TEST_F(Actions, MnemonicsPressButtons) {
   UserActions& user = Open();
   EXPECT_TRUE(user.Mnemonic(U's'));
   EXPECT_THAT(form.log, testing::Contains("click btnOk"));
+  EXPECT_TRUE(user.Mnemonic(U'a')) << "a letter of its caption where it names none";
+  EXPECT_THAT(form.log, testing::Contains("click btnAbbrechen"));
   EXPECT_FALSE(user.Mnemonic(U'x'));
+}
+
+TEST_F(Actions, EveryButtonHasALetterOfItsOwn) {
+  form.btnOk.SetCaption("&Schließen");
+  form.btnAbbrechen.SetCaption("&Speichern");
+  EXPECT_EQ(CaptionWithMnemonic(form.btnOk), "&Schließen");
+  EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "S&peichern") << "the letter is taken";
+  form.btnAbbrechen.SetCaption("Storno + Senden && Ende");
+  EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "Storno + Senden && &Ende") << "beginnings of words first";
+  EXPECT_EQ(CaptionWithMnemonic(form.frm), "Daten");
+}
+
+// A Screen with a list state and an edit state.
+class Editing : public Actions {
+ protected:
+  Editing() {
+    form.btnOk.SetDoes(Command::kSave);
+    form.btnAbbrechen.SetDoes(Command::kCancel);
+    form.Form_Unload = [this](bool& refused) { refused = form.btnAbbrechen.Enabled(); };
+    form.btnAbbrechen.SetEnabled(false);
+    form.btnOk.SetEnabled(false);
+  }
+  void Edit(bool edit) {
+    form.btnAbbrechen.SetEnabled(edit);
+    form.btnOk.SetEnabled(edit);
+  }
+};
+
+TEST_F(Editing, EscapeAsksBeforeAnythingTypedIsLost) {
+  UserActions& user = Open();
+  form.btnAbbrechen.Click = [&] { Edit(false); };
+  Edit(true);
+  user.Key(kKeyEscape);
+  EXPECT_THAT(toolkit.prompts, IsEmpty()) << "nothing was typed";
+  EXPECT_FALSE(form.btnAbbrechen.Enabled());
+  Edit(true);
+  user.Focus(form.txtA);
+  user.Type("x");
+  toolkit.answer = kAnswerNo;
+  user.Key(kKeyEscape);
+  EXPECT_THAT(toolkit.prompts, ElementsAre("Die Eingaben verwerfen?"));
+  EXPECT_TRUE(form.btnAbbrechen.Enabled());
+  toolkit.answer = kAnswerYes;
+  user.Key(kKeyEscape);
+  EXPECT_FALSE(form.btnAbbrechen.Enabled());
+  EXPECT_TRUE(form.IsLoaded());
+  user.Key(kKeyEscape);
+  EXPECT_FALSE(form.IsLoaded()) << "where nothing is edited it closes";
+}
+
+TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
+  UserActions& user = Open();
+  form.SetSubject("Auftrag 1");
+  user.Key('S', 2);
+  EXPECT_THAT(form.log, IsEmpty()) << "nothing is edited";
+  Edit(true);
+  EXPECT_FALSE(user.Close());
+  EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.");
+  form.btnOk.Click = [] {};
+  user.Key('S', 2);
+  EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.") << "the save was refused";
+  form.btnOk.Click = [&] { Edit(false); };
+  user.Key('S', 2);
+  EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Auftrag 1.");
+  user.Key(kKeyF1);
+  EXPECT_THAT(toolkit.prompts.back(), testing::HasSubstr("Strg+S: Schließen"));
 }
 
 TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
@@ -445,6 +518,20 @@ TEST(Choosing, TabsChecksOptionsAndDates) {
   form.dtp.SetLimits({.year = 1901, .month = 1, .day = 1}, {.year = 2079, .month = 1, .day = 1});
   user.ChooseDate(form.dtp, DateTime{.year = 2100, .month = 5, .day = 1});
   EXPECT_EQ(form.dtp.Value(), (DateTime{.year = 2079, .month = 1, .day = 1}));
+}
+
+TEST(Choosing, CtrlWithTabOrAPageKeyTurnsToAnotherTab) {
+  QuietToolkit toolkit;
+  Choices form;
+  const auto shown = toolkit.Show(form, form.chk);
+  UserActions& user = shown->user;
+  user.Key(kKeyTab, 2);
+  EXPECT_EQ(form.SSTab1.Tab(), 1);
+  user.Key(kKeyPageDown, 2);
+  EXPECT_EQ(form.SSTab1.Tab(), 0) << "round the end";
+  form.SSTab1.SetTabEnabled(1, false);
+  user.Key(kKeyTab, 3);
+  EXPECT_EQ(form.SSTab1.Tab(), 0);
 }
 
 TEST(Choosing, ListClicksOnAChangeOnlyAndFollowsRemovedItems) {

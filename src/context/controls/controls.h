@@ -31,16 +31,22 @@ class Frame : public Captioned {
   using Captioned::Captioned;
 };
 
+// What a button is for, where a key of its own presses it from anywhere on the Screen.
+enum class Command { kNone, kNew, kEdit, kSave, kSaveAndNew, kCancel, kDelete, kClose };
+
 class Button : public Captioned {
  public:
   using Captioned::Captioned;
   bool TakesFocus() const override { return true; }
+  Command Does() const { return does_; }
+  void SetDoes(Command command) { does_ = command; }
 
   // Runs the click at once, enabled or not; meanwhile the button counts as pressed.
   void Press();
   bool Pressed() const { return pressed_ > 0; }
 
  private:
+  Command does_ = Command::kNone;
   int pressed_ = 0;
 };
 

@@ -98,6 +98,8 @@ class Toolkit {
   // The Screens that are open, the topmost last.
   const std::vector<Form*>& OpenForms() const { return open_forms_; }
   Form* TopForm() const { return open_forms_.empty() ? nullptr : open_forms_.back(); }
+  // A title with what the Screen and those below it stand on.
+  std::string Titled(const std::string& title, const Form& form) const;
 
   int MessageBox(const std::string& prompt, int style, const std::string& title);
   // "" on cancel.

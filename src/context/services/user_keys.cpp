@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "src/context/services/command_keys.h"
 #include "src/context/services/environment.h"
 #include "src/context/services/user_actions.h"
 #include "src/context/values/number_text.h"
@@ -7,9 +8,6 @@
 
 namespace tarvoni {
 namespace {
-
-constexpr int kShift = 1;
-constexpr int kCtrl = 2;
 
 // The key behind a character, as KeyDown tells it; 0 where it depends on the keyboard.
 int KeyOf(char32_t character) {
@@ -95,19 +93,29 @@ void UserActions::Tab(bool backwards) {
 
 void UserActions::Lookup() {
   Act([this] {
-    if (Control* active = form_.ActiveControl()) Handle([active] { active->KeyDown(kKeyCtrl, kCtrl); });
+    if (Control* active = form_.ActiveControl()) OpenLookup(*active);
   });
+}
+
+// What a lookup brings counts as typed.
+void UserActions::OpenLookup(Control& control) {
+  const auto* const box = dynamic_cast<const TextBox*>(&control);
+  const std::string before = box ? box->Text() : "";
+  Handle([&] { control.KeyDown(kKeyCtrl, kCtrl); });
+  typed_ = typed_ || (box && box->Text() != before);
 }
 
 void UserActions::PressKey(int key, int shift) {
   Control* const active = form_.ActiveControl();
   if (!active) {
-    if (key == kKeyEscape) Close();
+    if (key == kKeyEscape) Cancel();
+    if (IsCommand(key, shift)) DoCommand(key, shift);
     return;
   }
   // The Tab key belongs to the window, not to the control.
   if (key != kKeyTab) Handle([&] { active->KeyDown(key, shift); });
-  if (form_.IsLoaded() && form_.ActiveControl() == active) ActOnKey(*active, key, shift);
+  if (!form_.IsLoaded() || form_.ActiveControl() != active) return;
+  IsCommand(key, shift) ? DoCommand(key, shift) : ActOnKey(*active, key, shift);
 }
 
 void UserActions::ActOnKey(Control& control, int key, int shift) {
@@ -131,11 +139,10 @@ void UserActions::ActOnKey(Control& control, int key, int shift) {
       if (box) Erase(*box, key);
       return;
     case kKeyEscape:
-      if (PressCharacter(control, kKeyEscape)) Close();
+      if (PressCharacter(control, kKeyEscape)) Cancel();
       return;
     case kKeyF4:
-      Handle([&] { control.KeyDown(kKeyCtrl, kCtrl); });
-      return;
+      return OpenLookup(control);
     case kKeyUp:
       return Step(control, -1);
     case kKeyDown:
@@ -190,6 +197,7 @@ bool UserActions::PressCharacter(Control& control, char32_t character) {
     if (IsControlCharacter(character)) return true;
     std::string text = combo->SelLength() > 0 ? std::string() : combo->Text();
     utf8::Append(text, character);
+    typed_ = true;
     return Handle([&] { combo->SetText(text); });
   }
   return true;
@@ -220,6 +228,7 @@ void UserActions::Erase(TextBox& box, int key) {
 }
 
 void UserActions::Replace(TextBox& box, const std::string& text, int caret) {
+  typed_ = true;
   Handle([&] { box.SetText(text); });
   box.Select(caret, 0);
 }
@@ -266,6 +275,7 @@ bool UserActions::PasteInto(TextBox& box, std::string_view text) {
   };
   bool taken = false;
   Handle([&] { taken = std::ranges::all_of(pasted, add); });
+  typed_ = typed_ || taken;
   if (taken) return Handle([&] { insertion.Finish(); });
   insertion.Undo();
   return false;
@@ -273,13 +283,17 @@ bool UserActions::PasteInto(TextBox& box, std::string_view text) {
 
 void UserActions::ReplaceText(TextBox& box, std::string_view text) {
   Act([&] {
-    if (!box.Locked() && box.IsEnabled()) Handle([&] { box.SetText(text); });
+    if (box.Locked() || !box.IsEnabled()) return;
+    typed_ = true;
+    Handle([&] { box.SetText(text); });
   });
 }
 
 void UserActions::ReplaceText(ComboBox& combo, std::string_view text) {
   Act([&] {
-    if (combo.Editable() && !combo.Locked() && combo.IsEnabled()) Handle([&] { combo.SetText(text); });
+    if (!combo.Editable() || combo.Locked() || !combo.IsEnabled()) return;
+    typed_ = true;
+    Handle([&] { combo.SetText(text); });
   });
 }
 
