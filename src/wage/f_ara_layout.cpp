@@ -26,16 +26,19 @@ layout::Node F_ARA::BuildLayout() {
                            Row(lblMenge, "Menge", Box(txtMenge, 12), Shown(txtMengeEinhait, 6))),
                      Stack(Row(lblStunden_dir_Lohn, "Stunden direkter Lohn", Shown(txtStunden_dir_Lohn, 12)),
                            Row(lblGesamtKosten, "Gesamtkosten", Box(txtGesamtKosten, 12)))))),
-      Group(frmSelektion, "Selektion",
-            Side(Stack(Row(lblKostenstelleSel, "Kostenstelle", Box(txtKostenstelleSel[0], 8),
-                           Shown(txtKostenstelleSel[1]))),
-                 Stack(Row(lblLeistungsartSel, "Leistsungsart", Box(txtLeistungsartSel[0], 8),
-                           Shown(txtLeistungsartSel[1]))))),
+      // Behind the buttons: a changed selection reads the list anew, and with it what is being edited.
+      Last(Group(frmSelektion, "Selektion",
+                 Side(Stack(Row(lblKostenstelleSel, "Kostenstelle", Box(txtKostenstelleSel[0], 8),
+                                Shown(txtKostenstelleSel[1]))),
+                      Stack(Row(lblLeistungsartSel, "Leistsungsart", Box(txtLeistungsartSel[0], 8),
+                                Shown(txtLeistungsartSel[1])))))),
       Table(DataGridArbeitsauftrag),
-      Bar(Push(btnNeu, "Neu"), Push(btnBearbeiten, "Bearbeiten"), Push(btnSpeichern, "Speichern"),
-          Push(btnSpeichernNew, "Speichern+Neu"), Push(btnAbbrechen, "Bearb. Abbr."),
-          Push(btnStorno, "Storno"), Push(btnStornoNew, "Storno+New"), Gap(), Push(btnVorgaben, "Vorgaben"),
-          Push(btnStunden, "Stunden"), Gap(), Push(btnClose, "Schließen")),
+      Bar(Push(btnNeu, "Neu", Command::kNew), Push(btnBearbeiten, "Bearbeiten", Command::kEdit),
+          Push(btnSpeichern, "Speichern", Command::kSave),
+          Push(btnSpeichernNew, "Speichern+Neu", Command::kSaveAndNew),
+          Push(btnAbbrechen, "Bearb. Abbr.", Command::kCancel), Push(btnStorno, "Storno"),
+          Push(btnStornoNew, "Storno+New"), Gap(), Push(btnVorgaben, "Vorgaben"),
+          Push(btnStunden, "Stunden"), Gap(), Push(btnClose, "Schließen", Command::kClose)),
       Hidden({&AdodcArbeitsauftrag}));
 }
 

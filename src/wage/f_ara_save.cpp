@@ -90,6 +90,7 @@ void F_ARA::CreateNewAra(bool bolKeep) {
   const std::string provisional = txtForstbetrieb.Text() + txtFWJ.Text() + txtArbeitsauftrag.Text();
   const std::int32_t number = ReadNumber(sql::InsertPosition(curAraId, provisional));
   txtArbeitsauftrag.SetText(FormatNumber(number, "0000", CurrentLocale()));
+  SetSubject("Forstbetrieb " + txtForstbetrieb.Text() + ", neuer Auftrag " + txtArbeitsauftrag.Text());
   if (!bolKeep) ClearFields();
 }
 

@@ -141,6 +141,9 @@ void F_Arbeitnehmer::ShowCurrentRow() {
   row.Show("PROZENTSATZ", txtProzentsatz, kAmount);
   row.Show("WERT", txtGesamtbetrag, kAmount);
   curStundenId = row.Number("ID");
+  SetSubject(curStundenId == 0 ? ""
+                               : txtPersonalnummer[0].Text() + " " + txtPersonalnummer[1].Text() + ", " +
+                                     txtVerlohnungs[1].Text() + "." + txtVerlohnungs[3].Text());
   SetViewState(true);
 }
 

@@ -20,9 +20,11 @@ layout::Node F_Arbeitnehmer::BuildLayout() {
                 Text(lblProzentsatz, "Prozentsatz"), Box(txtProzentsatz, 10),
                 Text(lblGesamtbetrag, "Gesamtbetrag"), Shown(txtGesamtbetrag, 12), Gap())),
       Table(DataGridArbeitnehmer),
-      Bar(Push(btnNeu, "Neu"), Push(btnBearbeiten, "Bearbeiten"), Push(btnSpeichern[0], "Speichern"),
-          Push(btnSpeichern[1], "Speich.+Neu"), Push(btnAbbrechen, "Abbr."), Push(btnLoschen, "Löschen"),
-          Gap(), Push(btnClose, "Schließen")),
+      Bar(Push(btnNeu, "Neu", Command::kNew), Push(btnBearbeiten, "Bearbeiten", Command::kEdit),
+          Push(btnSpeichern[0], "Speichern", Command::kSave),
+          Push(btnSpeichern[1], "Speich.+Neu", Command::kSaveAndNew),
+          Push(btnAbbrechen, "Abbr.", Command::kCancel), Push(btnLoschen, "Löschen", Command::kDelete), Gap(),
+          Push(btnClose, "Schließen", Command::kClose)),
       Hidden({&AdodcArbeitnehmer}));
 }
 

@@ -25,6 +25,7 @@ void F_Arbeitnehmer::ConnectButtons() {
 void F_Arbeitnehmer::StartNew() {
   btnNeu.SetTag("YES");
   SetViewState(false);
+  SetSubject("neue Zeile");
   txtBearbeitungsmonat[3].SetText(curFwj);
   txtVerlohnungs[3].SetText(curFwj);
   worker_.Clear();
