@@ -32,10 +32,11 @@ FormWindow::FormWindow(Form& form, Toolkit& toolkit, QWidget* owner)
                            Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       form_(form),
       user_(form, toolkit),
+      toolkit_(toolkit),
       status_(MakeStatusLine(this)) {
   setModal(true);
   setAttribute(Qt::WA_QuitOnClose, false);
-  setWindowTitle(ToQt(form.Caption()));
+  FormCaptionChanged();
   setObjectName(ToQt(form.Name()));
   setPalette(ReadablePalette());
   content_ = new QWidget(this);
@@ -144,7 +145,7 @@ void FormWindow::ShowStatus(const QString& sentence) {
 }
 
 void FormWindow::FormCaptionChanged() {
-  setWindowTitle(ToQt(form_.Caption()));
+  setWindowTitle(ToQt(toolkit_.Titled(form_.Caption(), form_)));
 }
 
 void FormWindow::FormUnloaded() {
@@ -205,8 +206,8 @@ bool FormWindow::event(QEvent* event) {
 }
 
 // Mnemonics go the user's way like any key; commands of a widget with Ctrl (copying rows) stay its own.
-bool FormWindow::TakesShortcut(QEvent& event) {
-  const bool takes = !static_cast<QKeyEvent&>(event).modifiers().testFlag(Qt::ControlModifier);
+bool FormWindow::TakesShortcut(QEvent& event) const {
+  const bool takes = reading_ || !static_cast<QKeyEvent&>(event).modifiers().testFlag(Qt::ControlModifier);
   event.setAccepted(takes);
   return takes;
 }
@@ -244,12 +245,18 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
 }
 
 bool FormWindow::KeyPressed(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Copy) && reading_ && reading_->CopyMarked()) return true;
   if (event.key() == Qt::Key_Control) {
     if (!event.isAutoRepeat()) ctrl_alone_ = !(event.modifiers() & (Qt::ShiftModifier | Qt::AltModifier));
     return true;
   }
   ctrl_alone_ = false;
   if (IsModifier(event)) return true;
+  const int code = CommandCode(event), shift = ShiftState(event.modifiers());
+  if (code != 0 && user_.IsCommand(code, shift)) {
+    Act([&](UserActions& user) { user.Key(code, shift); });
+    return true;
+  }
   if (const char32_t letter = MnemonicLetter(event)) {
     Act([&](UserActions& user) { user.Mnemonic(letter); });
     return true;

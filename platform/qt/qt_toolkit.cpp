@@ -67,7 +67,8 @@ void QtToolkit::DoShowModal(Form& form) {
 
 int QtToolkit::DoMessageBox(const std::string& prompt, int style, const std::string& title) {
   const UsualPointer pointer;
-  return ShowMessageBox(DialogOwner(), prompt, style, title);
+  const Form* const form = TopForm();
+  return ShowMessageBox(DialogOwner(), prompt, style, form ? Titled(title, *form) : title);
 }
 
 std::string QtToolkit::DoInputBox(const std::string& prompt, const std::string& title,

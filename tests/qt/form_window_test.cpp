@@ -7,6 +7,7 @@
 #include <QDeadlineTimer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <algorithm>
@@ -167,16 +168,18 @@ TEST(FormWindow, WhatStandsInADisabledFrameIsDisabled) {
   stage.Show(stage.form.txtLohnart, [&](FormWindow& window) {
     QWidget& box = stage.WidgetOf(stage.form.txtLohnart);
     stage.form.frmKopf.SetEnabled(false);
-    EXPECT_FALSE(box.isEnabled());
-    EXPECT_FALSE(stage.WidgetOf(stage.form.txtText).isEnabled()) << "in a frame within the frame";
+    EXPECT_TRUE(dynamic_cast<QLineEdit&>(box).isReadOnly());
+    EXPECT_TRUE(dynamic_cast<QPlainTextEdit&>(stage.WidgetOf(stage.form.txtText)).isReadOnly())
+        << "in a frame within the frame";
+    EXPECT_FALSE(stage.WidgetOf(stage.form.cboEinheit).isEnabled());
     stage.driver.Click(stage.form.cboEinheit);
     EXPECT_FALSE(stage.form.cboEinheit.HasFocus());
     EXPECT_EQ(stage.form.ActiveControl(), &stage.form.optZeit) << "off the control that closed";
     EXPECT_EQ(window.focusWidget(), &stage.WidgetOf(stage.form.optZeit));
     stage.form.frmKopf.SetEnabled(true);
-    EXPECT_TRUE(box.isEnabled());
+    EXPECT_FALSE(dynamic_cast<QLineEdit&>(box).isReadOnly());
     stage.form.txtMenge.SetEnabled(false);
-    EXPECT_FALSE(stage.WidgetOf(stage.form.txtMenge).isEnabled());
+    EXPECT_TRUE(dynamic_cast<QLineEdit&>(stage.WidgetOf(stage.form.txtMenge)).isReadOnly());
     stage.form.btnNeu.SetEnabled(false);
     stage.form.log.clear();
     stage.driver.Click(stage.form.btnNeu);
@@ -221,6 +224,35 @@ TEST(FormWindow, KeysOfTheWindowSystemComeOnce) {
     stage.form.log.clear();
     press(Qt::Key_Escape);
     EXPECT_THAT(stage.form.log, ElementsAre("press DataGrid1 27", "unload"));
+  });
+}
+
+TEST(FormWindow, KeysOfCommandsReachTheirButtons) {
+  Stage stage;
+  auto& save = stage.form.btnSpeichern;
+  save.SetDoes(Command::kSave);
+  stage.form.btnNeu.SetDoes(Command::kNew);
+  stage.Show(stage.form.txtMenge, [&](FormWindow& window) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+      stage.form.log.clear();
+      QTest::keyClick(window.windowHandle(), key, modifiers);
+    };
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_THAT(stage.form.log, Contains("click btnSpeichern"));
+    stage.driver.Focus(stage.form.DataGrid1);
+    press(Qt::Key_Insert);
+    EXPECT_THAT(stage.form.log, Contains("click btnNeu"));
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(stage.form.tabSeiten.Tab(), 1);
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(stage.form.tabSeiten.Tab(), 0);
+    EXPECT_EQ(FromQt(stage.WidgetOf(save).toolTip()), "Speichern (Strg+S)");
+    stage.form.veto = true;
+    window.close();
+    EXPECT_EQ(FromQt(window.findChild<QLabel*>("status")->text()), "Bitte speichern oder abbrechen.");
+    stage.form.SetSubject("Auftrag 1");
+    EXPECT_EQ(FromQt(window.windowTitle()), "Arbeitsaufträge – Auftrag 1");
   });
 }
 
