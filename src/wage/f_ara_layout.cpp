@@ -24,7 +24,7 @@ layout::Node F_ARA::BuildLayout() {
           Group(frmSummen, "Summen",
                 Side(Stack(Row(lblFlache, "Flache", Box(txtFlache, 12)),
                            Row(lblMenge, "Menge", Box(txtMenge, 12), Shown(txtMengeEinhait, 6))),
-                     Stack(Row(lblStunden_dir_Lohn, "Stunden direkter Lohn", Shown(txtStunden_dir_Lohn, 12)),
+                     Stack(Row(lblStunden_dir_Lohn, "Stunden direkter Lohn", ShownAmount(txtStunden_dir_Lohn, 12)),
                            Row(lblGesamtKosten, "Gesamtkosten", Box(txtGesamtKosten, 12)))))),
       // Behind the buttons: a changed selection reads the list anew, and with it what is being edited.
       Last(Group(frmSelektion, "Selektion",

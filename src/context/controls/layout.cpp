@@ -36,6 +36,11 @@ Node Shown(TextBox& box, int width) {
   return Cell(box, width);
 }
 
+Node ShownAmount(TextBox& box, int width) {
+  box.SetTakes(Entry::kDecimal);
+  return Shown(box, width);
+}
+
 Node Lines(TextBox& box, int rows, int width) {
   box.SetMultiLine(true);
   return {.kind = Kind::kList, .control = &box, .width = width, .rows = rows};

@@ -61,6 +61,8 @@ Node Box(DateControl& box);
 Node Box(Label& label, int width = 0);  // a label that shows a value
 // A box that only shows: locked, out of the tab order, in the face colour.
 Node Shown(TextBox& box, int width = 0);
+// An amount that only shows, aligned to the right as those that are typed.
+Node ShownAmount(TextBox& box, int width = 0);
 Node Lines(TextBox& box, int rows, int width = 0);  // makes the box one of several lines
 Node List(ListBox& box, int rows, int width = 0);
 // With a command the button has its key: F2 edits, Ins makes new …
