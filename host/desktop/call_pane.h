@@ -21,10 +21,11 @@ class CallPane : public QWidget {
   void SetScope(const ChoiceScope& scope, const QString& client_name);
   // Chooses a method; Enter opens it then.
   void Choose(const Method& method);
+  // Opens what is chosen, if all is given that it needs.
+  void Open();
 
  private:
   void ShowMethod(int index);
-  void Open();
 
   const Workplace& workplace_;
   Call call_;

@@ -57,7 +57,7 @@ MainWindow::MainWindow()
 }
 
 QWidget* MainWindow::MakeWorkPage() {
-  clients_ = new ClientList([this] { ShowScope(); });
+  clients_ = new ClientList([this] { ShowScope(); }, [this] { calls_->Open(); });
   forest_year_ = new QLineEdit;
   forest_year_->setValidator(new QIntValidator(0, kLastYear, forest_year_));
   connect(forest_year_, &QLineEdit::textChanged, this, [this] { ShowScope(); });

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -67,7 +68,10 @@ FormWindow::~FormWindow() {
 
 void FormWindow::PlaceOver(QWidget* owner) {
   const QScreen* const screen = owner ? owner->screen() : QGuiApplication::primaryScreen();
-  const QRect room = screen->availableGeometry();
+  // The system puts a title and an edge around it.
+  const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  const int edge = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+  const QRect room = screen->availableGeometry().marginsRemoved({edge, title, edge, edge});
   resize(sizeHint().boundedTo(room.size()));
   if (!owner) return;
   winId();

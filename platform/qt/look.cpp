@@ -3,7 +3,8 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStyle>
-#include <QStyleFactory>
+
+#include "platform/qt/house_style.h"
 
 namespace tarvoni::qt {
 namespace {
@@ -25,7 +26,7 @@ QColor BoxColor(const QPalette& palette, Color color, bool locked) {
 }  // namespace
 
 void UseHouseStyle(QApplication& application) {
-  application.setStyle(QStyleFactory::create("Fusion"));
+  application.setStyle(new HouseStyle);
 }
 
 int CharactersWide(const QWidget& widget, int characters) {
