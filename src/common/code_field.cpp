@@ -2,19 +2,11 @@
 
 #include <utility>
 
-#include "src/common/box_rules.h"
-
 namespace tarvoni {
 
 CodeField::CodeField(const TvnVar_Dll& context, const Guard& loading, TextBox& code, TextBox* companion,
                      Rule rule)
-    : context_(context), loading_(loading), code_(code), companion_(companion), rule_(std::move(rule)) {
-  SelectOnFocus(code_);
-  Append(code_.KeyDown, [this](int key, int) {
-    if (key == kKeyCtrl && (rule_.opens_locked || !code_.Locked())) Lookup();
-  });
-  Append(code_.LostFocus, [this] { Check(); });
-}
+    : context_(context), loading_(loading), code_(code), companion_(companion), rule_(std::move(rule)) {}
 
 void CodeField::Lookup() {
   code_.SetText(rule_.pick ? rule_.pick(code_.Text())

@@ -8,8 +8,8 @@
 
 namespace tarvoni {
 
-// A box for a code: Ctrl opens the list of codes, leaving checks the typed one. The code's id is the box's
-// Tag, its name goes into a companion box.
+// A box for a code: Ctrl opens the list of codes, leaving checks the typed one (Rules::Code connects both). The code's
+// id is the box's Tag, its name goes into a companion box.
 class CodeField {
  public:
   struct Rule {
@@ -28,6 +28,9 @@ class CodeField {
   CodeField(const CodeField&) = delete;
   CodeField& operator=(const CodeField&) = delete;
 
+  TextBox& Box() const { return code_; }
+  // The list opens only on an open box, unless the rule tells otherwise.
+  bool MayLookUp() const { return rule_.opens_locked || !code_.Locked(); }
   // Fills the box from the list and checks it; a cancelled list changes nothing.
   void Lookup();
   // The check on leaving. An empty box clears Tag and companion without a word; a wrong code clears all and

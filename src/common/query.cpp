@@ -29,6 +29,21 @@ bool HasRow(Connection& connection, std::string_view statement) {
   return !connection.Open(statement).EndOfFile();
 }
 
+RowGoneError::RowGoneError()
+    : std::runtime_error(
+          "Diesen Eintrag gibt es nicht mehr; er wurde vermutlich an einem anderen Arbeitsplatz gelöscht.") {}
+
+void ExecuteOnRow(Connection& connection, std::string_view statement) {
+  if (connection.Execute(statement) == 0) throw RowGoneError();
+}
+
+void TryExecute(Connection& connection, std::string_view statement) {
+  try {
+    connection.Execute(statement);
+  } catch (const DatabaseError&) {
+  }
+}
+
 std::int32_t ToLong(const Value& value) {
   return ToInt32(CurrentSuite().Values().ToNumber(value));
 }

@@ -1,4 +1,3 @@
-#include "platform/headless/public/headless_toolkit.h"
 #include "platform/script/public/script_player.h"
 
 #include <gmock/gmock.h>
@@ -6,10 +5,9 @@
 
 #include <algorithm>
 
+#include "platform/headless/public/headless_toolkit.h"
 #include "src/common/box_rules.h"
 #include "src/common/code_field.h"
-#include "src/common/list_rules.h"
-#include "src/common/view_switch.h"
 #include "src/context/values/clock.h"
 #include "tests/support/fake_connection.h"
 #include "tests/support/fake_suite.h"
@@ -27,7 +25,15 @@ using testing::HasSubstr;
 class F_Lager : public Screen {
  public:
   explicit F_Lager(int depth = 0)
-      : Screen("F_Lager" + std::string(static_cast<std::size_t>(depth), 'X')), depth_(depth) {}
+      : Screen("F_Lager" + std::string(static_cast<std::size_t>(depth), 'X')), depth_(depth) {
+    list.Connect([] {},
+                 [] {
+                   return std::vector<ShownColumn>{
+                       {.data_field = "NAME", .caption = "Name"},
+                       {.data_field = "WERT", .caption = "Wert", .number_format = "0.00"}};
+                 });
+    Wire();
+  }
 
   layout::Node BuildLayout() override {
     using namespace layout;
@@ -42,23 +48,17 @@ class F_Lager : public Screen {
   }
 
   void Run(const TvnVar_Dll& tvnvar) {
-    Enter(tvnvar);
-    Connect(Data1);
-    Data1.SetRecordSource("LIST");
-    DataGrid1.Bind(Data1);
-    RefreshUnderGuard(Data1, loading, [this] {
-      ShowColumns(DataGrid1, {{.data_field = "NAME", .caption = "Name"},
-                              {.data_field = "WERT", .caption = "Wert", .number_format = "0.00"}});
+    Present(tvnvar, [this] {
+      list.Load("LIST");
+      for (const char* item : {"EUR", "CZK"}) txtValuta.AddItem(item);
     });
-    for (const char* item : {"EUR", "CZK"}) txtValuta.AddItem(item);
-    Wire();
-    Show();
   }
 
   void Wire() {
-    NumberBox(txtMenge, "###0.00");
     OnEnter(txtMenge, TabOnEnter(*this));
     SelectOnFocus(txtMenge);
+    Rules(txtMenge).Number("###0.00");
+    Rules(txtKapitel[0]).Code(kapitel);
     btnNeu.Click = [this] {
       if (depth_ == 0) {
         F_Lager inner(1);
@@ -73,7 +73,7 @@ class F_Lager : public Screen {
     Form_Unload = [this](bool& cancel) {
       if (chkFertig.Checked()) return;
       cancel = true;
-      AppMsgBox(EntryMissing("fertig"), kBoxWarning);
+      AppMsgBox(Message(223) + " [fertig]", kBoxWarning);
     };
     later = std::make_unique<DeferredCall>(Timer1, [this] { listeSel.AddItem("nachher"); });
     txtValuta.Click = [this] { later->Request(); };
@@ -99,6 +99,7 @@ class F_Lager : public Screen {
   Button btnOk{*this, "btnOk"};
   Timer Timer1{*this, "Timer1"};
   Guard loading;
+  RowList list{*this, loading, {.data = Data1, .grid = DataGrid1}};
   std::unique_ptr<DeferredCall> later;
   CodeField kapitel{Context(), loading, txtKapitel[0], &txtKapitel[1],
                     NamedCode(Context(), txtKapitel[0], lblKapitel, "KAPITEL", "NAME",
