@@ -15,6 +15,7 @@ namespace tarvoni {
 namespace sql = ara_sql;
 
 F_ARA::F_ARA() : Screen("F_ARA") {
+  DataGridArbeitsauftrag.SetStruck("STATUSKOPF", "S");
   orders_.Connect([this] { ShowCurrentRow(); }, [this] { return Columns(); }, &btnBearbeiten);
   ConnectFields();
   ConnectButtons();

@@ -1,5 +1,7 @@
 #include "src/context/controls/data_control.h"
 
+#include <algorithm>
+
 #include "src/context/controls/grid.h"
 #include "src/context/services/environment.h"
 #include "src/context/values/call_error.h"
@@ -68,7 +70,31 @@ void DataControl::Refresh() {
     connection_ = connect(connection_string_);
   }
   recordset_.rows_ = connection_->Open(record_source_);
+  KeepOrder();
   RowsChanged();
+  RowMoved();
+}
+
+// Another statement may have no such field; its own order holds then.
+void DataControl::KeepOrder() {
+  const auto orders = [this](const Column& column) { return order_.starts_with("[" + column.name + "]"); };
+  if (order_.empty()) return;
+  if (std::ranges::any_of(recordset_.rows_.Columns(), orders)) {
+    recordset_.rows_.Sort(order_);
+  } else {
+    order_.clear();
+  }
+}
+
+void DataControl::OrderBy(const std::string& field) {
+  const std::string upward = "[" + field + "]";
+  order_ = order_ == upward ? upward + " DESC" : upward;
+  tarvoni::Recordset& rows = recordset_.rows_;
+  const bool stands = recordset_.HasCurrentRow();
+  const std::size_t row = stands ? rows.StatementRow() : 0;
+  rows.Sort(order_);
+  while (stands && rows.StatementRow() != row) rows.MoveNext();
+  for (DataGrid* grid : grids_) grid->Refresh();
   RowMoved();
 }
 

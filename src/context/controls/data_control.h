@@ -57,11 +57,16 @@ class DataControl : public Control {
   const std::string& RecordSource() const { return record_source_; }
   void SetRecordSource(std::string_view statement) { record_source_ = statement; }
 
-  // Runs the statement again, rebuilds the columns of the bound grids and stands on the first row. If the
-  // statement fails, the rows stay as they were.
+  // Runs the statement again, sorts its rows as the user chose, rebuilds the columns of the bound grids and stands on
+  // the first row. If the statement fails, the rows stay as they were.
   void Refresh();
   BoundRecordset& Recordset() { return recordset_; }
   const BoundRecordset& Recordset() const { return recordset_; }
+
+  // The order the user gave the rows, "[FIELD]" or "[FIELD] DESC"; "" for the statement's own.
+  const std::string& Order() const { return order_; }
+  // Sorts by the field, or the other way round if it is sorted by it; the current row stays the current one.
+  void OrderBy(const std::string& field);
 
   Event<> MoveComplete;
 
@@ -70,9 +75,11 @@ class DataControl : public Control {
   friend class DataGrid;
   void RowMoved();
   void RowsChanged();
+  void KeepOrder();
 
   std::string connection_string_;
   std::string record_source_;
+  std::string order_;
   std::shared_ptr<Connection> connection_;
   BoundRecordset recordset_{*this};
   std::vector<DataGrid*> grids_;

@@ -236,10 +236,7 @@ void UserActions::ClickHead(DataGrid& grid, int column) {
     }
     const std::string& field = grid.Columns()[column].DataField();
     if (field.empty() || grid.RowCount() == 0) return;
-    descending_ = sorted_grid_ == &grid && sorted_column_ == column && !descending_;
-    sorted_grid_ = &grid;
-    sorted_column_ = column;
-    Handle([&] { grid.Data()->Recordset().Sort("[" + field + "]" + (descending_ ? " DESC" : "")); });
+    Handle([&] { grid.Data()->OrderBy(field); });
   });
 }
 

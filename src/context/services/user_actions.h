@@ -122,9 +122,6 @@ class UserActions : private FormHost {
   int edits_ended_ = 0;
   std::string ended_subject_;      // what the Screen stood on then
   Control* redirected_ = nullptr;  // where a handler sent the focus meanwhile
-  const Grid* sorted_grid_ = nullptr;
-  int sorted_column_ = -1;
-  bool descending_ = false;
 };
 
 }  // namespace tarvoni
