@@ -256,6 +256,12 @@ bool FormWindow::KeyPressed(const QKeyEvent& event) {
   }
   ctrl_alone_ = false;
   if (IsModifier(event)) return true;
+  if (event.matches(QKeySequence::Find)) {
+    for (const auto& [control, view] : views_) {
+      if (view->Search()) break;
+    }
+    return true;
+  }
   const int code = CommandCode(event), shift = ShiftState(event.modifiers());
   if (code != 0 && user_.IsCommand(code, shift)) {
     Act([&](UserActions& user) { user.Key(code, shift); });

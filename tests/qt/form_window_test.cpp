@@ -5,10 +5,12 @@
 
 #include <QClipboard>
 #include <QDeadlineTimer>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QTest>
 #include <algorithm>
 
@@ -253,6 +255,39 @@ TEST(FormWindow, KeysOfCommandsReachTheirButtons) {
     EXPECT_EQ(FromQt(window.findChild<QLabel*>("status")->text()), "Bitte speichern oder abbrechen.");
     stage.form.SetSubject("Auftrag 1");
     EXPECT_EQ(FromQt(window.windowTitle()), "Arbeitsaufträge – Auftrag 1");
+  });
+}
+
+TEST(FormWindow, ListsSortMarkAndSearch) {
+  Stage stage;
+  auto& grid = stage.form.DataGrid1;
+  grid.SetStruck("NAME", "Buche");
+  stage.Show(grid, [&](FormWindow& window) {
+    const auto& table = dynamic_cast<QTableView&>(stage.WidgetOf(grid));
+    const auto shown = [&](int row) { return table.model()->index(row, 1); };
+    const auto told = [&](const char* name) { return FromQt(table.parentWidget()->findChild<QLabel*>(name)->text()); };
+    EXPECT_TRUE(shown(0).data(Qt::FontRole).value<QFont>().strikeOut());
+    stage.driver.ClickHead(grid, 1);
+    EXPECT_EQ(grid.Row(), 1) << "the row is the same, in its new place";
+    EXPECT_EQ(told("count"), "Zeile 2 von 3");
+    stage.form.Data1.Refresh();
+    EXPECT_EQ(FromQt(shown(0).data().toString()), "Ahorn") << "the order lasts";
+    EXPECT_EQ(table.horizontalHeader()->sortIndicatorSection(), 1);
+    EXPECT_FALSE(shown(0).data(Qt::FontRole).value<QFont>().strikeOut());
+    stage.driver.ClickRow(grid, 1);
+    stage.Press(Qt::Key_Down, Qt::ShiftModifier);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(grid.Row(), 2);
+    EXPECT_EQ(told("sum"), "Summe 21,75 (2 Zahlen)");
+    stage.Press(Qt::Key_F, Qt::ControlModifier);
+    auto& search = *table.parentWidget()->findChild<QLineEdit*>("search");
+    QTest::keyClicks(&search, "aho");
+    EXPECT_EQ(told("count"), "1 von 3 Zeilen");
+    QTest::keyClick(&search, Qt::Key_Return);
+    EXPECT_EQ(grid.Row(), 0);
+    EXPECT_EQ(window.focusWidget(), &table);
+    stage.Press(Qt::Key_Down);
+    EXPECT_EQ(grid.Row(), 0) << "what is hidden is no step";
   });
 }
 
