@@ -33,7 +33,8 @@ void MakeDatabase(const std::string& file) {
 }
 
 long long FirstNumber(const std::string& text) {
-  return std::get<std::int64_t>(Database().Open(text).Fields()[0].Value());
+  const Recordset rows = Database().Open(text);
+  return std::get<std::int64_t>(rows.Fields()[0].Value());
 }
 
 Value ReadCell(sqlite3_stmt* statement, int column, char type) {

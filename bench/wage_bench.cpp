@@ -54,9 +54,8 @@ void OpenHalf(benchmark::State& state) {
 
 // What btnSpeichern sends for a new order, in one handler; the list it then reads anew is measured above.
 void Save(benchmark::State& state) {
-  const auto order =
-      std::get<std::int64_t>(Database().Open("SELECT MAX(ID) FROM ARA_KOPF").Fields()[0].Value());
-  const auto id = static_cast<std::int32_t>(order);
+  const Recordset newest = Database().Open("SELECT MAX(ID) FROM ARA_KOPF");
+  const auto id = static_cast<std::int32_t>(std::get<std::int64_t>(newest.Fields()[0].Value()));
   int number = 0;
   for (auto _ : state) {
     const std::string typed = std::to_string(900000 + ++number % 1000);

@@ -164,6 +164,12 @@ class CommandLine {
         ->type_name("");
     command->add_flag("--update", script_.update,
                       "die erwarteten Zeilen (|) neu schreiben statt vergleichen");
+    command->add_flag("--all", script_.all,
+                      "nach einem Vergleich, der misslingt, weitermachen und am Ende alle nennen");
+    command
+        ->add_option("--database", script_.database,
+                     "leere Datenbank statt der im Skript genannten, auch odbc:…")
+        ->type_name("DATENBANK");
     command->add_flag("--tell", script_.tell,
                       "die Kommentare des Skripts ausgeben, sobald sie an der Reihe sind");
     command->add_option("--trace", script_.trace, "jede Anweisung an die Datenbank mit Zeit und Zeilen")

@@ -28,10 +28,12 @@ ExitCode RunDemo(const DemoCommand& command);
 struct ScriptCommand {
   std::vector<std::string> files;
   bool update = false;  // rewrite the expected rows instead of comparing
+  bool all = false;     // go on behind a comparison that fails
   bool desktop = false;
-  bool tell = false;  // print the script's remarks as it reaches them
-  std::string trace;  // file for the statements; "" for none
-  std::string shots;  // folder for pictures; "" for none
+  bool tell = false;          // print the script's remarks as it reaches them
+  std::string trace;          // file for the statements; "" for none
+  std::string shots;          // folder for pictures; "" for none
+  std::string database = {};  // instead of that of the scripts; "" for theirs
 };
 ExitCode RunScript(const ScriptCommand& command);
 

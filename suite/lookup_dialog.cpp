@@ -28,6 +28,10 @@ int HiddenColumns(std::string_view option, const Recordset& rows) {
   return hidden;
 }
 
+bool OffersNew(std::string_view option) {
+  return option.size() > 2 && option[2] == '2';
+}
+
 }  // namespace
 
 std::string LookupDialog::Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
@@ -36,7 +40,9 @@ std::string LookupDialog::Pick(const TvnVar_Dll& context, const std::string& sql
   const Recordset rows = DatabaseOf(context).Open(sql);
   PickRequest request = ChoiceOf(rows, caption, HiddenColumns(option, rows), start_text);
   request.option = option;
+  if (OffersNew(option)) request.extra_button = "&Neu";
   const PickResult result = CurrentToolkit().PickList(request);
+  if (result.extra) return kNew;
   return result.row ? FirstColumnText(rows, *result.row) : start_text;
 }
 

@@ -92,7 +92,8 @@ void ValueHelper::FilterKeyFormat(int& key, TextBox& box, const std::string& for
 }
 
 int ValueHelper::FilterDateKey(int key, TextBox&) {
-  const bool admitted = key < kFirstPrintable || (key >= '0' && key <= '9') || key == '.' || key == '-';
+  const bool admitted =
+      key < kFirstPrintable || (key >= '0' && key <= '9') || key == '.' || key == ',' || key == '-';
   return admitted ? key : 0;
 }
 

@@ -28,7 +28,7 @@ class ValueHelper final : public tarvoni::ValueHelper {
   // the user to mend.
   void FormatOnLeave(TextBox& box, const std::string& format) override;
   void FilterKeyFormat(int& key, TextBox& box, const std::string& format) override;
-  // Digits, points, and the hyphens of the form year-month-day.
+  // Digits, points or the keypad's commas, and the hyphens of the form year-month-day.
   int FilterDateKey(int key, TextBox& box) override;
 };
 

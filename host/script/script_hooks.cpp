@@ -7,6 +7,9 @@
 
 #include "host/demo/demo.h"
 #include "host/methods.h"
+#include "host/open_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
+#include "src/context/data/handler_scope.h"
 #include "src/context/values/call_error.h"
 #include "src/entry/screen_runs.h"
 #include "src/schema/schema.h"
@@ -47,6 +50,17 @@ ScriptHooks::Values ContentsOfTables(Connection& connection) {
   return contents;
 }
 
+// Only what is in a file can be copied.
+std::shared_ptr<Connection> Copy(Connection& connection) {
+  return IsServer(connection.ConnectionString()) ? nullptr : sqlite::CopyToMemory(connection);
+}
+
+// On a server each batch counts by itself: there is no commit that a handler's end could fail in.
+std::function<bool()> FailCommit(Connection& connection, int nth) {
+  return IsServer(connection.ConnectionString()) ? std::function<bool()>()
+                                                 : sqlite::FailCommit(connection, nth);
+}
+
 }  // namespace
 
 ScriptHooks MakeScriptHooks() {
@@ -57,7 +71,16 @@ ScriptHooks MakeScriptHooks() {
           .call = [](const std::string& method, const ScriptHooks::Values& arguments,
                      TvnVar_Dll& context) { return CallMethod(MethodNamed(method), arguments, context); },
           .run = RunScreen,
-          .contents = ContentsOfTables};
+          .contents = ContentsOfTables,
+          .schema =
+              [](Connection& connection) {
+                HandlerScope together(connection);
+                for (const std::string& statement : SchemaStatements()) connection.Execute(statement);
+                together.Finish();
+              },
+          .copy = Copy,
+          .fail_commit = FailCommit,
+          .fixtures = std::make_shared<std::map<std::string, std::shared_ptr<Connection>>>()};
 }
 
 }  // namespace tarvoni::host

@@ -209,6 +209,12 @@ void QtDriver::ClickHead(DataGrid& grid, int column) {
   Settle();
 }
 
+void QtDriver::ResizeColumn(Grid& grid, int column, int twips) {
+  if (auto* const view = dynamic_cast<GridView*>(ViewOf(grid)))
+    view->Rows().Table()->setColumnWidth(column, PixelsOfTwips(twips, view->Rows()));
+  Settle();
+}
+
 void QtDriver::Close(Form& form) {
   if (FormWindow* window = toolkit_.WindowOf(form)) window->close();
   Settle();

@@ -129,13 +129,10 @@ void TableView::ShowRows() {
 // The arrow in the head of the column the user sorted by.
 void TableView::ShowOrder() {
   const auto* const data_grid = dynamic_cast<const DataGrid*>(&grid_);
-  const std::string order = data_grid && data_grid->Data() ? data_grid->Data()->Order() : "";
-  int sorted = -1;
-  for (int column = 0; column < source_.ColumnCount() && !order.empty(); ++column) {
-    if (order.starts_with("[" + grid_.Columns()[column].DataField() + "]")) sorted = column;
-  }
-  Table()->horizontalHeader()->setSortIndicator(
-      sorted, order.ends_with(" DESC") ? Qt::DescendingOrder : Qt::AscendingOrder);
+  const auto order = data_grid && data_grid->Data() ? data_grid->Data()->Order() : std::nullopt;
+  const bool downward = order && order->direction == SortOrder::kDescending;
+  Table()->horizontalHeader()->setSortIndicator(order ? order->column : -1,
+                                                downward ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void TableView::MarkFrom(int anchor) {

@@ -118,6 +118,15 @@ void Backup(Connection& connection, const std::string& target) {
   }
 }
 
+std::shared_ptr<Connection> CopyToMemory(Connection& connection) {
+  Database& source = SharedOf(connection);
+  source.Commit();
+  auto copy = OpenDatabase(":memory:");
+  CopyPages(source.File(), SharedOf(*copy).File());
+  SharedOf(*copy).TablesChanged();
+  return copy;
+}
+
 std::vector<std::string> CheckIntegrity(Connection& connection) {
   return Problems(SharedOf(connection).File());
 }

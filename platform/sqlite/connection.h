@@ -25,6 +25,7 @@ class SqliteConnection : public Connection {
   void SetTraceHook(TraceHook hook) override { trace_ = std::move(hook); }
 
   Database& Shared() { return *database_; }
+  const std::shared_ptr<Database>& SharedOwner() const { return database_; }
 
  private:
   BatchResult Run(std::string_view text, bool wants_rows);

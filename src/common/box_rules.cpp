@@ -3,6 +3,7 @@
 #include <cassert>
 
 #include "src/common/code_field.h"
+#include "src/common/date_field.h"
 #include "src/common/m_common.h"
 #include "src/common/month_fields.h"
 #include "src/context/values/number_text.h"
@@ -14,6 +15,10 @@ namespace {
 Entry EntryOf(std::string_view mask) {
   if (mask == "00") return Entry::kDatePart;
   return NumberMask::Of(mask).places > 0 ? Entry::kDecimal : Entry::kWhole;
+}
+
+bool IsBox(const Control& control) {
+  return dynamic_cast<const InputControl*>(&control) && !dynamic_cast<const ListBox*>(&control);
 }
 
 }  // namespace
@@ -63,13 +68,27 @@ Rules& Rules::Month(const MonthFields& fields) {
   return *this;
 }
 
+Rules& Rules::Date(DateField& field) {
+  assert(&field.Box() == &box_);
+  box_.GotFocus.Add(Turn::kOwn, [&field] { field.Arrive(); });
+  box_.KeyPress.Add(Turn::kFilter, [&box = box_](int& key) { key = DateKeyFilter(key, box); });
+  box_.KeyDown.Add(Turn::kOwn, [&field](int key, int) {
+    if (key == kKeyCtrl && !field.Box().Locked()) field.Lookup();
+  });
+  box_.LostFocus.Add(Turn::kCheck, [&field] { field.Check(); });
+  return *this;
+}
+
 Rules& Rules::Left(std::function<void()> rule) {
   box_.LostFocus.Add(Turn::kOwn, std::move(rule));
   return *this;
 }
 
 void SelectOnFocus(Control& box) {
-  box.GotFocus.Add(Turn::kOwn, [] { SelectActiveText(); });
+  const auto* input = dynamic_cast<InputControl*>(&box);
+  box.GotFocus.Add(Turn::kOwn, [input] {
+    if (!input || !input->Locked()) SelectActiveText();
+  });
 }
 
 void OnEnter(Control& box, EnterRule rule) {
@@ -83,7 +102,7 @@ void OnEnter(Control& box, EnterRule rule) {
 
 void ConnectBoxes(Form& form, const EnterRule& rule) {
   for (Control* control : form.Controls()) {
-    if (!dynamic_cast<TextBox*>(control)) continue;
+    if (!IsBox(*control)) continue;
     SelectOnFocus(*control);
     OnEnter(*control, rule);
   }

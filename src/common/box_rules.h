@@ -8,6 +8,7 @@
 namespace tarvoni {
 
 class CodeField;
+class DateField;
 class MonthFields;
 
 // What Enter does once the filter has let it pass.
@@ -33,6 +34,8 @@ class Rules {
   Rules& Code(CodeField& field);
   // The number of a month: Ctrl offers the months, leaving shows the month or empties it.
   Rules& Month(const MonthFields& fields);
+  // A date typed as text: keys that no date holds are refused, Ctrl opens the calendar on an open box, leaving checks.
+  Rules& Date(DateField& field);
   // The Screen's own rule on leaving, behind all others.
   Rules& Left(std::function<void()> rule);
 
@@ -40,12 +43,12 @@ class Rules {
   TextBox& box_;
 };
 
-// Selects the text whenever the control gets the focus, so that typing replaces it.
+// Selects the text whenever the control gets the focus, so that typing replaces it; not while it is locked.
 void SelectOnFocus(Control& box);
 // Runs the rule on Enter, behind the box's filter; the key itself goes no further. Where Enter breaks the line it
 // keeps to that.
 void OnEnter(Control& box, EnterRule rule);
-// Both for every text box of the Screen.
+// Both for every text box, combo box and date of the Screen.
 void ConnectBoxes(Form& form, const EnterRule& rule);
 
 }  // namespace tarvoni

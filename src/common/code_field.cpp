@@ -9,10 +9,18 @@ CodeField::CodeField(const TvnVar_Dll& context, const Guard& loading, TextBox& c
     : context_(context), loading_(loading), code_(code), companion_(companion), rule_(std::move(rule)) {}
 
 void CodeField::Lookup() {
-  code_.SetText(rule_.pick ? rule_.pick(code_.Text())
-                           : CurrentSuite().Lookup().Pick(context_, rule_.offered(), rule_.caption(),
-                                                          code_.Text(), rule_.option));
+  code_.SetText(Picked());
   code_.LostFocus();
+}
+
+std::string CodeField::Picked() {
+  if (rule_.pick) return rule_.pick(code_.Text());
+  for (;;) {
+    std::string picked =
+        CurrentSuite().Lookup().Pick(context_, rule_.offered(), rule_.caption(), code_.Text(), rule_.option);
+    if (picked != LookupDialog::kNew || !rule_.make_new) return picked;
+    rule_.make_new();
+  }
 }
 
 bool CodeField::Check() {
@@ -28,13 +36,26 @@ bool CodeField::Validate() {
     return false;
   }
   const bool report = !loading_.IsSet();
-  if (ValidateNamedField(context_, report, rule_.check(), &code_, nullptr, rule_.name_column, companion_,
-                         "")) {
-    return true;
-  }
+  const std::string tag = code_.Tag();
+  const bool valid = rule_.find ? TakeFound(report)
+                                : ValidateNamedField(context_, report, rule_.check(), &code_, nullptr,
+                                                     rule_.name_column, companion_, "");
+  if (valid) return true;
   Clear();
+  if (rule_.keeps_tag) code_.SetTag(tag);
   if (rule_.keeps_focus && report) SafeSetFocus(code_);
   return false;
+}
+
+bool CodeField::TakeFound(bool report) {
+  const Found found = rule_.find(code_.Text());
+  if (found.id == 0) {
+    if (report) ReportMissingField(rule_.caption(), false, context_);
+    return false;
+  }
+  code_.SetTag(std::to_string(found.id));
+  if (companion_) companion_->SetText(found.name);
+  return true;
 }
 
 void CodeField::Clear() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -12,15 +13,24 @@ namespace tarvoni {
 // id is the box's Tag, its name goes into a companion box.
 class CodeField {
  public:
+  // What stands behind a typed code; id 0 for none.
+  struct Found {
+    std::int32_t id = 0;
+    std::string name = {};
+  };
   struct Rule {
     std::function<std::string()> offered = {};  // statement of the list, its first column is the code
     std::function<std::string()> check = {};    // statement that finds the typed code
-    std::function<std::string()> caption = {};  // of the list
+    std::function<Found(const std::string& typed)> find = {};  // in place of `check`: finds the typed code
+    std::function<std::string()> caption = {};  // of the list, and of a code that `find` misses
     std::string name_column = {};               // of the companion box
     std::string option = {};                    // of LookupDialog
     std::function<std::string(const std::string& current)> pick = {};  // a choice other than the list
-    bool opens_locked = false;                                         // the list also opens on a locked box
-    bool keeps_focus = true;                                           // a wrong code takes the focus back
+    // Behind the list's further button (option "102"): may fill the box; the list then opens again.
+    std::function<void()> make_new = {};
+    bool opens_locked = false;  // the list also opens on a locked box
+    bool keeps_focus = true;    // a wrong code takes the focus back
+    bool keeps_tag = false;     // a wrong code leaves the old Tag, until the emptied box is left
   };
 
   // `loading` silences the warning while the Screen fills its fields.
@@ -42,7 +52,9 @@ class CodeField {
   Event<> Changed;
 
  private:
+  std::string Picked();
   bool Validate();
+  bool TakeFound(bool report);
 
   const TvnVar_Dll& context_;
   const Guard& loading_;

@@ -4,7 +4,7 @@
 
 namespace tarvoni {
 
-ShownColumn AmountColumn(std::string data_field, std::string caption, int width, std::string number_format) {
+ShownColumn AmountColumn(ColumnKey data_field, std::string caption, int width, std::string number_format) {
   return {.data_field = std::move(data_field),
           .caption = std::move(caption),
           .number_format = std::move(number_format),
@@ -15,7 +15,7 @@ ShownColumn AmountColumn(std::string data_field, std::string caption, int width,
 void ShowColumns(DataGrid& grid, const std::vector<ShownColumn>& columns) {
   for (GridColumn& column : grid.Columns()) column.SetVisible(false);
   for (const ShownColumn& shown : columns) {
-    GridColumn& column = grid.Columns()[shown.data_field];
+    GridColumn& column = shown.data_field.In(grid.Columns());
     column.SetVisible(true);
     column.SetCaption(shown.caption);
     column.SetNumberFormat(shown.number_format);

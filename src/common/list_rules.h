@@ -5,13 +5,14 @@
 #include <vector>
 
 #include "src/context/controls/form.h"
+#include "src/context/data/column_key.h"
 
 // What Screens do with their lists.
 namespace tarvoni {
 
-// One shown column of a grid, by its field.
+// One shown column of a grid.
 struct ShownColumn {
-  std::string data_field;
+  ColumnKey data_field;  // by name or number
   std::string caption;
   std::string number_format = {};
   Alignment alignment = Alignment::kLeft;
@@ -19,7 +20,7 @@ struct ShownColumn {
 };
 
 // A number, aligned to the right.
-ShownColumn AmountColumn(std::string data_field, std::string caption, int width,
+ShownColumn AmountColumn(ColumnKey data_field, std::string caption, int width,
                          std::string number_format = "0.00");
 
 // Shows these columns with their captions and hides all others.

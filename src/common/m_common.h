@@ -29,8 +29,9 @@ std::string GetOptionText(const std::string& propertyId, Connection& conn);
 
 // Selects the whole text of the topmost Screen's active text or combo box.
 void SelectActiveText();
-// Locked boxes leave the tab order and take the face colour, which FocusNextEditableTextBox reads.
-void SetTextBoxLocked(bool locked, TextBox& box);
+// Locked boxes leave the tab order and take the face colour, which FocusNextEditableTextBox reads. The same locks a
+// combo box or a date.
+void SetTextBoxLocked(bool locked, InputControl& box);
 // Gives the focus to an enabled control; that it cannot take it is no error.
 void SafeSetFocus(Control& control);
 // The focus goes to the next open text box in tab order; stays at the last one.

@@ -27,7 +27,7 @@ void SelectActiveText() {
   if (auto* combo = dynamic_cast<ComboBox*>(active)) combo->SelectAll();
 }
 
-void SetTextBoxLocked(bool locked, TextBox& box) {
+void SetTextBoxLocked(bool locked, InputControl& box) {
   box.SetLocked(locked);
   box.SetTabStop(!locked);
   box.SetBackColor(locked ? kButtonFace : kWindowBackground);

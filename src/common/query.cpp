@@ -48,6 +48,10 @@ std::int32_t ToLong(const Value& value) {
   return ToInt32(CurrentSuite().Values().ToNumber(value));
 }
 
+bool ToFlag(const Value& value) {
+  return CurrentSuite().Values().ToNumber(value) != 0;
+}
+
 std::string ToText(const Value& value) {
   return CurrentSuite().Values().ToText(value, true, false);
 }

@@ -61,5 +61,7 @@ auto OrUndo(Connection& connection, const Work& work, std::string_view undo) {
 
 std::int32_t ToLong(const Value& value);
 std::string ToText(const Value& value);
+// A truth value, or a number that is 0 for no; false for NULL.
+bool ToFlag(const Value& value);
 
 }  // namespace tarvoni

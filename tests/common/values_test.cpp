@@ -145,17 +145,51 @@ TEST(DateText, ReadsDatesAndRefusesDaysThatDoNotExist) {
     const char* iso;
   };
   const Case cases[] = {
-      {"5.3.2024", "2024-03-05"},   {"05.03.24", "2024-03-05"}, {"1.1.30", "1930-01-01"},
-      {"29.02.2024", "2024-02-29"}, {"5.3.", "2024-03-05"},     {"2024-03-05", "2024-03-05"},
-      {"29.2.2023", nullptr},       {"31.4.2024", nullptr},     {"5/3/2024", nullptr},
-      {"5.3.202", nullptr},         {"5.13.2024", nullptr},     {"", nullptr},
-      {"heute", nullptr},           {"1.2.3.4", nullptr},       {"-1.2.2024", nullptr},
+      {"5.3.2024", "2024-03-05"},
+      {"05.03.24", "2024-03-05"},
+      {"5,3,24", "2024-03-05"},
+      {"1.1.44", "2044-01-01"},
+      {"1.1.45", "1945-01-01"},
+      {"1.1.00", "2000-01-01"},
+      {"050324", "2024-03-05"},
+      {"05032024", "2024-03-05"},
+      {"0503", "2024-03-05"},
+      {"310424", nullptr},
+      {"20240305", nullptr},
+      {"50324", nullptr},
+      {"5", nullptr},
+      {"1-3-24", nullptr},
+      {"0503x4", nullptr},
+      {"29.02.2024", "2024-02-29"},
+      {"5.3.", "2024-03-05"},
+      {"2024-03-05", "2024-03-05"},
+      {"29.2.2023", nullptr},
+      {"31.4.2024", nullptr},
+      {"5/3/2024", nullptr},
+      {"5.3.202", nullptr},
+      {"5.13.2024", nullptr},
+      {"", nullptr},
+      {"heute", nullptr},
+      {"1.2.3.4", nullptr},
+      {"-1.2.2024", nullptr},
       {"1.1.1752", nullptr},
   };
   for (const Case& c : cases) {
     const auto date = ParseDate(c.text);
     EXPECT_EQ(date ? date->ToIso() : "refused", c.iso ? c.iso : "refused") << c.text;
   }
+  Clock::Reset();
+}
+
+TEST(DateText, YearThatIsLeftOutIsThatOfTheDayBefore) {
+  Clock::Set({.year = 2099, .month = 12, .day = 31});
+  const DateTime before{.year = 2023, .month = 8, .day = 1};
+  EXPECT_EQ(ParseDate("1.3.", before), (DateTime{.year = 2023, .month = 3, .day = 1}));
+  EXPECT_EQ(ParseDate("0103", before), (DateTime{.year = 2023, .month = 3, .day = 1}));
+  EXPECT_EQ(ParseDate("29.2.", before), std::nullopt) << "no leap year";
+  EXPECT_EQ(ParseDate("1.3.").value().year, 2099);
+  EXPECT_EQ(ParseDate("1.3.19", before).value().year, 2119) << "two digits go by today alone";
+  EXPECT_EQ(ParseDate("1.3.20", before).value().year, 2020);
   Clock::Reset();
 }
 
@@ -176,6 +210,10 @@ TEST(FieldText, ShowsEachKindOfValue) {
   EXPECT_EQ(FieldText(std::int64_t{5}, "00", kGerman), "05");
   EXPECT_EQ(FieldText(0.1, "", kEnglish), "0.1");
   EXPECT_EQ(FieldText(std::string("x1"), "0.00", kGerman), "x1");
+  EXPECT_EQ(FieldText(std::string("24"), "0000", kGerman), "0024") << "a number that stands in a text";
+  EXPECT_EQ(FieldText(std::string("24,5"), "0.00", kGerman), "24,50");
+  EXPECT_EQ(FieldText(std::string("24"), "dd.mm.yyyy", kGerman), "24");
+  EXPECT_EQ(FieldText(std::string("024"), "", kGerman), "024");
   EXPECT_EQ(FieldText(DateTime{.year = 2024, .month = 3, .day = 5}, "", kGerman), "05.03.2024");
 }
 

@@ -42,7 +42,8 @@ TEST_P(DatabaseCommon, LargeDecimalsAreExactWhereTheBackendStoresThem) {
   Execute("CREATE TABLE PROBE (D DECIMAL(20,4))");
   Execute("INSERT INTO PROBE VALUES (1234567890123456.7891)");
   const Value expected = Decimal(*Decimal::Parse("1234567890123456.7891"));
-  EXPECT_EQ(Open("SELECT D FROM PROBE").Fields()[0].Value() == expected, Traits().exact_decimals);
+  const Recordset rows = Open("SELECT D FROM PROBE");
+  EXPECT_EQ(rows.Fields()[0].Value() == expected, Traits().exact_decimals);
 }
 
 TEST_P(DatabaseCommon, NullIsNotAnEmptyTextNorZero) {
@@ -60,7 +61,7 @@ TEST_P(DatabaseCommon, UmlautsAndTheEuroSignSurvive) {
   EXPECT_EQ(Rows("SELECT NAME FROM PROBE WHERE ID = 1"), "ÄÖÜäöüß € Jürgen's");
   EXPECT_EQ(Rows("SELECT ID FROM PROBE WHERE NAME = 'ÄÖÜäöüß € Jürgen''s'"), "1");
   EXPECT_EQ(Rows("SELECT ID FROM PROBE WHERE NAME = 'äöüÄÖÜß € JÜRGEN''S'"), Traits().folds_case ? "1" : "");
-  EXPECT_EQ(Open("SELECT ID AS Größe FROM PROBE").Fields()[0].Name(), "Größe");
+  EXPECT_EQ(Open("SELECT ID AS Größe FROM PROBE").Columns()[0].name, "Größe");
 }
 
 TEST_P(DatabaseCommon, LongTextsComeWhole) {

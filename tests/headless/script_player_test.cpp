@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <sstream>
 
 #include "platform/headless/public/headless_toolkit.h"
 #include "src/common/box_rules.h"
@@ -221,6 +223,67 @@ expect list listeSel
   EXPECT_THAT(db->Log(), testing::Not(testing::Contains("DELETE")));
 }
 
+TEST_F(Player, TriesManyTextsAndLooksClosely) {
+  EXPECT_EQ(Play(R"(
+fill txtMenge=1 txtKapitel(0)=10
+try txtMenge
+| enter | leave | =     | focused   | txtMenge locked
+| 12,5  |       | 12,50 | txtValuta | 0
+|       | x     | 12,50 | txtValuta | 0
+| ""    |       |       | txtValuta | 0
+try
+| field         | key  | leave | pick | click      | answer   | offer  | message      | txtKapitel(0).Tag
+| txtKapitel(0) | Ctrl |       | 10   |            |          | 10, 20 |              | 5
+|               |      |       |      | btnLoschen | no / yes |        | Sicher?      | 5
+width DataGrid1 WERT 900
+head DataGrid1 2
+expect fields
+| DataGrid1.Width(WERT)  | 900
+| DataGrid1.Caption(2)   | Name
+| DataGrid1.Visible(ID)  | 0
+| DataGrid1.Rows         | 2
+| txtKapitel(1)          | locked enabled
+| txtKapitel(1).BackColor | buttonface
+| txtMenge.TabStop       | 1
+| F_Lager                | Lager
+expect unordered grid DataGrid1
+| Name | Wert
+| zwei
+| a\|b | 1,50
+click btnLoschen
+expect box.Buttons = "yes no"
+expect box.Icon = question
+expect box.Default = yes
+expect box.Title = Tarvoni
+answer no)"),
+            "");
+}
+
+TEST_F(Player, FailsAtTheWriteItIsToldOf) {
+  db->Refuse("Q");
+  EXPECT_EQ(Play("sql Q\nexpect failure 245\nfail write 1 8134\nsql UPDATE T SET A = 1\nexpect failure 8134\n"
+                 "fail write 1\nsql DELETE T\nexpect failure anderes Programm"),
+            "");
+  EXPECT_THAT(db->Log(), testing::Not(testing::Contains("UPDATE T SET A = 1")));
+}
+
+TEST_F(Player, TellsAllThatDiffers) {
+  player.Options().all = true;
+  const std::string told =
+      Play("expect txtMenge = 1\nexpect DataGrid1 disabled\nexpect rows DataGrid1 2\nexpect screen none");
+  EXPECT_THAT(told, HasSubstr("probe.tvs:3: "));
+  EXPECT_THAT(told, HasSubstr("probe.tvs:4: "));
+  EXPECT_THAT(told, HasSubstr("probe.tvs:6: "));
+}
+
+// Every command is told as it is read, and no other.
+TEST(ScriptCommands, AreThoseOfTheirPage) {
+  std::ostringstream page;
+  page << std::ifstream(SCRIPTS_PAGE).rdbuf();
+  for (const std::string& form : ScriptCommandForms())
+    EXPECT_THAT(page.str(), HasSubstr("| `" + form + "`")) << form;
+}
+
 TEST_F(Player, ScreensNest) {
   EXPECT_EQ(Play(R"(
 click btnNeu
@@ -261,13 +324,25 @@ TEST_F(Player, FailsOnEverythingThatGoesUnnoticed) {
       {"row DataGrid1 9", "keine Zeile 9"},
       {"tanze", "Den Befehl \"tanze\" gibt es nicht"},
       {"expect rows DataGrid1 3", "erwartet \"3\", gefunden \"2\""},
-      {"click btnOk extra", "zu viele Wörter"},
+      {"click btnOk extra", "zu viele Wörter. Er lautet: click C"},
+      {"database y", "solange kein Bildschirm geöffnet ist"},
+      {"expect box.Icon = question", "Es ist nichts geöffnet"},
+      {"click btnLoschen\nexpect box.Icon = stop\nanswer no", "erwartet \"stop\", gefunden \"question\""},
+      {"fail write 2\nsql UPDATE T SET A = 1", "geschrieben wurde 1 Mal"},
+      {"fail commit\nclick btnLoschen", "es kann nicht scheitern"},
+      {"expect unordered grid DataGrid1\n| WERT | Name\n| 1,50 | a\\|b\n| | zwei", "gefunden"},
+      {"try txtMenge\n| enter | =\n| 3 | 4", "gefunden\n    | enter | =\n    | 3     | 3,00"},
+      {"try\n| click\n| btnLoschen", "Unerwartet öffnet sich eine Meldung: \"Sicher?\""},
+      {"try\n| click\n| btnNeu", "Unerwartet öffnet sich der Bildschirm F_LagerX"},
+      {"try txtMenge\n| enter\n| 3\n| 4\nexpect fields\n| txtMenge | 3,00", "| txtMenge | 4,00"},
+      {"include fehlt.tvi", "probe.tvs:3: fehlt.tvi: Die Datei kann nicht gelesen werden"},
   };
   for (const auto& [script, failure] : cases) EXPECT_THAT(Play(script), HasSubstr(failure)) << script;
 }
 
 TEST_F(Player, FailsWhenTheScriptEndsWithAnOpenScreen) {
-  EXPECT_THAT(Play("database x\nrun F_Lager", false), HasSubstr("solange F_Lager geöffnet ist"));
+  EXPECT_THAT(Play("database x\nrun F_Lager", false),
+              HasSubstr("F_Lager ist am Ende des Skripts noch geöffnet"));
 }
 
 TEST_F(Player, ErrorsOfAHandlerAreBoxes) {
@@ -279,7 +354,7 @@ TEST_F(Player, ErrorsOfAHandlerAreBoxes) {
 
 TEST_F(Player, TellsTheRemarksAsTheirLinesAreReached) {
   std::vector<std::string> told;
-  player.SetNarrator([&](const std::string& remark) { told.push_back(remark); });
+  player.Options().narrator = [&](const std::string& remark) { told.push_back(remark); };
   EXPECT_EQ(Play("# Nicht mehr davon\n\n# Löschen,\n# aber nicht\nclick btnLoschen\n# Nein\nanswer no"), "");
   EXPECT_THAT(told, testing::ElementsAre("Löschen,\naber nicht", "Nein"));
 }
@@ -333,7 +408,7 @@ TEST_F(Player, UpdatingRewritesTheExpectedLinesOnly) {
   db->Answer("Q", Rows({Whole("ID"), Chars("N")},
                        {std::int64_t{1}, std::string("a|b\nc"), std::int64_t{22}, std::string("d")}));
   db->Answer("R", Rows({Whole("ID")}));
-  player.SetUpdating(true);
+  player.Options().update = true;
   EXPECT_EQ(Play("database x\nexpect sql Q\n| alt\n# bleibt\nexpect sql R\nexpect sql Q", false), "");
   EXPECT_TRUE(player.Changed());
   EXPECT_THAT(player.UpdatedLines(),
@@ -342,7 +417,7 @@ TEST_F(Player, UpdatingRewritesTheExpectedLinesOnly) {
                                    "| 1  | a\\|b\\nc", "| 22 | d"));
   std::string updated;
   for (const std::string& line : player.UpdatedLines()) updated += line + "\n";
-  player.SetUpdating(false);
+  player.Options().update = false;
   EXPECT_EQ(Play(updated, false), "") << "what updating wrote passes";
 }
 

@@ -58,7 +58,7 @@ TEST_F(SqliteDriverTest, UmlautsSurviveInTextsNamesMessagesAndPaths) {
   const auto other = OpenOdbc(Text("Jürgens Löhne.db"));
   other->Execute("CREATE TABLE GRÖßE (STRAßE NVARCHAR(20))");
   EXPECT_TRUE(std::filesystem::exists(folder_.File("Jürgens Löhne.db")));
-  EXPECT_EQ(other->Open("SELECT STRAßE FROM GRÖßE").Fields()[0].Name(), "STRAßE");
+  EXPECT_EQ(other->Open("SELECT STRAßE FROM GRÖßE").Columns()[0].name, "STRAßE");
   const auto error = ErrorIn([&] { other->Execute("SELECT 1 FROM ÄRA"); });
   ASSERT_TRUE(error);
   EXPECT_THAT(error->what(), HasSubstr("ÄRA"));

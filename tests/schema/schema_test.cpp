@@ -35,7 +35,8 @@ class SchemaTest : public ::testing::Test {
   }
 
   FieldType TypeOf(const std::string& table, const std::string& column) {
-    return Open("SELECT " + column + " FROM " + table).Fields()[0].Type();
+    const Recordset rows = Open("SELECT " + column + " FROM " + table);
+    return rows.Fields()[0].Type();
   }
 
   // The number of the error that the text ends in, 0 for none.
@@ -87,7 +88,7 @@ TEST_F(SchemaTest, MadeStatementByStatementIsTheSame) {
     const std::vector<std::string> words = Words(statement);
     if (words[1] != "TABLE") continue;
     const std::string all = "SELECT TOP 0 * FROM " + words[2];
-    EXPECT_EQ(other->Open(all).Fields().Count(), Open(all).Fields().Count()) << words[2];
+    EXPECT_EQ(other->Open(all).Columns().size(), Open(all).Columns().size()) << words[2];
   }
 }
 
@@ -114,8 +115,8 @@ TEST_F(SchemaTest, ColumnsHaveTheTypesThatScreensAskFor) {
   EXPECT_EQ(TypeOf("OPTIONEN", "DOUBLE_VALUE"), FieldType::kDouble);
   EXPECT_EQ(TypeOf("KOSTENART", "NUMBER"), FieldType::kInteger);
   EXPECT_EQ(TypeOf("HH_KAPITEL", "NUMBER"), FieldType::kVarWChar);
-  EXPECT_EQ(Open("SELECT FWJ FROM ARBEITSAUFTRAG_KOPF").Fields()[0].DefinedSize(), 4);
-  EXPECT_EQ(Open("SELECT N_FREI1 FROM ARBEITSAUFTRAG_PLANN").Fields()[0].DefinedSize(), 20);
+  EXPECT_EQ(Open("SELECT FWJ FROM ARBEITSAUFTRAG_KOPF").Columns()[0].size, 4);
+  EXPECT_EQ(Open("SELECT N_FREI1 FROM ARBEITSAUFTRAG_PLANN").Columns()[0].size, 20);
 }
 
 TEST_F(SchemaTest, PositionsOfPlansHaveEveryColumnThatIsCopiedFromThem) {

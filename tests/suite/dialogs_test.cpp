@@ -97,6 +97,17 @@ TEST_F(Lookup, OnlyAnIdIsHidden) {
   EXPECT_EQ(list.asked.at(2).hidden_columns, 0) << "a single column stays in sight";
 }
 
+TEST_F(Lookup, FurtherButtonGivesItsName) {
+  list.press_extra = true;
+  EXPECT_EQ(dialog.Pick(context, ids, "", "", "102"), "&New");
+  EXPECT_EQ(list.asked.at(0).extra_button, "&Neu");
+  EXPECT_EQ(list.asked.at(0).hidden_columns, 1) << "the id, as with 100";
+  list.code = "4300";
+  EXPECT_EQ(dialog.Pick(context, codes, "", "", "102"), "4300");
+  for (const char* option : {"", "100", "000", "10"}) dialog.Pick(context, codes, "", "", option);
+  for (std::size_t i = 2; i < list.asked.size(); ++i) EXPECT_EQ(list.asked[i].extra_button, "") << i;
+}
+
 TEST_F(Lookup, DateModeGivesADay) {
   std::optional<DateTime> start;
   std::optional<DateTime> answer = DateTime{2024, 3, 5};
@@ -180,6 +191,7 @@ TEST_F(Layouts, NamelessColumnsGoByTheirPlace) {
   lists.flex.SetCols(3);
   lists.flex.Columns()[1].SetWidth(333);
   store.SaveLayout(context, "F_A", lists.flex);
+  lists.flex.SetCols(0);
   lists.flex.SetCols(4);
   store.LoadLayout(context, "F_A", lists.flex);
   EXPECT_EQ(lists.flex.Columns()[1].Width(), 333);

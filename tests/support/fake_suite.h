@@ -49,9 +49,14 @@ class FakeSuite : public Suite,
 
   std::string Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
                    const std::string& start_text, const std::string& option) override {
+    if (sql == "DATUM") {
+      const auto day = CurrentToolkit().PickDate(caption, ParseDate(start_text));
+      return day ? FormatDate(*day, "dd.mm.yyyy", CurrentLocale()) : std::string();
+    }
     Recordset rows = context.dbAdo->Open(sql);
     const PickResult result = CurrentToolkit().PickList(
         {.caption = caption, .rows = rows, .start_text = start_text, .option = option, .extra_button = {}});
+    if (result.extra) return kNew;
     if (!result.row) return start_text;
     rows.Move(static_cast<long>(*result.row));
     return ToText(rows.Fields()[0].Value(), true, false);
@@ -88,7 +93,7 @@ class FakeSuite : public Suite,
     const std::string text = (box.SelLength() > 0 ? std::string() : box.Text()) + static_cast<char>(key);
     if (!NumberMask::Of(format).Admits(text, CurrentLocale())) key = 0;
   }
-  int FilterDateKey(int key, TextBox&) override { return key; }
+  int FilterDateKey(int key, TextBox&) override { return key < 'A' ? key : 0; }
 
   std::string DateToSql(const Value&, const std::string&) override { Missing(); }
   std::string NumberToSql(const std::string& text, const std::string&) override { return text; }

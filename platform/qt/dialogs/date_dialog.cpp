@@ -77,7 +77,7 @@ class DateDialog : public EntryDialog {
 
  private:
   bool Read(const std::string& text) override {
-    const auto date = ParseDate(text);
+    const auto date = ParseDate(text, date_);
     if (date) Take({.year = date->year, .month = date->month, .day = date->day});
     return date.has_value();
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,6 +28,13 @@ std::shared_ptr<Connection> OpenDatabase(const std::string& connection_string,
 // Copies the database to a file, which appears only when the copy is complete and sound. Commits what is
 // pending.
 void Backup(Connection& connection, const std::string& target);
+
+// A new database in memory with what the other holds. Commits what is pending there.
+std::shared_ptr<Connection> CopyToMemory(Connection& connection);
+
+// A door for tests: makes the nth commit of writes from now on fail as one fails on a full disk, so that nothing of it
+// stays, and tells whether it came to that. What it gives ends the arrangement with its own end.
+std::function<bool()> FailCommit(Connection& connection, int nth);
 
 // What is wrong with the file, a line each; empty when it is sound.
 std::vector<std::string> CheckIntegrity(Connection& connection);

@@ -54,11 +54,11 @@ void TextBox::Clear() {
   SetText("");
 }
 
-void TextBox::SetLocked(bool locked) {
+void InputControl::SetLocked(bool locked) {
   if (std::exchange(locked_, locked) != locked) Announce(Aspect::kLocked);
 }
 
-void TextBox::SetBackColor(Color color) {
+void InputControl::SetBackColor(Color color) {
   if (std::exchange(back_color_, color) != color) Announce(Aspect::kLocked);
 }
 

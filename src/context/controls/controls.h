@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "src/context/controls/control.h"
+#include "src/context/controls/input_control.h"
 #include "src/context/values/date_time.h"
 
 namespace tarvoni {
@@ -87,10 +87,9 @@ enum class Entry {
 };
 
 // Positions and lengths count characters, not bytes.
-class TextBox : public Control {
+class TextBox : public InputControl {
  public:
-  using Control::Control;
-  bool TakesFocus() const override { return true; }
+  using InputControl::InputControl;
 
   const std::string& Text() const { return text_; }
   void SetText(std::string_view text);  // a different text raises Change
@@ -98,10 +97,6 @@ class TextBox : public Control {
   // Empties text and Tag.
   void Clear();
 
-  bool Locked() const { return locked_; }
-  void SetLocked(bool locked);
-  Color BackColor() const { return back_color_; }
-  void SetBackColor(Color color);
   Entry Takes() const { return takes_; }
   void SetTakes(Entry entry) { takes_ = entry; }
   int MaxLength() const { return max_length_; }  // 0: no limit; binds the keyboard, not the program
@@ -118,10 +113,8 @@ class TextBox : public Control {
  private:
   friend class TextInsertion;
   std::string text_;
-  bool locked_ = false;
   bool multi_line_ = false;
   Entry takes_ = Entry::kText;
-  Color back_color_ = kWindowBackground;
   int max_length_ = 0;
   int sel_start_ = 0;
   int sel_length_ = 0;
@@ -152,10 +145,9 @@ class TextInsertion {
 };
 
 // A date or nothing. The user cannot choose a day outside the limits; the program may set any.
-class DateControl : public Control {
+class DateControl : public InputControl {
  public:
-  using Control::Control;
-  bool TakesFocus() const override { return true; }
+  using InputControl::InputControl;
   const std::optional<DateTime>& Value() const { return value_; }
   void SetValue(std::optional<DateTime> value);  // a different day raises Change
   const DateTime& MinDate() const { return min_date_; }

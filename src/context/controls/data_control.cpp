@@ -45,6 +45,15 @@ void BoundRecordset::Find(std::string_view criterion) {
 
 void BoundRecordset::Sort(std::string_view columns) {
   rows_.Sort(columns);
+  Sorted();
+}
+
+void BoundRecordset::Sort(int column, SortOrder order) {
+  rows_.Sort(column, order);
+  Sorted();
+}
+
+void BoundRecordset::Sorted() {
   for (DataGrid* grid : owner_.grids_) grid->Refresh();
   owner_.RowMoved();
 }
@@ -75,27 +84,29 @@ void DataControl::Refresh() {
   RowMoved();
 }
 
-// Another statement may have no such field; its own order holds then.
+// Another statement may have another column in its place; its own order holds then.
 void DataControl::KeepOrder() {
-  const auto orders = [this](const Column& column) { return order_.starts_with("[" + column.name + "]"); };
-  if (order_.empty()) return;
-  if (std::ranges::any_of(recordset_.rows_.Columns(), orders)) {
-    recordset_.rows_.Sort(order_);
+  if (!order_) return;
+  const std::vector<Column>& columns = recordset_.rows_.Columns();
+  const auto place = static_cast<std::size_t>(order_->column);
+  if (place < columns.size() && columns[place].name == order_->field) {
+    recordset_.rows_.Sort(order_->column, order_->direction);
   } else {
-    order_.clear();
+    order_.reset();
   }
 }
 
-void DataControl::OrderBy(const std::string& field) {
-  const std::string upward = "[" + field + "]";
-  order_ = order_ == upward ? upward + " DESC" : upward;
+void DataControl::OrderBy(int column) {
   tarvoni::Recordset& rows = recordset_.rows_;
+  const bool turns = order_ && order_->column == column && order_->direction == SortOrder::kAscending;
+  order_ = {.column = column,
+            .field = rows.Columns().at(static_cast<std::size_t>(column)).name,
+            .direction = turns ? SortOrder::kDescending : SortOrder::kAscending};
   const bool stands = recordset_.HasCurrentRow();
   const std::size_t row = stands ? rows.StatementRow() : 0;
-  rows.Sort(order_);
+  rows.Sort(column, order_->direction);
   while (stands && rows.StatementRow() != row) rows.MoveNext();
-  for (DataGrid* grid : grids_) grid->Refresh();
-  RowMoved();
+  recordset_.Sorted();
 }
 
 void DataControl::RowMoved() {

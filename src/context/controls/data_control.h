@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,13 +38,22 @@ class BoundRecordset {
   void SetAbsolutePosition(int position);
   void Find(std::string_view criterion);
   void Sort(std::string_view columns);
+  void Sort(int column, SortOrder order = SortOrder::kAscending);
 
  private:
   friend class DataControl;
   explicit BoundRecordset(DataControl& owner) : owner_(owner) {}
+  void Sorted();
 
   DataControl& owner_;
   tarvoni::Recordset rows_;
+};
+
+// By which column rows are sorted.
+struct RowOrder {
+  int column = 0;
+  std::string field;  // its name, which may be empty
+  SortOrder direction = SortOrder::kAscending;
 };
 
 // Keeps the rows of one statement. It opens the connection by itself from the connection string.
@@ -63,10 +73,10 @@ class DataControl : public Control {
   BoundRecordset& Recordset() { return recordset_; }
   const BoundRecordset& Recordset() const { return recordset_; }
 
-  // The order the user gave the rows, "[FIELD]" or "[FIELD] DESC"; "" for the statement's own.
-  const std::string& Order() const { return order_; }
-  // Sorts by the field, or the other way round if it is sorted by it; the current row stays the current one.
-  void OrderBy(const std::string& field);
+  // The order the user gave the rows; nothing for the statement's own.
+  const std::optional<RowOrder>& Order() const { return order_; }
+  // Sorts by the column, or the other way round if it is sorted by it; the current row stays the current one.
+  void OrderBy(int column);
 
   Event<> MoveComplete;
 
@@ -79,7 +89,7 @@ class DataControl : public Control {
 
   std::string connection_string_;
   std::string record_source_;
-  std::string order_;
+  std::optional<RowOrder> order_;
   std::shared_ptr<Connection> connection_;
   BoundRecordset recordset_{*this};
   std::vector<DataGrid*> grids_;

@@ -65,6 +65,14 @@ void Grid::ResetColumns(const std::vector<std::string>& data_fields) {
   Announce(Aspect::kColumns);
 }
 
+void Grid::ResizeColumns(int count) {
+  std::vector<GridColumn>& columns = columns_.columns_;
+  const auto wanted = static_cast<std::size_t>(std::max(count, 0));
+  if (wanted == columns.size()) return;
+  columns.resize(wanted, GridColumn(*this, ""));
+  Announce(Aspect::kColumns);
+}
+
 const GridColumn& Grid::ColumnAt(int number) const {
   return columns_.columns_[PlaceOf(number, columns_)];
 }
@@ -124,7 +132,7 @@ void DataGrid::RowsChanged() {
 }
 
 void FlexGrid::SetCols(int count) {
-  ResetColumns(std::vector<std::string>(static_cast<std::size_t>(std::max(count, 0))));
+  ResizeColumns(count);
   for (auto& row : cells_) row.resize(static_cast<std::size_t>(Cols()));
   Announce(Aspect::kRows);
 }

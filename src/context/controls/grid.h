@@ -74,6 +74,8 @@ class Grid : public Control {
 
  protected:
   void ResetColumns(const std::vector<std::string>& data_fields);
+  // Columns that stay keep all they have; new ones come behind them, without a field.
+  void ResizeColumns(int count);
   const GridColumn& ColumnAt(int number) const;
   int ColumnCount() const { return columns_.Count(); }
 
@@ -120,7 +122,7 @@ class FlexGrid : public Grid {
   using Grid::Grid;
 
   int Cols() const { return ColumnCount(); }
-  void SetCols(int count);
+  void SetCols(int count);  // what columns there were keep caption, width and the rest
   // Rows with the caption row, as the system counts them: 1 is an empty grid.
   int Rows() const { return RowCount() + 1; }
   void SetRows(int count);

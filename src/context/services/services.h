@@ -22,6 +22,9 @@ class MessageService {
 // The pick list over a statement.
 class LookupDialog {
  public:
+  // What Pick gives when the further button was pressed that a third "2" in the option shows.
+  static constexpr const char* kNew = "&New";
+
   virtual ~LookupDialog() = default;
   // Shows the statement's rows, positioned at `start_text`, and gives the first column of the chosen row;
   // `start_text` on cancel. With "DATUM" for the statement and option "1" it asks for a date and gives it as

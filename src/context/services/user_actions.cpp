@@ -188,8 +188,7 @@ bool UserActions::Mnemonic(char32_t letter) {
 void UserActions::SelectItem(ItemList& list, int index) {
   Act([&] {
     if (!list.IsEnabled() || !list.IsVisible() || !Arrive(list)) return;
-    const auto* combo = dynamic_cast<ComboBox*>(&list);
-    if (combo && combo->Locked()) return;
+    if (list.Locked()) return;
     typed_ = typed_ || index != list.ListIndex();
     Handle([&] { list.SetListIndex(index); });
   });
@@ -197,7 +196,7 @@ void UserActions::SelectItem(ItemList& list, int index) {
 
 void UserActions::ChooseDate(DateControl& control, std::optional<DateTime> date) {
   Act([&] {
-    if (!control.IsEnabled() || !control.IsVisible() || !Arrive(control)) return;
+    if (!control.IsEnabled() || !control.IsVisible() || !Arrive(control) || control.Locked()) return;
     if (date) date = std::clamp(*date, control.MinDate(), control.MaxDate());
     typed_ = typed_ || date != control.Value();
     Handle([&] { control.SetValue(date); });
@@ -234,9 +233,8 @@ void UserActions::ClickHead(DataGrid& grid, int column) {
       Handle([&] { grid.HeadClick(column); });
       return;
     }
-    const std::string& field = grid.Columns()[column].DataField();
-    if (field.empty() || grid.RowCount() == 0) return;
-    Handle([&] { grid.Data()->OrderBy(field); });
+    if (grid.RowCount() == 0) return;
+    Handle([&] { grid.Data()->OrderBy(column); });
   });
 }
 

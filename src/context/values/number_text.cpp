@@ -207,9 +207,10 @@ std::string NumberToText(double number, const Locale& locale) {
 
 NumberMask NumberMask::Of(std::string_view mask) {
   const Mask parts = Split(mask);
-  // These tell how a number looks, not how long it may be.
-  const bool sized = parts.whole != "0" && parts.whole != "#" && parts.whole != "#0";
-  return {.whole = sized ? static_cast<int>(parts.whole.size()) : Decimal::kMaxDigits / 2,
+  // "0.00" and "#0.00" tell how an amount looks, not how long it may be.
+  const bool amount =
+      !parts.places.empty() && (parts.whole == "0" || parts.whole == "#" || parts.whole == "#0");
+  return {.whole = amount ? Decimal::kMaxDigits / 2 : static_cast<int>(parts.whole.size()),
           .places = static_cast<int>(parts.places.size()),
           .minus = parts.minus};
 }
