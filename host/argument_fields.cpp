@@ -43,6 +43,11 @@ ORDER BY NAME)",
 
 }  // namespace
 
+bool UsesForestYear(const ArgumentField& field) {
+  if (!field.choices) return false;
+  return field.choices({.client = 1, .forest_year = "1"}) != field.choices({.client = 1, .forest_year = "2"});
+}
+
 const std::vector<ArgumentField>& FieldsOf(const std::string& method) {
   static const ArgumentField mode = {"mode_dll", "Modus", kNumber};
   static const std::map<std::string, std::vector<ArgumentField>> fields = {

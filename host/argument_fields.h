@@ -34,6 +34,9 @@ struct ArgumentField {
   bool free_number = false;  // a number that no row bears may be typed
 };
 
+// Whether the rows offered depend on the forest year.
+bool UsesForestYear(const ArgumentField& field);
+
 // The arguments that a user is asked for; the others keep their defaults. The names are those of methods.h.
 const std::vector<ArgumentField>& FieldsOf(const std::string& method);
 

@@ -9,7 +9,7 @@
 namespace tarvoni {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, int>, 13> kKeys = {{{"Enter", kKeyEnter},
+constexpr std::array<std::pair<std::string_view, int>, 15> kKeys = {{{"Enter", kKeyEnter},
                                                                      {"Tab", kKeyTab},
                                                                      {"Ctrl", kKeyCtrl},
                                                                      {"Escape", kKeyEscape},
@@ -20,7 +20,9 @@ constexpr std::array<std::pair<std::string_view, int>, 13> kKeys = {{{"Enter", k
                                                                      {"Home", kKeyHome},
                                                                      {"End", kKeyEnd},
                                                                      {"Space", kKeySpace},
+                                                                     {"Insert", kKeyInsert},
                                                                      {"F1", kKeyF1},
+                                                                     {"F2", kKeyF2},
                                                                      {"F4", kKeyF4}}};
 
 Control& TheControl(const ScriptRun& run) {
@@ -188,8 +190,8 @@ void Shot(ScriptRun& run) {
 
 }  // namespace
 
-const std::vector<Command>& ActingCommands() {
-  static const std::vector<Command> commands = {
+const std::vector<ScriptCommand>& ActingCommands() {
+  static const std::vector<ScriptCommand> commands = {
       {"focus C", Focus},
       {"type C TEXT", Type},
       {"enter C [TEXT]", Enter},

@@ -170,8 +170,8 @@ void Unused(ScriptRun& /*run*/) {}
 
 }  // namespace
 
-const std::vector<Command>& AnsweringCommands() {
-  static const std::vector<Command> commands = {
+const std::vector<ScriptCommand>& AnsweringCommands() {
+  static const std::vector<ScriptCommand> commands = {
       {"answer BUTTON", Unused, false, CommandUse::kAnswer},
       {"input TEXT", Unused, false, CommandUse::kAnswer},
       {"pick CODE …", Unused, false, CommandUse::kAnswer},

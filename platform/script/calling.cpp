@@ -61,8 +61,8 @@ void ExpectFailure(ScriptRun& run) {
 
 }  // namespace
 
-const std::vector<Command>& CallingCommands() {
-  static const std::vector<Command> commands = {
+const std::vector<ScriptCommand>& CallingCommands() {
+  static const std::vector<ScriptCommand> commands = {
       {"call METHOD NAME=VALUE …", Call},
       {"run SCREEN NAME=VALUE …", Run},
       {"expect result NAME = TEXT", ExpectResult, true},

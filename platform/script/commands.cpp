@@ -5,21 +5,21 @@
 namespace tarvoni {
 namespace {
 
-std::vector<Command> AllCommands() {
-  std::vector<Command> all;
+std::vector<ScriptCommand> AllCommands() {
+  std::vector<ScriptCommand> all;
   for (const auto* family : {&PreparingCommands(), &CallingCommands(), &ActingCommands(),
                              &AnsweringCommands(), &ExpectingCommands()})
     all.insert(all.end(), family->begin(), family->end());
   return all;
 }
 
-const std::vector<Command>& Commands() {
-  static const std::vector<Command> commands = AllCommands();
+const std::vector<ScriptCommand>& Commands() {
+  static const std::vector<ScriptCommand> commands = AllCommands();
   return commands;
 }
 
-const Command* Named(std::string_view name) {
-  const auto found = std::ranges::find(Commands(), name, &Command::Name);
+const ScriptCommand* Named(std::string_view name) {
+  const auto found = std::ranges::find(Commands(), name, &ScriptCommand::Name);
   return found == Commands().end() ? nullptr : &*found;
 }
 
@@ -30,7 +30,7 @@ bool IsSmall(char c) {
 }  // namespace
 
 // The words in small letters that a form begins with.
-std::string_view Command::Name() const {
+std::string_view ScriptCommand::Name() const {
   std::size_t end = 0;
   for (std::size_t at = 0; at < form.size() && IsSmall(form[at]);) {
     end = std::min(form.find(' ', at), form.size());
@@ -39,21 +39,21 @@ std::string_view Command::Name() const {
   return form.substr(0, end);
 }
 
-std::size_t Command::MostWords() const {
+std::size_t ScriptCommand::MostWords() const {
   if (form.ends_with("TEXT") || form.ends_with("TEXT]") || form.ends_with("…")) return 0;
   return static_cast<std::size_t>(std::ranges::count(form, ' ')) + 1;
 }
 
-const Command* FindCommand(const ScriptLine& line) {
+const ScriptCommand* FindCommand(const ScriptLine& line) {
   if (line.words.size() > 1) {
-    if (const Command* command = Named(line.words[0] + " " + line.words[1])) return command;
+    if (const ScriptCommand* command = Named(line.words[0] + " " + line.words[1])) return command;
   }
   return Named(line.words[0]);
 }
 
 std::vector<std::string> ScriptCommandForms() {
   std::vector<std::string> forms;
-  for (const Command& command : Commands()) forms.emplace_back(command.form);
+  for (const ScriptCommand& command : Commands()) forms.emplace_back(command.form);
   return forms;
 }
 

@@ -15,7 +15,7 @@ enum class CommandUse {
 
 // One command. Its form is what docs/scripts.md shows: small letters stand as they are, capitals for what is given, what
 // is in brackets may be left out, and a last word TEXT or … may be of any length.
-struct Command {
+struct ScriptCommand {
   std::string_view form;
   void (*play)(ScriptRun& run);
   bool rows = false;  // `|` lines may follow
@@ -26,13 +26,13 @@ struct Command {
 };
 
 // The families, a file each.
-const std::vector<Command>& PreparingCommands();
-const std::vector<Command>& CallingCommands();
-const std::vector<Command>& ActingCommands();
-const std::vector<Command>& AnsweringCommands();
-const std::vector<Command>& ExpectingCommands();
+const std::vector<ScriptCommand>& PreparingCommands();
+const std::vector<ScriptCommand>& CallingCommands();
+const std::vector<ScriptCommand>& ActingCommands();
+const std::vector<ScriptCommand>& AnsweringCommands();
+const std::vector<ScriptCommand>& ExpectingCommands();
 
 // The command of a line; null if there is none.
-const Command* FindCommand(const ScriptLine& line);
+const ScriptCommand* FindCommand(const ScriptLine& line);
 
 }  // namespace tarvoni

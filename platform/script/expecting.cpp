@@ -132,8 +132,8 @@ void ExpectControl(ScriptRun& run) {
 
 }  // namespace
 
-const std::vector<Command>& ExpectingCommands() {
-  static const std::vector<Command> commands = {
+const std::vector<ScriptCommand>& ExpectingCommands() {
+  static const std::vector<ScriptCommand> commands = {
       {"try [C] …", TryRows, true},
       {"expect C = TEXT", ExpectControl, true},
       {"expect fields", ExpectFields, true},

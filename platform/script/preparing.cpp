@@ -165,8 +165,8 @@ void FailCommit(ScriptRun& run) {
 
 }  // namespace
 
-const std::vector<Command>& PreparingCommands() {
-  static const std::vector<Command> commands = {
+const std::vector<ScriptCommand>& PreparingCommands() {
+  static const std::vector<ScriptCommand> commands = {
       {"database NAME", Database, false, CommandUse::kWithoutScreen},
       {"fixture FILE", Fixture, false, CommandUse::kWithoutScreen},
       {"include FILE", Include},

@@ -66,7 +66,7 @@ void ScriptRun::SettleFault() {
 }
 
 void ScriptRun::PlayTaken() {
-  const Command* command = FindCommand(Line());
+  const ScriptCommand* command = FindCommand(Line());
   if (!command) Fail("Den Befehl \"" + Line().words[0] + "\" gibt es nicht.");
   const std::string form = " Er lautet: " + std::string(command->form);
   const std::size_t most = command->MostWords();

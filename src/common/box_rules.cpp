@@ -6,9 +6,16 @@
 #include "src/common/date_field.h"
 #include "src/common/m_common.h"
 #include "src/common/month_fields.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni {
 namespace {
+
+// Two fixed digits are a day or a month.
+Entry EntryOf(std::string_view mask) {
+  if (mask == "00") return Entry::kDatePart;
+  return NumberMask::Of(mask).places > 0 ? Entry::kDecimal : Entry::kWhole;
+}
 
 bool IsBox(const Control& control) {
   return dynamic_cast<const InputControl*>(&control) && !dynamic_cast<const ListBox*>(&control);
@@ -29,6 +36,7 @@ EnterRule NextOpenBoxOnEnter(Form& form) {
 }
 
 Rules& Rules::Keys(const std::string& mask) {
+  box_.SetTakes(EntryOf(mask));
   box_.KeyPress.Add(Turn::kFilter, [&box = box_, mask](int& key) { FormatKeyFilter(key, box, mask); });
   return *this;
 }

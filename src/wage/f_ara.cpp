@@ -17,6 +17,7 @@ namespace tarvoni {
 namespace sql = ara_sql;
 
 F_ARA::F_ARA() : Screen("F_ARA") {
+  DataGridArbeitsauftrag.SetStruck("STATUSKOPF", "S");
   orders_.Connect([this] { ShowCurrentRow(); }, [this] { return Columns(); }, &btnBearbeiten);
   ConnectFields();
   ConnectButtons();
@@ -200,6 +201,7 @@ void F_ARA::ShowCurrentRow() {
   row.Show("GESAMNT", txtGesamtKosten, "0.00");
   curProduktId = row.Number("PRODUKT_ID");
   curAraId = row.Number("ID_ARA_KOPF");
+  SetSubject(curAraId == 0 ? "" : "Forstbetrieb " + txtForstbetrieb.Text() + ", Auftrag " + row.Text("NAME"));
   SetTextBoxLocked(row.Number("LE") == 1, txtLeistung[0]);
   SetViewState(true);
 }

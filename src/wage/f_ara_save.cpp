@@ -102,6 +102,7 @@ std::int32_t F_ARA::CreateNewAra() {
 
 Control& F_ARA::FillNewAra() {
   txtArbeitsauftrag.SetText(FormatNumber(new_number_, "0000", CurrentLocale()));
+  SetSubject("Forstbetrieb " + txtForstbetrieb.Text() + ", neuer Auftrag " + txtArbeitsauftrag.Text());
   const bool copy = btnStornoNew.Pressed() || btnSpeichernNew.Pressed();
   if (!copy) ClearFields();
   return txtArbeitsauftrag;

@@ -123,6 +123,9 @@ void F_Arbeitnehmer::ShowCurrentRow() {
   row.Show("PROZENTSATZ", txtProzentsatz, kAmount);
   txtGesamtbetrag.SetText(Amount());  // a row without a rate has no SATZ
   curStundenId = row.Number("ID");
+  SetSubject(curStundenId == 0 ? ""
+                               : txtPersonalnummer[0].Text() + " " + txtPersonalnummer[1].Text() + ", " +
+                                     txtVerlohnungs[1].Text() + "." + txtVerlohnungs[3].Text());
   SetViewState(true);
 }
 

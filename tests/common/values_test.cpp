@@ -90,6 +90,47 @@ TEST(NumberText, ReadsWhatIsUnambiguousAndRefusesTheRest) {
   }
 }
 
+TEST(NumberText, ReadsNumbersFromElsewhereUnlessTheyCouldBeTwo) {
+  struct Case {
+    const char* text;
+    const char* german;
+  };
+  const Case cases[] = {
+      {"1.234,50", "1234,50"},
+      {"1 234,50", "1234,50"},
+      {"1,234.50", "1234,50"},
+      {"1'234.50", "1234,50"},
+      {"1\u00A0234", "1234"},
+      {"1.234.567", "1234567"},
+      {"-12.345,6", "-12345,6"},
+      {"\u22125", "-5"},
+      {"7.5", "7,5"},
+      {"0.765", "0,765"},
+      {"1,234", "1,234"},
+      {",5", ",5"},
+      {"12", "12"},
+      {"8.765", "refused"},
+      {"1 2", "refused"},
+      {"1\t234", "refused"},
+      {"1\n234", "refused"},
+      {"1.23.456", "refused"},
+      {"1.234,567.8", "refused"},
+      {"0.123.456", "refused"},
+      {"1.234 567", "refused"},
+      {"12a", "refused"},
+      {"--1", "refused"},
+      {"1.-5", "refused"},
+      {"", "refused"},
+      {".", "refused"},
+      {"1..5", "refused"},
+      {"1 234 5", "refused"},
+  };
+  for (const Case& c : cases) EXPECT_EQ(PlainNumber(c.text, kGerman).value_or("refused"), c.german) << c.text;
+  EXPECT_EQ(PlainNumber("1.234,50", kEnglish), "1234.50");
+  EXPECT_EQ(PlainNumber("8.765", kEnglish), "8.765");
+  EXPECT_FALSE(PlainNumber("8,765", kEnglish));
+}
+
 TEST(NumberText, MaskAdmitsWhatCanStillBecomeANumberOfItsSize) {
   const NumberMask mask = NumberMask::Of("-##0.00");
   for (const char* text : {"", "-", "1", "123", "123,", "123,4", "-123,45", ","}) {

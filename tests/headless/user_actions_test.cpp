@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "src/context/services/mnemonics.h"
 #include "src/context/values/call_error.h"
 #include "tests/support/events.h"
 #include "tests/support/fake_connection.h"
@@ -112,6 +113,10 @@ TEST_F(Actions, LeavingHandlerSendsTheFocusBackWithOneMessage) {
   EXPECT_THAT(toolkit.prompts, ElementsAre("falsch"));
   EXPECT_TRUE(form.txtA.HasFocus());
   EXPECT_THAT(form.log, ElementsAre("validate txtA", "got txtA")) << "the click is lost with the focus";
+  form.log.clear();
+  form.btnAbbrechen.SetCausesValidation(false);
+  user.Click(form.btnAbbrechen);
+  EXPECT_THAT(form.log, ElementsAre("got txtA", "click btnAbbrechen")) << "what cancels arrives at once";
 }
 
 TEST_F(Actions, ClickOnADisabledButtonIsNone) {
@@ -192,6 +197,101 @@ TEST_F(Actions, PasteKeepsTabsAndLineBreaksApart) {
   EXPECT_EQ(pasted(form.txtB, "a\tb\r\nc\rd\n"), "a b\nc\nd\n");
 }
 
+// Digits and the German separator.
+void AdmitNumbers(TextBox& box, Entry entry) {
+  box.SetTakes(entry);
+  box.KeyPress = [](int& key) {
+    if (key >= ' ' && key != ',' && (key < '0' || key > '9')) key = 0;
+  };
+}
+
+TEST_F(Actions, BothPointsSeparateWhereDecimalsStand) {
+  UserActions& user = Open();
+  AdmitNumbers(form.txtA, Entry::kDecimal);
+  user.Type("7.5");
+  EXPECT_EQ(form.txtA.Text(), "7,5");
+  EXPECT_THAT(toolkit.refusals, IsEmpty());
+  user.Type("+3");
+  EXPECT_EQ(form.txtA.Text(), "7,53");
+  EXPECT_THAT(toolkit.refusals, ElementsAre("txtA"));
+  EXPECT_EQ(toolkit.LastTold(), "Das Zeichen „+“ passt nicht in dieses Feld.");
+  AdmitNumbers(form.txtA, Entry::kWhole);
+  user.Type(".");
+  EXPECT_EQ(form.txtA.Text(), "7,53");
+  EXPECT_EQ(toolkit.refusals.size(), 2U);
+}
+
+TEST_F(Actions, PointsLeadFromDayToMonth) {
+  UserActions& user = Open();
+  AdmitNumbers(form.txtA, Entry::kDatePart);
+  AdmitNumbers(form.txtB, Entry::kDatePart);
+  user.Type("1.3,2024");
+  EXPECT_EQ(form.txtA.Text() + "/" + form.txtB.Text() + "/" + form.txtC.Text(), "1/3/2024");
+  EXPECT_THAT(toolkit.refusals, IsEmpty());
+}
+
+TEST_F(Actions, OnlyWhatABoxDoesNotTakeIsRefused) {
+  UserActions& user = Open();
+  form.txtA.KeyPress = [&](int& key) {
+    if (key == kKeyEnter || key == 'x') key = 0;
+    if (key == 't') {
+      key = 0;
+      form.txtB.SetFocus();
+    }
+  };
+  user.Key(kKeyEnter);
+  user.Type("t");
+  EXPECT_THAT(toolkit.refusals, IsEmpty()) << "Enter was answered, t moved on";
+  user.Focus(form.btnAbbrechen);
+  user.Type("x");
+  EXPECT_THAT(toolkit.refusals, IsEmpty()) << "nothing is typed on a button";
+  form.txtB.SetMaxLength(1);
+  form.txtC.SetLocked(true);
+  user.Focus(form.txtB);
+  user.Type("12");
+  user.Focus(form.txtC);
+  user.Type("1");
+  EXPECT_FALSE(user.Paste("1"));
+  EXPECT_THAT(toolkit.refusals, ElementsAre("txtB", "txtC", "txtC"));
+}
+
+TEST_F(Actions, PastedNumbersComeAsTheyAreOrAreToldOf) {
+  UserActions& user = Open();
+  AdmitNumbers(form.txtA, Entry::kDecimal);
+  const auto pasted = [&](const char* text) {
+    form.txtA.SetText("");
+    return user.Paste(text) ? form.txtA.Text() : toolkit.LastTold();
+  };
+  EXPECT_EQ(pasted("1.234,50"), "1234,50");
+  EXPECT_EQ(pasted("1 234,50\r\n"), "1234,50");
+  EXPECT_EQ(pasted("8.765"), "Der Text „8.765“ passt nicht in dieses Feld.");
+  EXPECT_EQ(pasted("1\t234"), "Der Text „1 234“ passt nicht in dieses Feld.") << "two cells";
+  EXPECT_EQ(toolkit.refusals.size(), 2U);
+  user.Focus(form.txtB);
+  EXPECT_TRUE(user.Paste("1.234,50"));
+  EXPECT_EQ(form.txtB.Text(), "1.234,50") << "a text stays as it is";
+}
+
+TEST_F(Actions, PasteIsOneChangeAndTheFilterSeesItGrow) {
+  UserActions& user = Open();
+  std::vector<std::string> seen, changes;
+  form.txtA.KeyPress = [&](int& key) {
+    seen.push_back(form.txtA.Text());
+    if (key == 'x') key = 0;
+  };
+  form.txtA.Change = [&] { changes.push_back(form.txtA.Text()); };
+  form.txtA.SetText("aöe");
+  form.txtA.Select(1, 1);
+  EXPECT_TRUE(user.Paste("üb\x01"));
+  EXPECT_THAT(seen, ElementsAre("ae", "aüe"));
+  EXPECT_THAT(changes, ElementsAre("aöe", "aübe"));
+  EXPECT_EQ(form.txtA.SelStart(), 3);
+  EXPECT_FALSE(user.Paste("1x"));
+  EXPECT_EQ(form.txtA.Text(), "aübe");
+  EXPECT_EQ(form.txtA.SelStart(), 3);
+  EXPECT_EQ(changes.size(), 2U) << "what was refused changed nothing";
+}
+
 TEST_F(Actions, PostedTabRunsAfterTheEvent) {
   UserActions& user = Open();
   form.txtA.KeyPress = [&](int& key) {
@@ -218,7 +318,76 @@ TEST_F(Actions, MnemonicsPressButtons) {
   UserActions& user = Open();
   EXPECT_TRUE(user.Mnemonic(U's'));
   EXPECT_THAT(form.log, testing::Contains("click btnOk"));
+  EXPECT_TRUE(user.Mnemonic(U'a')) << "a letter of its caption where it names none";
+  EXPECT_THAT(form.log, testing::Contains("click btnAbbrechen"));
   EXPECT_FALSE(user.Mnemonic(U'x'));
+}
+
+TEST_F(Actions, EveryButtonHasALetterOfItsOwn) {
+  form.btnOk.SetCaption("&Schließen");
+  form.btnAbbrechen.SetCaption("&Speichern");
+  EXPECT_EQ(CaptionWithMnemonic(form.btnOk), "&Schließen");
+  EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "S&peichern") << "the letter is taken";
+  form.btnAbbrechen.SetCaption("Storno + Senden && Ende");
+  EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "Storno + Senden && &Ende")
+      << "beginnings of words first";
+  EXPECT_EQ(CaptionWithMnemonic(form.frm), "Daten");
+}
+
+// A Screen with a list state and an edit state.
+class Editing : public Actions {
+ protected:
+  Editing() {
+    form.btnOk.SetDoes(Command::kSave);
+    form.btnAbbrechen.SetDoes(Command::kCancel);
+    form.Form_Unload = [this](bool& refused) { refused = form.btnAbbrechen.Enabled(); };
+    form.btnAbbrechen.SetEnabled(false);
+    form.btnOk.SetEnabled(false);
+  }
+  void Edit(bool edit) {
+    form.btnAbbrechen.SetEnabled(edit);
+    form.btnOk.SetEnabled(edit);
+  }
+};
+
+TEST_F(Editing, EscapeAsksBeforeAnythingTypedIsLost) {
+  UserActions& user = Open();
+  form.btnAbbrechen.Click = [&] { Edit(false); };
+  Edit(true);
+  user.Key(kKeyEscape);
+  EXPECT_THAT(toolkit.prompts, IsEmpty()) << "nothing was typed";
+  EXPECT_FALSE(form.btnAbbrechen.Enabled());
+  Edit(true);
+  user.Focus(form.txtA);
+  user.Type("x");
+  toolkit.answer = kAnswerNo;
+  user.Key(kKeyEscape);
+  EXPECT_THAT(toolkit.prompts, ElementsAre("Die Eingaben verwerfen?"));
+  EXPECT_TRUE(form.btnAbbrechen.Enabled());
+  toolkit.answer = kAnswerYes;
+  user.Key(kKeyEscape);
+  EXPECT_FALSE(form.btnAbbrechen.Enabled());
+  EXPECT_TRUE(form.IsLoaded());
+  user.Key(kKeyEscape);
+  EXPECT_FALSE(form.IsLoaded()) << "where nothing is edited it closes";
+}
+
+TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
+  UserActions& user = Open();
+  form.SetSubject("Auftrag 1");
+  user.Key('S', 2);
+  EXPECT_THAT(form.log, IsEmpty()) << "nothing is edited";
+  Edit(true);
+  EXPECT_FALSE(user.Close());
+  EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.");
+  form.btnOk.Click = [] {};
+  user.Key('S', 2);
+  EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.") << "the save was refused";
+  form.btnOk.Click = [&] { Edit(false); };
+  user.Key('S', 2);
+  EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Auftrag 1.");
+  user.Key(kKeyF1);
+  EXPECT_THAT(toolkit.prompts.back(), testing::HasSubstr("Strg+S: Schließen"));
 }
 
 TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
@@ -352,6 +521,20 @@ TEST(Choosing, TabsChecksOptionsAndDates) {
   form.dtp.SetLimits({.year = 1901, .month = 1, .day = 1}, {.year = 2079, .month = 1, .day = 1});
   user.ChooseDate(form.dtp, DateTime{.year = 2100, .month = 5, .day = 1});
   EXPECT_EQ(form.dtp.Value(), (DateTime{.year = 2079, .month = 1, .day = 1}));
+}
+
+TEST(Choosing, CtrlWithTabOrAPageKeyTurnsToAnotherTab) {
+  QuietToolkit toolkit;
+  Choices form;
+  const auto shown = toolkit.Show(form, form.chk);
+  UserActions& user = shown->user;
+  user.Key(kKeyTab, 2);
+  EXPECT_EQ(form.SSTab1.Tab(), 1);
+  user.Key(kKeyPageDown, 2);
+  EXPECT_EQ(form.SSTab1.Tab(), 0) << "round the end";
+  form.SSTab1.SetTabEnabled(1, false);
+  user.Key(kKeyTab, 3);
+  EXPECT_EQ(form.SSTab1.Tab(), 0);
 }
 
 TEST(Choosing, ListClicksOnAChangeOnlyAndFollowsRemovedItems) {

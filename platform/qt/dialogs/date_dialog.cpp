@@ -43,6 +43,10 @@ QCalendarWidget* MakeCalendar(QWidget* parent) {
   weekend.setForeground(calendar->palette().brush(QPalette::Link));
   calendar->setWeekdayTextFormat(Qt::Saturday, weekend);
   calendar->setWeekdayTextFormat(Qt::Sunday, weekend);
+  QTextCharFormat head;
+  head.setForeground(calendar->palette().brush(QPalette::Text));
+  head.setBackground(calendar->palette().brush(QPalette::AlternateBase));
+  calendar->setHeaderTextFormat(head);
   return calendar;
 }
 

@@ -84,6 +84,40 @@ std::string TextBox::SelText() const {
   return std::string(utf8::Substring(text_, sel_start_, sel_length_));
 }
 
+TextInsertion::TextInsertion(TextBox& box)
+    : box_(box),
+      before_(box.text_),
+      start_before_(box.sel_start_),
+      length_before_(box.sel_length_),
+      length_(utf8::Length(box.text_) - box.sel_length_),
+      place_(utf8::Substring(box.text_, 0, box.sel_start_).size()) {
+  box_.text_.erase(place_, box.SelText().size());
+  box_.sel_length_ = 0;
+}
+
+void TextInsertion::Add(char32_t character) {
+  std::string added;
+  utf8::Append(added, character);
+  place_ = std::min(place_, box_.text_.size());  // a filter may have written a text of its own
+  box_.text_.insert(place_, added);
+  place_ += added.size();
+  ++box_.sel_start_;
+  ++length_;
+}
+
+void TextInsertion::Finish() {
+  if (box_.text_ == before_) return;
+  box_.Announce(Aspect::kText);
+  box_.Announce(Aspect::kSelection);
+  box_.Change();
+}
+
+void TextInsertion::Undo() {
+  box_.text_ = before_;
+  box_.sel_start_ = start_before_;
+  box_.sel_length_ = length_before_;
+}
+
 void DateControl::SetValue(std::optional<DateTime> value) {
   if (value_ == value) return;
   value_ = value;

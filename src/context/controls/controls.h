@@ -31,16 +31,22 @@ class Frame : public Captioned {
   using Captioned::Captioned;
 };
 
+// What a button is for, where a key of its own presses it from anywhere on the Screen.
+enum class Command { kNone, kNew, kEdit, kSave, kSaveAndNew, kCancel, kDelete, kClose };
+
 class Button : public Captioned {
  public:
   using Captioned::Captioned;
   bool TakesFocus() const override { return true; }
+  Command Does() const { return does_; }
+  void SetDoes(Command command) { does_ = command; }
 
   // Runs the click at once, enabled or not; meanwhile the button counts as pressed.
   void Press();
   bool Pressed() const { return pressed_ > 0; }
 
  private:
+  Command does_ = Command::kNone;
   int pressed_ = 0;
 };
 
@@ -72,6 +78,14 @@ class OptionButton : public Captioned {
   bool value_ = false;
 };
 
+// What a box is made for. Whatever its filter admits: the decimal keys and what is pasted mean what the user means.
+enum class Entry {
+  kText,      // anything
+  kWhole,     // a whole number
+  kDecimal,   // point and comma are both the locale's separator
+  kDatePart,  // a day or month; point and comma go on to the next box
+};
+
 // Positions and lengths count characters, not bytes.
 class TextBox : public InputControl {
  public:
@@ -83,6 +97,8 @@ class TextBox : public InputControl {
   // Empties text and Tag.
   void Clear();
 
+  Entry Takes() const { return takes_; }
+  void SetTakes(Entry entry) { takes_ = entry; }
   int MaxLength() const { return max_length_; }  // 0: no limit; binds the keyboard, not the program
   void SetMaxLength(int max_length);
   bool MultiLine() const { return multi_line_; }  // Enter and Tab keep their meaning; Enter breaks the line
@@ -95,11 +111,37 @@ class TextBox : public InputControl {
   std::string SelText() const;
 
  private:
+  friend class TextInsertion;
   std::string text_;
   bool multi_line_ = false;
+  Entry takes_ = Entry::kText;
   int max_length_ = 0;
   int sel_start_ = 0;
   int sel_length_ = 0;
+};
+
+// Characters that go into a box in place of its selection, one by one, so that a filter sees the text grow; the
+// change is announced once, at the end.
+class TextInsertion {
+ public:
+  explicit TextInsertion(TextBox& box);
+  TextInsertion(const TextInsertion&) = delete;
+  TextInsertion& operator=(const TextInsertion&) = delete;
+
+  void Add(char32_t character);
+  int Length() const { return length_; }  // of the whole text
+  // Announces what came of it, unless the text is as it was.
+  void Finish();
+  // The box is as it was before.
+  void Undo();
+
+ private:
+  TextBox& box_;
+  std::string before_;
+  int start_before_;
+  int length_before_;
+  int length_;
+  std::size_t place_ = 0;  // of the caret, in bytes
 };
 
 // A date or nothing. The user cannot choose a day outside the limits; the program may set any.

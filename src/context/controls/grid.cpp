@@ -104,6 +104,17 @@ std::string DataGrid::CellText(int row, int column) const {
   return FieldText(CellValue(row, column), ColumnAt(column).NumberFormat(), CurrentLocale());
 }
 
+void DataGrid::SetStruck(std::string_view field, std::string_view text) {
+  struck_field_ = field;
+  struck_text_ = text;
+}
+
+bool DataGrid::IsStruck(int row) const {
+  if (struck_field_.empty() || row >= RowCount()) return false;
+  if (view_.AbsolutePosition() != row + 1) view_.SetAbsolutePosition(row + 1);
+  return FieldText(view_.Fields()[struck_field_].Value(), "", CurrentLocale()) == struck_text_;
+}
+
 void DataGrid::Refresh() {
   // A copy keeps the order the rows were sorted in, and moving it raises no event.
   view_ = data_ ? data_->Recordset().Rows() : Recordset();

@@ -97,6 +97,9 @@ class DataGrid : public Grid {
   std::string CellText(int row, int column) const override;
   // The value behind a cell, in the order the rows are shown.
   const Value& CellValue(int row, int column) const;
+  // Rows with this text in the field are shown struck through: they count no more.
+  void SetStruck(std::string_view field, std::string_view text);
+  bool IsStruck(int row) const;
   // Shows the rows anew after they changed in the database behind the data control's back.
   void Refresh();
 
@@ -109,6 +112,8 @@ class DataGrid : public Grid {
 
   DataControl* data_ = nullptr;
   mutable Recordset view_;
+  std::string struck_field_;
+  std::string struck_text_;
 };
 
 // A grid of texts filled by program, with its captions above.

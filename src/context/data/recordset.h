@@ -91,6 +91,11 @@ class Recordset {
 
   // Position counted from 1, or kPositionBof, kPositionEof.
   int AbsolutePosition() const;
+  // The current row's number from 0 in the order the statement gave, however the rows are sorted.
+  std::size_t StatementRow() const {
+    const auto row = static_cast<std::size_t>(position_);
+    return order_.empty() ? row : order_[row];
+  }
   void SetAbsolutePosition(int position);
 
   // A second cursor over the same rows, at the first row, unsorted.
