@@ -280,6 +280,7 @@ class CountingConnection : public Connection {
  public:
   long long Execute(std::string_view) override { return -1; }
   Recordset Open(std::string_view) override { return {}; }
+  void OpenAll(std::string_view, const std::function<void(const BatchPart&)>&) override {}
   const std::string& ConnectionString() const override { return text_; }
   void BeginHandler() override { ++depth; }
   void EndHandler() override {

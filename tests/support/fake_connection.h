@@ -43,6 +43,7 @@ class FakeConnection : public Connection {
     return Recordset(answer->second);
   }
 
+  void OpenAll(std::string_view, const std::function<void(const BatchPart&)>&) override {}
   const std::string& ConnectionString() const override { return name_; }
   void BeginHandler() override { ++depth_; }
   void EndHandler() override {
