@@ -54,6 +54,19 @@ std::string OrderHoursAmount(std::int32_t order, std::int32_t worker, std::int32
 
 }  // namespace
 
+std::string OrdersWithAnotherTotal() {
+  return Compose(
+      "SELECT K.ID AS ARA_KOPF,K.GESAMNT,ROUND(SUM(HOURS.WERT),2) AS STUNDENWERT\n"
+      " FROM (SELECT ARA_STUNDEN.ID_ARA_KOPF,ROUND(ARA_STUNDEN.STUNDEN,2)*ROUND({},2) AS WERT\n"
+      " FROM ARA_STUNDEN\n"
+      " LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN) HOURS\n"
+      " INNER JOIN ARA_KOPF K ON K.ID = HOURS.ID_ARA_KOPF\n"
+      " GROUP BY K.ID,K.GESAMNT\n"
+      " HAVING ISNULL(K.GESAMNT,0) <> ISNULL(ROUND(SUM(HOURS.WERT),2),0)\n"
+      " ORDER BY K.ID",
+      Fragment(kRate));
+}
+
 void ReportService::PrintGrid(const TvnVar_Dll&, const std::string& report, const std::string&,
                               const std::string&, bool) {
   throw CallError("Der Bericht \"" + report + "\" kann noch nicht gedruckt werden.");
