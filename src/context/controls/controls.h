@@ -80,6 +80,9 @@ class TextBox : public InputControl {
   const std::string& Text() const { return text_; }
   void SetText(std::string_view text);  // a different text raises Change
   bool Empty() const { return text_.empty(); }
+  int Length() const { return length_; }  // in characters
+  // Puts text in place of `length` characters from `start` on, as SetText does; quick at the end of a long text.
+  void Splice(int start, int length, std::string_view inserted);
   // Empties text and Tag.
   void Clear();
 
@@ -95,8 +98,11 @@ class TextBox : public InputControl {
   std::string SelText() const;
 
  private:
+  void TextChanged();
+
   std::string text_;
   bool multi_line_ = false;
+  int length_ = 0;
   int max_length_ = 0;
   int sel_start_ = 0;
   int sel_length_ = 0;
