@@ -26,7 +26,7 @@ class SqlSession {
   // False when the batch failed; what is wrong has been reported then.
   bool Run(const BatchReader::Batch& batch) {
     try {
-      connection_->OpenAll(batch.text, [this](const BatchPart& part) { Print(part); });
+      connection_->OpenAll(SqlText::Verbatim(batch.text), [this](const BatchPart& part) { Print(part); });
       return true;
     } catch (const DatabaseError& error) {
       std::fflush(stdout);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "src/context/data/sql_text.h"
 #include "src/context/services/services.h"
 
 namespace tarvoni::suite {
@@ -27,6 +28,6 @@ class ReportService final : public tarvoni::ReportService {
 };
 
 // Asks for the wage orders with hours whose total (GESAMNT) is not what their hours are worth: order, total and worth.
-std::string OrdersWithAnotherTotal();
+SqlText OrdersWithAnotherTotal();
 
 }  // namespace tarvoni::suite

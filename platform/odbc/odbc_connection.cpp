@@ -35,20 +35,20 @@ OdbcConnection::OdbcConnection(const std::string& connection_string, const OdbcO
       options_(options),
       link_(DriverText(connection_string), options.login_timeout),
       uses_lock_(IsServer() && WantsApplicationLock(connection_string)) {
-  if (IsServer()) Execute(kSessionBatch);
+  if (IsServer()) Run(kSessionBatch);
 }
 
-long long OdbcConnection::Execute(std::string_view text) {
-  return Run(text).AffectedRows();
+long long OdbcConnection::Execute(const SqlText& text) {
+  return Run(text.Text()).AffectedRows();
 }
 
-Recordset OdbcConnection::Open(std::string_view text) {
-  return Run(text).Rows();
+Recordset OdbcConnection::Open(const SqlText& text) {
+  return Run(text.Text()).Rows();
 }
 
-void OdbcConnection::OpenAll(std::string_view text, const std::function<void(const BatchPart&)>& take) {
-  const std::string statement = WithoutPassword(text);
-  const Batch batch = RunAlone(text, statement);
+void OdbcConnection::OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) {
+  const std::string statement = WithoutPassword(text.Text());
+  const Batch batch = RunAlone(text.Text(), statement);
   for (const BatchPart& part : batch.Parts()) take(part);
   if (batch.Failure()) throw ErrorOf(*batch.Failure(), statement);
 }

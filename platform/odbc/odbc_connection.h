@@ -13,9 +13,9 @@ class OdbcConnection : public Connection {
  public:
   OdbcConnection(const std::string& connection_string, const OdbcOptions& options);
 
-  long long Execute(std::string_view text) override;
-  Recordset Open(std::string_view text) override;
-  void OpenAll(std::string_view text, const std::function<void(const BatchPart&)>& take) override;
+  long long Execute(const SqlText& text) override;
+  Recordset Open(const SqlText& text) override;
+  void OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) override;
   const std::string& ConnectionString() const override { return connection_string_; }
 
   // Every statement commits by itself on a server, which is what the system expects there: nothing is held

@@ -34,9 +34,9 @@ class FaultyConnection : public Connection {
   FaultyConnection(std::shared_ptr<Connection> real, std::shared_ptr<WriteFault> fault)
       : real_(std::move(real)), fault_(std::move(fault)) {}
 
-  long long Execute(std::string_view text) override { return Sending(text).Execute(text); }
-  Recordset Open(std::string_view text) override { return Sending(text).Open(text); }
-  void OpenAll(std::string_view text, const std::function<void(const BatchPart&)>& take) override {
+  long long Execute(const SqlText& text) override { return Sending(text).Execute(text); }
+  Recordset Open(const SqlText& text) override { return Sending(text).Open(text); }
+  void OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) override {
     Sending(text).OpenAll(text, take);
   }
   const std::string& ConnectionString() const override { return real_->ConnectionString(); }
@@ -48,8 +48,8 @@ class FaultyConnection : public Connection {
   Connection& Real() { return *real_; }
 
  private:
-  Connection& Sending(std::string_view text) {
-    fault_->Hear(text);
+  Connection& Sending(const SqlText& text) {
+    fault_->Hear(text.Text());
     return *real_;
   }
 

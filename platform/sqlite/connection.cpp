@@ -16,17 +16,17 @@ SqliteConnection::~SqliteConnection() {
   }
 }
 
-long long SqliteConnection::Execute(std::string_view text) {
-  return Run(text, Wanted::kNone).affected;
+long long SqliteConnection::Execute(const SqlText& text) {
+  return Run(text.Text(), Wanted::kNone).affected;
 }
 
-Recordset SqliteConnection::Open(std::string_view text) {
-  auto result = Run(text, Wanted::kFirstRows);
+Recordset SqliteConnection::Open(const SqlText& text) {
+  auto result = Run(text.Text(), Wanted::kFirstRows);
   return result.rows ? Recordset(std::move(*result.rows)) : Recordset();
 }
 
-void SqliteConnection::OpenAll(std::string_view text, const std::function<void(const BatchPart&)>& take) {
-  const auto result = RunTraced(text, Wanted::kAll);
+void SqliteConnection::OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) {
+  const auto result = RunTraced(text.Text(), Wanted::kAll);
   for (const BatchPart& part : result.parts) take(part);
   if (result.error) throw DatabaseError(*result.error);
 }
@@ -53,7 +53,7 @@ BatchResult SqliteConnection::RunTraced(std::string_view text, Wanted wanted) {
   auto result = RunBatch(text, wanted);
   if (trace_) {
     const auto elapsed = std::chrono::steady_clock::now() - start;
-    trace_({text, elapsed, result.counted, result.error ? result.error->Number() : 0});
+    trace_({text, elapsed, result.affected, result.error ? result.error->Number() : 0});
   }
   return result;
 }

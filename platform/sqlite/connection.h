@@ -16,9 +16,9 @@ class SqliteConnection : public Connection {
   explicit SqliteConnection(std::shared_ptr<Database> database) : database_(std::move(database)) {}
   ~SqliteConnection() override;
 
-  long long Execute(std::string_view text) override;
-  Recordset Open(std::string_view text) override;
-  void OpenAll(std::string_view text, const std::function<void(const BatchPart&)>& take) override;
+  long long Execute(const SqlText& text) override;
+  Recordset Open(const SqlText& text) override;
+  void OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) override;
   const std::string& ConnectionString() const override { return database_->Name(); }
   void BeginHandler() override;
   void EndHandler() override;

@@ -148,10 +148,8 @@ std::size_t Executor::Do(const tsql::WriteStep& step) {
 }
 
 void Executor::KeepCount() {
-  result_.counted = sqlite3_changes64(database_.File().Raw());
-  if (session_.nocount) return;
-  result_.affected = result_.counted;
-  if (wanted_ == Wanted::kAll) result_.parts.push_back({{}, result_.counted});
+  result_.affected = sqlite3_changes64(database_.File().Raw());
+  if (wanted_ == Wanted::kAll && !session_.nocount) result_.parts.push_back({{}, result_.affected});
 }
 
 void Executor::NoteExplicitIdentity(const std::string& table) {

@@ -25,8 +25,7 @@ enum class Wanted { kNone, kFirstRows, kAll };
 struct BatchResult {
   std::optional<RowSet> rows;          // the first result set
   std::vector<BatchPart> parts;        // all results, where they are wanted
-  long long affected = -1;             // as reported
-  long long counted = -1;              // the same, also under SET NOCOUNT
+  long long affected = -1;
   std::optional<DatabaseError> error;  // the first one
 };
 

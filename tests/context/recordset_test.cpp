@@ -276,11 +276,17 @@ TEST(RecordsetTest, GetRowsTakesTheRest) {
   EXPECT_THAT(rows.GetRows(), IsEmpty());
 }
 
+template <typename Rows>
+concept GivesFields = requires(Rows&& rows) {
+  std::forward<Rows>(rows).Fields();
+};
+static_assert(GivesFields<Recordset&> && !GivesFields<Recordset>, "fields of a recordset that is gone");
+
 class CountingConnection : public Connection {
  public:
-  long long Execute(std::string_view) override { return -1; }
-  Recordset Open(std::string_view) override { return {}; }
-  void OpenAll(std::string_view, const std::function<void(const BatchPart&)>&) override {}
+  long long Execute(const SqlText&) override { return -1; }
+  Recordset Open(const SqlText&) override { return {}; }
+  void OpenAll(const SqlText&, const std::function<void(const BatchPart&)>&) override {}
   const std::string& ConnectionString() const override { return text_; }
   void BeginHandler() override { ++depth; }
   void EndHandler() override {

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "platform/sqlite/public/partial_file.h"
+#include "src/context/data/statement.h"
 #include "tests/database/database_testing.h"
 #include "tests/disk/faulty_disk.h"
 
@@ -165,8 +166,8 @@ TEST_F(BackupTest, TellsOfDamage) {
   EXPECT_THAT(CheckIntegrity(*connection_), ::testing::IsEmpty());
   connection_->BeginHandler();
   for (int i = 2; i < 400; ++i) {
-    connection_->Execute("INSERT INTO A (ID,T) VALUES (" + std::to_string(i) + ",'" + std::to_string(i) +
-                         "')");
+    connection_->Execute(
+        Compose("INSERT INTO A (ID,T) VALUES ({},'{}')", Id(i), tarvoni::Quoted(std::to_string(i))));
   }
   connection_->EndHandler();
   connection_.reset();

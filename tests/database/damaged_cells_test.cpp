@@ -1,4 +1,5 @@
 #include "tests/database/database_testing.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni::sqlite {
 namespace {
@@ -52,7 +53,7 @@ TEST_F(DamagedCellsTest, AListShowsTheCellsAsTheyAreBehindAMark) {
 
 TEST_F(DamagedCellsTest, AStatementThatNeedsTheValueNamesTheCell) {
   for (const char* text : {"SELECT D+1 FROM T", "SELECT A.ID FROM T A WHERE A.D+1 > '20240101'"}) {
-    const auto error = ErrorIn([&] { connection_->Open(text); });
+    const auto error = ErrorIn([&] { connection_->Open(Sql(text)); });
     ASSERT_TRUE(error) << text;
     EXPECT_EQ(error->Number(), kErrorDamaged) << text;
     EXPECT_THAT(error->what(), HasSubstr("Tabelle T, ID 2, Spalte ")) << text;

@@ -3,13 +3,14 @@
 #include <set>
 
 #include "src/context/data/handler_scope.h"
+#include "src/context/data/statement.h"
 
 namespace tarvoni::disktest {
 namespace {
 
 constexpr int kRowsOfASave = 3;
 
-std::set<long long> Keys(Connection& connection, const std::string& statement) {
+std::set<long long> Keys(Connection& connection, const SqlText& statement) {
   std::set<long long> keys;
   for (Recordset rows = connection.Open(statement); !rows.EndOfFile(); rows.MoveNext())
     keys.insert(std::get<std::int64_t>(rows.Fields()[0].Value()));
@@ -23,10 +24,15 @@ void FindFaults(Connection& connection, const std::vector<long long>& acknowledg
     if (!heads.contains(key))
       faults.push_back("save " + std::to_string(key) + " was acknowledged and is gone");
   }
-  const auto halved = Keys(
-      connection, "SELECT K.ID FROM KOPF K WHERE (SELECT COUNT(*) FROM ZEILE Z WHERE Z.KOPF = K.ID) <> " +
-                      std::to_string(kRowsOfASave) +
-                      " UNION SELECT KOPF FROM ZEILE WHERE KOPF NOT IN (SELECT ID FROM KOPF)");
+  const auto halved = Keys(connection, Compose(R"(
+SELECT K.ID
+FROM KOPF K
+WHERE (SELECT COUNT(*) FROM ZEILE Z WHERE Z.KOPF = K.ID) <> {}
+UNION
+SELECT KOPF
+FROM ZEILE
+WHERE KOPF NOT IN (SELECT ID FROM KOPF))",
+                                               Id(kRowsOfASave)));
   for (const long long key : halved) faults.push_back("save " + std::to_string(key) + " is halved");
   for (const long long number :
        Keys(connection, "SELECT NUMMER FROM KOPF GROUP BY NUMMER HAVING COUNT(*) > 1"))
@@ -37,21 +43,22 @@ void FindFaults(Connection& connection, const std::vector<long long>& acknowledg
 
 void MakeSavesFile(const std::string& path) {
   sqlite::OpenDatabase(path, {.create = true})
-      ->Execute(
-          "CREATE TABLE KOPF (ID INT IDENTITY(1,1) NOT NULL PRIMARY KEY, NUMMER INT NOT NULL)\n"
-          "CREATE TABLE ZEILE (ID INT IDENTITY(1,1) NOT NULL PRIMARY KEY, KOPF INT NOT NULL, T "
-          "NVARCHAR(900))");
+      ->Execute(R"(
+CREATE TABLE KOPF (ID INT IDENTITY(1,1) NOT NULL PRIMARY KEY, NUMMER INT NOT NULL)
+CREATE TABLE ZEILE (ID INT IDENTITY(1,1) NOT NULL PRIMARY KEY, KOPF INT NOT NULL, T NVARCHAR(900)))");
 }
 
 long long Save(Connection& connection) {
   HandlerScope handler(connection);
-  const Recordset made = connection.Open(
-      "SET NOCOUNT ON\n"
-      "INSERT INTO KOPF (NUMMER) SELECT ISNULL((SELECT MAX(NUMMER) FROM KOPF),0)+1\n"
-      "SELECT IDENT_CURRENT('KOPF') AS ID");
+  const Recordset made = connection.Open(R"(
+SET NOCOUNT ON
+INSERT INTO KOPF (NUMMER) SELECT ISNULL((SELECT MAX(NUMMER) FROM KOPF),0)+1
+SELECT IDENT_CURRENT('KOPF') AS ID)");
   const std::string key = ToDisplayText(made.Fields()[0].Value());
-  for (int i = 0; i < kRowsOfASave; ++i)
-    connection.Execute("INSERT INTO ZEILE (KOPF,T) VALUES (" + key + ",'" + std::string(800, 'x') + "')");
+  for (int i = 0; i < kRowsOfASave; ++i) {
+    connection.Execute(
+        Compose("INSERT INTO ZEILE (KOPF,T) VALUES ({},'{}')", Id(key), Quoted(std::string(800, 'x'))));
+  }
   handler.Finish();
   return std::stoll(key);
 }

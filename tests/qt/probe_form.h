@@ -6,6 +6,7 @@
 
 #include "src/context/controls/form.h"
 #include "src/context/services/environment.h"
+#include "tests/support/events.h"
 #include "tests/support/fake_connection.h"
 
 namespace tarvoni::test {
@@ -65,7 +66,7 @@ struct ProbeForm : Form {
       log.emplace_back("unload");
       refused = veto;
     };
-    btnClose.Click = [this] { Unload(); };
+    Replace(btnClose.Click, [this] { Unload(); });
   }
 
   // Fills lists and grids.

@@ -25,10 +25,10 @@ using testing::Not;
 
 // Typed text of a box that admits digits and makes letters great.
 void AdmitDigits(TextBox& box) {
-  box.KeyPress = [](int& key) {
+  test::Replace(box.KeyPress, [](int& key) {
     if (key >= 'a' && key <= 'z') key += 'A' - 'a';
     if (key == '.' || key == ' ') key = 0;
-  };
+  });
 }
 
 TEST(TextBoxView, TypedAndPastedTextPassesTheFilter) {
@@ -75,7 +75,7 @@ TEST(TextBoxView, EditorsOwnCommandsReachTheScreen) {
     EXPECT_EQ(box.Text(), "");
     EXPECT_EQ(FromQt(QGuiApplication::clipboard()->text()), "zwei Worte");
     EXPECT_THAT(stage.form.log, ElementsAre("change txtName"));
-    stage.form.txtName.Change = [&] { box.SetText("fest"); };
+    test::Replace(stage.form.txtName.Change, [&] { box.SetText("fest"); });
     stage.Press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(FromQt(edit.text()), "fest") << "the Screen has the last word";
   });
@@ -85,7 +85,7 @@ TEST(TextBoxView, FocusByMouseLeavesTheTextSelected) {
   Stage stage;
   auto& box = stage.form.txtName;
   box.SetText("Windwurf");
-  box.GotFocus = [&] { box.SelectAll(); };
+  test::Replace(box.GotFocus, [&] { box.SelectAll(); });
   stage.Show(stage.form.txtMenge, [&](FormWindow&) {
     auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(box));
     stage.driver.Click(box);

@@ -13,6 +13,7 @@
 #include "tests/disk/faulty_disk.h"
 #include "tests/disk/saves.h"
 #include "tests/support/file_bytes.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni::torture {
 namespace {
@@ -197,7 +198,7 @@ Found MutateStatements(const std::string&, Chance& chance) {
         "CREATE TABLE ZEILE (ID INT IDENTITY(1,1) NOT NULL PRIMARY KEY, KOPF INT NOT NULL, T NVARCHAR(900))");
     for (int i = 0; i < 400; ++i) {
       try {
-        connection->Open(Mutated(kSeeds[Below(chance, static_cast<unsigned>(kSeeds.size()))], chance));
+        connection->Open(Sql(Mutated(kSeeds[Below(chance, static_cast<unsigned>(kSeeds.size()))], chance)));
       } catch (const DatabaseError&) {  // most are none any more
       }
     }

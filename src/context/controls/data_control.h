@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "src/context/controls/control.h"
@@ -56,8 +57,8 @@ class DataControl : public Control {
 
   const std::string& ConnectionString() const { return connection_string_; }
   void SetConnectionString(std::string_view connection_string);
-  const std::string& RecordSource() const { return record_source_; }
-  void SetRecordSource(std::string_view statement) { record_source_ = statement; }
+  const SqlText& RecordSource() const { return record_source_; }
+  void SetRecordSource(SqlText statement) { record_source_ = std::move(statement); }
 
   // Runs the statement again, rebuilds the columns of the bound grids and stands on the first row. If the
   // statement fails, the rows stay as they were.
@@ -74,7 +75,7 @@ class DataControl : public Control {
   void RowsChanged();
 
   std::string connection_string_;
-  std::string record_source_;
+  SqlText record_source_;
   std::shared_ptr<Connection> connection_;
   BoundRecordset recordset_{*this};
   std::vector<DataGrid*> grids_;

@@ -8,6 +8,7 @@
 
 #include "src/context/data/database_error.h"
 #include "src/context/data/recordset.h"
+#include "src/context/data/sql_text.h"
 
 namespace tarvoni {
 
@@ -33,12 +34,12 @@ class Connection {
 
   // Runs a batch. Gives the rows affected by its last statement that reports a count, or -1 if none does.
   // Throws the batch's first DatabaseError, after what a server would still have run.
-  virtual long long Execute(std::string_view text) = 0;
+  virtual long long Execute(const SqlText& text) = 0;
   // Runs a batch and gives its first result set; a closed recordset if it has none.
-  virtual Recordset Open(std::string_view text) = 0;
+  virtual Recordset Open(const SqlText& text) = 0;
   // Runs a batch and hands over each of its results in order, also those before its error. For command lines;
   // a Screen asks one question at a time.
-  virtual void OpenAll(std::string_view text, const std::function<void(const BatchPart&)>& take) = 0;
+  virtual void OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) = 0;
 
   // A text that opens the same database again; never with a password in it when shown.
   virtual const std::string& ConnectionString() const = 0;
