@@ -276,12 +276,6 @@ TEST(RecordsetTest, GetRowsTakesTheRest) {
   EXPECT_THAT(rows.GetRows(), IsEmpty());
 }
 
-template <typename Rows>
-concept GivesFields = requires(Rows&& rows) {
-  std::forward<Rows>(rows).Fields();
-};
-static_assert(GivesFields<Recordset&> && !GivesFields<Recordset>, "fields of a recordset that is gone");
-
 class CountingConnection : public Connection {
  public:
   long long Execute(const SqlText&) override { return -1; }

@@ -6,9 +6,10 @@
 #include "host/script/script_hooks.h"
 #include "host/script/script_stage.h"
 #include "platform/script/public/script_player.h"
-#include "screens_example.h"
 #include "suite/tarvoni_suite.h"
 #include "tests/screens/f_probe.h"
+
+#include SCREENS_EXAMPLE  // the Screen of docs/screens.md
 
 namespace tarvoni {
 namespace {

@@ -151,7 +151,7 @@ class Layouts : public test::SuiteTest {
     store.SaveLayout(context, "F_A", grid);
   }
 
-  static constexpr const char* kStatement = "SELECT ID, NUMBER, NAME FROM PRODUKT";
+  static constexpr SqlText kStatement = "SELECT ID, NUMBER, NAME FROM PRODUKT";
   static constexpr int kDefault = GridColumn::kDefaultWidth;
   suite::GridLayoutStore store;
   Lists lists;

@@ -32,7 +32,8 @@ class Connection {
  public:
   virtual ~Connection() = default;
 
-  // Runs a batch. Gives the rows affected by its last statement that reports a count, or -1 if none does.
+  // Runs a batch. Gives the rows affected by its last statement that counts them; -1 if none does, or if a server keeps
+  // the count to itself (SET NOCOUNT ON).
   // Throws the batch's first DatabaseError, after what a server would still have run.
   virtual long long Execute(const SqlText& text) = 0;
   // Runs a batch and gives its first result set; a closed recordset if it has none.
