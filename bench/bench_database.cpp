@@ -108,7 +108,7 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
 sqlite::Handle& HandWritten() {
   static sqlite::Handle handle(DatabaseFile(), SQLITE_OPEN_READWRITE, std::chrono::milliseconds(5000));
   static const bool prepared = [] {
-    handle.Execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON; PRAGMA temp_store = MEMORY;");
+    handle.Execute("PRAGMA synchronous = EXTRA; PRAGMA foreign_keys = ON; PRAGMA temp_store = MEMORY;");
     return true;
   }();
   (void)prepared;

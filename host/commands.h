@@ -38,7 +38,13 @@ struct ScriptCommand {
 ExitCode RunScript(const ScriptCommand& command);
 
 ExitCode RunSchema();
-ExitCode RunBackup(const std::string& database, const std::string& target);
+
+struct BackupCommand {
+  std::string database;
+  std::string target;
+  bool force = false;  // also over a file that is no older backup of the database
+};
+ExitCode RunBackup(const BackupCommand& command);
 ExitCode RunCheck(const std::string& database);
 
 }  // namespace tarvoni::host

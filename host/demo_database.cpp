@@ -1,11 +1,10 @@
 #include "host/demo_database.h"
 
-#include "host/new_database.h"
-
 namespace tarvoni::host {
 
-void MakeDemoDatabase(const std::string& database, const demo::DemoOptions& options) {
-  MakeNewDatabase(database, [&](Connection& connection) { demo::BuildDemo(connection, options); });
+void MakeDemoDatabase(const std::string& database, const demo::DemoOptions& options, Existing existing) {
+  MakeNewDatabase(
+      database, [&](Connection& connection) { demo::BuildDemo(connection, options); }, existing);
 }
 
 }  // namespace tarvoni::host

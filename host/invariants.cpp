@@ -1,5 +1,7 @@
 #include "host/invariants.h"
 
+#include "suite/report_service.h"
+
 namespace tarvoni::host {
 
 std::span<const Invariant> Rules() {
@@ -75,14 +77,8 @@ FROM LOHNABSCHLUSS
 GROUP BY JAHR, MONAT
 HAVING COUNT(*) > 1 OR MONAT NOT BETWEEN 1 AND 12
 ORDER BY JAHR, MONAT)"},
-      {"Der Name eines Lohnauftrags kommt nur einmal vor.",
-       R"(
-SELECT MIN(ID) AS ARA_KOPF, NAME
-FROM ARA_KOPF
-WHERE NAME IS NOT NULL
-GROUP BY NAME
-HAVING COUNT(*) > 1
-ORDER BY NAME)"},
+      {"Der Betrag eines Lohnauftrags mit Stunden ist die Summe dessen, was seine Stunden wert sind.",
+       suite::OrdersWithAnotherTotal()},
       {"Die Nummer eines Produktauftrags kommt je Mandant, Jahr und Revier nur einmal vor.",
        R"(
 SELECT MIN(ID) AS ARBEITSAUFTRAG_KOPF, PERSONAL_ID, NAME_FWJ, NAME_REVIER, NAME_NUMMER

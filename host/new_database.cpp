@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "host/open_database.h"
+#include "platform/sqlite/public/partial_file.h"
 #include "src/context/values/call_error.h"
 
 namespace tarvoni::host {
@@ -21,43 +22,38 @@ bool HasTables(Connection& connection) {
   }
 }
 
-// Removes a file that was begun here, unless the work was finished.
-class NewFile {
- public:
-  explicit NewFile(std::filesystem::path path) : path_(std::move(path)) {}
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
-  ~NewFile() {
-    std::error_code ignored;
-    if (!path_.empty()) std::filesystem::remove(path_, ignored);
-  }
-  void Keep() { path_.clear(); }
-
- private:
-  std::filesystem::path path_;
-};
-
-bool IsEmptyOrMissing(const std::string& file) {
+bool HoldsSomething(const std::string& file) {
   std::error_code error;
-  return !std::filesystem::exists(file, error) || std::filesystem::file_size(file, error) == 0;
+  if (!std::filesystem::exists(file, error)) return false;
+  return std::filesystem::file_size(file, error) > 0 || error;
 }
 
 [[noreturn]] void Refuse(const std::string& database) {
   throw CallError(database + " ist nicht leer; gebraucht wird eine neue Datenbank.");
 }
 
+void Fill(const std::string& database, const std::function<void(Connection&)>& fill) {
+  const auto connection = OpenDatabase(database, OpenMode::kCreate);
+  if (HasTables(*connection)) Refuse(database);
+  fill(*connection);
+}
+
+bool TakeEmptyFile(const sqlite::PartialFile& file, const std::string& target) {
+  return !HoldsSomething(target) &&
+         sqlite::FillEmptyFile(*OpenDatabase(file.Path(), OpenMode::kReadOnly), target);
+}
+
 }  // namespace
 
-void MakeNewDatabase(const std::string& database, const std::function<void(Connection&)>& fill) {
-  const bool server = IsServer(database);
-  if (!server && !IsEmptyOrMissing(database)) Refuse(database);
-  NewFile file(server ? std::filesystem::path() : std::filesystem::path(database));
-  {
-    const auto connection = OpenDatabase(database, OpenMode::kCreate);
-    if (HasTables(*connection)) Refuse(database);
-    fill(*connection);
-  }
-  file.Keep();
+void MakeNewDatabase(const std::string& database, const std::function<void(Connection&)>& fill,
+                     Existing existing) {
+  if (IsServer(database)) return Fill(database, fill);
+  const bool replaces = existing == Existing::kReplace;
+  if (!replaces && HoldsSomething(database)) Refuse(database);
+  sqlite::PartialFile file(std::filesystem::weakly_canonical(std::filesystem::absolute(database)));
+  Fill(file.Path(), fill);
+  if (replaces) return file.TakeName();
+  if (!file.TakeFreeName() && !TakeEmptyFile(file, database)) Refuse(database);
 }
 
 }  // namespace tarvoni::host

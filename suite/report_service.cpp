@@ -30,6 +30,19 @@ WHERE HOURS.OTHER_TYPE = {})",
 
 }  // namespace
 
+SqlText OrdersWithAnotherTotal() {
+  return Compose(R"(
+SELECT K.ID AS ARA_KOPF, K.GESAMNT, ROUND(SUM(HOURS.WERT),2) AS STUNDENWERT
+FROM (SELECT ARA_STUNDEN.ID_ARA_KOPF, {} AS WERT
+      FROM ARA_STUNDEN
+      LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN) HOURS
+INNER JOIN ARA_KOPF K ON K.ID = HOURS.ID_ARA_KOPF
+GROUP BY K.ID, K.GESAMNT
+HAVING ISNULL(K.GESAMNT,0) <> ISNULL(ROUND(SUM(HOURS.WERT),2),0)
+ORDER BY K.ID)",
+                 hour_amount::StoredValue());
+}
+
 void ReportService::PrintGrid(const TvnVar_Dll&, const std::string& report, const std::string&,
                               const std::string&, bool) {
   throw CallError("Der Bericht \"" + report + "\" kann noch nicht gedruckt werden.");

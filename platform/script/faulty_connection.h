@@ -36,6 +36,9 @@ class FaultyConnection : public Connection {
 
   long long Execute(const SqlText& text) override { return Sending(text).Execute(text); }
   Recordset Open(const SqlText& text) override { return Sending(text).Open(text); }
+  void OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) override {
+    Sending(text).OpenAll(text, take);
+  }
   const std::string& ConnectionString() const override { return real_->ConnectionString(); }
   void BeginHandler() override { real_->BeginHandler(); }
   void EndHandler() override { real_->EndHandler(); }

@@ -25,7 +25,10 @@ std::string ReadFile(const std::string& file) {
     throw ScriptFailure(file + ": Die Datei kann nicht gelesen werden.");
   std::ostringstream text;
   text << in.rdbuf();
-  return text.str();
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  std::string content = text.str();
+  if (content.starts_with(kByteOrderMark)) content.erase(0, kByteOrderMark.size());
+  return content;
 }
 
 std::vector<std::string> SplitLines(std::string_view text) {

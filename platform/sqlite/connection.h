@@ -18,6 +18,7 @@ class SqliteConnection : public Connection {
 
   long long Execute(const SqlText& text) override;
   Recordset Open(const SqlText& text) override;
+  void OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) override;
   const std::string& ConnectionString() const override { return database_->Name(); }
   void BeginHandler() override;
   void EndHandler() override;
@@ -28,8 +29,10 @@ class SqliteConnection : public Connection {
   const std::shared_ptr<Database>& SharedOwner() const { return database_; }
 
  private:
-  BatchResult Run(std::string_view text, bool wants_rows);
-  BatchResult RunBatch(std::string_view text, bool wants_rows);
+  // Throws the batch's error.
+  BatchResult Run(std::string_view text, Wanted wanted);
+  BatchResult RunTraced(std::string_view text, Wanted wanted);
+  BatchResult RunBatch(std::string_view text, Wanted wanted);
 
   std::shared_ptr<Database> database_;
   Session session_;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/sqlite/error_map.h"
+#include "platform/sqlite/file_check.h"
 #include "platform/sqlite/table_changes.h"
 #include "platform/tsql/public/parser.h"
 #include "src/context/values/clock.h"
@@ -20,8 +21,8 @@ StoredValue Now() {
 
 }  // namespace
 
-Executor::Executor(Database& database, Session& session, std::string_view text, bool wants_rows)
-    : database_(database), session_(session), text_(text), lexed_(tsql::Lex(text)), wants_rows_(wants_rows) {
+Executor::Executor(Database& database, Session& session, std::string_view text, Wanted wanted)
+    : database_(database), session_(session), text_(text), lexed_(tsql::Lex(text)), wanted_(wanted) {
   database.File().Functions().date_format = session.date_format;
 }
 
@@ -94,21 +95,33 @@ std::size_t Executor::Recover(const DatabaseError& error) {
 void Executor::KeepError(const DatabaseError& error) {
   if (result_.error) return;
   const auto at = plan_->PositionOf(index_, lexed_);
-  result_.error.emplace(error.Number(), error.what(), at.line, at.column, std::string(text_));
+  result_.error.emplace(error.Number(), WordsOf(error), at.line, at.column, std::string(text_));
+}
+
+// A function that met a value that cannot be does not know where it stands.
+std::string Executor::WordsOf(const DatabaseError& error) {
+  if (error.Number() != kErrorDamaged || !database_.File().Functions().error) return error.what();
+  std::vector<std::string> names;
+  for (const tsql::Token& token : lexed_.tokens) {
+    if (token.kind == tsql::TokenKind::kName) names.emplace_back(token.text);
+  }
+  const auto cells = CellProblems(database_.File(), database_.Tables(), names, 1);
+  return cells.empty() ? error.what() : std::string(error.what()) + " " + cells.front();
 }
 
 std::size_t Executor::Do(const tsql::QueryStep& step) {
   Statement& statement = Bound(step.sql);
   const StatementScope scope(statement);
-  if (wants_rows_ && !result_.rows) {
-    ReadRows(step, statement);
-  } else {
+  if (wanted_ == Wanted::kAll)
+    result_.parts.push_back({Recordset(ReadRows(step, statement))});
+  else if (wanted_ == Wanted::kFirstRows && !result_.rows)
+    result_.rows = ReadRows(step, statement);
+  else
     statement.Run();
-  }
   return index_ + 1;
 }
 
-void Executor::ReadRows(const tsql::QueryStep& step, Statement& statement) {
+RowSet Executor::ReadRows(const tsql::QueryStep& step, Statement& statement) {
   RowSet rows;
   rows.columns.reserve(step.columns.size());
   for (const auto& column : step.columns) {
@@ -120,7 +133,7 @@ void Executor::ReadRows(const tsql::QueryStep& step, Statement& statement) {
       rows.cells.push_back(FromStored(statement.Raw(), i, step.columns[static_cast<std::size_t>(i)].type));
     }
   }
-  result_.rows = std::move(rows);
+  return rows;
 }
 
 std::size_t Executor::Do(const tsql::WriteStep& step) {
@@ -129,9 +142,14 @@ std::size_t Executor::Do(const tsql::WriteStep& step) {
   Statement& statement = Bound(step.sql);
   const StatementScope scope(statement);
   statement.Run();
-  result_.affected = sqlite3_changes64(database_.File().Raw());
+  KeepCount();
   if (!session_.identity_insert.empty()) NoteExplicitIdentity(step.table);
   return index_ + 1;
+}
+
+void Executor::KeepCount() {
+  result_.affected = sqlite3_changes64(database_.File().Raw());
+  if (wanted_ == Wanted::kAll && !session_.nocount) result_.parts.push_back({{}, result_.affected});
 }
 
 void Executor::NoteExplicitIdentity(const std::string& table) {

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "platform/sqlite/lineage.h"
+
 namespace tarvoni::sqlite {
 namespace {
 
@@ -44,6 +46,7 @@ void CreateTable(Database& database, const tsql::CreateTableStep& step) {
   Savepoint savepoint(database.File());
   for (const std::string& sql : step.sql) database.File().Execute(sql);
   database.Identities().Note(step.table);
+  LayDownMark(database.File());
   savepoint.Keep();
   database.TablesChanged();
 }

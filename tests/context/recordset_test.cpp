@@ -280,6 +280,7 @@ class CountingConnection : public Connection {
  public:
   long long Execute(const SqlText&) override { return -1; }
   Recordset Open(const SqlText&) override { return {}; }
+  void OpenAll(const SqlText&, const std::function<void(const BatchPart&)>&) override {}
   const std::string& ConnectionString() const override { return text_; }
   void BeginHandler() override { ++depth; }
   void EndHandler() override {

@@ -286,6 +286,30 @@ TEST_F(ConnectionTest, LeavesWhatItRefusesUntouched) {
   EXPECT_NO_THROW(OpenDatabase(path, {.schema_version = 9}));
 }
 
+TEST_F(ConnectionTest, ManyBranchesAndTemporaryTablesEndInTime) {
+  // Compared with each other the branches' constants would take minutes.
+  constexpr int kBranches = 100'000;
+  const auto connection = OpenDatabase(":memory:");
+  std::string text = "SELECT CASE (SELECT 99999 AS A)";
+  for (int i = 0; i < kBranches; ++i) text += " WHEN " + std::to_string(i) + " THEN " + std::to_string(i + 1);
+  EXPECT_EQ(Rows(*connection, text + " END"), "100000");
+
+  std::string tables;
+  const auto add = [&](int number) { tables += "CREATE TABLE #t" + std::to_string(number) + " (A INT) "; };
+  for (int i = 0; i < 250; ++i) add(i);
+  connection->Execute(Sql(tables));
+  add(250);
+  EXPECT_EQ(ErrorNumber([&] { connection->Execute(Sql(tables)); }), kErrorNotSupported);
+}
+
+TEST_F(ConnectionTest, TheTraceCountsUnderNocountToo) {
+  const auto connection = Create();
+  std::vector<long long> heard;
+  connection->SetTraceHook([&heard](const TraceEvent& event) { heard.push_back(event.affected_rows); });
+  EXPECT_EQ(connection->Execute("SET NOCOUNT ON INSERT INTO ZEILE (N) VALUES (1),(2)"), 2);
+  EXPECT_THAT(heard, ::testing::ElementsAre(2));
+}
+
 TEST_F(ConnectionTest, AnErrorTellsItsPlaceInTheTextThatWasSent) {
   const auto connection = Create();
   for (const std::string first : {"1", "123456"}) {

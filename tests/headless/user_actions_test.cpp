@@ -155,6 +155,19 @@ TEST_F(Actions, KeysPassTheFilterBeforeTheTextChanges) {
   EXPECT_EQ(form.txtA.Text(), "xyz");
 }
 
+// Its cost grows with the text and not with its square: otherwise the time limit of the tests runs out here.
+TEST_F(Actions, AVeryLongTextIsTypedAndPasted) {
+  const std::string text(400'000, 'x');
+  UserActions& user = Open();
+  user.Type(text);
+  EXPECT_EQ(form.txtA.Text().size(), text.size());
+  EXPECT_TRUE(user.Paste("ä" + text));
+  EXPECT_EQ(form.txtA.Length(), 800'001);
+  form.txtA.Splice(400'000, 2, "ö");
+  EXPECT_EQ(form.txtA.Text(), text + "ö" + text.substr(1));
+  EXPECT_EQ(form.txtA.Length(), 800'000);
+}
+
 TEST_F(Actions, LockedAndFullBoxesTakeNothing) {
   UserActions& user = Open();
   form.txtA.SetMaxLength(2);

@@ -44,6 +44,7 @@ class FakeConnection : public Connection {
     return Recordset(answer->second);
   }
 
+  void OpenAll(const SqlText&, const std::function<void(const BatchPart&)>&) override {}
   const std::string& ConnectionString() const override { return name_; }
   void BeginHandler() override { ++depth_; }
   void EndHandler() override {

@@ -16,10 +16,16 @@ namespace tarvoni {
 struct TraceEvent {
   std::string_view statement;
   std::chrono::nanoseconds elapsed{};
-  long long affected_rows = -1;  // -1 when nothing was counted
+  long long affected_rows = -1;  // -1 when nothing was counted; a file counts under SET NOCOUNT too
   int error_number = 0;          // 0 when the statement succeeded
 };
 using TraceHook = std::function<void(const TraceEvent&)>;
+
+// One result of a batch: rows, or else how many rows a statement affected.
+struct BatchPart {
+  Recordset rows;  // closed when it is a count
+  long long affected = -1;
+};
 
 // An open database that takes Transact-SQL text.
 class Connection {
@@ -32,6 +38,9 @@ class Connection {
   virtual long long Execute(const SqlText& text) = 0;
   // Runs a batch and gives its first result set; a closed recordset if it has none.
   virtual Recordset Open(const SqlText& text) = 0;
+  // Runs a batch and hands over each of its results in order, also those before its error. For command lines;
+  // a Screen asks one question at a time.
+  virtual void OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) = 0;
 
   // A text that opens the same database again; never with a password in it when shown.
   virtual const std::string& ConnectionString() const = 0;

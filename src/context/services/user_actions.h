@@ -110,7 +110,10 @@ class UserActions : private FormHost {
   bool Insert(TextBox& box, char32_t character);
   void Erase(TextBox& box, int key);
   void Step(Control& control, int rows);
-  void Replace(TextBox& box, const std::string& text, int caret);
+  struct Range {
+    int start, length;
+  };
+  void Replace(TextBox& box, Range range, std::string_view inserted);
 
   Form& form_;
   Toolkit& toolkit_;

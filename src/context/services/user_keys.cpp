@@ -52,12 +52,6 @@ bool TakesText(const Control& control) {
   return dynamic_cast<const TextBox*>(&control) || (combo && combo->Editable());
 }
 
-std::string Spliced(const TextBox& box, int start, int length, std::string_view inserted) {
-  std::string text(utf8::Substring(box.Text(), 0, start));
-  text.append(inserted).append(utf8::Substring(box.Text(), start + length));
-  return text;
-}
-
 // What a box takes from the clipboard: what tabs and line breaks part must not grow together in a box that shows none.
 std::u32string Pasted(std::string_view text, bool multi_line) {
   const char32_t line_break = multi_line ? U'\n' : U' ';
@@ -207,12 +201,12 @@ bool UserActions::Insert(TextBox& box, char32_t character) {
   const bool line_break = character == kKeyEnter && box.MultiLine();
   if (IsControlCharacter(character) && !line_break) return true;
   if (box.Locked()) return false;
-  const int length = utf8::Length(box.Text()) - box.SelLength() + 1;
+  const int length = box.Length() - box.SelLength() + 1;
   if (box.MaxLength() > 0 && length > box.MaxLength()) return false;
   std::string inserted;
   utf8::Append(inserted, line_break ? U'\n' : character);
   const int start = box.SelStart();
-  Replace(box, Spliced(box, start, box.SelLength(), inserted), start + 1);
+  Replace(box, {start, box.SelLength()}, inserted);
   return true;
 }
 
@@ -224,13 +218,13 @@ void UserActions::Erase(TextBox& box, int key) {
     if (key == kKeyBackspace && start-- == 0) return;
     length = 1;
   }
-  Replace(box, Spliced(box, start, length, ""), start);
+  Replace(box, {start, length}, "");
 }
 
-void UserActions::Replace(TextBox& box, const std::string& text, int caret) {
+void UserActions::Replace(TextBox& box, Range range, std::string_view inserted) {
   typed_ = true;
-  Handle([&] { box.SetText(text); });
-  box.Select(caret, 0);
+  Handle([&] { box.Splice(range.start, range.length, inserted); });
+  box.Select(range.start + utf8::Length(inserted), 0);
 }
 
 void UserActions::Type(std::string_view text) {
