@@ -45,7 +45,8 @@ ORDER BY NAME)",
 
 bool UsesForestYear(const ArgumentField& field) {
   if (!field.choices) return false;
-  return field.choices({.client = 1, .forest_year = "1"}) != field.choices({.client = 1, .forest_year = "2"});
+  const SqlText one = field.choices({.client = 1, .forest_year = "1"});
+  return one.Text() != field.choices({.client = 1, .forest_year = "2"}).Text();
 }
 
 const std::vector<ArgumentField>& FieldsOf(const std::string& method) {

@@ -4,6 +4,7 @@
 
 #include "host/open_database.h"
 #include "platform/sqlite/public/partial_file.h"
+#include "platform/sqlite/public/sqlite_database.h"
 #include "src/context/values/call_error.h"
 
 namespace tarvoni::host {

@@ -71,7 +71,7 @@ void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& enterpr
   Check(enterprise);
   MakeNewDatabase(database, [&](Connection& connection) {
     HandlerScope all_at_once(connection);
-    for (const std::string& statement : SchemaStatements()) connection.Execute(statement);
+    for (const SqlText& statement : SchemaStatements()) connection.Execute(statement);
     demo::Enterprise codes(connection, 1);
     WriteOptions(codes, enterprise);
     if (enterprise.with_codes) {

@@ -10,6 +10,7 @@
 #include "src/context/values/clock.h"
 #include "src/context/values/field_text.h"
 #include "tests/desktop/desktop_testing.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni::host {
 namespace {
@@ -18,7 +19,7 @@ using testing::ElementsAre;
 
 std::vector<std::string> Rows(Connection& connection, const std::string& statement) {
   std::vector<std::string> rows;
-  const Recordset read = connection.Open(statement);
+  const Recordset read = connection.Open(Sql(statement));
   for (Recordset row = read; !row.EndOfFile(); row.MoveNext()) {
     std::string text;
     for (int i = 0; i < row.Fields().Count(); ++i) {
