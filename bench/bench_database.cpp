@@ -8,6 +8,7 @@
 #include "host/demo/demo.h"
 #include "platform/sqlite/public/sqlite_database.h"
 #include "tests/schema/statement_blocks.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni::bench {
 namespace {
@@ -33,8 +34,7 @@ void MakeDatabase(const std::string& file) {
 }
 
 long long FirstNumber(const std::string& text) {
-  const Recordset rows = Database().Open(text);
-  return std::get<std::int64_t>(rows.Fields()[0].Value());
+  return std::get<std::int64_t>(Database().Open(Sql(text)).GetRows().at(0).at(0));
 }
 
 Value ReadCell(sqlite3_stmt* statement, int column, char type) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "src/context/data/sql_text.h"
+
 namespace tarvoni::host {
 
 enum class FieldKind {
@@ -28,7 +30,7 @@ struct ArgumentField {
   FieldKind kind = FieldKind::kText;
   std::string none = {};  // what 0 is called; "" if a row has to be chosen
   // The statement of the rows: the key first, then what is shown.
-  std::string (*choices)(const ChoiceScope& scope) = nullptr;
+  SqlText (*choices)(const ChoiceScope& scope) = nullptr;
   bool free_number = false;  // a number that no row bears may be typed
 };
 

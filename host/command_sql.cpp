@@ -30,7 +30,7 @@ class SqlSession {
   bool Run(const BatchReader::Batch& batch) {
     affected_rows_ = -1;
     try {
-      Print(connection_->Open(batch.text));
+      Print(connection_->Open(SqlText::Verbatim(batch.text)));
       return true;
     } catch (const DatabaseError& error) {
       std::fflush(stdout);

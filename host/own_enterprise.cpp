@@ -18,14 +18,15 @@ using demo::RowWriter;
 
 constexpr int kClient = 1;
 constexpr int kFirstCentre = 1000;
-constexpr auto kCodes =
-    std::to_array<void (*)(demo::Enterprise&)>({demo::BuildUnits, demo::BuildNatureCodes, demo::BuildCodeSets,
-                                                demo::BuildWorkTypes, demo::BuildWageTypes, demo::BuildWageScales,
-                                                demo::BuildTimberCodes, demo::BuildTariff});
+constexpr auto kCodes = std::to_array<void (*)(demo::Enterprise&)>(
+    {demo::BuildUnits, demo::BuildNatureCodes, demo::BuildCodeSets, demo::BuildWorkTypes,
+     demo::BuildWageTypes, demo::BuildWageScales, demo::BuildTimberCodes, demo::BuildTariff});
 
 void Check(const OwnEnterprise& enterprise) {
-  const bool digits = std::ranges::all_of(enterprise.number, [](unsigned char c) { return std::isdigit(c) != 0; });
-  if (enterprise.number.empty() || !digits) throw CallError("Die Nummer des Mandanten muss aus Ziffern bestehen.");
+  const bool digits =
+      std::ranges::all_of(enterprise.number, [](unsigned char c) { return std::isdigit(c) != 0; });
+  if (enterprise.number.empty() || !digits)
+    throw CallError("Die Nummer des Mandanten muss aus Ziffern bestehen.");
   if (enterprise.name.empty()) throw CallError("Der Name des Mandanten fehlt.");
   if (enterprise.forest_year < 1900 || enterprise.forest_year > 2099)
     throw CallError("Das Forstjahr muss zwischen 1900 und 2099 liegen.");
@@ -33,9 +34,10 @@ void Check(const OwnEnterprise& enterprise) {
 
 void WriteOptions(demo::Enterprise& to, const OwnEnterprise& enterprise) {
   demo::BuildSettings(to);
-  to.connection.Execute("DELETE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARD_FWJ'\n"
-                        "DELETE FROM LOHNABSCHLUSS\n"
-                        "DELETE FROM BB_T_MONAT");
+  to.connection.Execute(
+      "DELETE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARD_FWJ'\n"
+      "DELETE FROM LOHNABSCHLUSS\n"
+      "DELETE FROM BB_T_MONAT");
   RowWriter year(to.connection, "OPTIONEN", "PROPERTY_ID, TEXT_VALUE");
   year.Add("STANDARD_FWJ", std::to_string(enterprise.forest_year));
   year.Finish();
@@ -46,18 +48,20 @@ void WriteOptions(demo::Enterprise& to, const OwnEnterprise& enterprise) {
 
 void WriteClient(Connection& connection, const OwnEnterprise& enterprise, std::string_view code_set) {
   const std::string centres = "KST " + enterprise.number;
-  RowWriter client(connection, "PERSONAL",
-                   "ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME, MANDANTEN, STANDART, KOSTENART, KOSTENSTELLE, "
-                   "LEISTUNGSART, LOHNARTEN, PRODUKT, VERFAHREN, OBJEKT, HH_KAPITEL, HH_TITEL, ZUHLUNGSART, "
-                   "ZUHLUNGSGRUND",
-                   RowWriter::Keys::kGiven);
-  client.Add(kClient, enterprise.number, enterprise.name, enterprise.name, true, true, code_set, centres, code_set,
-             "LOHN", code_set, code_set, "OBJ " + enterprise.number, code_set, code_set, code_set, code_set);
+  RowWriter client(
+      connection, "PERSONAL",
+      "ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME, MANDANTEN, STANDART, KOSTENART, KOSTENSTELLE, "
+      "LEISTUNGSART, LOHNARTEN, PRODUKT, VERFAHREN, OBJEKT, HH_KAPITEL, HH_TITEL, ZUHLUNGSART, "
+      "ZUHLUNGSGRUND",
+      RowWriter::Keys::kGiven);
+  client.Add(kClient, enterprise.number, enterprise.name, enterprise.name, true, true, code_set, centres,
+             code_set, "LOHN", code_set, code_set, "OBJ " + enterprise.number, code_set, code_set, code_set,
+             code_set);
   client.Finish();
   RowWriter centre(connection, "KOSTENSTELLE",
                    "NUMBER, NAME, TABLE_NAME, DISABLE, ID_KOSTENSTELLE_TYP, PERSONAL_ID, GK");
-  centre.Add(kFirstCentre, "Verwaltung", centres, false, static_cast<int>(demo::CentreType::kAdministration), kClient,
-             true);
+  centre.Add(kFirstCentre, "Verwaltung", centres, false, static_cast<int>(demo::CentreType::kAdministration),
+             kClient, true);
   centre.Finish();
 }
 

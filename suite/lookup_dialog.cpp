@@ -34,9 +34,9 @@ bool OffersNew(std::string_view option) {
 
 }  // namespace
 
-std::string LookupDialog::Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
+std::string LookupDialog::Pick(const TvnVar_Dll& context, const SqlText& sql, const std::string& caption,
                                const std::string& start_text, const std::string& option) {
-  if (sql == kDateMode) return PickDay(caption, start_text);
+  if (sql.Text() == kDateMode) return PickDay(caption, start_text);
   const Recordset rows = DatabaseOf(context).Open(sql);
   PickRequest request = ChoiceOf(rows, caption, HiddenColumns(option, rows), start_text);
   request.option = option;

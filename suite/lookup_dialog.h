@@ -13,7 +13,7 @@ namespace tarvoni::suite {
 // what the list does not hold yet; pressed, it gives kNew.
 class LookupDialog final : public tarvoni::LookupDialog {
  public:
-  std::string Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
+  std::string Pick(const TvnVar_Dll& context, const SqlText& sql, const std::string& caption,
                    const std::string& start_text, const std::string& option) override;
 };
 

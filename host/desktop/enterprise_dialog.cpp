@@ -45,7 +45,8 @@ class EnterpriseDialog : public QDialog {
     form->addRow("&Forstjahr:", year_);
     form->addRow(codes_);
     form->addRow(buttons);
-    for (const QLineEdit* edit : {number_, name_}) connect(edit, &QLineEdit::textChanged, this, [this] { ShowState(); });
+    for (const QLineEdit* edit : {number_, name_})
+      connect(edit, &QLineEdit::textChanged, this, [this] { ShowState(); });
     ShowState();
     name_->setFocus();
   }

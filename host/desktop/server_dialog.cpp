@@ -96,8 +96,8 @@ class ServerDialog : public QDialog {
 
   QString Connection() const {
     const ServerSettings to = Remembered();
-    QString connection = "odbc:Driver=" + to.driver + ";Server=" + to.server + ";Port=" + to.port +
-                         ";Database=" + to.database;
+    QString connection =
+        "odbc:Driver=" + to.driver + ";Server=" + to.server + ";Port=" + to.port + ";Database=" + to.database;
     if (!to.user.isEmpty()) connection += ";UID=" + to.user;
     if (!password_->text().isEmpty()) connection += ";PWD=" + Braced(password_->text());
     return connection;

@@ -32,7 +32,8 @@ QWidget* WithChoice(QLineEdit* directory) {
   line->addWidget(choose);
   both->setFocusProxy(directory);
   QObject::connect(choose, &QPushButton::clicked, both, [directory] {
-    const QString folder = QFileDialog::getExistingDirectory(directory, "Arbeitsordner wählen", directory->text());
+    const QString folder =
+        QFileDialog::getExistingDirectory(directory, "Arbeitsordner wählen", directory->text());
     if (!folder.isEmpty()) directory->setText(folder);
   });
   return both;

@@ -10,6 +10,7 @@
 #include "host/open_database.h"
 #include "platform/sqlite/public/sqlite_database.h"
 #include "src/context/data/handler_scope.h"
+#include "src/context/data/statement.h"
 #include "src/context/values/call_error.h"
 #include "src/entry/screen_runs.h"
 #include "src/schema/schema.h"
@@ -27,7 +28,7 @@ int ScaleOf(const std::string& text) {
 
 // A sum over the rows, since a server gives them in any order.
 std::string ContentsOf(Connection& connection, const std::string& table) {
-  const auto rows = connection.Open("SELECT * FROM " + table).GetRows();
+  const auto rows = connection.Open(Compose("SELECT * FROM {}", Name(table))).GetRows();
   std::size_t sum = 0;
   for (const auto& row : rows) {
     std::string text;
@@ -40,11 +41,12 @@ std::string ContentsOf(Connection& connection, const std::string& table) {
 ScriptHooks::Values ContentsOfTables(Connection& connection) {
   constexpr std::string_view kCreate = "CREATE TABLE ";
   ScriptHooks::Values contents;
-  for (const std::string& statement : SchemaStatements()) {
+  for (const SqlText& made : SchemaStatements()) {
+    const std::string_view statement = made.Text();
     const auto start = statement.find(kCreate);
     if (start == std::string::npos) continue;
     const auto name = start + kCreate.size();
-    const std::string table = statement.substr(name, statement.find_first_of(" (", name) - name);
+    const std::string table(statement.substr(name, statement.find_first_of(" (", name) - name));
     contents[table] = ContentsOf(connection, table);
   }
   return contents;
@@ -75,7 +77,7 @@ ScriptHooks MakeScriptHooks() {
           .schema =
               [](Connection& connection) {
                 HandlerScope together(connection);
-                for (const std::string& statement : SchemaStatements()) connection.Execute(statement);
+                for (const SqlText& statement : SchemaStatements()) connection.Execute(statement);
                 together.Finish();
               },
           .copy = Copy,

@@ -33,15 +33,15 @@ OdbcConnection::OdbcConnection(const std::string& connection_string, const OdbcO
     : connection_string_(connection_string),
       options_(options),
       link_(DriverText(connection_string), options.login_timeout) {
-  if (link_.Traits().dialect == Dialect::kTsqlServer) Execute(kSessionBatch);
+  if (link_.Traits().dialect == Dialect::kTsqlServer) Run(kSessionBatch);
 }
 
-long long OdbcConnection::Execute(std::string_view text) {
-  return Run(text).AffectedRows();
+long long OdbcConnection::Execute(const SqlText& text) {
+  return Run(text.Text()).AffectedRows();
 }
 
-Recordset OdbcConnection::Open(std::string_view text) {
-  Batch batch = Run(text);
+Recordset OdbcConnection::Open(const SqlText& text) {
+  Batch batch = Run(text.Text());
   return batch.Rows() ? Recordset(std::move(*batch.Rows())) : Recordset();
 }
 

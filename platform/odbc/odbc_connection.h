@@ -13,8 +13,8 @@ class OdbcConnection : public Connection {
  public:
   OdbcConnection(const std::string& connection_string, const OdbcOptions& options);
 
-  long long Execute(std::string_view text) override;
-  Recordset Open(std::string_view text) override;
+  long long Execute(const SqlText& text) override;
+  Recordset Open(const SqlText& text) override;
   const std::string& ConnectionString() const override { return connection_string_; }
 
   // Every statement commits by itself on a server, which is what the system expects there: nothing is held

@@ -33,12 +33,16 @@ bool IsNumber(FieldType type) {
 
 // What statements call their columns, in words. Any other name is written as a word is.
 std::string HeadOf(const std::string& column) {
-  static const std::map<std::string, const char*> kWords = {
-      {"NUMBER", "Nummer"},         {"NUMMER", "Nummer"},
-      {"NAME", "Name"},             {"LONG", "Bezeichnung"},
-      {"SHORT", "Kurzname"},        {"KURZNAME", "Kurzname"},
-      {"LANGNAME", "Bezeichnung"},  {"KURZBEZEICHNUNG", "Kurzbezeichnung"},
-      {"BEZEICHNUNG", "Bezeichnung"}, {"EINHEIT", "Einheit"}};
+  static const std::map<std::string, const char*> kWords = {{"NUMBER", "Nummer"},
+                                                            {"NUMMER", "Nummer"},
+                                                            {"NAME", "Name"},
+                                                            {"LONG", "Bezeichnung"},
+                                                            {"SHORT", "Kurzname"},
+                                                            {"KURZNAME", "Kurzname"},
+                                                            {"LANGNAME", "Bezeichnung"},
+                                                            {"KURZBEZEICHNUNG", "Kurzbezeichnung"},
+                                                            {"BEZEICHNUNG", "Bezeichnung"},
+                                                            {"EINHEIT", "Einheit"}};
   const std::string upper = utf8::Upper(column);
   if (const auto word = kWords.find(upper); word != kWords.end()) return word->second;
   if (column != upper || column.empty()) return column;

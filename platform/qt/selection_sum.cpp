@@ -32,7 +32,8 @@ std::string SelectionSum::Text(const Locale& locale) const {
   return FormatNumber(*sum, "0." + std::string(shown, '0'), locale);
 }
 
-SelectionSum SumOf(const TableSource& table, int column, const std::vector<CellRange>& cells, const Locale& locale) {
+SelectionSum SumOf(const TableSource& table, int column, const std::vector<CellRange>& cells,
+                   const Locale& locale) {
   SelectionSum total{.count = 0, .sum = Decimal(), .places = 0};
   for (const CellRange& range : cells) {
     if (column < range.left || column > range.right) continue;

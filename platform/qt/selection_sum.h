@@ -19,7 +19,8 @@ struct SelectionSum {
   std::string Text(const Locale& locale) const;
 };
 
-SelectionSum SumOf(const TableSource& table, int column, const std::vector<CellRange>& cells, const Locale& locale);
+SelectionSum SumOf(const TableSource& table, int column, const std::vector<CellRange>& cells,
+                   const Locale& locale);
 
 // The sums of the chosen cells, each column by itself: "Summe 12,50 (3 Zahlen)" for one, "Summen: Stunden 47,25 · Betrag
 // 656,44" for several. Codes, days and texts have none.

@@ -208,8 +208,8 @@ int TablePane::ShownRow(int from, int steps) const {
 bool TablePane::eventFilter(QObject* watched, QEvent* event) {
   if (watched != search_ || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
   const int key = static_cast<QKeyEvent*>(event)->key();
-  const bool goes = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Down || key == Qt::Key_Up ||
-                    key == Qt::Key_Tab;
+  const bool goes = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Down ||
+                    key == Qt::Key_Up || key == Qt::Key_Tab;
   if (!goes && key != Qt::Key_Escape) return QWidget::eventFilter(watched, event);
   if (!goes) CloseSearch();
   table_->setFocus();

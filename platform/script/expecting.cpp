@@ -49,7 +49,7 @@ void ExpectRows(ScriptRun& run) {
 }
 
 void ExpectSql(ScriptRun& run) {
-  Recordset rows = run.Db().Open(run.Text(2));
+  Recordset rows = run.Db().Open(SqlText::Verbatim(run.Text(2)));
   TextRows found(1);
   if (!rows.IsOpen()) run.Fail("Die Anweisung liefert keine Zeilen.");
   for (const Column& column : rows.Columns()) found[0].push_back(column.name);

@@ -34,8 +34,8 @@ class FaultyConnection : public Connection {
   FaultyConnection(std::shared_ptr<Connection> real, std::shared_ptr<WriteFault> fault)
       : real_(std::move(real)), fault_(std::move(fault)) {}
 
-  long long Execute(std::string_view text) override { return Sending(text).Execute(text); }
-  Recordset Open(std::string_view text) override { return Sending(text).Open(text); }
+  long long Execute(const SqlText& text) override { return Sending(text).Execute(text); }
+  Recordset Open(const SqlText& text) override { return Sending(text).Open(text); }
   const std::string& ConnectionString() const override { return real_->ConnectionString(); }
   void BeginHandler() override { real_->BeginHandler(); }
   void EndHandler() override { real_->EndHandler(); }
@@ -45,8 +45,8 @@ class FaultyConnection : public Connection {
   Connection& Real() { return *real_; }
 
  private:
-  Connection& Sending(std::string_view text) {
-    fault_->Hear(text);
+  Connection& Sending(const SqlText& text) {
+    fault_->Hear(text.Text());
     return *real_;
   }
 

@@ -85,18 +85,18 @@ void SetOption(ScriptRun& run) {
       {"number", "NUMBER_VALUE"}, {"text", "TEXT_VALUE"}, {"double", "DOUBLE_VALUE"}};
   const auto column = columns.find(run.Word(2, "number, text oder double"));
   if (column == columns.end()) run.Fail("Eine Option ist number, text oder double.");
-  const SqlText key = Typed(run.Word(1, "der Name der Option"));
-  const std::string literal =
-      column->first == "text" ? TextOrNull(run.Text(3)).Text() : run.Word(3, "der Wert");
+  const Quoted key(run.Word(1, "der Name der Option"));
+  const SqlText literal =
+      column->first == "text" ? TextOrNull(run.Text(3)) : SqlText::Verbatim(run.Word(3, "der Wert"));
   run.Db().Execute(Compose("DELETE FROM OPTIONEN WHERE PROPERTY_ID = '{}'", key));
-  run.Db().Execute(Compose("INSERT INTO OPTIONEN (PROPERTY_ID, {}) VALUES ('{}', {})",
-                           Fragment(column->second), key, Fragment(literal)));
+  run.Db().Execute(Compose("INSERT INTO OPTIONEN (PROPERTY_ID, {}) VALUES ('{}', {})", Name(column->second),
+                           key, literal));
 }
 
 // A failure that the next line expects is not one of the script.
 void Sql(ScriptRun& run) {
   try {
-    run.Db().Execute(run.Text(1));
+    run.Db().Execute(SqlText::Verbatim(run.Text(1)));
   } catch (const DatabaseError& error) {
     const auto& commands = run.script.commands;
     const bool expected = run.next < commands.size() && commands[run.next].words.size() > 1 &&
@@ -135,11 +135,11 @@ void Insert(ScriptRun& run) {
   }
   const std::string insert = "INSERT INTO " + table + " (" + Joined(columns) + ") VALUES " + Joined(rows);
   try {
-    run.Db().Execute(insert);
+    run.Db().Execute(SqlText::Verbatim(insert));
   } catch (const DatabaseError& error) {
     if (error.Number() != kIdentityGiven) throw;
     const std::string around = "SET IDENTITY_INSERT " + table;
-    run.Db().Execute(around + " ON " + insert + " " + around + " OFF");
+    run.Db().Execute(SqlText::Verbatim(around + " ON " + insert + " " + around + " OFF"));
   }
 }
 

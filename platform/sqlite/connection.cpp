@@ -16,12 +16,12 @@ SqliteConnection::~SqliteConnection() {
   }
 }
 
-long long SqliteConnection::Execute(std::string_view text) {
-  return Run(text, false).affected;
+long long SqliteConnection::Execute(const SqlText& text) {
+  return Run(text.Text(), false).affected;
 }
 
-Recordset SqliteConnection::Open(std::string_view text) {
-  auto result = Run(text, true);
+Recordset SqliteConnection::Open(const SqlText& text) {
+  auto result = Run(text.Text(), true);
   return result.rows ? Recordset(std::move(*result.rows)) : Recordset();
 }
 

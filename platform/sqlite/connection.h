@@ -16,8 +16,8 @@ class SqliteConnection : public Connection {
   explicit SqliteConnection(std::shared_ptr<Database> database) : database_(std::move(database)) {}
   ~SqliteConnection() override;
 
-  long long Execute(std::string_view text) override;
-  Recordset Open(std::string_view text) override;
+  long long Execute(const SqlText& text) override;
+  Recordset Open(const SqlText& text) override;
   const std::string& ConnectionString() const override { return database_->Name(); }
   void BeginHandler() override;
   void EndHandler() override;

@@ -129,7 +129,7 @@ std::size_t Executor::Do(const tsql::WriteStep& step) {
   Statement& statement = Bound(step.sql);
   const StatementScope scope(statement);
   statement.Run();
-  if (!session_.nocount) result_.affected = sqlite3_changes64(database_.File().Raw());
+  result_.affected = sqlite3_changes64(database_.File().Raw());
   if (!session_.identity_insert.empty()) NoteExplicitIdentity(step.table);
   return index_ + 1;
 }

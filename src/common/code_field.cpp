@@ -63,25 +63,17 @@ void CodeField::Clear() {
   if (companion_) companion_->SetText("");
 }
 
-std::string Parameters(const std::vector<std::string>& before, const std::string* typed,
-                       const std::vector<std::string>& behind) {
-  std::vector<std::string> values = before;
-  if (typed) values.push_back(*typed);
-  values.insert(values.end(), behind.begin(), behind.end());
-  std::string joined;
-  for (const std::string& value : values) {
-    if (&value != &values.front()) joined += '\t';
-    joined += value;
-  }
-  return joined;
-}
-
 CodeField::Rule NamedCode(const TvnVar_Dll& context, const TextBox& code, const Label& label,
                           const std::string& stem, const std::string& name_column,
-                          std::function<std::string(const std::string* typed)> parameter) {
-  return {.offered = [=, &context] { return GetNamedSql(context, stem + "_GRID", parameter(nullptr)); },
-          .check = [stem, parameter = std::move(parameter), &context,
-                    &code] { return GetNamedSql(context, stem + "_VALID", parameter(&code.Text())); },
+                          std::function<NamedValues()> values) {
+  const auto check = [stem, values, &context, &code] {
+    NamedValues all = values();
+    all.push_back(TypedCode(code.Text()));
+    return GetNamedSql(context, stem + "_VALID", all);
+  };
+  return {.offered = [stem, values = std::move(values),
+                      &context] { return GetNamedSql(context, stem + "_GRID", values()); },
+          .check = check,
           .caption = [&label] { return label.Caption(); },
           .name_column = name_column};
 }
@@ -95,7 +87,7 @@ CodeField::Rule LocationCode(const TvnVar_Dll& context, const TextBox& box) {
     return chosen ? full_text.substr(0, full_text.rfind(':')) : current;
   };
   const auto check = [&context, &box] {
-    return GetNamedSql(context, "WALDORT_VALID", std::to_string(context.lngWaldortScope) + "\t" + box.Text());
+    return GetNamedSql(context, "WALDORT_VALID", {Given(context.lngWaldortScope), TypedCode(box.Text())});
   };
   return {.check = check, .name_column = "WALDORT", .pick = pick};
 }

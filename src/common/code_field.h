@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "src/common/screen.h"
 
@@ -19,8 +18,8 @@ class CodeField {
     std::string name = {};
   };
   struct Rule {
-    std::function<std::string()> offered = {};  // statement of the list, its first column is the code
-    std::function<std::string()> check = {};    // statement that finds the typed code
+    std::function<SqlText()> offered = {};  // statement of the list, its first column is the code
+    std::function<SqlText()> check = {};    // statement that finds the typed code
     std::function<Found(const std::string& typed)> find = {};  // in place of `check`: finds the typed code
     std::function<std::string()> caption = {};  // of the list, and of a code that `find` misses
     std::string name_column = {};               // of the companion box
@@ -63,15 +62,11 @@ class CodeField {
   Rule rule_;
 };
 
-// The values of a catalogue statement, parted by tabs; the typed text stands between the others if there is one.
-std::string Parameters(const std::vector<std::string>& before, const std::string* typed,
-                       const std::vector<std::string>& behind = {});
-
-// The rule of a field over the catalogue: keys STEM_GRID and STEM_VALID. `parameter` makes the values of the
-// statement; for the check it gets the typed text, for the list none.
+// The rule of a field over the catalogue: keys STEM_GRID and STEM_VALID. `values` makes the values of both
+// statements; the check adds the typed code.
 CodeField::Rule NamedCode(const TvnVar_Dll& context, const TextBox& code, const Label& label,
                           const std::string& stem, const std::string& name_column,
-                          std::function<std::string(const std::string* typed)> parameter);
+                          std::function<NamedValues()> values);
 
 // The rule of a forest location, chosen from the tree: the box holds its path, without the long name.
 CodeField::Rule LocationCode(const TvnVar_Dll& context, const TextBox& box);

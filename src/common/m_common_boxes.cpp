@@ -69,7 +69,7 @@ void FindComboItemData(ComboBox& combo, std::int32_t value) {
   }
 }
 
-void FillComboFromSql(Connection& conn, ComboBox& combo, const std::string& sql) {
+void FillComboFromSql(Connection& conn, ComboBox& combo, const SqlText& sql) {
   CurrentSuite().NamedSql().FillCombo(conn, combo, sql);
 }
 

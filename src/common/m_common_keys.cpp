@@ -30,7 +30,7 @@ FieldType ColumnType(Connection& conn, const std::string& table, const std::stri
   const auto key = std::tuple(conn.ConnectionString(), table, column);
   const auto found = known.find(key);
   if (found != known.end()) return found->second;
-  const Recordset rows = conn.Open(Compose("SELECT TOP 0 {} FROM {}", Fragment(column), Fragment(table)));
+  const Recordset rows = conn.Open(Compose("SELECT TOP 0 {} FROM {}", Name(column), Name(table)));
   return known[key] = rows.Fields()[0].Type();
 }
 

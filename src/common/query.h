@@ -16,12 +16,12 @@ namespace tarvoni {
 Connection& DbOf(const TvnVar_Dll& context);
 
 // First column of the first row; NULL if there is no row.
-Value ReadValue(Connection& connection, std::string_view statement);
+Value ReadValue(Connection& connection, const SqlText& statement);
 // As ValueHelper reads it, rounded to a Long; 0 for NULL and for no row.
-std::int32_t ReadNumber(Connection& connection, std::string_view statement);
+std::int32_t ReadNumber(Connection& connection, const SqlText& statement);
 // As ValueHelper reads it; "" for NULL and for no row.
-std::string ReadText(Connection& connection, std::string_view statement);
-bool HasRow(Connection& connection, std::string_view statement);
+std::string ReadText(Connection& connection, const SqlText& statement);
+bool HasRow(Connection& connection, const SqlText& statement);
 
 // The row that a statement names by its key is not there any more.
 class RowGoneError : public std::runtime_error {
@@ -30,10 +30,10 @@ class RowGoneError : public std::runtime_error {
 };
 
 // Runs an UPDATE or DELETE by key; a RowGoneError if it is known to have met no row.
-void ExecuteOnRow(Connection& connection, std::string_view statement);
+void ExecuteOnRow(Connection& connection, const SqlText& statement);
 
 // Runs a statement whose failure does not matter, because another one already did.
-void TryExecute(Connection& connection, std::string_view statement);
+void TryExecute(Connection& connection, const SqlText& statement);
 
 // Carries writes out and commits them; gives what they gave.
 template <typename Writes>
@@ -50,7 +50,7 @@ auto Committed(Connection& connection, const Writes& writes) {
 
 // Does work that goes on from a row just made; if it fails, `undo` takes that row away again.
 template <typename Work>
-auto OrUndo(Connection& connection, const Work& work, std::string_view undo) {
+auto OrUndo(Connection& connection, const Work& work, const SqlText& undo) {
   try {
     return work();
   } catch (...) {

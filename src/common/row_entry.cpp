@@ -54,7 +54,7 @@ void RowEntry::Cancel() {
   if (buttons_.close_when_empty && list_.Empty()) buttons_.close_when_empty->Press();
 }
 
-void RowEntry::Delete(const std::function<std::string(std::int32_t id)>& statement) {
+void RowEntry::Delete(const std::function<SqlText(std::int32_t id)>& statement) {
   if (!screen_.Ask(screen_.Message(message::kDeleteEntry))) return;
   const std::int32_t id = list_.CurrentId();
   if (id == 0) return;

@@ -52,7 +52,7 @@ class RowEntry {
   // Saves and leaves through the cancel button, with nothing to discard. False if the entry goes on.
   bool Save();
   // Asks, deletes the current row, stands on the row that then has its place, and reloads the list.
-  void Delete(const std::function<std::string(std::int32_t id)>& statement);
+  void Delete(const std::function<SqlText(std::int32_t id)>& statement);
 
  private:
   void StartNew();

@@ -29,7 +29,7 @@ void RowList::Connect(std::function<void()> show, std::function<std::vector<Show
   };
 }
 
-void RowList::Load(std::string_view statement) {
+void RowList::Load(const SqlText& statement) {
   data_.SetRecordSource(statement);
   Refresh();
 }
@@ -48,11 +48,11 @@ void RowList::Refresh() {
 }
 
 bool RowList::Find(std::int32_t id) {
-  return FindBy(Compose("{} = {}", Fragment(id_column_), Id(id)));
+  return FindBy(Compose("{} = {}", Name(id_column_), Id(id)).Text());
 }
 
 bool RowList::Find(std::string_view column, std::string_view text) {
-  return FindBy(Compose("{} = '{}'", Fragment(std::string(column)), Typed(text)));
+  return FindBy(Compose("{} = '{}'", Name(column), Quoted(text)).Text());
 }
 
 // The way to the row is no row event's business.

@@ -39,7 +39,7 @@ class RowList {
                Button* edit = nullptr);
 
   // Runs the statement, sets the columns and keeps the widths they had. No row is shown on the way.
-  void Load(std::string_view statement);
+  void Load(const SqlText& statement);
   void Refresh();
 
   // Searches from the first row; only the row found is shown. False without a hit, which leaves the list behind its

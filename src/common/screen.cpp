@@ -46,7 +46,7 @@ bool Screen::Ask(const std::string& text, std::int32_t style) const {
   return AppMsgBox(text, style) == kAnswerYes;
 }
 
-void Screen::DeleteRow(std::string_view statement, const std::function<void()>& reload) const {
+void Screen::DeleteRow(const SqlText& statement, const std::function<void()>& reload) const {
   try {
     Committed([&] { ExecuteOnRow(statement); });
   } catch (const RowGoneError&) {

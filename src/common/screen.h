@@ -45,9 +45,9 @@ class Screen : public Form {
   // A question with Yes and No; true on Yes.
   bool Ask(const std::string& text, std::int32_t style = kBoxYesNo + kBoxQuestion) const;
   // For an UPDATE or DELETE by key. A RowGoneError if the row is not there any more.
-  void ExecuteOnRow(std::string_view statement) const { tarvoni::ExecuteOnRow(Db(), statement); }
+  void ExecuteOnRow(const SqlText& statement) const { tarvoni::ExecuteOnRow(Db(), statement); }
   // Deletes a row by key, commits and reloads; a row that is gone already leaves the list too, but the user hears of it.
-  void DeleteRow(std::string_view statement, const std::function<void()>& reload) const;
+  void DeleteRow(const SqlText& statement, const std::function<void()>& reload) const;
 
  protected:
   using Form::Form;
@@ -60,15 +60,15 @@ class Screen : public Form {
 
   const TvnVar_Dll& Context() const { return tvnvar_; }
   Connection& Db() const { return DbOf(tvnvar_); }
-  long long Execute(std::string_view statement) const { return Db().Execute(statement); }
+  long long Execute(const SqlText& statement) const { return Db().Execute(statement); }
   // Does work that goes on from a row just made; if it fails, `undo` takes that row away again.
   template <typename Work>
-  auto OrUndo(const Work& work, std::string_view undo) const {
+  auto OrUndo(const Work& work, const SqlText& undo) const {
     return tarvoni::OrUndo(Db(), work, undo);
   }
-  Recordset Open(std::string_view statement) const { return Db().Open(statement); }
-  std::int32_t ReadNumber(std::string_view statement) const { return tarvoni::ReadNumber(Db(), statement); }
-  std::string ReadText(std::string_view statement) const { return tarvoni::ReadText(Db(), statement); }
+  Recordset Open(const SqlText& statement) const { return Db().Open(statement); }
+  std::int32_t ReadNumber(const SqlText& statement) const { return tarvoni::ReadNumber(Db(), statement); }
+  std::string ReadText(const SqlText& statement) const { return tarvoni::ReadText(Db(), statement); }
   std::int32_t OptionNumber(const std::string& key) const { return GetOptionNumber(key, Db()); }
   std::string OptionText(const std::string& key) const { return GetOptionText(key, Db()); }
 

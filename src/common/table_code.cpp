@@ -7,11 +7,12 @@
 namespace tarvoni {
 namespace {
 
-std::string CodesInUse(const std::string& table, const std::string& set_name) {
-  return Compose(R"(SELECT NUMBER , NAME
+SqlText CodesInUse(const std::string& table, const std::string& set_name) {
+  return Compose(R"(
+SELECT NUMBER , NAME
 FROM {}
 WHERE (DISABLE = 0 OR DISABLE IS NULL) and TABLE_NAME = '{}')",
-                 Fragment(table), Typed(set_name));
+                 Name(table), Quoted(set_name));
 }
 
 }  // namespace

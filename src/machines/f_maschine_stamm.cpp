@@ -39,7 +39,7 @@ void F_MaschineStamm::ConnectGroup(const CostGroup& group) {
 
 void F_MaschineStamm::LoadGroup(const CostGroup& group) {
   group.kostenart_id = ToInt16(ReadCostType(group.label));
-  const std::string is_cost_type = sql::IsCostType(group.kostenart_id);
+  const SqlText is_cost_type = sql::IsCostType(group.kostenart_id);
   ValueHelper& values = CurrentSuite().Values();
   group.name.SetCaption(values.LookupColumn(Context(), "NAME", "KOSTENART", is_cost_type));
   group.code.SetText(values.LookupColumn(Context(), "NUMBER", "KOSTENART", is_cost_type));

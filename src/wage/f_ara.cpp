@@ -5,10 +5,12 @@
 #include "src/common/box_rules.h"
 #include "src/common/messages.h"
 #include "src/common/view_switch.h"
+#include "src/context/data/statement.h"
+#include "src/context/rules/wage_group.h"
+#include "src/context/rules/wage_rules.h"
 #include "src/context/values/number_text.h"
 #include "src/context/values/utf8.h"
 #include "src/wage/f_ara_sql.h"
-#include "src/wage/wage_group.h"
 
 namespace tarvoni {
 
@@ -66,11 +68,11 @@ void F_ARA::ProductOrderLeft() {
   txtLeistungsart[0].LostFocus();
 }
 
-std::string F_ARA::ProductOrderFilter() const {
+SqlText F_ARA::ProductOrderFilter() const {
   return sql::FitsService(txtLeistung[0].Text(), curAraId);
 }
 
-std::string F_ARA::WorkTypeFilter() const {
+SqlText F_ARA::WorkTypeFilter() const {
   return sql::WorkTypeFits(curProduktId, txtLeistung[0].Text(), curAraId);
 }
 
@@ -110,30 +112,27 @@ CodeField::Rule F_ARA::ServiceRule() {
 }
 
 CodeField::Rule F_ARA::CostCentreRule() {
-  return NamedCode(
-      Context(), txtKostenstelle[0], lblKostenstelle, "KOSTENSTELLE", "NAME",
-      [this](const std::string* typed) { return Parameters({std::to_string(curPersonal)}, typed); });
+  return NamedCode(Context(), txtKostenstelle[0], lblKostenstelle, "KOSTENSTELLE", "NAME",
+                   [this] { return NamedValues{Given(curPersonal)}; });
 }
 
 CodeField::Rule F_ARA::ProductOrderRule() {
-  auto rule = NamedCode(Context(), txtProduktauftragNr[0], lblProduktauftragNr, "PA_KOPF", "",
-                        [this](const std::string* typed) {
-                          return Parameters({std::to_string(curPersonal), curFwj, txtKostenstelle[0].Text()},
-                                            typed, {ProductOrderFilter()});
-                        });
+  auto rule = NamedCode(Context(), txtProduktauftragNr[0], lblProduktauftragNr, "PA_KOPF", "", [this] {
+    return NamedValues{Given(curPersonal), Given(curFwj), Given(txtKostenstelle[0].Text()),
+                       Condition(ProductOrderFilter())};
+  });
   rule.option = "100";
   return rule;
 }
 
 CodeField::Rule F_ARA::WorkTypeRule() {
   return NamedCode(Context(), txtLeistungsart[0], lblLeistungsart, "LEISTUNGSART_PRODUKT", "LONG",
-                   [this](const std::string* typed) { return Parameters({WorkTypeFilter()}, typed); });
+                   [this] { return NamedValues{Condition(WorkTypeFilter())}; });
 }
 
 CodeField::Rule F_ARA::TeamRule() {
-  return NamedCode(Context(), txtRotte[0], lblRotte, "RELTABLES", "LONG", [this](const std::string* typed) {
-    return Parameters({std::to_string(OptionNumber("STANDARD_ROTTE"))}, typed);
-  });
+  return NamedCode(Context(), txtRotte[0], lblRotte, "RELTABLES", "LONG",
+                   [this] { return NamedValues{Given(OptionNumber("STANDARD_ROTTE"))}; });
 }
 
 // --- the list ---
@@ -147,14 +146,15 @@ void F_ARA::LoadGridAndPosition() {
   orders_.Find(curAraId);
 }
 
-const std::string& F_ARA::StundenCase() {
-  if (!stundenCaseText.empty()) return stundenCaseText;
-  std::string whens;
-  for (Recordset types = Open(sql::DirectWageTypes()); !types.EndOfFile(); types.MoveNext()) {
-    whens += " WHEN " + std::to_string(ToLong(types.Fields()["TYP"].Value())) + " THEN " +
-             std::to_string(ToLong(types.Fields()["ID"].Value()));
+const SqlText& F_ARA::StundenCase() {
+  if (!stundenCaseText.Empty()) return stundenCaseText;
+  SqlText whens;
+  for (Recordset types = Open(DirectWageTypes()); !types.EndOfFile(); types.MoveNext()) {
+    whens = Compose("{} WHEN {} THEN {}", whens, Id(ToLong(types.Fields()["TYP"].Value())),
+                    Id(ToLong(types.Fields()["ID"].Value())));
   }
-  return stundenCaseText = whens.empty() ? "0" : "CASE BBF_GRUPPE.NUMBER" + whens + " ELSE 0 END";
+  return stundenCaseText =
+             whens.Empty() ? SqlText("0") : Compose("CASE BBF_GRUPPE.NUMBER{} ELSE 0 END", whens);
 }
 
 std::vector<ShownColumn> F_ARA::Columns() const {

@@ -32,11 +32,11 @@ class F_ARA : public Screen {
   void ShowProductOrder(const std::string& name);
   void SetViewState(bool bolView);
   // The price of an order's direct hours, by the group of its service; read once.
-  const std::string& StundenCase();
+  const SqlText& StundenCase();
   void ProductOrderLeft();
   void CostCentreLeft();
-  std::string ProductOrderFilter() const;
-  std::string WorkTypeFilter() const;
+  SqlText ProductOrderFilter() const;
+  SqlText WorkTypeFilter() const;
 
   CodeField::Rule SelectedCostCentreRule();
   CodeField::Rule SelectedWorkTypeRule();
@@ -69,7 +69,7 @@ class F_ARA : public Screen {
   std::int32_t curProduktId = 0;
   std::int32_t new_number_ = 0;  // of an order just made
   Guard loadingFlag;
-  std::string stundenCaseText;
+  SqlText stundenCaseText;
   bool saVerfahrenFlag = false;
 
   DataControl AdodcArbeitsauftrag{*this, "AdodcArbeitsauftrag"};

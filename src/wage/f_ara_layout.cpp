@@ -24,7 +24,8 @@ layout::Node F_ARA::BuildLayout() {
           Group(frmSummen, "Summen",
                 Side(Stack(Row(lblFlache, "Flache", Box(txtFlache, 12)),
                            Row(lblMenge, "Menge", Box(txtMenge, 12), Shown(txtMengeEinhait, 6))),
-                     Stack(Row(lblStunden_dir_Lohn, "Stunden direkter Lohn", ShownAmount(txtStunden_dir_Lohn, 12)),
+                     Stack(Row(lblStunden_dir_Lohn, "Stunden direkter Lohn",
+                               ShownAmount(txtStunden_dir_Lohn, 12)),
                            Row(lblGesamtKosten, "Gesamtkosten", Box(txtGesamtKosten, 12)))))),
       // Behind the buttons: a changed selection reads the list anew, and with it what is being edited.
       Last(Group(frmSelektion, "Selektion",
@@ -37,8 +38,8 @@ layout::Node F_ARA::BuildLayout() {
           Push(btnSpeichern, "Speichern", Command::kSave),
           Push(btnSpeichernNew, "Speichern+Neu", Command::kSaveAndNew),
           Push(btnAbbrechen, "Bearb. Abbr.", Command::kCancel), Push(btnStorno, "Storno"),
-          Push(btnStornoNew, "Storno+New"), Gap(), Push(btnVorgaben, "Vorgaben"),
-          Push(btnStunden, "Stunden"), Gap(), Push(btnClose, "Schließen", Command::kClose)),
+          Push(btnStornoNew, "Storno+New"), Gap(), Push(btnVorgaben, "Vorgaben"), Push(btnStunden, "Stunden"),
+          Gap(), Push(btnClose, "Schließen", Command::kClose)),
       Hidden({&AdodcArbeitsauftrag}));
 }
 

@@ -5,6 +5,7 @@
 #include "src/common/messages.h"
 #include "src/common/month_fields.h"
 #include "src/common/slot.h"
+#include "src/context/rules/wage_group.h"
 #include "src/context/values/clock.h"
 #include "src/context/values/date_text.h"
 #include "src/context/values/number_text.h"
@@ -12,7 +13,6 @@
 #include "src/wage/f_ara.h"
 #include "src/wage/f_ara_sql.h"
 #include "src/wage/f_arbeitnehmer.h"
-#include "src/wage/wage_group.h"
 
 // Creating, saving and cancelling wage orders, and their total.
 namespace tarvoni {

@@ -5,10 +5,10 @@
 #include "src/common/box_rules.h"
 #include "src/common/messages.h"
 #include "src/common/view_switch.h"
+#include "src/context/rules/hour_amount.h"
 #include "src/context/values/field_text.h"
 #include "src/context/values/number_text.h"
 #include "src/wage/f_arbeitnehmer_sql.h"
-#include "src/wage/rate_expressions.h"
 
 namespace tarvoni {
 
@@ -64,12 +64,12 @@ void F_Arbeitnehmer::ConnectFields() {
 }
 
 CodeField::Rule F_Arbeitnehmer::WorkerRule() {
-  constexpr const char* kRegistered = "PERSONAL.ANGEMELDET = 1";
-  return {.offered = [this] { return GetNamedSql(Context(), "PERSONAL_GRID_ARBEITER", kRegistered); },
+  static const NamedValue registered = Condition("PERSONAL.ANGEMELDET = 1");
+  return {.offered = [this] { return GetNamedSql(Context(), "PERSONAL_GRID_ARBEITER", {registered}); },
           .check =
               [this] {
                 return GetNamedSql(Context(), "PERSONAL_VALID_ARBEITER",
-                                   Parameters({kRegistered}, &txtPersonalnummer[0].Text()));
+                                   {registered, TypedCode(txtPersonalnummer[0].Text())});
               },
           .caption = [this] { return lblPersonalnummer.Caption(); },
           .name_column = "KURZBEZEICHNUNG"};
@@ -183,8 +183,8 @@ std::optional<DateTime> F_Arbeitnehmer::Day() const {
 }
 
 void F_Arbeitnehmer::ReadRate() {
-  const Recordset rate = Open(wage_rate::OfferedRate(txtLohnart[0].Tag(), txtPersonalnummer[0].Tag(), Day(),
-                                                     Context().strSqlDateFormat));
+  const Recordset rate = Open(hour_amount::OfferedRate(txtLohnart[0].Tag(), txtPersonalnummer[0].Tag(), Day(),
+                                                       Context().strSqlDateFormat));
   const auto first = pay_month_.FirstDay();
   if (rate.EndOfFile()) {
     if (first) paying_month_.Set(first->year, first->month);

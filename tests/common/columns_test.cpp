@@ -7,6 +7,7 @@
 #include "tests/support/fake_connection.h"
 #include "tests/support/fake_suite.h"
 #include "tests/support/quiet_toolkit.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni {
 namespace {
@@ -34,7 +35,7 @@ class Columns : public testing::Test {
              {std::int64_t{1}, std::int64_t{40}, std::int64_t{7}, true,   //
               std::int64_t{2}, std::int64_t{30}, std::int64_t{9}, false,  //
               std::int64_t{3}, Null{}, std::int64_t{8}, Null{}}));
-    form.Data1.SetRecordSource(kList);
+    form.Data1.SetRecordSource(Sql(kList));
     form.Data1.Refresh();
   }
   std::string Order() {

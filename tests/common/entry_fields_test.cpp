@@ -171,7 +171,7 @@ TEST_F(TableCodes, FurtherButtonMakesANewOneAndTheListOpensAgain) {
   CodeField::Rule rule = Rule();
   std::vector<std::string> starts;
   rule.option = "102";
-  rule.offered = [] { return std::string("SELECT NUMBER FROM NEW"); };
+  rule.offered = []() -> SqlText { return "SELECT NUMBER FROM NEW"; };
   rule.make_new = [&] { code.SetText("12"); };
   db->Answer("SELECT NUMBER FROM NEW", Rows({Chars("NUMBER")}, {std::string("11"), std::string("12")}));
   CodeField field(screen.Context(), screen.loading, code, &screen.txtKapitel, std::move(rule));

@@ -21,7 +21,7 @@ using test::Whole;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* kList = "SELECT ID,NAME,WERT FROM POSITION";
+constexpr char kList[] = "SELECT ID,NAME,WERT FROM POSITION";
 
 // A small Screen of the usual kind.
 class F_Probe : public Screen {
@@ -218,10 +218,9 @@ class CodeFieldTest : public Frame {
 
   std::unique_ptr<test::QuietToolkit::Shown> shown;
   int changes = 0;
-  CodeField field{
-      screen.Context(), screen.loading, screen.txtKonto[0], &screen.txtKonto[1],
-      NamedCode(screen.Context(), screen.txtKonto[0], screen.lblKonto, "KONTO", "NAME",
-                [](const std::string* typed) { return "5" + (typed ? "\t" + *typed : std::string()); })};
+  CodeField field{screen.Context(), screen.loading, screen.txtKonto[0], &screen.txtKonto[1],
+                  NamedCode(screen.Context(), screen.txtKonto[0], screen.lblKonto, "KONTO", "NAME",
+                            [] { return NamedValues{Given(5)}; })};
 };
 
 TEST_F(CodeFieldTest, ValidCodeSetsTagAndCompanion) {

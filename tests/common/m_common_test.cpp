@@ -135,8 +135,8 @@ TEST_F(MCommon, WaldortTextJoinsItsPath) {
 
 TEST_F(MCommon, MachineCostTypesAreJoined) {
   const std::string statement =
-      "SELECT KOSTENART.NUMBER FROM KOSTENART WHERE ID IN (SELECT KOSTENART_ID FROM MASCHINE_STAMM WHERE "
-      "LABEL = 'EIG')";
+      "SELECT KOSTENART.NUMBER\nFROM KOSTENART\n"
+      "WHERE ID IN (SELECT KOSTENART_ID FROM MASCHINE_STAMM WHERE LABEL = 'EIG')";
   Code(statement, {std::int64_t{410}, std::int64_t{420}});
   EXPECT_EQ(GetMachineCostTypeNumbers("EIG", *db), "410, 420");
   Code(statement, {});

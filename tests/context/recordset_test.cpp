@@ -278,8 +278,8 @@ TEST(RecordsetTest, GetRowsTakesTheRest) {
 
 class CountingConnection : public Connection {
  public:
-  long long Execute(std::string_view) override { return -1; }
-  Recordset Open(std::string_view) override { return {}; }
+  long long Execute(const SqlText&) override { return -1; }
+  Recordset Open(const SqlText&) override { return {}; }
   const std::string& ConnectionString() const override { return text_; }
   void BeginHandler() override { ++depth; }
   void EndHandler() override {

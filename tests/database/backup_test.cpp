@@ -1,3 +1,4 @@
+#include "src/context/data/statement.h"
 #include "tests/database/database_testing.h"
 
 namespace tarvoni::sqlite {
@@ -61,8 +62,8 @@ TEST_F(BackupTest, TellsOfDamage) {
   EXPECT_THAT(CheckIntegrity(*connection_), ::testing::IsEmpty());
   connection_->BeginHandler();
   for (int i = 2; i < 400; ++i) {
-    connection_->Execute("INSERT INTO A (ID,T) VALUES (" + std::to_string(i) + ",'" + std::to_string(i) +
-                         "')");
+    connection_->Execute(
+        Compose("INSERT INTO A (ID,T) VALUES ({},'{}')", Id(i), tarvoni::Quoted(std::to_string(i))));
   }
   connection_->EndHandler();
   connection_.reset();

@@ -42,8 +42,7 @@ TEST_P(DatabaseCommon, LargeDecimalsAreExactWhereTheBackendStoresThem) {
   Execute("CREATE TABLE PROBE (D DECIMAL(20,4))");
   Execute("INSERT INTO PROBE VALUES (1234567890123456.7891)");
   const Value expected = Decimal(*Decimal::Parse("1234567890123456.7891"));
-  const Recordset rows = Open("SELECT D FROM PROBE");
-  EXPECT_EQ(rows.Fields()[0].Value() == expected, Traits().exact_decimals);
+  EXPECT_EQ(Open("SELECT D FROM PROBE").GetRows().at(0).at(0) == expected, Traits().exact_decimals);
 }
 
 TEST_P(DatabaseCommon, NullIsNotAnEmptyTextNorZero) {

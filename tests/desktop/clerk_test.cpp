@@ -80,15 +80,18 @@ TEST(Clerk, EntersAnOrderWithFiveWorkersFromTheKeyboard) {
   clerk.Run();
   Clock::Reset();
 
-  EXPECT_THAT(Rows(*database,
-                   "SELECT PERSONAL.NUMMER, ARA_STUNDEN.STUNDEN, DAY(VERLOHNUNG), MONTH(VERLOHNUNG) FROM ARA_STUNDEN "
-                   "INNER JOIN PERSONAL ON PERSONAL.ID_PERSONAL = ARA_STUNDEN.ID_PERSONAL "
-                   "WHERE ID_ARA_KOPF = (SELECT MAX(ID) FROM ARA_KOPF) ORDER BY ARA_STUNDEN.ID"),
-              ElementsAre("10001 7,50 5,00 3,00", "10002 8,00 5,00 3,00", "10003 6,25 5,00 3,00",
-                          "10004 8,00 5,00 3,00", "10005 4,50 5,00 3,00"));
+  EXPECT_THAT(
+      Rows(*database,
+           "SELECT PERSONAL.NUMMER, ARA_STUNDEN.STUNDEN, DAY(VERLOHNUNG), MONTH(VERLOHNUNG) FROM ARA_STUNDEN "
+           "INNER JOIN PERSONAL ON PERSONAL.ID_PERSONAL = ARA_STUNDEN.ID_PERSONAL "
+           "WHERE ID_ARA_KOPF = (SELECT MAX(ID) FROM ARA_KOPF) ORDER BY ARA_STUNDEN.ID"),
+      ElementsAre("10001 7,50 5,00 3,00", "10002 8,00 5,00 3,00", "10003 6,25 5,00 3,00",
+                  "10004 8,00 5,00 3,00", "10005 4,50 5,00 3,00"));
   // Two workers in wage group 3 (14,84), two in 2 (13,92), one in 1 (12,99): 15,5 x 14,84 + 10,75 x 13,92 + 8 x 12,99.
-  EXPECT_THAT(Rows(*database, "SELECT NAME, GESAMNT, BESCHREIBUNG FROM ARA_KOPF WHERE ID = (SELECT MAX(ID) FROM ARA_KOPF)"),
-              ElementsAre("110020240201 483,58 Wertastung"));
+  EXPECT_THAT(
+      Rows(*database,
+           "SELECT NAME, GESAMNT, BESCHREIBUNG FROM ARA_KOPF WHERE ID = (SELECT MAX(ID) FROM ARA_KOPF)"),
+      ElementsAre("110020240201 483,58 Wertastung"));
 }
 
 }  // namespace

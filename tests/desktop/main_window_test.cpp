@@ -133,7 +133,8 @@ TEST_F(Desktop, OpensAScreenWithTheChosenClient) {
   Open(window, 2);
   Open(window, 0);
   EXPECT_THAT(opened_, ElementsAre(QString("Maschine-Stammdaten"),
-                                   testing::Property(&QString::toStdString, testing::StartsWith("Arbeitsaufträge – "))));
+                                   testing::Property(&QString::toStdString,
+                                                     testing::StartsWith("Arbeitsaufträge – "))));
 }
 
 TEST_F(Desktop, FormsOfferTheRowsOfTheClientAndTheForestYear) {
@@ -194,7 +195,9 @@ TEST_F(Desktop, FocusIsOnTheClientsAndEnterOpens) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   EXPECT_EQ(QApplication::focusWidget(), Named<QTreeWidget>(window, "Mandanten"));
   QTest::keyClick(window.windowHandle(), Qt::Key_Return);
-  EXPECT_THAT(opened_, ElementsAre(testing::Property(&QString::toStdString, testing::StartsWith("Arbeitsaufträge – Forstbetrieb 2010"))));
+  EXPECT_THAT(opened_,
+              ElementsAre(testing::Property(&QString::toStdString,
+                                            testing::StartsWith("Arbeitsaufträge – Forstbetrieb 2010"))));
 }
 
 TEST_F(Desktop, AnEnterpriseOfOnesOwnTakesOrdersAtOnce) {
@@ -208,7 +211,8 @@ TEST_F(Desktop, AnEnterpriseOfOnesOwnTakesOrdersAtOnce) {
   EXPECT_EQ(Named<QTreeWidget>(window, "Mandanten")->currentItem()->text(1), "Hof' Wald");
   EXPECT_FALSE(window.findChild<QLineEdit*>("forest_year")->isVisible()) << "wage orders ask for none";
   Open(window, 0);
-  EXPECT_THAT(opened_, ElementsAre(testing::Property(&QString::toStdString, testing::StartsWith("Arbeitsaufträge"))));
+  EXPECT_THAT(opened_,
+              ElementsAre(testing::Property(&QString::toStdString, testing::StartsWith("Arbeitsaufträge"))));
 }
 
 TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
@@ -231,7 +235,8 @@ TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
     tried.push_back(server.toStdString());
     if (tried.size() == 1) throw CallError("login failed");
   });
-  EXPECT_EQ(tried, std::vector<std::string>(2, "odbc:Driver=FreeTDS;Server=db1;Port=1433;Database=lohn;PWD={ge;heim}"));
+  EXPECT_EQ(tried, std::vector<std::string>(
+                       2, "odbc:Driver=FreeTDS;Server=db1;Port=1433;Database=lohn;PWD={ge;heim}"));
   EXPECT_EQ(ServerSettings::Load().database, "lohn");
 }
 

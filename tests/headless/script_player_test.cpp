@@ -103,9 +103,9 @@ class F_Lager : public Screen {
   Guard loading;
   RowList list{*this, loading, {.data = Data1, .grid = DataGrid1}};
   std::unique_ptr<DeferredCall> later;
-  CodeField kapitel{Context(), loading, txtKapitel[0], &txtKapitel[1],
-                    NamedCode(Context(), txtKapitel[0], lblKapitel, "KAPITEL", "NAME",
-                              [](const std::string* typed) { return typed ? *typed : ""; })};
+  CodeField kapitel{
+      Context(), loading, txtKapitel[0], &txtKapitel[1],
+      NamedCode(Context(), txtKapitel[0], lblKapitel, "KAPITEL", "NAME", [] { return NamedValues(); })};
 
  private:
   int depth_;

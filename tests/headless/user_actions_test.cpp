@@ -5,6 +5,7 @@
 
 #include "src/context/services/mnemonics.h"
 #include "src/context/values/call_error.h"
+#include "tests/support/events.h"
 #include "tests/support/fake_connection.h"
 #include "tests/support/quiet_toolkit.h"
 
@@ -13,6 +14,7 @@ namespace {
 
 using test::FakeConnection;
 using test::QuietToolkit;
+using test::Replace;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -92,7 +94,7 @@ TEST_F(Actions, TabOrderSkipsWhatCannotTakeTheFocus) {
 
 TEST_F(Actions, ValidateKeepsTheFocusExceptForButtonsThatDoNotCause) {
   UserActions& user = Open();
-  form.txtA.Validate = [](bool& cancel) { cancel = true; };
+  Replace(form.txtA.Validate, [](bool& cancel) { cancel = true; });
   EXPECT_FALSE(user.Focus(form.txtB));
   user.Click(form.btnOk);
   EXPECT_THAT(form.log, IsEmpty());
@@ -103,10 +105,10 @@ TEST_F(Actions, ValidateKeepsTheFocusExceptForButtonsThatDoNotCause) {
 
 TEST_F(Actions, LeavingHandlerSendsTheFocusBackWithOneMessage) {
   UserActions& user = Open();
-  form.txtA.LostFocus = [&] {
+  Replace(form.txtA.LostFocus, [&] {
     toolkit.MessageBox("falsch", kBoxWarning, "");
     form.txtA.SetFocus();
-  };
+  });
   user.Click(form.btnOk);
   EXPECT_THAT(toolkit.prompts, ElementsAre("falsch"));
   EXPECT_TRUE(form.txtA.HasFocus());
@@ -123,7 +125,7 @@ TEST_F(Actions, ClickOnADisabledButtonIsNone) {
   user.Click(form.btnOk);
   EXPECT_THAT(form.log, IsEmpty());
   form.btnOk.SetEnabled(true);
-  form.txtA.LostFocus = [&] { form.btnOk.SetEnabled(false); };
+  Replace(form.txtA.LostFocus, [&] { form.btnOk.SetEnabled(false); });
   user.Click(form.btnOk);
   EXPECT_THAT(form.log, testing::Not(testing::Contains("click btnOk"))) << "disabled by the field being left";
 }
@@ -131,8 +133,8 @@ TEST_F(Actions, ClickOnADisabledButtonIsNone) {
 TEST_F(Actions, PressedButtonIsKnownInsideTheClick) {
   Open();
   bool seen = false;
-  form.btnAbbrechen.Click = [&] { seen = form.btnOk.Pressed(); };
-  form.btnOk.Click = [&] { form.btnAbbrechen.Press(); };
+  Replace(form.btnAbbrechen.Click, [&] { seen = form.btnOk.Pressed(); });
+  Replace(form.btnOk.Click, [&] { form.btnAbbrechen.Press(); });
   form.btnOk.Press();
   EXPECT_TRUE(seen);
   EXPECT_FALSE(form.btnOk.Pressed());
@@ -327,7 +329,8 @@ TEST_F(Actions, EveryButtonHasALetterOfItsOwn) {
   EXPECT_EQ(CaptionWithMnemonic(form.btnOk), "&Schließen");
   EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "S&peichern") << "the letter is taken";
   form.btnAbbrechen.SetCaption("Storno + Senden && Ende");
-  EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "Storno + Senden && &Ende") << "beginnings of words first";
+  EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "Storno + Senden && &Ende")
+      << "beginnings of words first";
   EXPECT_EQ(CaptionWithMnemonic(form.frm), "Daten");
 }
 
@@ -389,11 +392,11 @@ TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
 
 TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
   UserActions& user = Open();
-  form.btnOk.Click = [&] {
+  Replace(form.btnOk.Click, [&] {
     db.Execute("INSERT 1");
     form.txtB.SetText("davor");
     throw DatabaseError(245, "Conversion failed.");
-  };
+  });
   user.Click(form.btnOk);
   EXPECT_THAT(toolkit.prompts, ElementsAre("Die Eingabe ist keine Zahl. (Fehler 245: Conversion failed.)"));
   EXPECT_EQ(toolkit.styles.back(), kBoxStop);
@@ -405,12 +408,12 @@ TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
 
 TEST_F(Actions, ErrorInAFocusEventDoesNotEndTheHandlerThatMovedTheFocus) {
   UserActions& user = Open();
-  form.txtC.GotFocus = [] { throw CallError("kaputt"); };
+  Replace(form.txtC.GotFocus, [] { throw CallError("kaputt"); });
   bool finished = false;
-  form.btnOk.Click = [&] {
+  Replace(form.btnOk.Click, [&] {
     form.txtC.SetFocus();
     finished = true;
-  };
+  });
   user.Click(form.btnOk);
   EXPECT_TRUE(finished);
   EXPECT_THAT(toolkit.prompts, ElementsAre("kaputt"));
@@ -418,12 +421,12 @@ TEST_F(Actions, ErrorInAFocusEventDoesNotEndTheHandlerThatMovedTheFocus) {
 
 TEST_F(Actions, WritesOfOneHandlerAreCommittedTogetherAndBeforeABoxOpens) {
   UserActions& user = Open();
-  form.btnOk.Click = [&] {
+  Replace(form.btnOk.Click, [&] {
     db.Execute("A");
     db.Execute("B");
     toolkit.MessageBox("?", kBoxYesNo, "");
     db.Execute("C");
-  };
+  });
   user.Click(form.btnOk);
   EXPECT_THAT(db.Log(), ElementsAre("A", "B", "COMMIT", "C", "COMMIT"));
 }
@@ -433,13 +436,13 @@ TEST_F(Actions, HandlersInsideANestedScreenCommitOnTheirOwn) {
   inner.db = &db;
   inner.btnOk.SetTag("");
   UserActions& user = Open();
-  form.btnOk.Click = [&] {
+  Replace(form.btnOk.Click, [&] {
     db.Execute("outer");
     toolkit.ShowModal(inner);
     db.Execute("outer again");
-  };
+  });
   toolkit.script = [&](UserActions& nested) {
-    inner.btnOk.Click = [&] { db.Execute("inner"); };
+    Replace(inner.btnOk.Click, [&] { db.Execute("inner"); });
     nested.Click(inner.btnOk);
     EXPECT_EQ(toolkit.TopForm(), &inner);
   };
@@ -465,7 +468,7 @@ TEST_F(Actions, VetoHoldsAgainstCloseAndEscape) {
 
 TEST_F(Actions, FocusLeavesAControlThatWasDisabled) {
   UserActions& user = Open();
-  form.btnOk.Click = [&] { form.btnOk.SetEnabled(false); };
+  Replace(form.btnOk.Click, [&] { form.btnOk.SetEnabled(false); });
   user.Click(form.btnOk);
   EXPECT_TRUE(form.btnAbbrechen.HasFocus());
 }
@@ -500,7 +503,7 @@ TEST(Choosing, TabsChecksOptionsAndDates) {
   const auto shown = toolkit.Show(form, form.chk);
   UserActions& user = shown->user;
   int clicks = 0;
-  form.chk.Click = [&] { ++clicks; };
+  Replace(form.chk.Click, [&] { ++clicks; });
   user.Click(form.chk);
   form.chk.SetValue(1);
   EXPECT_TRUE(form.chk.Checked());
@@ -539,7 +542,7 @@ TEST(Choosing, ListClicksOnAChangeOnlyAndFollowsRemovedItems) {
   Choices form;
   for (const char* item : {"a", "b", "c"}) form.list.AddItem(item);
   int clicks = 0;
-  form.list.Click = [&] { ++clicks; };
+  Replace(form.list.Click, [&] { ++clicks; });
   const auto shown = toolkit.Show(form, form.list);
   UserActions& user = shown->user;
   user.SelectItem(form.list, 2);

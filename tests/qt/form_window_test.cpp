@@ -90,9 +90,9 @@ TEST(FormWindow, KeypadTypesTheLocalesSeparatorAndEnter) {
 
 TEST(FormWindow, EnterGoesToTheControlAndToNoDefaultButton) {
   Stage stage;
-  stage.form.txtMenge.KeyPress = [&](int& key) {
+  test::Replace(stage.form.txtMenge.KeyPress, [&](int& key) {
     if (key == kKeyEnter) stage.form.PostTab();
-  };
+  });
   stage.Show(stage.form.txtMenge, [&](FormWindow& window) {
     stage.Press(Qt::Key_Return, {}, "\r");
     EXPECT_TRUE(stage.form.cboEinheit.HasFocus());
@@ -142,10 +142,10 @@ TEST(FormWindow, EscapeAndTheCloseButtonAskTheScreen) {
 
 TEST(FormWindow, FieldThatKeepsTheFocusTellsItOnce) {
   Stage stage;
-  stage.form.txtLohnart.Validate = [&](bool& cancel) {
+  test::Replace(stage.form.txtLohnart.Validate, [&](bool& cancel) {
     stage.toolkit.MessageBox("falsch", kBoxWarning, "");
     cancel = true;
-  };
+  });
   stage.Show(stage.form.txtLohnart, [&](FormWindow& window) {
     stage.driver.Click(stage.form.txtMenge);
     EXPECT_TRUE(stage.form.txtLohnart.HasFocus());
@@ -265,7 +265,9 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
   stage.Show(grid, [&](FormWindow& window) {
     const auto& table = dynamic_cast<QTableView&>(stage.WidgetOf(grid));
     const auto shown = [&](int row) { return table.model()->index(row, 1); };
-    const auto told = [&](const char* name) { return FromQt(table.parentWidget()->findChild<QLabel*>(name)->text()); };
+    const auto told = [&](const char* name) {
+      return FromQt(table.parentWidget()->findChild<QLabel*>(name)->text());
+    };
     EXPECT_TRUE(shown(0).data(Qt::FontRole).value<QFont>().strikeOut());
     stage.driver.ClickHead(grid, 1);
     EXPECT_EQ(grid.Row(), 1) << "the row is the same, in its new place";
@@ -293,22 +295,22 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
 
 TEST(FormWindow, NoExceptionPassesThroughQt) {
   Stage stage;
-  stage.form.btnNeu.Click = [] { throw CallError("Fehler im Handler"); };
+  test::Replace(stage.form.btnNeu.Click, [] { throw CallError("Fehler im Handler"); });
   const auto click = [&](Button& button) { return [&](FormWindow&) { stage.driver.Click(button); }; };
   stage.Show(stage.form.txtMenge, click(stage.form.btnNeu));
   EXPECT_THAT(stage.toolkit.prompts, ElementsAre("Fehler im Handler"));
   for (Button* button : {&stage.form.btnLoschen, &stage.form.btnBearbeiten}) {
     stage.form.Load();
-    stage.form.btnLoschen.Click = [] { throw ScriptFailure("Ende"); };
-    stage.form.btnBearbeiten.Click = [&] {
+    test::Replace(stage.form.btnLoschen.Click, [] { throw ScriptFailure("Ende"); });
+    test::Replace(stage.form.btnBearbeiten.Click, [&] {
       test::ProbeForm inner;
       stage.toolkit.play = [&](FormWindow&) {
-        inner.btnNeu.Click = [] { throw ScriptFailure("innen"); };
+        test::Replace(inner.btnNeu.Click, [] { throw ScriptFailure("innen"); });
         stage.driver.Click(inner.btnNeu);
       };
       stage.toolkit.ShowModal(inner);
       ADD_FAILURE() << "the failure leaves the inner Screen";
-    };
+    });
     EXPECT_THROW(stage.Show(stage.form.txtMenge, click(*button)), ScriptFailure);
     EXPECT_FALSE(stage.form.IsShown());
     EXPECT_EQ(stage.toolkit.TopForm(), nullptr);

@@ -7,9 +7,9 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QTest>
 #include <algorithm>
@@ -28,10 +28,10 @@ using testing::Not;
 
 // Typed text of a box that admits digits and makes letters great.
 void AdmitDigits(TextBox& box) {
-  box.KeyPress = [](int& key) {
+  test::Replace(box.KeyPress, [](int& key) {
     if (key >= 'a' && key <= 'z') key += 'A' - 'a';
     if (key == '.' || key == ' ') key = 0;
-  };
+  });
 }
 
 TEST(TextBoxView, TypedAndPastedTextPassesTheFilter) {
@@ -78,7 +78,7 @@ TEST(TextBoxView, EditorsOwnCommandsReachTheScreen) {
     EXPECT_EQ(box.Text(), "");
     EXPECT_EQ(FromQt(QGuiApplication::clipboard()->text()), "zwei Worte");
     EXPECT_THAT(stage.form.log, ElementsAre("change txtName"));
-    stage.form.txtName.Change = [&] { box.SetText("fest"); };
+    test::Replace(stage.form.txtName.Change, [&] { box.SetText("fest"); });
     stage.Press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(FromQt(edit.text()), "fest") << "the Screen has the last word";
   });
@@ -88,7 +88,7 @@ TEST(TextBoxView, FocusByMouseLeavesTheTextSelected) {
   Stage stage;
   auto& box = stage.form.txtName;
   box.SetText("Windwurf");
-  box.GotFocus = [&] { box.SelectAll(); };
+  test::Replace(box.GotFocus, [&] { box.SelectAll(); });
   stage.Show(stage.form.txtMenge, [&](FormWindow&) {
     auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(box));
     stage.driver.Click(box);
@@ -144,7 +144,8 @@ TEST(TextBoxView, ClosedTextsCanBeReadAndCopied) {
     EXPECT_EQ(FromQt(QGuiApplication::clipboard()->text()), "Windwurf");
     stage.driver.ClickRow(stage.form.DataGrid1, 1);
     QTest::keyClick(window.windowHandle(), Qt::Key_C, Qt::ControlModifier);
-    EXPECT_THAT(FromQt(QGuiApplication::clipboard()->text()), testing::HasSubstr("Fichte")) << "the list again";
+    EXPECT_THAT(FromQt(QGuiApplication::clipboard()->text()), testing::HasSubstr("Fichte"))
+        << "the list again";
   });
 }
 
@@ -157,7 +158,8 @@ TEST(TextBoxView, RefusedKeyIsSeen) {
     const QColor open = edit.palette().color(QPalette::Base);
     stage.driver.Type(box, "1.");
     EXPECT_NE(edit.palette().color(QPalette::Base), open);
-    EXPECT_EQ(FromQt(window.findChild<QLabel*>("status")->text()), "Das Zeichen „.“ passt nicht in dieses Feld.");
+    EXPECT_EQ(FromQt(window.findChild<QLabel*>("status")->text()),
+              "Das Zeichen „.“ passt nicht in dieses Feld.");
     EXPECT_TRUE(QTest::qWaitFor([&] { return edit.palette().color(QPalette::Base) == open; }));
   });
 }

@@ -8,6 +8,7 @@
 
 #include "platform/sqlite/public/sqlite_database.h"
 #include "tests/schema/statement_blocks.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni {
 namespace {
@@ -19,7 +20,7 @@ class SchemaTest : public ::testing::Test {
  protected:
   void SetUp() override { connection_->Execute(SchemaSql()); }
 
-  Recordset Open(const std::string& text) { return connection_->Open(text); }
+  Recordset Open(const std::string& text) { return connection_->Open(Sql(text)); }
 
   // The given columns of all rows, a row a text.
   std::vector<std::string> Rows(const std::string& text, const std::vector<std::string>& columns) {
@@ -35,14 +36,13 @@ class SchemaTest : public ::testing::Test {
   }
 
   FieldType TypeOf(const std::string& table, const std::string& column) {
-    const Recordset rows = Open("SELECT " + column + " FROM " + table);
-    return rows.Fields()[0].Type();
+    return Open("SELECT " + column + " FROM " + table).Columns()[0].type;
   }
 
   // The number of the error that the text ends in, 0 for none.
   int ErrorOf(const std::string& text) {
     try {
-      connection_->Open(text);
+      connection_->Open(Sql(text));
     } catch (const DatabaseError& error) {
       return error.Number();
     }
@@ -66,7 +66,8 @@ std::vector<std::string> Words(const std::string& statement) {
 
 TEST(SchemaText, IsAListOfTablesEachBeforeItsIndexes) {
   std::set<std::string> tables;
-  for (const std::string& statement : SchemaStatements()) {
+  for (const SqlText& made : SchemaStatements()) {
+    const std::string statement(made.Text());
     const std::vector<std::string> words = Words(statement);
     ASSERT_GE(words.size(), 6U) << statement;
     ASSERT_EQ(words[0], "CREATE") << statement;
@@ -83,12 +84,12 @@ TEST(SchemaText, IsAListOfTablesEachBeforeItsIndexes) {
 
 TEST_F(SchemaTest, MadeStatementByStatementIsTheSame) {
   const auto other = sqlite::OpenDatabase(":memory:", {.create = true});
-  for (const std::string& statement : SchemaStatements()) {
+  for (const SqlText& statement : SchemaStatements()) {
     other->Execute(statement);
-    const std::vector<std::string> words = Words(statement);
+    const std::vector<std::string> words = Words(std::string(statement.Text()));
     if (words[1] != "TABLE") continue;
     const std::string all = "SELECT TOP 0 * FROM " + words[2];
-    EXPECT_EQ(other->Open(all).Columns().size(), Open(all).Columns().size()) << words[2];
+    EXPECT_EQ(other->Open(Sql(all)).Columns().size(), Open(all).Columns().size()) << words[2];
   }
 }
 
@@ -164,7 +165,7 @@ class StatementTest : public SchemaTest {
 
   void Run(const StatementBlock& block) {
     try {
-      connection_->Open(block.text);
+      connection_->Open(Sql(block.text));
     } catch (const DatabaseError& error) {
       ADD_FAILURE_AT(block.file.c_str(), block.line)
           << "\"" << block.title << "\", line " << error.Line() << ", column " << error.Column() << ": error "
@@ -239,7 +240,7 @@ TEST_F(StatementTest, WithdrawalsLowerTheStock) {
   const std::string goods =
       Text("71_stores_positions.sql", "the goods of a stores document with what is left of them");
   EXPECT_THAT(Rows(goods, {"EINHEIT", "MENGE", "REST"}), ElementsAre("Stk | 200 | 200"));
-  connection_->Execute(Text("71_stores_positions.sql", "a withdrawal"));
+  connection_->Execute(Sql(Text("71_stores_positions.sql", "a withdrawal")));
   EXPECT_THAT(Rows(goods, {"MENGE", "REST"}), ElementsAre("200 | 160"));
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "src/context/controls/control.h"
@@ -64,8 +65,8 @@ class DataControl : public Control {
 
   const std::string& ConnectionString() const { return connection_string_; }
   void SetConnectionString(std::string_view connection_string);
-  const std::string& RecordSource() const { return record_source_; }
-  void SetRecordSource(std::string_view statement) { record_source_ = statement; }
+  const SqlText& RecordSource() const { return record_source_; }
+  void SetRecordSource(SqlText statement) { record_source_ = std::move(statement); }
 
   // Runs the statement again, sorts its rows as the user chose, rebuilds the columns of the bound grids and stands on
   // the first row. If the statement fails, the rows stay as they were.
@@ -88,7 +89,7 @@ class DataControl : public Control {
   void KeepOrder();
 
   std::string connection_string_;
-  std::string record_source_;
+  SqlText record_source_;
   std::optional<RowOrder> order_;
   std::shared_ptr<Connection> connection_;
   BoundRecordset recordset_{*this};

@@ -8,6 +8,7 @@
 
 #include "src/context/data/database_error.h"
 #include "src/context/data/recordset.h"
+#include "src/context/data/sql_text.h"
 
 namespace tarvoni {
 
@@ -25,11 +26,12 @@ class Connection {
  public:
   virtual ~Connection() = default;
 
-  // Runs a batch. Gives the rows affected by its last statement that reports a count, or -1 if none does.
+  // Runs a batch. Gives the rows affected by its last statement that counts them; -1 if none does, or if a server keeps
+  // the count to itself (SET NOCOUNT ON).
   // Throws the batch's first DatabaseError, after what a server would still have run.
-  virtual long long Execute(std::string_view text) = 0;
+  virtual long long Execute(const SqlText& text) = 0;
   // Runs a batch and gives its first result set; a closed recordset if it has none.
-  virtual Recordset Open(std::string_view text) = 0;
+  virtual Recordset Open(const SqlText& text) = 0;
 
   // A text that opens the same database again; never with a password in it when shown.
   virtual const std::string& ConnectionString() const = 0;

@@ -9,7 +9,7 @@ namespace tarvoni {
 namespace {
 
 struct Marked {
-  std::u32string plain;                                 // the caption as it is read
+  std::u32string plain;                     // the caption as it is read
   std::size_t mark = std::u32string::npos;  // of the letter behind the first `&`
 };
 
@@ -61,7 +61,8 @@ class Letters {
  private:
   bool Take(const Control& control, char32_t letter) {
     letter = utf8::Upper(letter);
-    const bool taken = std::ranges::any_of(letters_, [&](const auto& other) { return other.second == letter; });
+    const bool taken =
+        std::ranges::any_of(letters_, [&](const auto& other) { return other.second == letter; });
     if (taken || !IsLetter(letter)) return false;
     letters_[&control] = letter;
     return true;

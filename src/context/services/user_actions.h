@@ -115,10 +115,10 @@ class UserActions : private FormHost {
   Form& form_;
   Toolkit& toolkit_;
   std::deque<int> posted_;
-  int handling_ = 0;               // handlers at work
-  bool acting_ = false;            // inside Act
-  bool leaving_ = false;           // between Validate and GotFocus
-  bool typed_ = false;             // the user entered something since the edit began
+  int handling_ = 0;      // handlers at work
+  bool acting_ = false;   // inside Act
+  bool leaving_ = false;  // between Validate and GotFocus
+  bool typed_ = false;    // the user entered something since the edit began
   int edits_ended_ = 0;
   std::string ended_subject_;      // what the Screen stood on then
   Control* redirected_ = nullptr;  // where a handler sent the focus meanwhile

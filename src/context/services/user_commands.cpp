@@ -132,7 +132,9 @@ void UserActions::EnabledChanged(Control& control) {
 
 void UserActions::ShowKeys() {
   std::string keys;
-  const auto add = [&keys](const std::string& key, const std::string& does) { keys += key + ": " + does + "\n"; };
+  const auto add = [&keys](const std::string& key, const std::string& does) {
+    keys += key + ": " + does + "\n";
+  };
   for (const Control* control : form_.Controls()) {
     const auto* const button = dynamic_cast<const Button*>(control);
     if (!button || !button->IsVisible()) continue;

@@ -92,7 +92,8 @@ bool IsPoint(char32_t sign) {
 
 // Blanks, of any width, and apostrophes group digits; a point or comma may.
 bool IsGroupSign(char32_t sign) {
-  return IsPoint(sign) || std::u32string_view(U" \u00A0\u2009\u202F'\u2019").find(sign) != std::u32string_view::npos;
+  return IsPoint(sign) ||
+         std::u32string_view(U" \u00A0\u2009\u202F'\u2019").find(sign) != std::u32string_view::npos;
 }
 
 // The digits of a number and the signs between them: "-1.234,50" is a minus, "1" "234" "50" and "." ",".

@@ -1,4 +1,4 @@
-#include "src/wage/rate_expressions.h"
+#include "src/context/rules/hour_amount.h"
 
 #include <gtest/gtest.h>
 
@@ -46,7 +46,7 @@ class Rates : public testing::Test {
         "INSERT INTO BB_T_MONAT (NUMMER, JAHR, SOLL_STUNDENVORGABE) VALUES ('3', '2024', 160)");
   }
 
-  std::string One(const std::string& statement) {
+  std::string One(const SqlText& statement) {
     const Recordset row = db->Open(statement);
     std::string text;
     if (row.EndOfFile()) return text;
@@ -61,15 +61,16 @@ class Rates : public testing::Test {
     db->Execute(
         Compose("DELETE FROM ARA_STUNDEN\nINSERT INTO ARA_STUNDEN (ID_PERSONAL, ID_LOHNARTEN, VERLOHNUNG,"
                 " STUNDEN) VALUES ({}, {}, '{}', {})",
-                Id(worker), Id(type), Typed(day), Number(hours)));
-    return One("SELECT " + wage_rate::StoredRate() + "," + wage_rate::StoredValue() +
-               " FROM ARA_STUNDEN LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN");
+                Id(worker), Id(type), Quoted(day), Number(hours)));
+    return One(Compose(
+        "SELECT {},{} FROM ARA_STUNDEN LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN",
+        hour_amount::StoredRate(), hour_amount::StoredValue()));
   }
 
   // Unit, rate and shift.
   std::string Offered(int type, int day, int worker = kWorker) {
-    return One(wage_rate::OfferedRate(std::to_string(type), std::to_string(worker),
-                                      DateTime{.year = 2024, .month = 3, .day = day}, "yyyymmdd"));
+    return One(hour_amount::OfferedRate(std::to_string(type), std::to_string(worker),
+                                        DateTime{.year = 2024, .month = 3, .day = day}, "yyyymmdd"));
   }
 
   // Rate and amount of a line of the journal; the rate of the entry must be the same.
@@ -79,13 +80,15 @@ class Rates : public testing::Test {
                 "INSERT INTO STUNDENBUCH_HEADER (ID_PERSONAL) VALUES ({})\n"
                 "INSERT INTO STUNDENBUCH (ID_LOHNARTEN, TAG, STUNDEN, VERLOHNUNG) VALUES ({}, {}, {},"
                 " '20240{}01')",
-                Id(worker), Id(type), Id(day), Number(hours), Typed(month)));
-    const std::string line =
-        One("SELECT " + wage_rate::JournalRate() + " AS SATZ," + wage_rate::JournalAmount() +
-            " FROM STUNDENBUCH LEFT JOIN LOHNARTEN ON LOHNARTEN.ID ="
-            " STUNDENBUCH.ID_LOHNARTEN CROSS JOIN STUNDENBUCH_HEADER");
-    const Recordset entry = db->Open(wage_rate::JournalEntryRate(std::to_string(type), std::to_string(worker),
-                                                                 "2024", month, std::to_string(day)));
+                Id(worker), Id(type), Id(day), Number(hours), Quoted(month)));
+    const std::string line = One(Compose(R"(
+SELECT {} AS SATZ,{} AS BETRAG
+FROM STUNDENBUCH
+LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = STUNDENBUCH.ID_LOHNARTEN
+CROSS JOIN STUNDENBUCH_HEADER)",
+                                         hour_amount::JournalRate(), hour_amount::JournalAmount()));
+    const Recordset entry = db->Open(hour_amount::JournalEntryRate(
+        std::to_string(type), std::to_string(worker), "2024", month, std::to_string(day)));
     EXPECT_EQ(ToDisplayText(entry.Fields()["SATZ"].Value()), line.substr(0, line.find(' ')));
     return line;
   }
@@ -117,7 +120,7 @@ TEST_F(Rates, EntryOffersARateForBothFlagsOnly) {
   EXPECT_EQ(Offered(kGroupPaid, 10), "Std 11.9 1");
   EXPECT_EQ(Offered(kWithoutRate, 10), "NULL NULL 0");
   EXPECT_EQ(Offered(kPersonal, 10), "NULL NULL 0") << "a rate in the list, none on entry";
-  EXPECT_EQ(One(wage_rate::OfferedRate("", "7", DateTime{2024, 3, 1}, "yyyymmdd")), "")
+  EXPECT_EQ(One(hour_amount::OfferedRate("", "7", DateTime{2024, 3, 1}, "yyyymmdd")), "")
       << "no wage type, no row";
   EXPECT_EQ(Offered(kGroupPaid, 10, kOther), "Std 0 1");
 }
@@ -160,9 +163,12 @@ TEST_F(Rates, ReportOfAnOrderIsTheSumOfItsRows) {
     reports.PrintRows(context, 5, kWorker, 2024, 3, 10, flag, amount);
     total = Add(total, std::get<Decimal>(amount)).value();
   }
-  EXPECT_EQ(ToDisplayText(total),
-            One("SELECT SUM(WERT) FROM (SELECT " + wage_rate::StoredValue() +
-                " FROM ARA_STUNDEN LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN) ROWS"));
+  EXPECT_EQ(ToDisplayText(total), One(Compose(R"(
+SELECT SUM(WERT)
+FROM (SELECT {} AS WERT
+      FROM ARA_STUNDEN
+      LEFT JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN) ROWS)",
+                                              hour_amount::StoredValue())));
 }
 
 }  // namespace
