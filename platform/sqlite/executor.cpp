@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/sqlite/error_map.h"
+#include "platform/sqlite/rewrite.h"
 #include "platform/sqlite/table_changes.h"
 #include "platform/tsql/public/parser.h"
 #include "src/context/values/clock.h"
@@ -126,12 +127,24 @@ void Executor::ReadRows(const tsql::QueryStep& step, Statement& statement) {
 std::size_t Executor::Do(const tsql::WriteStep& step) {
   const bool temporary = plan_->IsTemporary(step.table);
   if (!temporary) BeginWrite();
-  Statement& statement = Bound(step.sql);
-  const StatementScope scope(statement);
-  statement.Run();
-  if (!session_.nocount) result_.affected = sqlite3_changes64(database_.File().Raw());
+  const long long affected = Write(step);
+  if (!session_.nocount) result_.affected = affected;
   if (!session_.identity_insert.empty()) NoteExplicitIdentity(step.table);
   return index_ + 1;
+}
+
+long long Executor::Write(const tsql::WriteStep& step) {
+  Statement& statement = Bound(step.sql);
+  const StatementScope scope(statement);
+  try {
+    statement.Run();
+    return sqlite3_changes64(database_.File().Raw());
+  } catch (const DatabaseError& error) {
+    if (!step.rewrite || !IsDuplicate(error.Number())) throw;
+  }
+  Statement rows(database_.File(), step.rewrite->rows.text);
+  Bind(rows, step.rewrite->rows);
+  return RewriteRows(database_.File(), rows, *step.rewrite);
 }
 
 void Executor::NoteExplicitIdentity(const std::string& table) {
@@ -235,6 +248,11 @@ std::size_t Executor::Do(const tsql::SetIdentityInsert& step) {
 
 Statement& Executor::Bound(const tsql::Sql& sql) {
   Statement& statement = plan_->Prepared(index_, sql);
+  Bind(statement, sql);
+  return statement;
+}
+
+void Executor::Bind(Statement& statement, const tsql::Sql& sql) {
   bound_.clear();
   bound_.reserve(sql.parameters.size());
   std::optional<StoredValue> now;
@@ -248,7 +266,6 @@ Statement& Executor::Bound(const tsql::Sql& sql) {
     }
     statement.Bind(static_cast<int>(bound_.size()), bound_.back());
   }
-  return statement;
 }
 
 void Executor::BeginWrite() {

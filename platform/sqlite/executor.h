@@ -62,7 +62,9 @@ class Executor {
   std::size_t Do(const tsql::SetDateFormat& step);
   std::size_t Do(const tsql::SetIdentityInsert& step);
 
+  long long Write(const tsql::WriteStep& step);
   Statement& Bound(const tsql::Sql& sql);
+  void Bind(Statement& statement, const tsql::Sql& sql);
   void ReadRows(const tsql::QueryStep& step, Statement& statement);
   void BeginWrite();
   void NoteExplicitIdentity(const std::string& table);

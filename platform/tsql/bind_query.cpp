@@ -77,6 +77,7 @@ BoundSourcePtr SelectBinder::BindTable(const NamedTable& named, Position at) {
   auto table = state_.tables->Find(named.name);
   if (!table) throw Error(kUnknownTable, "Invalid object name '" + named.name + "'.", at);
   const int id = state_.next_source++;
+  state_.read.push_back(table);
   Show({id, named.alias.empty() ? std::string_view(named.name) : named.alias, table.get(), nullptr}, at);
   return std::make_unique<BoundSource>(
       BoundSource{BoundTable{id, table, state_.tables->StoredName(named.name)}});

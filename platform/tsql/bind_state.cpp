@@ -38,6 +38,14 @@ void BatchCatalogue::Create(TableDefinition table) {
   created_.push_back({std::make_shared<const TableDefinition>(std::move(table)), std::move(stored)});
 }
 
+void BatchCatalogue::AddKey(std::string_view name, std::vector<int> columns) {
+  TableDefinition table = *Find(name);
+  std::string stored_name = StoredName(name);
+  table.unique_keys.push_back(std::move(columns));
+  Drop(name);
+  created_.push_back({std::make_shared<const TableDefinition>(std::move(table)), std::move(stored_name)});
+}
+
 void BatchCatalogue::Drop(std::string_view name) {
   std::erase_if(created_, [&](const Created& created) { return SameName(created.table->name, name); });
 }

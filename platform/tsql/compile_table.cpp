@@ -177,15 +177,17 @@ void StatementCompiler::Compile(const CreateIndexStatement& create, Position at)
   const auto table = RequireTable(create.table, create.table_at);
   const std::string stored = state_.tables->StoredName(create.table);
   std::string terms;
+  std::vector<int> columns;
   for (const auto& [name, descending] : create.columns) {
-    const ColumnDefinition& column =
-        table->columns[static_cast<size_t>(RequireColumn(*table, name, create.table_at))];
+    columns.push_back(RequireColumn(*table, name, create.table_at));
+    const ColumnDefinition& column = table->columns[static_cast<size_t>(columns.back())];
     terms += (terms.empty() ? "" : ",") + (create.unique ? UniqueTerm(column) : QuoteName(column.name)) +
              (descending ? " DESC" : "");
   }
   Add(at, CreateIndexStep{"CREATE " + std::string(create.unique ? "UNIQUE " : "") + "INDEX " +
                           StoredIndexName(SchemaOf(stored), table->name, create.name) + " ON " +
                           stored.substr(SchemaOf(stored).size()) + "(" + terms + ")"});
+  if (create.unique) state_.tables->AddKey(create.table, std::move(columns));
   plan_.reusable = false;
 }
 

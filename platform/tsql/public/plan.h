@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -39,10 +40,19 @@ struct QueryStep {
   std::vector<ResultColumn> columns;
 };
 
+// Rows taken out and put back with new values: how an UPDATE may exchange the values of a unique key, which SQLite
+// itself tests after each row.
+struct RowRewrite {
+  Sql rows;            // of each row its number and its columns as they shall be
+  std::string erase;   // the row of a number
+  std::string insert;  // a row of a number and its columns
+};
+
 // Changes rows and reports how many.
 struct WriteStep {
   Sql sql;
   std::string table;
+  std::optional<RowRewrite> rewrite = {};  // to be tried when `sql` meets a duplicate
 };
 
 // Creates a table, its indexes and the note of its identity column. A temporary table has a name of its own
