@@ -37,16 +37,12 @@ constexpr std::array kFunctions{
     FunctionRow{"DAY", Function::kDay, 1, 1},
 };
 
-struct AggregateRow {
-  std::string_view name;
-  Aggregate function;
-};
+double YearLimit(Function part) {
+  constexpr double kLastYear = 9999;
+  return part == Function::kYear ? kLastYear : part == Function::kMonth ? 12 : 31;
+}
 
-constexpr std::array kAggregates{
-    AggregateRow{"COUNT", Aggregate::kCount}, AggregateRow{"SUM", Aggregate::kSum},
-    AggregateRow{"AVG", Aggregate::kAvg},     AggregateRow{"MIN", Aggregate::kMin},
-    AggregateRow{"MAX", Aggregate::kMax},
-};
+}  // namespace
 
 void RequireCount(const Call& call, size_t fewest, size_t most, Position at) {
   const size_t count = call.arguments.size();
@@ -55,58 +51,18 @@ void RequireCount(const Call& call, size_t fewest, size_t most, Position at) {
               "The " + call.function + " function requires " + std::to_string(fewest) + " argument(s).", at);
 }
 
-// Sums are kept in 64 bits unless their terms are wider: a sum beyond that is an overflow, not a wider value.
-double SumLimit(const Type& type, const BoundExpression& argument) {
-  return IsWide(argument) ? LimitOf(type) : LimitOf(Type::BigInt());
-}
-
-double YearLimit(Function part) {
-  constexpr double kLastYear = 9999;
-  return part == Function::kYear ? kLastYear : part == Function::kMonth ? 12 : 31;
-}
-
-}  // namespace
-
 BoundPtr ExpressionBinder::BindNode(const Call& call, Position at) {
   if (SameName(call.function, "GETDATE")) {
     RequireCount(call, 0, 0, at);
     return MakeValue(at, Type::DateTime(), 0, BoundNow{});
   }
-  for (const AggregateRow& row : kAggregates)
-    if (SameName(row.name, call.function)) return BindAggregate(row.function, call, at);
+  if (const auto aggregate = AggregateNamed(call.function)) return BindAggregate(*aggregate, call, at);
   for (const FunctionRow& row : kFunctions) {
     if (!SameName(row.name, call.function)) continue;
     RequireCount(call, row.fewest, row.most, at);
     return BindFunction(row.function, call, at);
   }
   throw Error(kUnknownFunction, "'" + call.function + "' is not a recognized built-in function name.", at);
-}
-
-BoundPtr ExpressionBinder::BindAggregate(Aggregate function, const Call& call, Position at) {
-  if (!rules_.aggregates || inside_aggregate_)
-    throw Error(kAggregateInWhere, "An aggregate may not appear here.", at);
-  saw_aggregate_ = true;
-  if (call.star)
-    return MakeValue(at, Type::Int(), LimitOf(Type::Int()),
-                     BoundAggregate{Aggregate::kCountRows, false, nullptr});
-  RequireCount(call, 1, 1, at);
-  inside_aggregate_ = true;
-  BoundPtr argument = Value(*call.arguments.front());
-  inside_aggregate_ = false;
-  const Type& type = argument->type;
-  const bool sums = function == Aggregate::kSum || function == Aggregate::kAvg;
-  const bool orders = function == Aggregate::kMin || function == Aggregate::kMax;
-  if ((sums && (!type.IsNumeric() || type.kind == TypeKind::kBit)) || (orders && type.kind == TypeKind::kBit))
-    throw Error(kOperandType,
-                "Operand data type " + std::string(NameOf(type.kind)) + " is invalid for " + call.function +
-                    " operator.",
-                at);
-  Type result = Type::Int();
-  double limit = LimitOf(result);
-  if (function == Aggregate::kSum) result = SumType(type), limit = SumLimit(result, *argument);
-  if (function == Aggregate::kAvg) result = AverageType(type), limit = SumLimit(result, *argument);
-  if (orders) result = type, limit = argument->limit;
-  return MakeValue(at, result, limit, BoundAggregate{function, call.distinct, std::move(argument)});
 }
 
 BoundPtr ExpressionBinder::BindFunction(Function function, const Call& call, Position at) {

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "platform/tsql/convert.h"
 #include "platform/tsql/expression_binder.h"
@@ -160,9 +161,25 @@ BoundPtr ExpressionBinder::BindNode(const InList& list, Position at) {
   return MakeCondition(at, std::move(in));
 }
 
+BoundQueryPtr ExpressionBinder::Subquery(const Query& query, int columns) {
+  if (inside_aggregate_)
+    throw Error(kAggregateInAggregate,
+                "Cannot perform an aggregate function on an expression containing an aggregate or a subquery.",
+                query.at);
+  if (!rules_.queries)
+    throw Error(kAggregateInGroupBy,
+                "Cannot use an aggregate or a subquery in an expression used for the group by list of a GROUP BY "
+                "clause.",
+                query.at);
+  ExpressionBinder* const before = std::exchange(scope_->asking, this);
+  BoundQueryPtr bound = BindSubquery(*state_, *scope_, query, columns);
+  scope_->asking = before;
+  return bound;
+}
+
 BoundPtr ExpressionBinder::BindNode(const InQuery& in, Position at) {
   BoundPtr operand = Value(*in.operand);
-  BoundQueryPtr query = BindSubquery(*state_, *scope_, *in.query, 1);
+  BoundQueryPtr query = Subquery(*in.query, 1);
   const Type common = CommonType(operand->type, query->selects.front().items.front().value->type);
   if (common.IsText())
     operand = WithoutFolding(std::move(operand));
@@ -181,14 +198,15 @@ BoundPtr ExpressionBinder::BindNode(const Like& like, Position at) {
 }
 
 BoundPtr ExpressionBinder::BindNode(const Exists& exists, Position at) {
-  return MakeCondition(at, BoundExists{BindSubquery(*state_, *scope_, *exists.query, 0)});
+  return MakeCondition(at, BoundExists{Subquery(*exists.query, 0)});
 }
 
 BoundPtr ExpressionBinder::BindNode(const ScalarQuery& scalar, Position at) {
-  BoundQueryPtr query = BindSubquery(*state_, *scope_, *scalar.query, 1);
+  BoundQueryPtr query = Subquery(*scalar.query, 1);
   double limit = 0;
   for (const BoundSelect& select : query->selects) limit = std::max(limit, select.items.front().value->limit);
-  const Type type = query->selects.front().items.front().value->type;
+  const Type column = query->selects.front().items.front().value->type;
+  const Type type = column.IsNull() ? Type::Int() : column;
   const bool single = HasOneRowAtMost(*query);
   return MakeValue(at, type, limit, BoundScalarQuery{std::move(query), single});
 }

@@ -25,8 +25,12 @@ class Target {
 
   const TableDefinition& Table() const { return *table_; }
   const std::string& StoredName() const { return stored_name_; }
-  ExpressionBinder Binder() { return ExpressionBinder(state_, scope_, {}); }
-  BoundPtr Where(const Expression* where) { return where ? Binder().Condition(*where) : nullptr; }
+  BoundPtr NewValue(const Expression& value) {
+    return ExpressionBinder(state_, scope_, {.aggregate_error = kAggregateInSet}).Value(value);
+  }
+  BoundPtr Where(const Expression* where) {
+    return where ? ExpressionBinder(state_, scope_, {}).Condition(*where) : nullptr;
+  }
   // Whether a query of the statement names the table itself.
   bool IsRead() const { return std::ranges::find(state_.read, table_) != state_.read.end(); }
 
@@ -122,7 +126,7 @@ class UpdateWriter {
                   assignment.at);
     BoundPtr& value = values_[static_cast<size_t>(column)];
     if (value) FailTwice(assignment);
-    value = ConvertTo(target_.Binder().Value(*assignment.value), ColumnAt(table_, column).type,
+    value = ConvertTo(target_.NewValue(*assignment.value), ColumnAt(table_, column).type,
                       BoundConvert::Mode::kStore);
   }
 
