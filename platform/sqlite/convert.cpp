@@ -1,6 +1,7 @@
 #include "platform/sqlite/convert.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 
 #include "platform/sqlite/number_text.h"
@@ -43,9 +44,16 @@ std::int64_t MoneyFromLiteral(const LiteralToken& literal) {
   return RequireMoney(ExactFromLiteral(literal, Decimal::kMaxDigits, Type::kMoneyScale));
 }
 
-std::string DateFromLiteral(const LiteralToken& literal, DateFormat format) {
-  if (literal.kind == TokenKind::kText) return DateFromText(literal.text, format).ToIso();
-  return DateFromDays(FloatFromText(literal.text)).ToIso();
+std::string DateFromLiteral(const LiteralToken& literal, const Type& target, DateFormat format) {
+  DateTime date = literal.kind == TokenKind::kText ? DateFromText(literal.text, format)
+                                                   : DateFromDays(FloatFromText(literal.text));
+  if (target.IsDay()) date.milliseconds = 0;
+  return (target == Type::SmallDateTime() ? ToMinutes(date) : date).ToIso();
+}
+
+double FloatFromLiteral(const LiteralToken& literal, const Type& target) {
+  const double value = FloatFromText(literal.text);
+  return target.IsReal() ? static_cast<double>(static_cast<float>(value)) : value;
 }
 
 std::string TextFromLiteral(const LiteralToken& literal) {
@@ -85,6 +93,12 @@ Int128 ExactOf(sqlite3_stmt* statement, int column, TypeKind kind) {
   return wide ? DecodeWide(sqlite3_column_blob(statement, column)) : WholeOf(statement, column, kind);
 }
 
+double FloatOf(sqlite3_stmt* statement, int column) {
+  const double value = sqlite3_column_double(statement, column);
+  if (!std::isfinite(value)) RaiseOverflow(TypeKind::kFloat);
+  return value;
+}
+
 std::string_view TextOf(sqlite3_stmt* statement, int column) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
   return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
@@ -106,9 +120,9 @@ StoredValue LiteralToStored(const LiteralToken& literal, const Type& target, Dat
     case TypeKind::kMoney:
       return MoneyFromLiteral(literal);
     case TypeKind::kFloat:
-      return FloatFromText(literal.text);
+      return FloatFromLiteral(literal, target);
     case TypeKind::kDateTime:
-      return DateFromLiteral(literal, format);
+      return DateFromLiteral(literal, target, format);
     default:
       return TextFromLiteral(literal);
   }
@@ -132,7 +146,7 @@ Value FromStored(sqlite3_stmt* statement, int column, const Type& type) {
     case TypeKind::kMoney:
       return Decimal(ExactOf(statement, column, type.kind), type.scale);
     case TypeKind::kFloat:
-      return sqlite3_column_double(statement, column);
+      return FloatOf(statement, column);
     case TypeKind::kDateTime:
       return DateOf(TextOf(statement, column));
     default:

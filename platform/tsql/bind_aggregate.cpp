@@ -20,9 +20,6 @@ constexpr std::array kAggregates{
     AggregateRow{"MAX", Aggregate::kMax},
 };
 
-// No table has more rows. A sum that cannot exceed 64 bits with so many is kept in them.
-constexpr double kMostRows = 2147483648.0;
-
 double SumLimit(const Type& type, const BoundExpression& argument) {
   if (type.kind != TypeKind::kDecimal) return LimitOf(Type::BigInt());
   return std::min(LimitOf(type), argument.limit * kMostRows);

@@ -37,6 +37,12 @@ constexpr std::array kFunctions{
     FunctionRow{"DAY", Function::kDay, 1, 1},
 };
 
+Type AnsiText() {
+  Type type = Type::VarChar(Type::kMaxLength);
+  type.ansi = true;
+  return type;
+}
+
 double YearLimit(Function part) {
   constexpr double kLastYear = 9999;
   return part == Function::kYear ? kLastYear : part == Function::kMonth ? 12 : 31;
@@ -66,6 +72,19 @@ BoundPtr ExpressionBinder::BindNode(const Call& call, Position at) {
 }
 
 BoundPtr ExpressionBinder::BindFunction(Function function, const Call& call, Position at) {
+  switch (function) {
+    case Function::kIsNull:
+      return BindIsNullFunction(call, at);
+    case Function::kCoalesce:
+      return BindCoalesce(call, at);
+    case Function::kNullIf:
+      return BindNullIf(call, at);
+    case Function::kRound:
+    case Function::kAbs:
+      return BindRounding(function, call, at);
+    default:
+      break;
+  }
   BoundCall bound{function, {}};
   bound.arguments.reserve(call.arguments.size());
   for (const ExpressionPtr& argument : call.arguments) bound.arguments.push_back(Value(*argument));
@@ -74,38 +93,12 @@ BoundPtr ExpressionBinder::BindFunction(Function function, const Call& call, Pos
     bound.arguments[argument] = ConvertTo(std::move(bound.arguments[argument]), type);
   };
   const auto text = [&] {
-    if (!first->type.IsText()) as(0, Type::VarChar(Type::kMaxLength));
-    return Type::VarChar(first->type.length);
+    if (!first->type.IsText()) as(0, AnsiText());
+    Type type = first->type;
+    type.kind = TypeKind::kVarChar;
+    return type;
   };
   switch (function) {
-    case Function::kIsNull:
-      return BindIsNullFunction(std::move(bound), at);
-    case Function::kCoalesce: {
-      Type common;
-      double limit = 0;
-      for (const BoundPtr& argument : bound.arguments) common = CommonType(common, argument->type);
-      for (size_t i = 0; i < bound.arguments.size(); ++i)
-        as(i, common), limit = std::max(limit, bound.arguments[i]->limit);
-      return MakeValue(at, common, limit, std::move(bound));
-    }
-    case Function::kNullIf: {
-      const Type common = CommonType(first->type, bound.arguments[1]->type);
-      as(0, common), as(1, common);
-      const double limit = first->limit;
-      return MakeValue(at, common, limit, std::move(bound));
-    }
-    case Function::kRound:
-      if (first->type.IsText()) as(0, Type::Float());
-      if (first->type.IsInteger())
-        as(0, first->type.kind == TypeKind::kBigInt ? Type::BigInt() : Type::Int());
-      as(1, Type::Int());
-      [[fallthrough]];
-    case Function::kAbs: {
-      const Type type = first->type;
-      // Rounding up may add a unit of the highest place.
-      const double limit = std::min(first->limit * (function == Function::kRound ? 10 : 1), LimitOf(type));
-      return MakeValue(at, type, limit, std::move(bound));
-    }
     case Function::kIsNumeric:
       return MakeValue(at, Type::Int(), 1, std::move(bound));
     case Function::kIdentCurrent:
@@ -132,20 +125,25 @@ BoundPtr ExpressionBinder::BindFunction(Function function, const Call& call, Pos
   }
 }
 
-// ISNULL keeps the type of its first argument; the second is cut or rounded to it.
-BoundPtr ExpressionBinder::BindIsNullFunction(BoundCall call, Position at) {
-  BoundPtr& first = call.arguments[0];
-  BoundPtr& second = call.arguments[1];
-  if (first->type.IsNull()) first->type = second->type;
-  Type type = first->type;
-  if (type.IsText()) {
-    PinLiteral(*second);
-    type = Type::VarChar(type.length);
+BoundPtr ExpressionBinder::BindRounding(Function function, const Call& call, Position at) {
+  BoundCall bound{function, {}};
+  for (const ExpressionPtr& argument : call.arguments) bound.arguments.push_back(Value(*argument));
+  BoundPtr& first = bound.arguments.front();
+  if (first->type.IsDate() || first->type.kind == TypeKind::kBit)
+    throw Error(kArgumentType,
+                "Argument data type " + NameOf(first->type) + " is invalid for argument 1 of " + call.function +
+                    " function.",
+                at);
+  if (first->type.IsText()) first = ConvertTo(std::move(first), Type::Float());
+  double limit = first->limit;
+  if (function == Function::kRound) {
+    if (first->type.IsInteger() && first->type.kind != TypeKind::kBigInt)
+      first = ConvertTo(std::move(first), Type::Int());
+    bound.arguments[1] = ConvertTo(std::move(bound.arguments[1]), Type::Int());
+    limit *= 10;  // rounding up may add a unit of the highest place
   }
-  second = ConvertTo(std::move(second), type,
-                     type.IsText() ? BoundConvert::Mode::kCast : BoundConvert::Mode::kImplicit);
-  const double limit = std::max(first->limit, second->limit);
-  return MakeValue(at, type, limit, std::move(call));
+  const Type type = first->type.IsReal() && function == Function::kRound ? Type::Float() : first->type;
+  return MakeValue(at, type, std::min(limit, LimitOf(type)), std::move(bound));
 }
 
 }  // namespace tarvoni::tsql

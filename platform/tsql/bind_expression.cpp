@@ -14,6 +14,17 @@ bool IsComparison(BinaryOperator op) {
   return op >= BinaryOperator::kEqual && op <= BinaryOperator::kGreaterEqual;
 }
 
+// Of a text in UTF-8.
+int CountCharacters(std::string_view text) {
+  return static_cast<int>(
+      std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+// An unsigned type becomes a signed one.
+Type NegatedType(const Type& type) {
+  return type.kind == TypeKind::kTinyInt ? Type{TypeKind::kSmallInt, 5, 0, 0} : type;
+}
+
 bool IsLogical(BinaryOperator op) {
   return op == BinaryOperator::kAnd || op == BinaryOperator::kOr;
 }
@@ -36,6 +47,10 @@ BoundPtr MakeComparison(BinaryOperator op, BoundPtr left, BoundPtr right, Positi
   if (common.IsText())
     return MakeCondition(at,
                          BoundCompare{op, WithoutFolding(std::move(left)), WithoutFolding(std::move(right))});
+  // Without room for the digits of both they are compared as they are.
+  const int places = std::max(left->type.scale, right->type.scale);
+  if (common.kind == TypeKind::kDecimal && common.scale < places && left->type.IsExact() && right->type.IsExact())
+    return MakeCondition(at, BoundCompare{op, std::move(left), std::move(right)});
   left = ConvertTo(std::move(left), common);
   right = ConvertTo(std::move(right), common);
   return MakeCondition(at, BoundCompare{op, std::move(left), std::move(right)});
@@ -64,10 +79,11 @@ BoundPtr ExpressionBinder::Bind(const Expression& expression) {
 BoundPtr ExpressionBinder::BindNode(const Literal& literal, Position at) {
   if (literal.kind == Literal::Kind::kNull)
     return MakeValue(at, {}, 0, BoundConstant{"", Literal::Kind::kNull});
-  const std::string& text = state_->LiteralText(literal.index);
-  const Type type = NaturalType(literal.kind, text);
-  auto value = MakeValue(at, type, LimitOf(type), BoundParameter{literal.index, literal.kind});
-  if (rules_.pin_literals) PinLiteral(*value);
+  const BoundParameter parameter{literal.index, literal.kind};
+  const Type type = state_->NaturalType(parameter);
+  auto value = MakeValue(at, type, LimitOf(type), parameter);
+  const bool pinned = rules_.pin_literals || (rules_.pin_texts && literal.kind == Literal::Kind::kText);
+  if (pinned) PinLiteral(*value);
   return value;
 }
 
@@ -76,10 +92,10 @@ void ExpressionBinder::PinLiteral(BoundExpression& value) {
   const auto* parameter = value.As<BoundParameter>();
   if (parameter == nullptr) return;
   const std::string& text = state_->LiteralText(parameter->literal);
-  if (value.type != NaturalType(parameter->kind, text)) return;
+  if (value.type != state_->NaturalType(*parameter)) return;
   if (parameter->kind == Literal::Kind::kInteger)
     std::from_chars(text.data(), text.data() + text.size(), value.limit);
-  if (parameter->kind == Literal::Kind::kText) value.type.length = static_cast<int>(text.size());
+  if (parameter->kind == Literal::Kind::kText) value.type.length = CountCharacters(text);
   value.node = state_->Pin(*parameter);
 }
 
@@ -94,15 +110,12 @@ BoundPtr ExpressionBinder::BindNode(const Star&, Position at) {
 BoundPtr ExpressionBinder::BindNode(const Unary& unary, Position at) {
   if (unary.op == UnaryOperator::kNot) return MakeCondition(at, BoundNot{Condition(*unary.operand)});
   BoundPtr operand = Value(*unary.operand);
-  if (operand->type.IsText() || operand->type.IsDate())
-    throw Error(
-        kOperandType,
-        "Operand data type " + std::string(NameOf(operand->type.kind)) + " is invalid for minus operator.",
-        at);
   if (unary.op == UnaryOperator::kPlus) return operand;
-  const Type type = operand->type;
+  const Type& type = operand->type;
+  if (type.IsText() || type.IsDate() || type.kind == TypeKind::kBit)
+    throw Error(kOperandType, "Operand data type " + NameOf(type) + " is invalid for minus operator.", at);
   const double limit = operand->limit;
-  return MakeValue(at, type, limit, BoundNegate{std::move(operand)});
+  return MakeValue(at, NegatedType(type), limit, BoundNegate{std::move(operand)});
 }
 
 BoundPtr ExpressionBinder::BindNode(const Binary& binary, Position at) {
@@ -190,9 +203,13 @@ BoundPtr ExpressionBinder::BindNode(const InQuery& in, Position at) {
 }
 
 BoundPtr ExpressionBinder::BindNode(const Like& like, Position at) {
-  BoundCall call{Function::kLike, {}};
-  call.arguments.push_back(ConvertTo(Value(*like.operand), Type::VarChar(Type::kMaxLength)));
-  call.arguments.push_back(ConvertTo(Value(*like.pattern), Type::VarChar(Type::kMaxLength)));
+  BoundPtr operand = Value(*like.operand);
+  BoundPtr pattern = Value(*like.pattern);
+  const auto wide = [](const Type& type) { return type.IsText() && !type.ansi; };
+  const bool unicode = wide(operand->type) || wide(pattern->type);
+  BoundCall call{unicode ? Function::kLikeUnicode : Function::kLike, {}};
+  call.arguments.push_back(ConvertTo(std::move(operand), Type::VarChar(Type::kMaxLength)));
+  call.arguments.push_back(ConvertTo(std::move(pattern), Type::VarChar(Type::kMaxLength)));
   BoundPtr condition = MakeCondition(at, std::move(call));
   return like.negated ? MakeCondition(at, BoundNot{std::move(condition)}) : std::move(condition);
 }
@@ -233,6 +250,11 @@ BoundPtr ExpressionBinder::BindNode(const Case& branches, Position at) {
     bound.otherwise = Value(*branches.otherwise);
     type = CommonType(type, bound.otherwise->type);
   }
+  if (type.IsNull())
+    throw Error(kCaseOfNulls,
+                "At least one of the result expressions in a CASE specification must be an expression other than the "
+                "NULL constant.",
+                at);
   if (bound.operand) {
     compared = CommonType(compared, bound.operand->type);
     const auto align = [&](BoundPtr& value) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/tsql/convert.h"
+
 namespace tarvoni::tsql {
 
 std::string QuoteName(std::string_view name) {
@@ -50,13 +52,19 @@ void BatchCatalogue::Drop(std::string_view name) {
   std::erase_if(created_, [&](const Created& created) { return SameName(created.table->name, name); });
 }
 
+Type BindState::NaturalType(const BoundParameter& parameter) const {
+  Type type = tsql::NaturalType(parameter.kind, LiteralText(parameter.literal));
+  if (lexed->literals[static_cast<size_t>(parameter.literal)].national) type.ansi = false;
+  return type;
+}
+
 BoundConstant BindState::Pin(const BoundParameter& parameter) {
   const std::string& text = LiteralText(parameter.literal);
   is_pinned.resize(lexed->literals.size());
   auto known = is_pinned[static_cast<size_t>(parameter.literal)];
   if (!known) pinned.push_back({parameter.literal, text});
   known = true;
-  return {text, parameter.kind};
+  return {text, parameter.kind, parameter.converted};
 }
 
 }  // namespace tarvoni::tsql

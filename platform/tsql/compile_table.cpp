@@ -83,7 +83,7 @@ std::string SchemaOf(const std::string& stored_name) {
 // The declared type as SQLite can read it and the catalogue reads it back: its syntax knows no (MAX).
 std::string StoredType(const Type& type) {
   if (!type.IsText() || type.length < Type::kMaxLength) return ToSql(type);
-  return "NVARCHAR(" + std::to_string(Type::kMaxLength) + ")";
+  return (type.ansi ? "VARCHAR(" : "NVARCHAR(") + std::to_string(Type::kMaxLength) + ")";
 }
 
 class TableWriter {

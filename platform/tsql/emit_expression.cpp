@@ -1,4 +1,6 @@
 #include <cassert>
+#include <ranges>
+#include <vector>
 
 #include "platform/tsql/bind_state.h"
 #include "platform/tsql/convert.h"
@@ -124,7 +126,7 @@ void Emitter::Node(const BoundConstant& node, const BoundExpression& self) {
   else if (self.type.IsText())
     Text(QuoteText(node.text));
   else if (self.type.IsExact())
-    Text(ScaledDigits(node.text, self.type.scale));
+    Digits(node, self.type.scale);
   else
     Text(FloatDigits(node.text));
 }
@@ -138,19 +140,46 @@ void Emitter::Node(const BoundColumn& node, const BoundExpression&) {
 }
 
 void Emitter::Node(const BoundConcat& node, const BoundExpression&) {
-  Infix(*node.left, "||", *node.right);
+  std::vector<const BoundExpression*> operands{node.right.get()};
+  const BoundExpression* left = node.left.get();
+  for (; const auto* inner = left->As<BoundConcat>(); left = inner->left.get())
+    operands.push_back(inner->right.get());
+  Text("(");
+  Expression(*left);
+  for (const BoundExpression* operand : std::views::reverse(operands)) {
+    Text("||");
+    Expression(*operand);
+  }
+  Text(")");
+}
+
+// SQLite goes on with an infinite number where a server finds an overflow.
+void Emitter::Finite(const BoundExpression& value) {
+  if (value.type.kind != TypeKind::kFloat || !value.As<BoundArithmetic>()) return Expression(value);
+  Function("ts_float_range", value);
 }
 
 void Emitter::Node(const BoundDateAdd& node, const BoundExpression&) {
-  Text("ts_date_add(");
-  Expression(*node.date);
-  Text(node.subtract ? ",-" : ",");
-  Expression(*node.days);
+  std::vector<const BoundDateAdd*> moves{&node};
+  while (const auto* inner = moves.back()->date->As<BoundDateAdd>()) moves.push_back(inner);
+  // SQLite takes 127 arguments.
+  constexpr size_t kMostMoves = 100;
+  const size_t calls = (moves.size() - 1) / kMostMoves + 1;
+  for (size_t call = 0; call < calls; ++call) Text("ts_date_add(");
+  Expression(*moves.back()->date);
+  for (size_t i = 0; i < moves.size(); ++i) {
+    if (i > 0 && i % kMostMoves == 0) Text(")");
+    const BoundDateAdd& move = *moves[moves.size() - 1 - i];
+    Text(move.subtract ? ",-" : ",");
+    Expression(*move.days);
+  }
   Text(")");
 }
 
 void Emitter::Node(const BoundCompare& node, const BoundExpression&) {
-  if (IsWide(*node.left) || IsWide(*node.right)) {
+  const bool other_places = node.left->type.IsExact() && node.right->type.IsExact() &&
+                            node.left->type.scale != node.right->type.scale;
+  if (IsWide(*node.left) || IsWide(*node.right) || other_places) {
     Text("(ts_exact_cmp(");
     Expression(*node.left);
     Text(",").Number(node.left->type.scale).Text(",");
@@ -159,6 +188,13 @@ void Emitter::Node(const BoundCompare& node, const BoundExpression&) {
     return;
   }
   Text("(");
+  if (node.left->type.kind == TypeKind::kFloat) {
+    Finite(*node.left);
+    Text(Symbol(node.op));
+    Finite(*node.right);
+    Text(")");
+    return;
+  }
   // A column of a derived table would bring SQLite's own collation along.
   const bool right_decides = IsStoredColumn(*node.right) && !node.left->As<BoundColumn>();
   if (right_decides)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,8 @@ class Emitter {
   Emitter& Number(long long number) { return Text(std::to_string(number)); }
 
   void Expression(const BoundExpression& expression);
+  // The same, or error 8115 for a float that has overflowed.
+  void Finite(const BoundExpression& value);
   void Query(const BoundQuery& query);
   // The columns are named c1, c2 …
   void DerivedQuery(const BoundQuery& query);
@@ -35,6 +38,10 @@ class Emitter {
 
  private:
   enum class Naming { kNone, kNumbered };
+  struct Operand {
+    const BoundExpression* value;
+    bool subtracted;
+  };
 
   void Node(const BoundParameter& node, const BoundExpression& self);
   void Node(const BoundConstant& node, const BoundExpression& self);
@@ -67,8 +74,12 @@ class Emitter {
 
   // An exact operand in units of another place.
   void Scaled(const BoundExpression& operand, int scale);
-  void IntegerArithmetic(const BoundArithmetic& node, const BoundExpression& self);
-  void ExactSum(const BoundArithmetic& node, const BoundExpression& self);
+  // A chain of operators as one flat list, however long: SQLite's parser has room for few levels only.
+  void Chain(const BoundExpression& self);
+  void Fold(std::string_view begin, std::string_view negate, std::span<const Operand> operands,
+            int scale);
+  void Digits(const BoundConstant& constant, int scale);
+  void IntegerQuotient(const BoundArithmetic& node);
   void ExactProduct(const BoundArithmetic& node, const BoundExpression& self);
   void ExactQuotient(const BoundArithmetic& node, const BoundExpression& self);
 
@@ -77,8 +88,12 @@ class Emitter {
   void ToFloat(const BoundExpression& from);
   void ToText(const BoundExpression& from, const Type& to, BoundConvert::Mode mode);
   void TextOf(const BoundExpression& from);
-  void ToDate(const BoundExpression& from);
+  void ToDate(const BoundExpression& from, const Type& to, BoundConvert::Mode mode);
+  void ToReal(const BoundExpression& from);
 
+  void Round(const BoundCall& node, const BoundExpression& self);
+  void Abs(const BoundExpression& number, const BoundExpression& self);
+  static std::string_view SumFunction(const BoundAggregate& node);
   void Sum(const BoundAggregate& node, const BoundExpression& self);
   void Average(const BoundAggregate& node, const BoundExpression& self);
   void AggregateCall(std::string_view name, const BoundAggregate& node, bool collated = false);

@@ -13,6 +13,7 @@ struct ClauseRules {
   bool queries = true;                      // else kAggregateInGroupBy
   // Literals become part of the plan: where two expressions are compared (GROUP BY) or text is stored (DDL).
   bool pin_literals = false;
+  bool pin_texts = false;  // the same for texts alone, where their length counts
 };
 
 // Gives the expressions of one clause their meaning.
@@ -57,7 +58,11 @@ class ExpressionBinder {
   void ClaimAggregate(const BoundExpression& argument, Position at);
   BoundQueryPtr Subquery(const Query& query, int columns);
   BoundPtr BindFunction(Function function, const Call& call, Position at);
-  BoundPtr BindIsNullFunction(BoundCall call, Position at);
+  BoundPtr BindIsNullFunction(const Call& call, Position at);
+  BoundPtr BindCoalesce(const Call& call, Position at);
+  BoundPtr BindNullIf(const Call& call, Position at);
+  BoundPtr NullIfEqual(BoundPtr first, BoundPtr second, const Expression& again, Position at);
+  BoundPtr BindRounding(Function function, const Call& call, Position at);
   void PinLiteral(BoundExpression& value);
 
   BindState* state_;

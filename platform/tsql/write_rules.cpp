@@ -15,7 +15,7 @@ bool IsRowNumber(const TableDefinition& table, int column) {
 
 void EmitStored(Emitter& emitter, const BoundExpression& value, bool row_number) {
   if (row_number) emitter.Text("IFNULL(");
-  emitter.Expression(value);
+  emitter.Finite(value);
   if (row_number) emitter.Text(",ts_raise(").Number(kNullRefused).Text("))");
 }
 

@@ -42,6 +42,7 @@ enum ErrorNumber : int {
   kDuplicateColumn = 264,
   kIncompatibleTypes = 402,
   kConstantOrder = 408,
+  kNoCast = 529,
   kExplicitIdentity = 544,
   kIdentityMissing = 545,
   kNumberTooLong = 1007,
