@@ -14,9 +14,11 @@ DatabaseError ErrorOf(int extended_code, std::string_view message);
 // What the front end refused of a batch.
 DatabaseError ErrorOf(const tsql::Error& error, std::string_view batch);
 
-// True for a value that a key or a unique index refuses.
+// Of a value that a key of the table, or else a unique index, refuses.
+inline constexpr int kDuplicateKey = 2627;
+inline constexpr int kDuplicateInIndex = 2601;
 inline bool IsDuplicate(int number) {
-  return number == 2627 || number == 2601;
+  return number == kDuplicateKey || number == kDuplicateInIndex;
 }
 
 // True for the errors after which nothing more of a batch runs; after the others it goes on with the next

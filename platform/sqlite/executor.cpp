@@ -49,7 +49,11 @@ BatchResult Executor::RunPlan(PreparedPlan& plan) {
 }
 
 PreparedPlanPtr Executor::FindPlan() {
-  if (auto known = database_.Plans().Find(lexed_, session_.identity_insert)) return known;
+  if (auto known = database_.Plans().Find(lexed_, session_.identity_insert)) {
+    known_plan_ = true;
+    return known;
+  }
+  known_plan_ = false;
   database_.NoticeForeignChanges();
   suffix_ = database_.NextSuffix();
   auto batch = std::make_shared<const tsql::Batch>(tsql::Parse(lexed_));
@@ -84,8 +88,7 @@ std::size_t Executor::RunStep() {
 
 // Keeps the error and tells where the batch goes on.
 std::size_t Executor::Recover(const DatabaseError& error) {
-  const bool unknown_name = error.Number() == 207 || error.Number() == 208;
-  if (unknown_name && !wrote_ && !restarted_ && database_.NoticeForeignChanges()) throw Outdated{};
+  NoticeForeignChanges();
   KeepError(database_.NoteFailure(error));
   stopped_ = EndsBatch(error.Number());
   const auto* condition = std::get_if<tsql::ConditionStep>(&plan_->Plan().steps[index_].action);
@@ -105,6 +108,7 @@ std::size_t Executor::Do(const tsql::QueryStep& step) {
     ReadRows(step, statement);
   } else {
     statement.Run();
+    RequireSameTables(statement);
   }
   return index_ + 1;
 }
@@ -116,7 +120,9 @@ void Executor::ReadRows(const tsql::QueryStep& step, Statement& statement) {
     rows.columns.push_back({column.name, FieldTypeOf(column.type), DefinedSizeOf(column.type)});
   }
   const int count = static_cast<int>(step.columns.size());
-  while (statement.Step()) {
+  bool found = statement.Step();
+  RequireSameTables(statement);
+  for (; found; found = statement.Step()) {
     for (int i = 0; i < count; ++i) {
       rows.cells.push_back(FromStored(statement.Raw(), i, step.columns[static_cast<std::size_t>(i)].type));
     }
@@ -191,6 +197,7 @@ std::size_t Executor::Do(const tsql::ConditionStep& step) {
   Statement& statement = Bound(step.sql);
   const StatementScope scope(statement);
   const bool holds = statement.Step() && statement.Integer(0) == 1;
+  RequireSameTables(statement);
   return holds ? index_ + 1 : static_cast<std::size_t>(step.otherwise);
 }
 
@@ -246,7 +253,18 @@ std::size_t Executor::Do(const tsql::SetIdentityInsert& step) {
   return index_ + 1;
 }
 
+// SQLite prepares a statement anew when tables have changed, and knows nothing of the plan behind it.
+void Executor::RequireSameTables(Statement& statement) {
+  if (statement.WasPreparedAnew()) NoticeForeignChanges();
+}
+
+// Until something is written the batch can begin again with another plan.
+void Executor::NoticeForeignChanges() {
+  if (!wrote_ && !restarted_ && database_.NoticeForeignChanges()) throw Outdated{};
+}
+
 Statement& Executor::Bound(const tsql::Sql& sql) {
+  if (known_plan_ && !plan_->IsPrepared(index_)) NoticeForeignChanges();
   Statement& statement = plan_->Prepared(index_, sql);
   Bind(statement, sql);
   return statement;

@@ -66,6 +66,8 @@ class Executor {
   Statement& Bound(const tsql::Sql& sql);
   void Bind(Statement& statement, const tsql::Sql& sql);
   void ReadRows(const tsql::QueryStep& step, Statement& statement);
+  void RequireSameTables(Statement& statement);
+  void NoticeForeignChanges();
   void BeginWrite();
   void NoteExplicitIdentity(const std::string& table);
   StoredTable FindTable(std::string_view name) const;
@@ -85,6 +87,7 @@ class Executor {
   bool stopped_ = false;
   bool wrote_ = false;
   bool restarted_ = false;
+  bool known_plan_ = false;  // from the cache, made when the tables may have been others
 };
 
 }  // namespace tarvoni::sqlite

@@ -23,6 +23,7 @@ class PreparedPlan {
   TemporaryTables& Temporary() { return temporary_; }
   // The statement of a step, prepared at its first use: a table of the batch itself must be there by then.
   Statement& Prepared(std::size_t step, const tsql::Sql& sql);
+  bool IsPrepared(std::size_t step) const { return static_cast<bool>(prepared_[step]); }
   // Where the step stands in `lexed`, a batch of the same shape.
   tsql::Position PositionOf(std::size_t step, const tsql::LexedBatch& lexed) const;
   bool IsTemporary(std::string_view table) const;

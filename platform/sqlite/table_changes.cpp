@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/sqlite/error_map.h"
 #include "platform/sqlite/savepoint.h"
 
 namespace tarvoni::sqlite {
@@ -33,7 +34,7 @@ void CreateIndex(Database& database, const tsql::CreateIndexStep& step) {
   try {
     database.File().Execute(step.sql);
   } catch (const DatabaseError& error) {
-    if (error.Number() != 2627) throw;
+    if (!IsDuplicate(error.Number())) throw;
     throw DatabaseError(1505,
                         "The CREATE UNIQUE INDEX statement terminated because a duplicate key was found.");
   }

@@ -32,6 +32,11 @@ TableDefinition Define(const CreateTableStatement& create) {
                   "Column names in each table must be unique. Column name '" + column.name +
                       "' is specified more than once.",
                   column.at);
+    if (column.identity && table.IdentityColumn() >= 0)
+      throw Error(kSecondIdentity,
+                  "Multiple identity columns specified for table '" + create.table +
+                      "'. Only one identity column per table is allowed.",
+                  column.at);
     const bool nullable = column.nullable.value_or(!column.identity);
     table.columns.push_back({column.name, column.type, nullable, column.identity, column.seed, column.step,
                              column.default_value != nullptr});
@@ -144,7 +149,7 @@ class TableWriter {
     for (const std::string& name : key.columns)
       terms +=
           (terms.empty() ? "" : ",") + UniqueTerm(table_.columns[static_cast<size_t>(table_.Find(name))]);
-    const std::string name = "UQ" + std::to_string(indexes_.size() + 1);
+    const std::string name = kConstraintIndex + std::to_string(indexes_.size() + 1);
     indexes_.push_back("CREATE UNIQUE INDEX " + StoredIndexName(SchemaOf(stored_name_), create_.table, name) +
                        " ON " + stored_name_.substr(SchemaOf(stored_name_).size()) + "(" + terms + ")");
     return "";

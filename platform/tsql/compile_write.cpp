@@ -12,12 +12,12 @@
 namespace tarvoni::tsql {
 namespace {
 
-std::vector<int> TargetColumns(const InsertStatement& insert, const TableDefinition& table,
-                               bool with_identity) {
+// Without a list all columns but the identity.
+std::vector<int> TargetColumns(const InsertStatement& insert, const TableDefinition& table) {
   std::vector<int> targets;
   if (insert.columns.empty()) {
     for (int column = 0; column < static_cast<int>(table.columns.size()); ++column)
-      if (with_identity || !ColumnAt(table, column).identity) targets.push_back(column);
+      if (!ColumnAt(table, column).identity) targets.push_back(column);
     return targets;
   }
   for (const auto& [name, at] : insert.columns) {
@@ -30,7 +30,13 @@ std::vector<int> TargetColumns(const InsertStatement& insert, const TableDefinit
   return targets;
 }
 
-[[noreturn]] void WrongWidth(const InsertStatement& insert, size_t values, size_t columns, Position at) {
+[[noreturn]] void WrongWidth(const InsertStatement& insert, const TableDefinition& table, size_t values,
+                             size_t columns, Position at) {
+  if (insert.columns.empty() && values == table.columns.size() && table.IdentityColumn() >= 0)
+    throw Error(kIdentityWithoutList,
+                "An explicit value for the identity column in table '" + table.name +
+                    "' can only be specified when a column list is used and IDENTITY_INSERT is ON.",
+                at);
   if (insert.columns.empty())
     throw Error(kWrongInsertWidth,
                 "Column name or number of supplied values does not match table definition.", at);
@@ -136,7 +142,7 @@ RaiseStep RefusalOf(const TableDefinition& table, const std::vector<int>& target
 void StatementCompiler::Compile(const InsertStatement& insert, Position at) {
   const auto table = RequireTable(insert.table, insert.table_at);
   const bool identity_insert = SameName(state_.identity_insert, table->name);
-  const std::vector<int> targets = TargetColumns(insert, *table, identity_insert && insert.columns.empty());
+  const std::vector<int> targets = TargetColumns(insert, *table);
   const bool next_identity =
       table->IdentityColumn() >= 0 &&
       std::find(targets.begin(), targets.end(), table->IdentityColumn()) == targets.end();
@@ -146,14 +152,14 @@ void StatementCompiler::Compile(const InsertStatement& insert, Position at) {
   if (insert.query) {
     BoundQueryPtr query = BindQuery(state_, nullptr, *insert.query, QueryPlace::kInsert);
     const size_t width = query->selects.front().items.size();
-    if (width != targets.size()) WrongWidth(insert, width, targets.size(), insert.values_at);
+    if (width != targets.size()) WrongWidth(insert, *table, width, targets.size(), insert.values_at);
     for (size_t i = 0; i < width; ++i) ConvertColumn(*query, i, type_of(i), BoundConvert::Mode::kStore);
     sql = emitter.Rows(*query);
   } else {
     const Scope no_names;
     std::vector<std::vector<BoundPtr>> rows;
     for (const auto& row : insert.rows) {
-      if (row.size() != targets.size()) WrongWidth(insert, row.size(), targets.size(), insert.values_at);
+      if (row.size() != targets.size()) WrongWidth(insert, *table, row.size(), targets.size(), insert.values_at);
       auto& bound = rows.emplace_back();
       for (size_t i = 0; i < row.size(); ++i)
         bound.push_back(ConvertTo(ExpressionBinder(state_, no_names, {}).Value(*row[i]), type_of(i),

@@ -68,6 +68,8 @@ Emitter& Emitter::Name(std::string_view name) {
 }
 
 void Emitter::Expression(const BoundExpression& expression) {
+  for (const auto& [choice, branch] : standing_)
+    if (choice == &expression) return Expression(*branch);
   std::visit([&](const auto& node) { Node(node, expression); }, expression.node);
 }
 
@@ -238,48 +240,26 @@ void Emitter::Node(const BoundIn& node, const BoundExpression&) {
 void Emitter::Node(const BoundInQuery& node, const BoundExpression&) {
   Text("(");
   Collated(*node.operand);
-  Text(node.negated ? " NOT IN (" : " IN (");
-  WholeQuery(*node.query, Naming::kNone);
-  Text("))");
+  Text(node.negated ? " NOT IN " : " IN ");
+  Subquery(*node.query, Naming::kNone);
+  Text(")");
 }
 
 void Emitter::Node(const BoundExists& node, const BoundExpression&) {
-  Text("EXISTS(");
-  WholeQuery(*node.query, Naming::kNone);
-  Text(")");
+  Text("EXISTS");
+  Subquery(*node.query, Naming::kNone);
 }
 
 void Emitter::Node(const BoundScalarQuery& node, const BoundExpression&) {
   if (!node.single) return SingleValue(*node.query);
-  Text("(");
-  WholeQuery(*node.query, Naming::kNone);
-  Text(")");
+  Subquery(*node.query, Naming::kNone);
 }
 
 // A query of several rows where one value belongs is an error, not its first row.
 void Emitter::SingleValue(const BoundQuery& query) {
-  Text("(SELECT CASE WHEN COUNT(*)>1 THEN ts_raise(512) ELSE MAX(c1) END FROM (");
-  WholeQuery(query, Naming::kNumbered);
-  Text("))");
-}
-
-void Emitter::Node(const BoundCase& node, const BoundExpression&) {
-  Text("CASE");
-  if (node.operand) {
-    Text(" ");
-    Collated(*node.operand);
-  }
-  for (const BoundCase::Branch& branch : node.branches) {
-    Text(" WHEN ");
-    Expression(*branch.when);
-    Text(" THEN ");
-    Expression(*branch.then);
-  }
-  if (node.otherwise) {
-    Text(" ELSE ");
-    Expression(*node.otherwise);
-  }
-  Text(" END");
+  Text("(SELECT CASE WHEN COUNT(*)>1 THEN ts_raise(512) ELSE MAX(c1) END FROM ");
+  Subquery(query, Naming::kNumbered);
+  Text(")");
 }
 
 }  // namespace tarvoni::tsql

@@ -3,6 +3,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "platform/tsql/bound.h"
 #include "platform/tsql/public/plan.h"
@@ -34,7 +36,7 @@ class Emitter {
   // The columns are named c1, c2 …
   void DerivedQuery(const BoundQuery& query);
 
-  Sql Take() { return std::move(sql_); }
+  Sql Take();
 
  private:
   enum class Naming { kNone, kNumbered };
@@ -99,15 +101,29 @@ class Emitter {
   void AggregateCall(std::string_view name, const BoundAggregate& node, bool collated = false);
 
   void WholeQuery(const BoundQuery& query, Naming naming);
+  void Selects(const BoundQuery& query, Naming naming);
+  void Subquery(const BoundQuery& query, Naming naming);
+  void Hoisted(const BoundQuery& query);
   void Select(const BoundSelect& select, Naming naming, bool collate_texts);
   void Source(const BoundSource& source);
   void Join(const BoundJoin& join);
-  void OrderBy(const BoundQuery& query);
+  void OrderBy(const BoundQuery& query, bool by_name);
   void Limit(const BoundSelect& select);
   void SingleValue(const BoundQuery& query);
 
+  // A CASE whose branches are CASEs again, as one list of branches.
+  void FlatCase(const BoundExpression& self);
+  void Branches(const BoundExpression& value, const BoundExpression& whole);
+  void When(const BoundExpression* operand, const BoundExpression& when);
+
   ColumnStyle style_;
   Sql sql_;
+  Sql front_;  // WITH and the queries that stand in front
+  int hoisted_ = 0;
+  int depth_ = 0;  // queries around the current place, back to the one in front it belongs to
+  // What is written in the place of a CASE that is taken apart, and the conditions of the branch.
+  std::vector<std::pair<const BoundExpression*, const BoundExpression*>> standing_;
+  std::vector<std::pair<const BoundExpression*, const BoundExpression*>> path_;
 };
 
 }  // namespace tarvoni::tsql

@@ -9,7 +9,8 @@ namespace {
 // Whether unlike values stay unlike. Many texts are the same number.
 bool KeepsApart(const Type& from, const Type& to) {
   const bool exact = from.IsExact() && to.IsExact() && to.kind != TypeKind::kBit;
-  return (exact && from.scale <= to.scale) || (from.IsText() && to.IsText()) ||
+  const bool counted = from.IsInteger() && from.kind != TypeKind::kBigInt && to == Type::Float();
+  return counted || (exact && from.scale <= to.scale) || (from.IsText() && to.IsText()) ||
          (from.IsDate() && to == Type::DateTime());
 }
 

@@ -90,4 +90,7 @@ void ForEachExpression(const BoundQuery& query, const Visit& visit) {
     if (order.value) visit(*order.value);
 }
 
+// Whether the query, with those inside it, reads columns of its own tables only.
+bool IsClosed(const BoundQuery& query);
+
 }  // namespace tarvoni::tsql

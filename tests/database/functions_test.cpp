@@ -228,7 +228,9 @@ TEST(FunctionsTest, ExactArithmeticAgreesWithSchoolArithmetic) {
     const BigNumber x = BigNumber::Of(a), y = BigNumber::Of(b);
     const std::string pair = literal(a) + "," + literal(b);
     ASSERT_EQ(database.Value("ts_exact_add(" + pair + ")"), limited(x + y)) << pair;
-    ASSERT_EQ(database.Value("ts_exact_add(" + literal(a) + ",ts_exact_neg(" + literal(b) + "))"), limited(x + y.Negated())) << pair;
+    ASSERT_EQ(database.Value("ts_exact_add(" + literal(a) + ",ts_exact_neg(" + literal(b) + "))"),
+              limited(x + y.Negated()))
+        << pair;
     ASSERT_EQ(database.Value("ts_exact_mul(" + pair + "," + std::to_string(drop) + ")"),
               limited((x * y).Rounded(drop)))
         << pair << drop;
@@ -287,8 +289,8 @@ TEST(FunctionsTest, KeysSortAsTheirValues) {
               "1")
         << a << b;
   }
-  EXPECT_EQ(database.Value("ts_exact_key(5)=ts_exact_key(ts_exact_add(ts_exact_add(9223372036854775807,5),"
-                           "9223372036854775807))"),
+  EXPECT_EQ(database.Value("ts_exact_key(5)=ts_exact_key(ts_exact_add(9223372036854775807,5,"
+                           "-9223372036854775807))"),
             "1");
   EXPECT_EQ(database.Value("ts_exact_key(NULL)"), "NULL");
 }
@@ -467,7 +469,8 @@ TEST(FunctionsTest, AllThatIsPromisedIsThere) {
   std::set<std::string> promised;
   for (std::sregex_iterator it(header.begin(), header.end(), call), end; it != end; ++it) {
     const std::string arguments = (*it)[2];
-    const auto count = std::count(arguments.begin(), arguments.end(), ',') + 1;
+    const bool any = arguments.ends_with("…");
+    const auto count = any ? -1 : std::count(arguments.begin(), arguments.end(), ',') + 1;
     promised.insert((*it)[1]);
     const std::string row =
         database.Ask("SELECT narg FROM pragma_function_list WHERE name='" + (*it)[1].str() + "'");

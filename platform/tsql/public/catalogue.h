@@ -31,6 +31,10 @@ struct TableDefinition {
   int IdentityColumn() const;               // index, -1 if there is none
 };
 
+// Keys of columns that may be NULL are indexes in the file, with a name made for them: "TABLE.UQ1".
+inline constexpr const char* kConstraintIndex = "UQ";
+bool IsConstraintIndex(std::string_view name);
+
 // Where the binder looks up tables. Names compare without regard to case.
 class Catalogue {
  public:
