@@ -146,8 +146,7 @@ int DateReader::TakeIsoTime() {
   const auto two_digits = [this](std::size_t at) {
     return rest_.size() > at + 1 && IsDigit(rest_[at]) && IsDigit(rest_[at + 1]);
   };
-  const bool whole =
-      two_digits(0) && two_digits(3) && two_digits(6) && rest_[2] == ':' && rest_[5] == ':';
+  const bool whole = two_digits(0) && two_digits(3) && two_digits(6) && rest_[2] == ':' && rest_[5] == ':';
   const bool ends = whole && rest_.find_first_not_of("0123456789.:") == std::string_view::npos;
   if (!ends || rest_.substr(8).starts_with(':')) Refuse();
   return TakeTime();
@@ -323,7 +322,8 @@ DateTime ToMinutes(const DateTime& date) {
   constexpr int kRoundedUp = 29'999;
   constexpr int kDay = 24 * 60 * kMinute;
   const int minutes = (date.milliseconds + kMinute - kRoundedUp) / kMinute;
-  const DateTime rounded = DateTime::FromDays(date.Days() + minutes * kMinute / kDay, minutes * kMinute % kDay);
+  const DateTime rounded =
+      DateTime::FromDays(date.Days() + minutes * kMinute / kDay, minutes * kMinute % kDay);
   if (rounded.year < 1900 || rounded.year > 2079) Raise(kDateRange);
   return rounded;
 }

@@ -17,10 +17,11 @@ bool IsIndex(sqlite3* db, std::string_view message) {
   if (named.starts_with("index '")) return !tsql::IsConstraintIndex(named.substr(7, named.size() - 8));
   const std::string_view table = named.substr(0, named.find('.'));
   sqlite3_stmt* query = nullptr;
-  sqlite3_prepare_v2(db,
-                     "SELECT 1 FROM pragma_index_list(?1) AS list WHERE list.origin <> 'c' AND "
-                     "(SELECT group_concat(?1 || '.' || info.name, ', ') FROM pragma_index_info(list.name) AS info) = ?2",
-                     -1, &query, nullptr);
+  sqlite3_prepare_v2(
+      db,
+      "SELECT 1 FROM pragma_index_list(?1) AS list WHERE list.origin <> 'c' AND "
+      "(SELECT group_concat(?1 || '.' || info.name, ', ') FROM pragma_index_info(list.name) AS info) = ?2",
+      -1, &query, nullptr);
   sqlite3_bind_text(query, 1, table.data(), static_cast<int>(table.size()), SQLITE_TRANSIENT);
   sqlite3_bind_text(query, 2, named.data(), static_cast<int>(named.size()), SQLITE_TRANSIENT);
   const bool index = sqlite3_step(query) == SQLITE_DONE;
@@ -64,7 +65,8 @@ void Handle::Fail(int code) {
   if (functions_.error) throw DatabaseError(functions_.error->number, functions_.error->message);
   const std::string message = sqlite3_errmsg(db_);
   const DatabaseError error = ErrorOf(code, message);
-  if (code == SQLITE_CONSTRAINT_UNIQUE && IsIndex(db_, message)) throw DatabaseError(kDuplicateInIndex, error.what());
+  if (code == SQLITE_CONSTRAINT_UNIQUE && IsIndex(db_, message))
+    throw DatabaseError(kDuplicateInIndex, error.what());
   throw error;
 }
 

@@ -36,7 +36,8 @@ std::string_view MessageOf(int number) {
     case kAggregateInAggregate:
       return "Cannot perform an aggregate function on an expression containing an aggregate or a subquery.";
     case kAggregateInGroupBy:
-      return "Cannot use an aggregate or a subquery in an expression used for the group by list of a GROUP BY "
+      return "Cannot use an aggregate or a subquery in an expression used for the group by list of a GROUP "
+             "BY "
              "clause.";
     case kAggregateInSet:
       return "An aggregate may not appear in the set list of an UPDATE statement.";
@@ -114,7 +115,8 @@ void ExpressionBinder::TakeOuterAggregate(Position at) {
 void ExpressionBinder::ClaimAggregate(const BoundExpression& argument, Position at) {
   std::vector<const BoundColumn*> columns;
   CollectColumns(argument, columns);
-  const auto outer = std::ranges::find_if(columns, [&](const auto* column) { return !scope_->Owns(column->source); });
+  const auto outer =
+      std::ranges::find_if(columns, [&](const auto* column) { return !scope_->Owns(column->source); });
   if (outer == columns.end()) {
     RequireAggregates(at);
     saw_aggregate_ = true;
@@ -122,7 +124,8 @@ void ExpressionBinder::ClaimAggregate(const BoundExpression& argument, Position 
   }
   if (std::ranges::any_of(columns, [&](const auto* column) { return !SameColumn(column, *outer); }))
     throw Error(kOuterAggregate,
-                "Multiple columns are specified in an aggregated expression containing an outer reference.", at);
+                "Multiple columns are specified in an aggregated expression containing an outer reference.",
+                at);
   const Scope* owner = scope_->outer;
   while (!owner->Owns((*outer)->source)) owner = owner->outer;
   owner->asking->TakeOuterAggregate(at);

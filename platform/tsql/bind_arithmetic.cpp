@@ -70,9 +70,9 @@ double ResultLimit(BinaryOperator op, const BoundExpression& left, const BoundEx
 }
 
 [[noreturn]] void InvalidOperand(const Type& type, BinaryOperator op, Position at) {
-  throw Error(kOperandType,
-              "Operand data type " + NameOf(type) + " is invalid for " + std::string(NameOf(op)) + " operator.",
-              at);
+  throw Error(
+      kOperandType,
+      "Operand data type " + NameOf(type) + " is invalid for " + std::string(NameOf(op)) + " operator.", at);
 }
 
 // What an operator does not take at all, of one type or of two.

@@ -131,8 +131,8 @@ BoundPtr ExpressionBinder::BindRounding(Function function, const Call& call, Pos
   BoundPtr& first = bound.arguments.front();
   if (first->type.IsDate() || first->type.kind == TypeKind::kBit)
     throw Error(kArgumentType,
-                "Argument data type " + NameOf(first->type) + " is invalid for argument 1 of " + call.function +
-                    " function.",
+                "Argument data type " + NameOf(first->type) + " is invalid for argument 1 of " +
+                    call.function + " function.",
                 at);
   if (first->type.IsText()) first = ConvertTo(std::move(first), Type::Float());
   double limit = first->limit;

@@ -49,7 +49,8 @@ BoundPtr MakeComparison(BinaryOperator op, BoundPtr left, BoundPtr right, Positi
                          BoundCompare{op, WithoutFolding(std::move(left)), WithoutFolding(std::move(right))});
   // Without room for the digits of both they are compared as they are.
   const int places = std::max(left->type.scale, right->type.scale);
-  if (common.kind == TypeKind::kDecimal && common.scale < places && left->type.IsExact() && right->type.IsExact())
+  if (common.kind == TypeKind::kDecimal && common.scale < places && left->type.IsExact() &&
+      right->type.IsExact())
     return MakeCondition(at, BoundCompare{op, std::move(left), std::move(right)});
   left = ConvertTo(std::move(left), common);
   right = ConvertTo(std::move(right), common);
@@ -176,14 +177,16 @@ BoundPtr ExpressionBinder::BindNode(const InList& list, Position at) {
 
 BoundQueryPtr ExpressionBinder::Subquery(const Query& query, int columns) {
   if (inside_aggregate_)
-    throw Error(kAggregateInAggregate,
-                "Cannot perform an aggregate function on an expression containing an aggregate or a subquery.",
-                query.at);
+    throw Error(
+        kAggregateInAggregate,
+        "Cannot perform an aggregate function on an expression containing an aggregate or a subquery.",
+        query.at);
   if (!rules_.queries)
-    throw Error(kAggregateInGroupBy,
-                "Cannot use an aggregate or a subquery in an expression used for the group by list of a GROUP BY "
-                "clause.",
-                query.at);
+    throw Error(
+        kAggregateInGroupBy,
+        "Cannot use an aggregate or a subquery in an expression used for the group by list of a GROUP BY "
+        "clause.",
+        query.at);
   ExpressionBinder* const before = std::exchange(scope_->asking, this);
   BoundQueryPtr bound = BindSubquery(*state_, *scope_, query, columns);
   scope_->asking = before;
@@ -252,8 +255,8 @@ BoundPtr ExpressionBinder::BindNode(const Case& branches, Position at) {
   }
   if (type.IsNull())
     throw Error(kCaseOfNulls,
-                "At least one of the result expressions in a CASE specification must be an expression other than the "
-                "NULL constant.",
+                "At least one of the result expressions in a CASE must be an expression other than the NULL "
+                "constant.",
                 at);
   if (bound.operand) {
     compared = CommonType(compared, bound.operand->type);

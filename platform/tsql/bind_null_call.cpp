@@ -50,8 +50,9 @@ BoundPtr ExpressionBinder::BindCoalesce(const Call& call, Position at) {
     common = CommonType(common, bound.arguments.back()->type);
   }
   if (std::ranges::all_of(bound.arguments, [](const BoundPtr& value) { return IsNullWord(*value); }))
-    throw Error(kCoalesceOfNulls,
-                "At least one of the arguments to COALESCE must be an expression that is not the NULL constant.", at);
+    throw Error(
+        kCoalesceOfNulls,
+        "At least one of the arguments to COALESCE must be an expression that is not the NULL constant.", at);
   double limit = 0;
   for (BoundPtr& argument : bound.arguments) {
     argument = ConvertTo(std::move(argument), common);
@@ -64,14 +65,16 @@ BoundPtr ExpressionBinder::BindCoalesce(const Call& call, Position at) {
 BoundPtr ExpressionBinder::BindNullIf(const Call& call, Position at) {
   BoundPtr first = Value(*call.arguments[0]);
   if (IsNullWord(*first))
-    throw Error(kNullIfOfNull,
-                "The type of the first argument to NULLIF cannot be the NULL constant because the type of the first "
-                "argument has to be known.",
-                at);
+    throw Error(
+        kNullIfOfNull,
+        "The type of the first argument to NULLIF cannot be the NULL constant because the type of the first "
+        "argument has to be known.",
+        at);
   BoundPtr second = Value(*call.arguments[1]);
   const Type type = first->type;
   Type common = CommonType(type, second->type);
-  if (TakesPlaces(type, second->type)) common = type.IsInteger() ? Type::BigInt() : Type::Decimal(38, type.scale);
+  if (TakesPlaces(type, second->type))
+    common = type.IsInteger() ? Type::BigInt() : Type::Decimal(38, type.scale);
   const bool alike = common == type || common.IsText() || TakesPlaces(type, second->type);
   if (!alike) return NullIfEqual(std::move(first), std::move(second), *call.arguments[0], at);
   const double limit = first->limit;
@@ -81,7 +84,8 @@ BoundPtr ExpressionBinder::BindNullIf(const Call& call, Position at) {
   return MakeValue(at, type, limit, std::move(bound));
 }
 
-BoundPtr ExpressionBinder::NullIfEqual(BoundPtr first, BoundPtr second, const Expression& again, Position at) {
+BoundPtr ExpressionBinder::NullIfEqual(BoundPtr first, BoundPtr second, const Expression& again,
+                                       Position at) {
   if (state_->repeated == kMostRepeated)
     throw Error(kTooDeep, "NULLIF of unlike types is nested too deeply.", at);
   ++state_->repeated;

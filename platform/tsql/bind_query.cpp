@@ -75,7 +75,8 @@ BoundSourcePtr SelectBinder::BindTable(const NamedTable& named, Position at) {
   if (!table) throw Error(kUnknownTable, "Invalid object name '" + named.name + "'.", at);
   const int id = state_.next_source++;
   state_.read.push_back(table);
-  scope_.Add({id, named.alias.empty() ? std::string_view(named.name) : named.alias, table.get(), nullptr}, at);
+  scope_.Add({id, named.alias.empty() ? std::string_view(named.name) : named.alias, table.get(), nullptr},
+             at);
   return std::make_unique<BoundSource>(
       BoundSource{BoundTable{id, table, state_.tables->StoredName(named.name)}});
 }
@@ -103,7 +104,8 @@ void SelectBinder::BindGroups(const Select& select, BoundSelect& bound) {
       .aggregate_error = kAggregateInGroupBy, .queries = false, .pin_literals = true};
   for (const ExpressionPtr& group : select.group_by) {
     bound.group_by.push_back(ExpressionBinder(state_, scope_, kRules).Value(*group));
-    if (!Mentions(*bound.group_by.back(), [&](const BoundColumn& column) { return scope_.Owns(column.source); }))
+    if (!Mentions(*bound.group_by.back(),
+                  [&](const BoundColumn& column) { return scope_.Owns(column.source); }))
       throw Error(kNoGroupColumn,
                   "Each GROUP BY expression must contain at least one column that is not an outer reference.",
                   group->at);
@@ -169,7 +171,8 @@ int ItemOrdered(const BoundSelect& select, const std::string& name, Position at)
 }
 
 bool IsConstant(const BoundExpression& value) {
-  if (value.As<BoundColumn>() || value.As<BoundAggregate>() || value.As<BoundNow>() || QueryOf(value)) return false;
+  if (value.As<BoundColumn>() || value.As<BoundAggregate>() || value.As<BoundNow>() || QueryOf(value))
+    return false;
   const auto* call = value.As<BoundCall>();
   bool constant = call == nullptr || call->function != Function::kIdentCurrent;
   ForEachChild(value, [&](const BoundExpression& child) { constant = constant && IsConstant(child); });
@@ -183,12 +186,14 @@ BoundOrder SelectBinder::BindOrder(const OrderItem& item, size_t place, BoundSel
     return {OrdinalOf(state_, *literal, select.items.size(), at), nullptr, item.descending};
   if (const auto* name = std::get_if<ColumnName>(&item.value->node); name && name->table.empty())
     if (const int ordinal = ItemOrdered(select, name->column, at)) return {ordinal, nullptr, item.descending};
-  ExpressionBinder binder(state_, scope_, {.aggregates = true, .pin_literals = select.aggregated || select.distinct});
+  ExpressionBinder binder(state_, scope_,
+                          {.aggregates = true, .pin_literals = select.aggregated || select.distinct});
   BoundPtr value = binder.Value(*item.value);
   if (IsConstant(*value))
-    throw Error(kConstantOrder,
-                "A constant expression was encountered in the ORDER BY list, position " + std::to_string(place) + ".",
-                at);
+    throw Error(
+        kConstantOrder,
+        "A constant expression was encountered in the ORDER BY list, position " + std::to_string(place) + ".",
+        at);
   select.aggregated |= binder.SawAggregate();
   for (size_t index = 0; index < select.items.size(); ++index)
     if (SameExpression(*select.items[index].value, *value))

@@ -47,8 +47,9 @@ struct BindState {
   std::string identity_insert;
   int next_source = 1;
   std::vector<bool> is_pinned = {};  // by the place of the literal
-  int repeated = 0;  // NULLIFs around the current one whose first argument is bound twice
-  std::vector<std::shared_ptr<const TableDefinition>> read = {};  // the tables that queries of a statement name
+  int repeated = 0;                  // NULLIFs around the current one whose first argument is bound twice
+  std::vector<std::shared_ptr<const TableDefinition>> read =
+      {};  // the tables that queries of a statement name
 
   const std::string& LiteralText(int index) const { return lexed->literals[static_cast<size_t>(index)].text; }
   // INT, the smallest DECIMAL that holds it, FLOAT, or text.

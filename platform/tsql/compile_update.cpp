@@ -38,7 +38,8 @@ class Target {
   std::string_view RowNumber() const {
     constexpr std::array<std::string_view, 3> kNames = {"rowid", "_rowid_", "oid"};
     const auto* free = std::ranges::find_if(kNames, [&](auto name) { return table_->Find(name) < 0; });
-    if (free == kNames.end()) throw Error(kUnsupported, "A table with columns named ROWID, _ROWID_ and OID", {});
+    if (free == kNames.end())
+      throw Error(kUnsupported, "A table with columns named ROWID, _ROWID_ and OID", {});
     return *free;
   }
   Emitter& EmitAlias(Emitter& emitter) const { return emitter.Text(" AS t").Number(id_); }

@@ -133,7 +133,7 @@ RaiseStep RefusalOf(const TableDefinition& table, const std::vector<int>& target
   for (int column = 0; column < static_cast<int>(table.columns.size()); ++column)
     if (column != identity && !given(column) && IsRowNumber(table, column))
       return {kNullRefused, "Cannot insert the value NULL into column '" + ColumnAt(table, column).name +
-                            "', table '" + table.name + "'; column does not allow nulls. INSERT fails."};
+                                "', table '" + table.name + "'; column does not allow nulls. INSERT fails."};
   return {};
 }
 
@@ -159,7 +159,8 @@ void StatementCompiler::Compile(const InsertStatement& insert, Position at) {
     const Scope no_names;
     std::vector<std::vector<BoundPtr>> rows;
     for (const auto& row : insert.rows) {
-      if (row.size() != targets.size()) WrongWidth(insert, *table, row.size(), targets.size(), insert.values_at);
+      if (row.size() != targets.size())
+        WrongWidth(insert, *table, row.size(), targets.size(), insert.values_at);
       auto& bound = rows.emplace_back();
       for (size_t i = 0; i < row.size(); ++i)
         bound.push_back(ConvertTo(ExpressionBinder(state_, no_names, {}).Value(*row[i]), type_of(i),

@@ -170,7 +170,8 @@ void Emitter::Chain(const BoundExpression& self) {
 }
 
 // SQLite takes 127 arguments: the result of a hundred is the first of the next.
-void Emitter::Fold(std::string_view begin, std::string_view negate, std::span<const Operand> operands, int scale) {
+void Emitter::Fold(std::string_view begin, std::string_view negate, std::span<const Operand> operands,
+                   int scale) {
   constexpr size_t kMostArguments = 100;
   const size_t calls = (operands.size() - 2) / kMostArguments + 1;
   for (size_t call = 0; call < calls; ++call) Text(begin);

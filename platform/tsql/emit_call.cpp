@@ -77,7 +77,9 @@ void Emitter::Round(const BoundCall& node, const BoundExpression& self) {
   Expression(*node.arguments.front());
   Text(",").Number(self.type.scale).Text(",");
   Expression(*node.arguments[1]);
-  Text(",").Number(self.type.kind == TypeKind::kDecimal ? self.type.precision : Type::kMaxPrecision).Text(")");
+  Text(",")
+      .Number(self.type.kind == TypeKind::kDecimal ? self.type.precision : Type::kMaxPrecision)
+      .Text(")");
   if (self.type.IsInteger()) Text(",").Number(static_cast<int>(self.type.kind)).Text(")");
   if (money) Text(")");
 }
@@ -117,8 +119,8 @@ void Emitter::Node(const BoundAggregate& node, const BoundExpression& self) {
 }
 
 std::string_view Emitter::SumFunction(const BoundAggregate& node) {
-  const bool wide = node.argument->type.kind == TypeKind::kDecimal &&
-                    node.argument->limit * kMostRows >= kNarrowLimit;
+  const bool wide =
+      node.argument->type.kind == TypeKind::kDecimal && node.argument->limit * kMostRows >= kNarrowLimit;
   return wide ? "ts_exact_sum" : "SUM";
 }
 

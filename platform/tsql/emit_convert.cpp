@@ -17,9 +17,10 @@ bool IsUnsigned(const Type& type) {
 // A number is no DATE, whether the statement says CAST or not.
 [[noreturn]] void NoConversion(const BoundExpression& from, const Type& to, BoundConvert::Mode mode) {
   if (mode == BoundConvert::Mode::kCast)
-    throw Error(kNoCast,
-                "Explicit conversion from data type " + NameOf(from.type) + " to " + NameOf(to) + " is not allowed.",
-                from.at);
+    throw Error(
+        kNoCast,
+        "Explicit conversion from data type " + NameOf(from.type) + " to " + NameOf(to) + " is not allowed.",
+        from.at);
   throw Error(kTypeClash, "Operand type clash: " + NameOf(from.type) + " is incompatible with " + NameOf(to),
               from.at);
 }
@@ -115,7 +116,7 @@ void Emitter::ToText(const BoundExpression& from, const Type& to, BoundConvert::
   }
   // Only CHAR and VARCHAR have the asterisk for digits that do not fit.
   if (from.type.IsInteger() && to.ansi) return Function("ts_int_text_cast", from, {to.length, fixed});
-  Text(number                                ? "ts_number_text_cast("
+  Text(number                               ? "ts_number_text_cast("
        : mode == BoundConvert::Mode::kStore ? "ts_text_store("
                                             : "ts_text_cast(");
   TextOf(from);

@@ -6,6 +6,7 @@
 #include "platform/tsql/convert.h"
 #include "platform/tsql/emitter.h"
 #include "platform/tsql/public/runtime.h"
+#include "platform/tsql/walk.h"
 
 namespace tarvoni::tsql {
 namespace {
@@ -257,6 +258,15 @@ void Emitter::Node(const BoundScalarQuery& node, const BoundExpression&) {
 
 // A query of several rows where one value belongs is an error, not its first row.
 void Emitter::SingleValue(const BoundQuery& query) {
+  // SQLite takes no aggregate of the query outside in another aggregate.
+  if (HasOuterAggregate(query)) {
+    Text("(CASE WHEN EXISTS(");
+    WholeQuery(query, Naming::kNone);
+    Text(" LIMIT 1 OFFSET 1) THEN ts_raise(512) ELSE (");
+    WholeQuery(query, Naming::kNone);
+    Text(") END)");
+    return;
+  }
   Text("(SELECT CASE WHEN COUNT(*)>1 THEN ts_raise(512) ELSE MAX(c1) END FROM ");
   Subquery(query, Naming::kNumbered);
   Text(")");

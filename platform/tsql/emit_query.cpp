@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/tsql/bind_state.h"
 #include "platform/tsql/emitter.h"
 #include "platform/tsql/public/runtime.h"
 #include "platform/tsql/walk.h"
@@ -26,6 +27,21 @@ std::string_view Keyword(JoinKind kind) {
 
 const BoundExpression& OrderedValue(const BoundSelect& select, const BoundOrder& order) {
   return order.ordinal > 0 ? *select.items[static_cast<size_t>(order.ordinal - 1)].value : *order.value;
+}
+
+bool HasConstantTerm(const BoundExpression& condition) {
+  if (const auto* logical = condition.As<BoundLogical>(); logical && logical->op == BinaryOperator::kAnd)
+    return std::ranges::any_of(logical->operands,
+                               [](const BoundPtr& term) { return HasConstantTerm(*term); });
+  return !Mentions(condition, [](const BoundColumn&) { return true; });
+}
+
+std::string AnyColumn(const BoundSource& source) {
+  if (const auto* table = std::get_if<BoundTable>(&source.node))
+    return "t" + std::to_string(table->id) + "." + QuoteName(table->table->columns.front().name);
+  if (const auto* derived = std::get_if<BoundDerived>(&source.node))
+    return "t" + std::to_string(derived->id) + ".c1";
+  return AnyColumn(*std::get<BoundJoin>(source.node).left);
 }
 
 // Whether one of the selects gives wide values where the order is by.
@@ -139,19 +155,24 @@ void Emitter::Source(const BoundSource& source) {
   }
 }
 
-// SQLite 3.40 loses rows of a RIGHT JOIN behind a join whose condition is constant: it becomes a LEFT JOIN with the
-// sides turned.
+// SQLite 3.40 loses rows of a RIGHT or a FULL JOIN behind a join whose condition is constant. A RIGHT JOIN becomes a
+// LEFT JOIN with the sides turned; beside a FULL JOIN the constant is made to look like one that hangs on a row.
 void Emitter::Join(const BoundJoin& join) {
   const bool turned = join.kind == JoinKind::kRight;
   const BoundSource& right = turned ? *join.left : *join.right;
   const bool nested = std::holds_alternative<BoundJoin>(right.node);
+  const bool beside_full = std::exchange(in_full_, in_full_ || join.kind == JoinKind::kFull);
   Source(turned ? *join.right : *join.left);
   Text(Keyword(join.kind)).Text(nested ? "(" : "");
   Source(right);
   Text(nested ? ")" : "");
+  in_full_ = beside_full;
   if (!join.on) return;
   Text(" ON ");
+  const bool loses_rows = in_full_ && join.kind == JoinKind::kInner && HasConstantTerm(*join.on);
+  if (loses_rows) Text("CASE WHEN IFNULL(").Text(AnyColumn(right)).Text(",0) IS NOT NULL THEN ");
   Expression(*join.on);
+  if (loses_rows) Text(" END");
 }
 
 // A query in brackets. One that lies deep and needs nothing of those around it stands in front of the statement, for

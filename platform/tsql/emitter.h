@@ -78,8 +78,7 @@ class Emitter {
   void Scaled(const BoundExpression& operand, int scale);
   // A chain of operators as one flat list, however long: SQLite's parser has room for few levels only.
   void Chain(const BoundExpression& self);
-  void Fold(std::string_view begin, std::string_view negate, std::span<const Operand> operands,
-            int scale);
+  void Fold(std::string_view begin, std::string_view negate, std::span<const Operand> operands, int scale);
   void Digits(const BoundConstant& constant, int scale);
   void IntegerQuotient(const BoundArithmetic& node);
   void ExactProduct(const BoundArithmetic& node, const BoundExpression& self);
@@ -120,7 +119,8 @@ class Emitter {
   Sql sql_;
   Sql front_;  // WITH and the queries that stand in front
   int hoisted_ = 0;
-  int depth_ = 0;  // queries around the current place, back to the one in front it belongs to
+  int depth_ = 0;         // queries around the current place, back to the one in front it belongs to
+  bool in_full_ = false;  // inside an operand of a FULL JOIN
   // What is written in the place of a CASE that is taken apart, and the conditions of the branch.
   std::vector<std::pair<const BoundExpression*, const BoundExpression*>> standing_;
   std::vector<std::pair<const BoundExpression*, const BoundExpression*>> path_;

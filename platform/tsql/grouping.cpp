@@ -106,8 +106,7 @@ class Checker {
 
 void Check(const BoundSelect& select, const std::vector<BoundOrder>& order,
            const std::vector<VisibleSource>& own_sources) {
-  for (const BoundItem& item : select.items)
-    Checker(select, own_sources, kSelectList).Check(*item.value);
+  for (const BoundItem& item : select.items) Checker(select, own_sources, kSelectList).Check(*item.value);
   if (select.having) Checker(select, own_sources, kHaving).Check(*select.having);
   for (const BoundOrder& item : order)
     if (item.value) Checker(select, own_sources, kOrderBy).Check(*item.value);

@@ -166,7 +166,8 @@ std::string_view NameOf(TypeKind kind) {
 }
 
 std::string NameOf(const Type& type) {
-  if (!type.IsText() && !type.IsDate() && type.kind != TypeKind::kFloat) return std::string(NameOf(type.kind));
+  if (!type.IsText() && !type.IsDate() && type.kind != TypeKind::kFloat)
+    return std::string(NameOf(type.kind));
   std::string name = ToSql(type);
   name.resize(std::min(name.find('('), name.size()));
   for (char& c : name) c = static_cast<char>(c | 0x20);

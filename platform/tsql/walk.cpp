@@ -35,6 +35,20 @@ struct Sources {
 
 }  // namespace
 
+bool HasOuterAggregate(const BoundQuery& query) {
+  Sources sources;
+  sources.Add(query);
+  const auto outer = [&](const BoundColumn& column) { return !sources.own.contains(column.source); };
+  const auto search = [&](const BoundExpression& expression, const auto& self) -> bool {
+    if (expression.As<BoundAggregate>()) return Mentions(expression, outer);
+    bool found = false;
+    ForEachChild(expression, [&](const BoundExpression& child) { found = found || self(child, self); });
+    return found;
+  };
+  return std::ranges::any_of(query.selects.front().items,
+                             [&](const BoundItem& item) { return search(*item.value, search); });
+}
+
 bool IsClosed(const BoundQuery& query) {
   Sources sources;
   sources.Add(query);

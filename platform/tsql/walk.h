@@ -92,5 +92,7 @@ void ForEachExpression(const BoundQuery& query, const Visit& visit) {
 
 // Whether the query, with those inside it, reads columns of its own tables only.
 bool IsClosed(const BoundQuery& query);
+// Whether an aggregate in its list is one of a query around it.
+bool HasOuterAggregate(const BoundQuery& query);
 
 }  // namespace tarvoni::tsql

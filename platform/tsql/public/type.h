@@ -25,9 +25,9 @@ enum class TypeKind {
 // their last place (12.35 as MONEY is 123500), floats are REAL, texts are TEXT, dates are ISO text.
 struct Type {
   static constexpr int kMaxPrecision = 38;
-  static constexpr int kRealPrecision = 24;      // bits of a REAL; a FLOAT has 53
-  static constexpr int kDayPrecision = 10;       // characters of a DATE, which has no time
-  static constexpr int kMinutesPrecision = 16;   // of a SMALLDATETIME
+  static constexpr int kRealPrecision = 24;     // bits of a REAL; a FLOAT has 53
+  static constexpr int kDayPrecision = 10;      // characters of a DATE, which has no time
+  static constexpr int kMinutesPrecision = 16;  // of a SMALLDATETIME
   static constexpr int kMoneyScale = 4;
   static constexpr int kMaxLength = 1'000'000'000;  // of NVARCHAR(MAX) and of texts of unknown length
 
