@@ -149,7 +149,8 @@ long long Executor::Write(const tsql::WriteStep& step) {
     if (!step.rewrite || !IsDuplicate(error.Number())) throw;
   }
   Statement rows(database_.File(), step.rewrite->rows.text);
-  Bind(rows, step.rewrite->rows);
+  PreparedParts parts(database_.File(), step.rewrite->rows);
+  BindWhole(rows, step.rewrite->rows, parts);
   return RewriteRows(database_.File(), rows, *step.rewrite);
 }
 
@@ -266,8 +267,18 @@ void Executor::NoticeForeignChanges() {
 Statement& Executor::Bound(const tsql::Sql& sql) {
   if (known_plan_ && !plan_->IsPrepared(index_)) NoticeForeignChanges();
   Statement& statement = plan_->Prepared(index_, sql);
-  Bind(statement, sql);
+  if (sql.parts.empty()) {
+    Bind(statement, sql);
+  } else {
+    BindWhole(statement, sql, plan_->PartsOf(index_));
+  }
   return statement;
+}
+
+void Executor::BindWhole(Statement& statement, const tsql::Sql& sql, PreparedParts& parts) {
+  Bind(statement, sql);
+  parts.BindAll([this](Statement& part, const tsql::Sql& part_sql) { Bind(part, part_sql); });
+  database_.File().Functions().parts = &parts;
 }
 
 void Executor::Bind(Statement& statement, const tsql::Sql& sql) {
@@ -275,7 +286,9 @@ void Executor::Bind(Statement& statement, const tsql::Sql& sql) {
   bound_.reserve(sql.parameters.size());
   std::optional<StoredValue> now;
   for (const auto& parameter : sql.parameters) {
-    if (parameter.source == tsql::Parameter::Source::kNow) {
+    if (parameter.source == tsql::Parameter::Source::kOuter) {
+      bound_.emplace_back(Null{});  // filled in by ts_part
+    } else if (parameter.source == tsql::Parameter::Source::kNow) {
       if (!now) now = Now();
       bound_.push_back(*now);
     } else {

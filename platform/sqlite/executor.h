@@ -65,6 +65,7 @@ class Executor {
   long long Write(const tsql::WriteStep& step);
   Statement& Bound(const tsql::Sql& sql);
   void Bind(Statement& statement, const tsql::Sql& sql);
+  void BindWhole(Statement& statement, const tsql::Sql& sql, PreparedParts& parts);
   void ReadRows(const tsql::QueryStep& step, Statement& statement);
   void RequireSameTables(Statement& statement);
   void NoticeForeignChanges();

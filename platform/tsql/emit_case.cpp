@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "platform/tsql/emitter.h"
 
@@ -46,9 +47,11 @@ void Emitter::Node(const BoundCase& node, const BoundExpression& self) {
 // SQLite's parser has room for some twenty CASEs in each other: each innermost branch becomes one of a single CASE,
 // under all the conditions on the way to it. What is left over by the branches before it needs no condition.
 void Emitter::FlatCase(const BoundExpression& self) {
+  const auto outer = std::exchange(path_, {});
   Text("CASE");
   Branches(self, self);
   Text(" END");
+  path_ = outer;
 }
 
 void Emitter::Branches(const BoundExpression& value, const BoundExpression& whole) {

@@ -50,9 +50,24 @@ std::string_view Symbol(BinaryOperator op) {
   return "";
 }
 
-bool IsStoredColumn(const BoundExpression& expression) {
-  const auto* column = expression.As<BoundColumn>();
-  return column != nullptr && column->stored;
+// SQLite's parser keeps a hundred symbols at most; the statement around an expression takes some of them.
+constexpr int kMostLevels = 70;
+
+// How many symbols wait at most while what stands inside the expression is read.
+int LevelsOf(const BoundExpression& expression) {
+  constexpr int kBrackets = 3;
+  constexpr int kArguments = 6;
+  constexpr int kQuery = 12;
+  if (QueryOf(expression)) return kQuery;
+  const auto& node = expression.node;
+  if (std::holds_alternative<BoundCase>(node) || std::holds_alternative<BoundCall>(node) ||
+      std::holds_alternative<BoundConvert>(node) || std::holds_alternative<BoundArithmetic>(node) ||
+      std::holds_alternative<BoundNegate>(node))
+    return kArguments;
+  const bool leaf = std::holds_alternative<BoundColumn>(node) || std::holds_alternative<BoundParameter>(node) ||
+                    std::holds_alternative<BoundConstant>(node) || std::holds_alternative<BoundNow>(node) ||
+                    std::holds_alternative<BoundAggregate>(node);
+  return leaf ? 0 : kBrackets;
 }
 
 }  // namespace
@@ -71,12 +86,27 @@ Emitter& Emitter::Name(std::string_view name) {
 void Emitter::Expression(const BoundExpression& expression) {
   for (const auto& [choice, branch] : standing_)
     if (choice == &expression) return Expression(*branch);
-  std::visit([&](const auto& node) { Node(node, expression); }, expression.node);
+  if (part_ != nullptr)
+    if (const auto argument = ArgumentOf(expression)) return Outside(*argument, expression.type);
+  const int before = levels_;
+  levels_ += LevelsOf(expression);
+  if (levels_ > kMostLevels && style_ == ColumnStyle::kQualified && LevelsOf(expression) > 0) {
+    Part(expression);
+  } else {
+    std::visit([&](const auto& node) { Node(node, expression); }, expression.node);
+  }
+  levels_ = before;
+}
+
+// A stored column does, unless it is an argument of the part it is read in.
+bool Emitter::BringsCollation(const BoundExpression& expression) const {
+  const auto* column = expression.As<BoundColumn>();
+  return column != nullptr && column->stored && (part_ == nullptr || part_->sources.contains(column->source));
 }
 
 void Emitter::Collated(const BoundExpression& expression) {
   Expression(expression);
-  if (expression.type.IsText() && !IsStoredColumn(expression)) Text(" COLLATE ").Text(kCollation);
+  if (expression.type.IsText() && !BringsCollation(expression)) Text(" COLLATE ").Text(kCollation);
 }
 
 void Emitter::Infix(const BoundExpression& left, std::string_view op, const BoundExpression& right) {
@@ -199,7 +229,7 @@ void Emitter::Node(const BoundCompare& node, const BoundExpression&) {
     return;
   }
   // A column of a derived table would bring SQLite's own collation along.
-  const bool right_decides = IsStoredColumn(*node.right) && !node.left->As<BoundColumn>();
+  const bool right_decides = BringsCollation(*node.right) && !node.left->As<BoundColumn>();
   if (right_decides)
     Expression(*node.left);
   else

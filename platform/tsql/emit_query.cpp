@@ -61,6 +61,7 @@ void Emitter::DerivedQuery(const BoundQuery& query) {
 }
 
 void Emitter::WholeQuery(const BoundQuery& query, Naming naming) {
+  ++queries_;
   const bool united = query.selects.size() > 1;
   const bool by_key = united && std::ranges::any_of(query.order_by, [&](const BoundOrder& order) {
                         return HasWide(query, order);
@@ -72,6 +73,7 @@ void Emitter::WholeQuery(const BoundQuery& query, Naming naming) {
   Selects(query, naming);
   if (by_key) Text(")");
   if (united) OrderBy(query, by_key);
+  --queries_;
 }
 
 void Emitter::Selects(const BoundQuery& query, Naming naming) {
@@ -189,9 +191,10 @@ void Emitter::Subquery(const BoundQuery& query, Naming naming) {
 
 void Emitter::Hoisted(const BoundQuery& query) {
   const Sql outer = std::exchange(sql_, {});
-  const int depth = std::exchange(depth_, 0);
+  const int depth = std::exchange(depth_, 0), levels = std::exchange(levels_, 0);
   WholeQuery(query, Naming::kNumbered);
   depth_ = depth;
+  levels_ = levels;
   const Sql inner = std::exchange(sql_, outer);
   const std::string name = "q" + std::to_string(++hoisted_);
   front_.text += (front_.text.empty() ? "WITH " : ",") + name + " AS (" + inner.text + ")";
@@ -200,10 +203,12 @@ void Emitter::Hoisted(const BoundQuery& query) {
 }
 
 Sql Emitter::Take() {
-  if (front_.text.empty()) return std::move(sql_);
-  front_.text += ' ' + sql_.text;
-  front_.parameters.insert(front_.parameters.end(), sql_.parameters.begin(), sql_.parameters.end());
-  return std::move(front_);
+  if (!front_.text.empty()) {
+    sql_.text.insert(0, front_.text + ' ');
+    sql_.parameters.insert(sql_.parameters.begin(), front_.parameters.begin(), front_.parameters.end());
+  }
+  sql_.parts = std::move(parts_);
+  return std::move(sql_);
 }
 
 }  // namespace tarvoni::tsql

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -66,6 +68,7 @@ class Emitter {
   void Node(const BoundCall& node, const BoundExpression& self);
   void Node(const BoundAggregate& node, const BoundExpression& self);
 
+  bool BringsCollation(const BoundExpression& expression) const;
   // Text that is no stored column does not know the collation by itself.
   void Collated(const BoundExpression& expression);
   void Infix(const BoundExpression& left, std::string_view op, const BoundExpression& right);
@@ -115,11 +118,26 @@ class Emitter {
   void Branches(const BoundExpression& value, const BoundExpression& whole);
   void When(const BoundExpression* operand, const BoundExpression& when);
 
+  // What lies too deep, as a statement of its own.
+  void Part(const BoundExpression& value);
+  // In a part: the place among its arguments of what belongs to the statement around it; nothing for its own.
+  std::optional<size_t> ArgumentOf(const BoundExpression& value);
+  void Outside(size_t argument, const Type& type);
+
   ColumnStyle style_;
   Sql sql_;
   Sql front_;  // WITH and the queries that stand in front
   int hoisted_ = 0;
-  int depth_ = 0;         // queries around the current place, back to the one in front it belongs to
+  // Levels of SQLite's parser around the current place, at most.
+  int levels_ = 0;
+  std::vector<Sql> parts_;
+  struct PartScope {
+    std::set<int> sources;  // of the queries inside the part
+    std::vector<const BoundExpression*> arguments;
+  };
+  PartScope* part_ = nullptr;  // of the part that is written
+  int queries_ = 0;            // around the current place, in this text
+  int depth_ = 0;  // queries around the current place, back to the one in front it belongs to
   bool in_full_ = false;  // inside an operand of a FULL JOIN
   // What is written in the place of a CASE that is taken apart, and the conditions of the branch.
   std::vector<std::pair<const BoundExpression*, const BoundExpression*>> standing_;

@@ -1,7 +1,7 @@
 #include "platform/tsql/walk.h"
 
 #include <algorithm>
-#include <set>
+#include <utility>
 
 namespace tarvoni::tsql {
 namespace {
@@ -34,6 +34,12 @@ struct Sources {
 };
 
 }  // namespace
+
+std::set<int> SourcesInside(const BoundExpression& expression) {
+  Sources sources;
+  sources.Add(expression);
+  return std::move(sources.own);
+}
 
 bool HasOuterAggregate(const BoundQuery& query) {
   Sources sources;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include "platform/tsql/bound.h"
 
 namespace tarvoni::tsql {
@@ -92,6 +94,8 @@ void ForEachExpression(const BoundQuery& query, const Visit& visit) {
 
 // Whether the query, with those inside it, reads columns of its own tables only.
 bool IsClosed(const BoundQuery& query);
+// The tables of all queries inside the expression.
+std::set<int> SourcesInside(const BoundExpression& expression);
 // Whether an aggregate in its list is one of a query around it.
 bool HasOuterAggregate(const BoundQuery& query);
 

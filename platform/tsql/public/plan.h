@@ -18,15 +18,18 @@ struct Parameter {
   enum class Source {
     kLiteral,  // a literal of the batch, converted to `type`
     kNow,      // GETDATE(), the same moment for the whole statement
+    kOuter,    // an argument of the ts_part that asks for this part
   };
   Source source = Source::kLiteral;
-  int literal = -1;  // LexedBatch::literals
+  int literal = -1;  // LexedBatch::literals; of kOuter the place among the arguments
   Type type;
 };
 
 struct Sql {
   std::string text;
   std::vector<Parameter> parameters;
+  // Queries of one value each that ts_part(n, …) asks for: what lies too deep for SQLite's parser.
+  std::vector<Sql> parts = {};
 };
 
 struct ResultColumn {

@@ -59,6 +59,8 @@
 //   ts_date_add(d, x, …)             REAL days; 517 outside of the calendar
 //   ts_date_minutes(d)               to the nearest minute; 242 outside of the years from 1900 to 2079
 //
+//   ts_part(n, x, …) (*)             the value of the statement's nth part (Sql::parts) with these arguments; the one
+//                                    function that gets NULLs too
 //   ts_raise(number) (*)             ends the statement with that error
 //   ts_next_identity(table) (*)      the table's next identity value, never given again
 //   ts_ident_current(table) (*)      the last one given; the seed before the first; NULL for a table without one
