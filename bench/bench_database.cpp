@@ -8,6 +8,7 @@
 #include "host/demo/demo.h"
 #include "platform/sqlite/public/sqlite_database.h"
 #include "tests/schema/statement_blocks.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni::bench {
 namespace {
@@ -33,7 +34,7 @@ void MakeDatabase(const std::string& file) {
 }
 
 long long FirstNumber(const std::string& text) {
-  return std::get<std::int64_t>(Database().Open(text).Fields()[0].Value());
+  return std::get<std::int64_t>(Database().Open(Sql(text)).GetRows().at(0).at(0));
 }
 
 Value ReadCell(sqlite3_stmt* statement, int column, char type) {
@@ -107,7 +108,7 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
 sqlite::Handle& HandWritten() {
   static sqlite::Handle handle(DatabaseFile(), SQLITE_OPEN_READWRITE, std::chrono::milliseconds(5000));
   static const bool prepared = [] {
-    handle.Execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON; PRAGMA temp_store = MEMORY;");
+    handle.Execute("PRAGMA synchronous = EXTRA; PRAGMA foreign_keys = ON; PRAGMA temp_store = MEMORY;");
     return true;
   }();
   (void)prepared;

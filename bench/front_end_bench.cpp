@@ -9,6 +9,7 @@
 #include "platform/tsql/public/compile.h"
 #include "platform/tsql/public/parser.h"
 #include "tests/schema/statement_blocks.h"
+#include "tests/support/sql.h"
 
 // From text to plan, and from nothing to an open database.
 namespace tarvoni::bench {
@@ -70,7 +71,7 @@ void OpenDatabaseAndCatalogue(benchmark::State& state) {
   const std::string all_tables = AllTables();
   for (auto _ : state) {
     const auto connection = sqlite::OpenDatabase(copy);
-    benchmark::DoNotOptimize(connection->Open(all_tables));
+    benchmark::DoNotOptimize(connection->Open(Sql(all_tables)));
   }
   std::filesystem::remove(copy);
 }

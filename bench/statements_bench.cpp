@@ -3,21 +3,23 @@
 #include "bench/bench_database.h"
 #include "bench/hand_written.h"
 #include "src/context/data/handler_scope.h"
+#include "src/context/data/statement.h"
+#include "tests/support/sql.h"
 
 // Pairs: the system's own T-SQL text through the connection, and hand-written SQLite code that does the same work
 // with prepared statements on the same file. The names tell main.cpp which belong together.
 namespace tarvoni::bench {
 namespace {
 
-std::string ListText() {
+SqlText ListText() {
   std::string text = StatementText("20_wage_orders.sql", "the wage orders of a client's year");
   const std::string client = std::to_string(TheKeys().client);
   text = Replaced(std::move(text), "PERSONAL_ID = 1", "PERSONAL_ID = " + client);
-  return Replaced(std::move(text), "1 AS PERSONAL_ID", client + " AS PERSONAL_ID");
+  return Sql(Replaced(std::move(text), "1 AS PERSONAL_ID", client + " AS PERSONAL_ID"));
 }
 
 void ListOurs(benchmark::State& state) {
-  const std::string text = ListText();
+  const SqlText text = ListText();
   std::size_t rows = 0;
   for (auto _ : state) rows = Database().Open(text).RecordCount();
   state.SetLabel(std::to_string(rows) + " Zeilen");
@@ -34,13 +36,13 @@ void ListByHand(benchmark::State& state) {
   state.SetLabel(std::to_string(rows) + " Zeilen");
 }
 
-std::string PricingText() {
-  return Replaced(StatementText("31_est_piecework.sql", "the logs of a wage order with tariff and wage"),
-                  "ARA_KOPF.ID = 2", "ARA_KOPF.ID = " + std::to_string(TheKeys().log_order));
+SqlText PricingText() {
+  return Sql(Replaced(StatementText("31_est_piecework.sql", "the logs of a wage order with tariff and wage"),
+                      "ARA_KOPF.ID = 2", "ARA_KOPF.ID = " + std::to_string(TheKeys().log_order)));
 }
 
 void PricingOurs(benchmark::State& state) {
-  const std::string text = PricingText();
+  const SqlText text = PricingText();
   std::size_t rows = 0;
   for (auto _ : state) rows = Database().Open(text).RecordCount();
   state.SetLabel(std::to_string(rows) + " Zeilen");
@@ -58,12 +60,13 @@ void PricingByHand(benchmark::State& state) {
 
 // Half of the large order's lists go to another order meanwhile: the time must halve with the logs.
 void PricingHalf(benchmark::State& state) {
-  const std::string order = std::to_string(TheKeys().log_order);
-  const std::string text = PricingText();
-  Database().Execute("UPDATE LISTENKOPF SET ID_ARA_KOPF = -1 WHERE ID%2 = 0 AND ID_ARA_KOPF = " + order);
+  const SqlText order = Id(TheKeys().log_order);
+  const SqlText text = PricingText();
+  Database().Execute(
+      Compose("UPDATE LISTENKOPF SET ID_ARA_KOPF = -1 WHERE ID%2 = 0 AND ID_ARA_KOPF = {}", order));
   std::size_t rows = 0;
   for (auto _ : state) rows = Database().Open(text).RecordCount();
-  Database().Execute("UPDATE LISTENKOPF SET ID_ARA_KOPF = " + order + " WHERE ID_ARA_KOPF = -1");
+  Database().Execute(Compose("UPDATE LISTENKOPF SET ID_ARA_KOPF = {} WHERE ID_ARA_KOPF = -1", order));
   state.SetLabel(std::to_string(rows) + " Zeilen");
 }
 
@@ -74,8 +77,8 @@ void SaveOurs(benchmark::State& state) {
   for (auto _ : state) {
     HandlerScope handler(Database());
     for (int i = 0; i < kUpdates; ++i)
-      Database().Execute("UPDATE ARBEITSAUFTRAG SET MENGE = " + std::to_string(++value % 1000) +
-                         " WHERE ID = " + std::to_string(i + 1));
+      Database().Execute(
+          Compose("UPDATE ARBEITSAUFTRAG SET MENGE = {} WHERE ID = {}", Id(++value % 1000), Id(i + 1)));
     handler.Finish();
   }
 }
@@ -96,12 +99,13 @@ void SaveByHand(benchmark::State& state) {
 }
 
 void RateOurs(benchmark::State& state) {
-  const std::string text =
-      "SELECT TOP 1 ONETODATE.RATE FROM ONETODATE WHERE ONETODATE.TABLE_COLUMN = 'LOHNARTEN.SATZ' AND "
-      "ONETODATE.TABLE_ID = " +
-      std::to_string(TheKeys().rate_owner) +
-      " AND ONETODATE.DATUM <= '20240315' ORDER BY ONETODATE.DATUM DESC";
-  for (auto _ : state) benchmark::DoNotOptimize(Database().Open(text).Fields()[0].Value());
+  const SqlText text = Compose(R"(
+SELECT TOP 1 ONETODATE.RATE
+FROM ONETODATE
+WHERE ONETODATE.TABLE_COLUMN = 'LOHNARTEN.SATZ' AND ONETODATE.TABLE_ID = {} AND ONETODATE.DATUM <= '20240315'
+ORDER BY ONETODATE.DATUM DESC)",
+                               Id(TheKeys().rate_owner));
+  for (auto _ : state) benchmark::DoNotOptimize(Database().Open(text).GetRows().at(0).at(0));
 }
 
 void RateByHand(benchmark::State& state) {

@@ -4,6 +4,8 @@
 
 #include "bench/shown_screen.h"
 #include "src/context/data/handler_scope.h"
+#include "src/context/data/statement.h"
+#include "src/context/rules/wage_rules.h"
 #include "src/entry/screens.h"
 #include "src/wage/f_ara_sql.h"
 #include "src/wage/f_arbeitnehmer.h"
@@ -25,18 +27,18 @@ void Open(benchmark::State& state) {
 }
 
 // The statement that the Screen sends, with the wage types it found.
-std::string BareList() {
-  std::string whens;
-  for (Recordset types = Database().Open(ara_sql::DirectWageTypes()); !types.EndOfFile(); types.MoveNext()) {
-    whens += " WHEN " + ToDisplayText(types.Fields()["TYP"].Value()) + " THEN " +
-             ToDisplayText(types.Fields()["ID"].Value());
+SqlText BareList() {
+  SqlText whens;
+  for (Recordset types = Database().Open(DirectWageTypes()); !types.EndOfFile(); types.MoveNext()) {
+    whens = Compose("{} WHEN {} THEN {}", whens, Id(ToDisplayText(types.Fields()["TYP"].Value())),
+                    Id(ToDisplayText(types.Fields()["ID"].Value())));
   }
   return ara_sql::OrdersOfYear({static_cast<std::int32_t>(TheKeys().client), TheKeys().year},
-                               "CASE BBF_GRUPPE.NUMBER" + whens + " ELSE 0 END", "", "");
+                               Compose("CASE BBF_GRUPPE.NUMBER{} ELSE 0 END", whens), "", "");
 }
 
 void Bare(benchmark::State& state) {
-  const std::string text = BareList();
+  const SqlText text = BareList();
   std::size_t rows = 0;
   for (auto _ : state) rows = Database().Open(text).RecordCount();
   state.SetLabel(std::to_string(rows) + " Zeilen, verglichen mit der bloßen Anweisung");
@@ -44,18 +46,19 @@ void Bare(benchmark::State& state) {
 
 // Every second order of the year goes to another year meanwhile: the time must halve.
 void OpenHalf(benchmark::State& state) {
-  const std::string of_client = " AND PERSONAL_ID = " + std::to_string(TheKeys().client);
-  Database().Execute("UPDATE ARA_KOPF SET NAME_FWJ = '9999' WHERE NAME_NUMMER%2 = 0 AND NAME_FWJ = '" +
-                     TheKeys().year + "'" + of_client);
+  const SqlText of_client = Compose(" AND PERSONAL_ID = {}", Id(TheKeys().client));
+  Database().Execute(
+      Compose("UPDATE ARA_KOPF SET NAME_FWJ = '9999' WHERE NAME_NUMMER%2 = 0 AND NAME_FWJ = '{}'{}",
+              Quoted(TheKeys().year), of_client));
   Open(state);
-  Database().Execute("UPDATE ARA_KOPF SET NAME_FWJ = '" + TheKeys().year + "' WHERE NAME_FWJ = '9999'" +
-                     of_client);
+  Database().Execute(Compose("UPDATE ARA_KOPF SET NAME_FWJ = '{}' WHERE NAME_FWJ = '9999'{}",
+                             Quoted(TheKeys().year), of_client));
 }
 
 // What btnSpeichern sends for a new order, in one handler; the list it then reads anew is measured above.
 void Save(benchmark::State& state) {
   const auto order =
-      std::get<std::int64_t>(Database().Open("SELECT MAX(ID) FROM ARA_KOPF").Fields()[0].Value());
+      std::get<std::int64_t>(Database().Open("SELECT MAX(ID) FROM ARA_KOPF").GetRows().at(0).at(0));
   const auto id = static_cast<std::int32_t>(order);
   int number = 0;
   for (auto _ : state) {
@@ -78,20 +81,22 @@ void Save(benchmark::State& state) {
 }
 
 void Hours(benchmark::State& state) {
-  constexpr const char* kOrder = "-1";
-  Database().Execute(
-      std::string("SET IDENTITY_INSERT ARA_KOPF ON\nINSERT INTO ARA_KOPF (ID, NAME) VALUES (") + kOrder +
-      ", 'Messung')\nSET IDENTITY_INSERT ARA_KOPF OFF\nINSERT INTO ARA_STUNDEN "
-      "(ID_ARA_KOPF, ID_PERSONAL, ID_LOHNARTEN, BEARBEITUNG, VERLOHNUNG, STUNDEN) SELECT TOP 500 " +
-      kOrder + ", ID_PERSONAL, ID_LOHNARTEN, BEARBEITUNG, VERLOHNUNG, STUNDEN FROM ARA_STUNDEN");
+  constexpr int kOrder = -1;
+  Database().Execute(R"(
+SET IDENTITY_INSERT ARA_KOPF ON
+INSERT INTO ARA_KOPF (ID, NAME) VALUES (-1, 'Messung')
+SET IDENTITY_INSERT ARA_KOPF OFF
+INSERT INTO ARA_STUNDEN (ID_ARA_KOPF, ID_PERSONAL, ID_LOHNARTEN, BEARBEITUNG, VERLOHNUNG, STUNDEN)
+SELECT TOP 500 -1, ID_PERSONAL, ID_LOHNARTEN, BEARBEITUNG, VERLOHNUNG, STUNDEN FROM ARA_STUNDEN)");
   Shown shown;
   for (auto _ : state) {
     shown.Next();
     F_Arbeitnehmer screen;
-    screen.Run(shown.context, std::stoi(kOrder));
+    screen.Run(shown.context, kOrder);
   }
-  Database().Execute(std::string("DELETE FROM ARA_STUNDEN WHERE ID_ARA_KOPF = ") + kOrder +
-                     "\nDELETE FROM ARA_KOPF WHERE ID = " + kOrder);
+  Database().Execute(R"(
+DELETE FROM ARA_STUNDEN WHERE ID_ARA_KOPF = -1
+DELETE FROM ARA_KOPF WHERE ID = -1)");
   state.SetLabel("500 Stundenzeilen");
 }
 

@@ -9,41 +9,44 @@ namespace {
 
 using enum FieldKind;
 
-std::string Machines(const ChoiceScope&) {
+SqlText Machines(const ChoiceScope&) {
   return "SELECT NUMMER, NUMMER AS NR, BEZEICHNUNG FROM MASCHINENBUCH ORDER BY NUMMER";
 }
 
-std::string OrderGroups(const ChoiceScope& scope) {
+SqlText OrderGroups(const ChoiceScope& scope) {
   return Compose(
       "SELECT ID, BEZEICHNUNG, FWJ FROM PA_GRUPPE WHERE ID_PERSONAL = {} ORDER BY FWJ DESC, BEZEICHNUNG",
       Id(scope.client));
 }
 
-std::string Journals(const ChoiceScope& scope) {
-  return Compose(
-      "SELECT STUNDENBUCH_HEADER.ID, RIGHT('0' + CAST(MONAT AS NVARCHAR(2)), 2) + '.' + CAST(JAHR AS "
-      "NVARCHAR(4)), "
-      "PERSONAL.NUMMER, PERSONAL.NAME, PERSONAL.VORNAME FROM STUNDENBUCH_HEADER "
-      "INNER JOIN PERSONAL ON PERSONAL.ID_PERSONAL = STUNDENBUCH_HEADER.ID_PERSONAL "
-      "WHERE PERSONAL.ID_MANDANTEN = {} AND STUNDENBUCH_HEADER.FWJ = '{}' "
-      "ORDER BY JAHR DESC, MONAT DESC, PERSONAL.NAME",
-      Id(scope.client), Typed(scope.forest_year));
+SqlText Journals(const ChoiceScope& scope) {
+  return Compose(R"(
+SELECT STUNDENBUCH_HEADER.ID,
+  RIGHT('0' + CAST(MONAT AS NVARCHAR(2)), 2) + '.' + CAST(JAHR AS NVARCHAR(4)),
+  PERSONAL.NUMMER, PERSONAL.NAME, PERSONAL.VORNAME
+FROM STUNDENBUCH_HEADER
+INNER JOIN PERSONAL ON PERSONAL.ID_PERSONAL = STUNDENBUCH_HEADER.ID_PERSONAL
+WHERE PERSONAL.ID_MANDANTEN = {} AND STUNDENBUCH_HEADER.FWJ = '{}'
+ORDER BY JAHR DESC, MONAT DESC, PERSONAL.NAME)",
+                 Id(scope.client), Quoted(scope.forest_year));
 }
 
-std::string OrdersOrPlans(const ChoiceScope& scope) {
-  const SqlText client = Id(scope.client), year = Typed(scope.forest_year);
-  return scope.plan
-             ? Compose(
-                   "SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF_PLANN "
-                   "WHERE PERSONAL_ID = {} AND FWJ = '{}' ORDER BY NAME",
-                   client, year)
-             : Compose(
-                   "SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100)) FROM ARBEITSAUFTRAG_KOPF "
-                   "WHERE PERSONAL_ID = {} AND FWJ = '{}' ORDER BY NAME",
-                   client, year);
+SqlText OrdersOrPlans(const ChoiceScope& scope) {
+  return Compose(R"(
+SELECT ID, NAME, CAST(BESCHREIBUNG AS NVARCHAR(100))
+FROM {}
+WHERE PERSONAL_ID = {} AND FWJ = '{}'
+ORDER BY NAME)",
+                 Name(scope.plan ? "ARBEITSAUFTRAG_KOPF_PLANN" : "ARBEITSAUFTRAG_KOPF"), Id(scope.client),
+                 Quoted(scope.forest_year));
 }
 
 }  // namespace
+
+bool UsesForestYear(const ArgumentField& field) {
+  if (!field.choices) return false;
+  return field.choices({.client = 1, .forest_year = "1"}) != field.choices({.client = 1, .forest_year = "2"});
+}
 
 const std::vector<ArgumentField>& FieldsOf(const std::string& method) {
   static const ArgumentField mode = {"mode_dll", "Modus", kNumber};

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "src/context/data/sql_text.h"
+
 namespace tarvoni::host {
 
 enum class FieldKind {
@@ -28,9 +30,12 @@ struct ArgumentField {
   FieldKind kind = FieldKind::kText;
   std::string none = {};  // what 0 is called; "" if a row has to be chosen
   // The statement of the rows: the key first, then what is shown.
-  std::string (*choices)(const ChoiceScope& scope) = nullptr;
+  SqlText (*choices)(const ChoiceScope& scope) = nullptr;
   bool free_number = false;  // a number that no row bears may be typed
 };
+
+// Whether the rows offered depend on the forest year.
+bool UsesForestYear(const ArgumentField& field);
 
 // The arguments that a user is asked for; the others keep their defaults. The names are those of methods.h.
 const std::vector<ArgumentField>& FieldsOf(const std::string& method);

@@ -8,13 +8,13 @@
 
 namespace tarvoni::host {
 
-ExitCode RunBackup(const std::string& database, const std::string& target) {
-  if (IsServer(database)) {
+ExitCode RunBackup(const BackupCommand& command) {
+  if (IsServer(command.database)) {
     fmt::print(stderr, "Eine Datenbank auf einem Server sichert der Server selbst.\n");
     return kUsage;
   }
-  sqlite::Backup(*OpenDatabase(database), target);
-  fmt::print("Gesichert nach {}.\n", target);
+  sqlite::Backup(*OpenDatabase(command.database), command.target, {.force = command.force});
+  fmt::print("Gesichert nach {}.\n", command.target);
   return kOk;
 }
 

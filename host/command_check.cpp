@@ -11,6 +11,8 @@ namespace tarvoni::host {
 namespace {
 
 constexpr std::size_t kShownRows = 10;
+constexpr int kNoSuchColumn = 207;
+constexpr int kNoSuchTable = 208;
 
 // "ARA_KOPF 17, POSITIONEN 2"
 std::string KeysOf(const Recordset& rows) {
@@ -29,14 +31,50 @@ void ReportRows(Recordset rows) {
   if (count > kShownRows) fmt::print("  … insgesamt {} Zeilen\n", count);
 }
 
-// True when the invariant holds.
-bool CheckInvariant(Connection& connection, const Invariant& invariant) {
-  const Recordset rows = connection.Open(invariant.statement);
-  if (rows.RecordCount() == 0) return true;
-  fmt::print("Verletzt: {}\n", invariant.sentence);
-  ReportRows(rows);
-  return false;
-}
+// Goes through the rules; none hides what another finds.
+class RuleCheck {
+ public:
+  explicit RuleCheck(Connection& connection) : connection_(connection) {}
+
+  void Check(const Invariant& invariant) {
+    try {
+      Report(invariant, connection_.Open(invariant.statement));
+    } catch (const DatabaseError& error) {
+      if (error.Number() == kErrorConnection || error.Number() == kErrorBusy) throw;
+      NoteUnchecked(invariant, error);
+    }
+  }
+
+  // Tells what could not be checked; true when all rules hold.
+  bool Finish() const {
+    if (without_tables_ > 0)
+      fmt::print("Nicht prüfbar: {} Regeln, weil ihre Tabellen oder Spalten fehlen ({})\n", without_tables_,
+                 missing_);
+    return sound_ && without_tables_ == 0;
+  }
+
+ private:
+  void Report(const Invariant& invariant, const Recordset& rows) {
+    if (rows.RecordCount() == 0) return;
+    sound_ = false;
+    fmt::print("Verletzt: {}\n", invariant.sentence);
+    ReportRows(rows);
+  }
+
+  void NoteUnchecked(const Invariant& invariant, const DatabaseError& error) {
+    if (error.Number() == kNoSuchTable || error.Number() == kNoSuchColumn) {
+      if (++without_tables_ == 1) missing_ = error.what();
+      return;
+    }
+    sound_ = false;
+    fmt::print("Nicht prüfbar: {}\n  {}\n", invariant.sentence, error.what());
+  }
+
+  Connection& connection_;
+  bool sound_ = true;
+  std::size_t without_tables_ = 0;
+  std::string missing_;
+};
 
 bool CheckFile(Connection& connection) {
   const auto damages = sqlite::CheckIntegrity(connection);
@@ -48,9 +86,15 @@ bool CheckFile(Connection& connection) {
 
 ExitCode RunCheck(const std::string& database) {
   const auto connection = OpenDatabase(database, OpenMode::kReadOnly);
-  bool sound = IsServer(database) || CheckFile(*connection);
+  if (!IsServer(database) && sqlite::IsEmpty(*connection)) {
+    fmt::print("Die Datenbank {} ist leer.\n", database);
+    return kFailed;
+  }
+  const bool file_sound = IsServer(database) || CheckFile(*connection);
+  RuleCheck rules(*connection);
   const auto invariants = Invariants();
-  for (const Invariant& invariant : invariants) sound = CheckInvariant(*connection, invariant) && sound;
+  for (const Invariant& invariant : invariants) rules.Check(invariant);
+  const bool sound = rules.Finish() && file_sound;
   if (sound) fmt::print("In Ordnung: {} Regeln geprüft.\n", invariants.size());
   return sound ? kOk : kFailed;
 }

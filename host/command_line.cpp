@@ -3,14 +3,18 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "host/commands.h"
 #include "host/desktop/desktop.h"
 #include "host/error_report.h"
+#include "platform/sqlite/public/system_reason.h"
 
 namespace tarvoni::host {
 namespace {
@@ -27,7 +31,9 @@ std::string GermanMessage(const CLI::Error& error) {
   if (kind == "RequiredError") {
     return "Es fehlt: " + before(" is required") + ".";
   }
-  if (kind == "ExtrasError") return "Das wird hier nicht verstanden: " + behind_colon();
+  // Its name is that of the command.
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
+    return "Das wird hier nicht verstanden: " + behind_colon();
   if (kind == "ConversionError") return "Kein gültiger Wert: " + behind_colon();
   if (kind == "ArgumentMismatch") return "Falsche Zahl von Werten bei " + before(":") + ".";
   if (kind == "RequiresError") {
@@ -145,9 +151,11 @@ class CommandLine {
 
   void AddBackup() {
     CLI::App* command = AddCommand("backup", "eine Datenbank im laufenden Betrieb sichern",
-                                   [this] { return RunBackup(database_, target_); });
-    AddDatabase(command, database_, "Datei der Datenbank");
-    command->add_option("DATEI", target_, "Datei der Sicherung")->required()->type_name("");
+                                   [this] { return RunBackup(backup_); });
+    AddDatabase(command, backup_.database, "Datei der Datenbank");
+    command->add_option("DATEI", backup_.target, "Datei der Sicherung")->required()->type_name("");
+    command->add_flag("--force", backup_.force,
+                      "auch eine Datei ersetzen, die keine ältere Sicherung dieser Datenbank ist");
   }
 
   void AddCheck() {
@@ -164,6 +172,12 @@ class CommandLine {
         ->type_name("");
     command->add_flag("--update", script_.update,
                       "die erwarteten Zeilen (|) neu schreiben statt vergleichen");
+    command->add_flag("--all", script_.all,
+                      "nach einem Vergleich, der misslingt, weitermachen und am Ende alle nennen");
+    command
+        ->add_option("--database", script_.database,
+                     "leere Datenbank statt der im Skript genannten, auch odbc:…")
+        ->type_name("DATENBANK");
     command->add_flag("--tell", script_.tell,
                       "die Kommentare des Skripts ausgeben, sobald sie an der Reihe sind");
     command->add_option("--trace", script_.trace, "jede Anweisung an die Datenbank mit Zeit und Zeilen")
@@ -184,18 +198,38 @@ class CommandLine {
   ScriptCommand script_;
   std::string desktop_database_;
   std::string database_;
-  std::string target_;
+  BackupCommand backup_;
 };
+
+// What was printed has arrived only when the last of it is out.
+void FinishOutput() {
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+    throw std::system_error(errno, std::generic_category());
+}
+
+// The sentence for an error, with a line break.
+std::string Describe(const std::exception& error) {
+  if (const auto* failed = dynamic_cast<const DatabaseError*>(&error)) return DescribeError(*failed);
+  if (const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&error)) {
+    return fmt::format("Die Datei {} lässt sich nicht öffnen: {}.\n", file->path1().string(),
+                       sqlite::SystemReason(file->code().value()));
+  }
+  if (const auto* output = dynamic_cast<const std::system_error*>(&error)) {
+    return fmt::format("Die Ausgabe lässt sich nicht schreiben: {}.\n",
+                       sqlite::SystemReason(output->code().value()));
+  }
+  return fmt::format("{}\n", error.what());
+}
 
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
   try {
-    return CommandLine().Run(argc, argv);
-  } catch (const DatabaseError& error) {
-    fmt::print(stderr, "{}", DescribeError(error));
+    const ExitCode code = CommandLine().Run(argc, argv);
+    FinishOutput();
+    return code;
   } catch (const std::exception& error) {
-    fmt::print(stderr, "{}\n", error.what());
+    std::fputs(Describe(error).c_str(), stderr);
   }
   return kFailed;
 }

@@ -8,7 +8,7 @@
 namespace tarvoni::host {
 
 ExitCode RunSchema() {
-  fmt::print("{}", SchemaSql());
+  fmt::print("{}", SchemaSql().Text());
   return kOk;
 }
 

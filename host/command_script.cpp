@@ -41,9 +41,7 @@ class ScriptSession {
     Environment environment{.toolkit = &stage_->ItsToolkit(),
                             .suite = &suite,
                             .connect = [this](const std::string& database) { return Connect(database); }};
-    ScriptPlayer player(environment, stage_->ItsDriver(), MakeScriptHooks());
-    player.SetUpdating(command_.update);
-    if (command_.tell) player.SetNarrator([](const std::string& remark) { fmt::print("{}\n", remark); });
+    ScriptPlayer player(environment, stage_->ItsDriver(), hooks_, Options());
     stage_->SetPartner(&player);
     try {
       player.Play(Script::Load(file));
@@ -57,6 +55,12 @@ class ScriptSession {
   }
 
  private:
+  ScriptOptions Options() const {
+    ScriptOptions options{.update = command_.update, .all = command_.all, .database = command_.database};
+    if (command_.tell) options.narrator = [](const std::string& remark) { fmt::print("{}\n", remark); };
+    return options;
+  }
+
   std::shared_ptr<Connection> Connect(const std::string& database) {
     auto connection = OpenDatabase(database, OpenMode::kCreate);
     if (trace_) trace_->Follow(*connection);
@@ -66,6 +70,8 @@ class ScriptSession {
   const ScriptCommand& command_;
   std::optional<TraceFile> trace_;
   std::unique_ptr<ScriptStage> stage_;
+  // Also what fixtures have made, for all scripts of the run.
+  ScriptHooks hooks_ = MakeScriptHooks();
 };
 
 }  // namespace
@@ -77,7 +83,7 @@ ExitCode RunScript(const ScriptCommand& command) {
   for (const std::string& file : command.files) {
     const bool passed = session.Play(file);
     if (!passed) ++failed;
-    if (command.files.size() > 1) fmt::print("{}  {}\n", passed ? "in Ordnung" : "FEHLER    ", file);
+    fmt::print("{}  {}\n", passed ? "in Ordnung" : "FEHLER    ", file);
   }
   if (command.files.size() > 1) {
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin;

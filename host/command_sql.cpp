@@ -2,8 +2,10 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <string_view>
 
 #include "host/batch_reader.h"
 #include "host/commands.h"
@@ -19,18 +21,12 @@ class SqlSession {
  public:
   explicit SqlSession(const SqlOptions& options)
       : connection_(OpenDatabase(options.database, options.create ? OpenMode::kCreate : OpenMode::kExisting)),
-        format_(options.format) {
-    // Open does not tell the count of affected rows; the trace does.
-    connection_->SetTraceHook([this](const TraceEvent& event) {
-      if (event.affected_rows >= 0) affected_rows_ = event.affected_rows;
-    });
-  }
+        format_(options.format) {}
 
   // False when the batch failed; what is wrong has been reported then.
   bool Run(const BatchReader::Batch& batch) {
-    affected_rows_ = -1;
     try {
-      Print(connection_->Open(batch.text));
+      connection_->OpenAll(SqlText::Verbatim(batch.text), [this](const BatchPart& part) { Print(part); });
       return true;
     } catch (const DatabaseError& error) {
       std::fflush(stdout);
@@ -40,21 +36,23 @@ class SqlSession {
   }
 
  private:
-  void Print(const Recordset& rows) const {
-    if (rows.IsOpen())
-      fmt::print("{}", FormatRows(rows, format_));
-    else if (affected_rows_ >= 0 && format_ == OutputFormat::kTable)
-      fmt::print("{} betroffen\n", CountOfRows(affected_rows_));
+  void Print(const BatchPart& part) const {
+    if (part.rows.IsOpen())
+      fmt::print("{}", FormatRows(part.rows, format_));
+    else if (format_ == OutputFormat::kTable)
+      fmt::print("{} betroffen\n", CountOfRows(part.affected));
   }
 
   std::shared_ptr<Connection> connection_;
   OutputFormat format_;
-  long long affected_rows_ = -1;
 };
 
 ExitCode RunStream(SqlSession& session, std::istream& input) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   BatchReader reader(BatchReader::End::kGo);
-  for (std::string line; std::getline(input, line);) {
+  bool first = true;
+  for (std::string line; std::getline(input, line); first = false) {
+    if (first && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     if (const auto batch = reader.Take(line); batch && !session.Run(*batch)) return kFailed;
   }
   const auto rest = reader.Finish();
@@ -64,8 +62,9 @@ ExitCode RunStream(SqlSession& session, std::istream& input) {
 ExitCode RunFile(SqlSession& session, const std::string& name) {
   if (name == "-") return RunStream(session, std::cin);
   std::ifstream file(name);
-  if (file) return RunStream(session, file);
-  fmt::print(stderr, "Die Datei {} lässt sich nicht lesen.\n", name);
+  const bool folder = std::filesystem::is_directory(name);
+  if (file && !folder) return RunStream(session, file);
+  fmt::print(stderr, "Die Datei {} lässt sich nicht lesen{}.\n", name, folder ? ": das ist ein Ordner" : "");
   return kFailed;
 }
 

@@ -28,15 +28,23 @@ ExitCode RunDemo(const DemoCommand& command);
 struct ScriptCommand {
   std::vector<std::string> files;
   bool update = false;  // rewrite the expected rows instead of comparing
+  bool all = false;     // go on behind a comparison that fails
   bool desktop = false;
-  bool tell = false;  // print the script's remarks as it reaches them
-  std::string trace;  // file for the statements; "" for none
-  std::string shots;  // folder for pictures; "" for none
+  bool tell = false;          // print the script's remarks as it reaches them
+  std::string trace;          // file for the statements; "" for none
+  std::string shots;          // folder for pictures; "" for none
+  std::string database = {};  // instead of that of the scripts; "" for theirs
 };
 ExitCode RunScript(const ScriptCommand& command);
 
 ExitCode RunSchema();
-ExitCode RunBackup(const std::string& database, const std::string& target);
+
+struct BackupCommand {
+  std::string database;
+  std::string target;
+  bool force = false;  // also over a file that is no older backup of the database
+};
+ExitCode RunBackup(const BackupCommand& command);
 ExitCode RunCheck(const std::string& database);
 
 }  // namespace tarvoni::host

@@ -3,11 +3,13 @@
 #include <string>
 
 #include "host/demo/demo.h"
+#include "host/new_database.h"
 
 namespace tarvoni::host {
 
-// Makes a new database with the demo enterprise: a new file, or an empty database on a server. A CallError if
-// it is not empty; a file begun is removed when anything fails, also when `options.progress` throws.
-void MakeDemoDatabase(const std::string& database, const demo::DemoOptions& options);
+// Makes a new database with the demo enterprise, as MakeNewDatabase does; also when `options.progress` throws, all is as
+// before.
+void MakeDemoDatabase(const std::string& database, const demo::DemoOptions& options,
+                      Existing existing = Existing::kRefuse);
 
 }  // namespace tarvoni::host

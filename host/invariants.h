@@ -5,13 +5,15 @@
 #include <string_view>
 #include <vector>
 
+#include "src/context/data/sql_text.h"
+
 namespace tarvoni::host {
 
 // What must hold for the data: a sentence for the user, and a statement that gives the keys of the rows for which it
 // does not, in columns named after what they are.
 struct Invariant {
   std::string sentence;
-  std::string statement;
+  SqlText statement;
 };
 
 // A column whose values, unless NULL, must occur in a column of another table.

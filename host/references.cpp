@@ -3,6 +3,7 @@
 #include <array>
 
 #include "host/invariants.h"
+#include "src/context/data/statement.h"
 
 namespace tarvoni::host {
 namespace {
@@ -117,10 +118,16 @@ std::span<const Reference> References() {
 Invariant InvariantOf(const Reference& reference) {
   const auto& [table, key, column, target, target_column, zero_is_none] = reference;
   return {fmt::format("Was in {}.{} steht, gibt es in {}.", table, column, target),
-          fmt::format("SELECT Z.{1} AS {0}, Z.{2} FROM {0} Z WHERE Z.{2} IS NOT NULL{5} "
-                      "AND NOT EXISTS(SELECT ZIEL.{4} FROM {3} ZIEL WHERE ZIEL.{4} = Z.{2}) ORDER BY Z.{1}",
-                      table, key, column, target, target_column,
-                      zero_is_none ? fmt::format(" AND Z.{} <> 0", column) : "")};
+          Compose(R"(
+SELECT Z.{} AS {}, Z.{}
+FROM {} Z
+WHERE Z.{} IS NOT NULL
+  {}
+  AND NOT EXISTS(SELECT ZIEL.{} FROM {} ZIEL WHERE ZIEL.{} = Z.{})
+ORDER BY Z.{})",
+                  Name(key), Name(table), Name(column), Name(table), Name(column),
+                  zero_is_none ? Compose("AND Z.{} <> 0", Name(column)) : SqlText(), Name(target_column),
+                  Name(target), Name(target_column), Name(column), Name(key))};
 }
 
 }  // namespace tarvoni::host

@@ -32,14 +32,17 @@ void Workplace::Close() {
   name_.clear();
 }
 
-Recordset Workplace::Read(const std::string& statement) const {
+Recordset Workplace::Read(const SqlText& statement) const {
   return record_.dbAdo->Open(statement);
 }
 
 std::vector<Client> Workplace::Clients() const {
   std::vector<Client> clients;
-  for (Recordset rows = Read("SELECT ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME FROM PERSONAL "
-                             "WHERE MANDANTEN = 1 AND ISNULL(DISABLE, 0) = 0 ORDER BY NUMMER");
+  for (Recordset rows = Read(R"(
+SELECT ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME
+FROM PERSONAL
+WHERE MANDANTEN = 1 AND ISNULL(DISABLE, 0) = 0
+ORDER BY NUMMER)");
        !rows.EndOfFile(); rows.MoveNext()) {
     const FieldList& fields = rows.Fields();
     clients.push_back({.id = Whole(fields[0].Value()),
@@ -60,7 +63,7 @@ std::string Workplace::StandardForestYear() const {
   return rows.EndOfFile() ? std::string() : Shown(rows.Fields()[0].Value());
 }
 
-std::vector<Choice> Workplace::Choices(const std::string& statement) const {
+std::vector<Choice> Workplace::Choices(const SqlText& statement) const {
   std::vector<Choice> choices;
   for (Recordset rows = Read(statement); !rows.EndOfFile(); rows.MoveNext()) {
     Choice& choice = choices.emplace_back(Choice{.id = Whole(rows.Fields()[0].Value()), .text = {}});

@@ -6,6 +6,7 @@
 
 #include "include/tarvoni_lohn.h"
 #include "src/context/data/recordset.h"
+#include "src/context/data/sql_text.h"
 
 namespace tarvoni::host {
 
@@ -41,10 +42,10 @@ class Workplace {
   std::int32_t StandardClient() const;
   std::string StandardForestYear() const;
   // The rows of a statement: the key first, the rest as one text.
-  std::vector<Choice> Choices(const std::string& statement) const;
+  std::vector<Choice> Choices(const SqlText& statement) const;
 
  private:
-  Recordset Read(const std::string& statement) const;
+  Recordset Read(const SqlText& statement) const;
 
   std::string name_;
   TvnVar_Dll record_;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <span>
-#include <string>
 #include <string_view>
 
 #include "suite/statement_values.h"
@@ -18,25 +17,24 @@ struct CodeList {
   std::string_view offer_suffix = "_GRID";   // "" for a list that is never offered
   std::string_view check_suffix = "_VALID";  // "" for one that is never checked
   // Tables and condition: a text, or made of the values.
-  std::string_view fixed_rows = {};
-  std::string (*rows)(const StatementValues& values) = nullptr;
+  SqlText fixed_rows = {};
+  SqlText (*rows)(const StatementValues& values) = nullptr;
   // Columns, and what the statements call them: the names of a check are those that its callers ask for.
-  std::string_view id = "ID";
-  std::string_view code;
-  std::string_view code_heading = "NUMMER";
-  std::string_view name;
-  std::string_view checked_name = "[LONG]";
-  std::string_view further = {};  // columns of the offer
+  SqlText id = "ID";
+  SqlText code = {};
+  SqlText code_heading = "NUMMER";
+  SqlText name = {};
+  SqlText checked_name = "[LONG]";
+  SqlText further = {};  // columns of the offer
   CodeKind kind = CodeKind::kText;
-  std::size_t width = 0;            // digits shorter than this also match with zeros before them
-  ValueCount values = {};           // beside the typed code
-  bool typed_first = false;         // the typed code stands before the other values
-  std::string_view condition = {};  // how a condition of the caller begins; "" if it takes none
+  std::size_t width = 0;         // digits shorter than this also match with zeros before them
+  ValueCount values = {};        // beside the typed code
+  bool takes_condition = false;  // a condition of the caller narrows the rows
 
   bool Offers(std::string_view key) const { return IsKey(key, offer_suffix); }
   bool Checks(std::string_view key) const { return IsKey(key, check_suffix); }
-  std::string Offer(StatementValues given) const;
-  std::string Check(StatementValues given) const;
+  SqlText Offer(const NamedValues& given) const;
+  SqlText Check(const NamedValues& given) const;
   bool IsKey(std::string_view key, std::string_view suffix) const;
 };
 

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "src/context/rules/location_path.h"
 #include "suite/code_list.h"
 
 // The lists of codes that Screens offer and check.
@@ -7,97 +8,92 @@ namespace tarvoni::suite {
 namespace {
 
 // The active rows of the set that a column of the client's row names.
-std::string ClientSet(std::string table, const StatementValues& values) {
-  const SqlText name = Fragment(std::move(table));
-  return Compose(
-      "{} WHERE ISNULL({}.DISABLE,0) = 0 AND {}.TABLE_NAME IN (SELECT {} FROM PERSONAL WHERE ID_PERSONAL = "
-      "{})",
-      name, name, name, name, values.Key(0));
+SqlText ClientSet(const SqlText& table, const StatementValues& values) {
+  return Compose(R"(
+{} WHERE ISNULL({}.DISABLE,0) = 0
+  AND {}.TABLE_NAME IN (SELECT {} FROM PERSONAL WHERE ID_PERSONAL = {}))",
+                 table, table, table, table, values.Key(0));
 }
 
-std::string CostCentres(const StatementValues& values) {
+SqlText CostCentres(const StatementValues& values) {
   return ClientSet("KOSTENSTELLE", values);
 }
 
-std::string CostObjects(const StatementValues& values) {
+SqlText CostObjects(const StatementValues& values) {
   return ClientSet("OBJEKT", values);
 }
 
-std::string Products(const StatementValues& values) {
+SqlText Products(const StatementValues& values) {
   return ClientSet("PRODUKT", values);
 }
 
-std::string Methods(const StatementValues& values) {
-  return Compose("{} AND ID_LEISTUNGSART = {}", Fragment(ClientSet("VERFAHREN", values)), values.Key(1));
+SqlText Methods(const StatementValues& values) {
+  return Compose("{} AND ID_LEISTUNGSART = {}", ClientSet("VERFAHREN", values), values.Key(1));
 }
 
 // Of one client, or of all where the condition names a product, which belongs to one anyway.
-std::string WorkTypes(const StatementValues& values) {
+SqlText WorkTypes(const StatementValues& values) {
   if (values.Has(0)) return ClientSet("LEISTUNGSART", values);
   return "LEISTUNGSART WHERE ISNULL(LEISTUNGSART.DISABLE,0) = 0";
 }
 
-std::string WorkTypesOfCentre(const StatementValues& values) {
-  return Compose(
-      "{} AND LEISTUNGSART.PRODUKT_ID = {} AND LEISTUNGSART.ID IN (SELECT ID_MASTER FROM ONETOMANY WHERE "
-      "RELATION = 'LEISTUNGSART.KOSTENSTELLE_TYP' AND ID_SLAVE IN (SELECT ID_KOSTENSTELLE_TYP FROM "
-      "KOSTENSTELLE WHERE ID = {}))",
-      Fragment(ClientSet("LEISTUNGSART", values)), values.Key(1), values.Key(2));
+SqlText WorkTypesOfCentre(const StatementValues& values) {
+  return Compose(R"(
+{} AND LEISTUNGSART.PRODUKT_ID = {}
+  AND LEISTUNGSART.ID IN (
+    SELECT ID_MASTER FROM ONETOMANY
+    WHERE RELATION = 'LEISTUNGSART.KOSTENSTELLE_TYP'
+      AND ID_SLAVE IN (SELECT ID_KOSTENSTELLE_TYP FROM KOSTENSTELLE WHERE ID = {})))",
+                 ClientSet("LEISTUNGSART", values), values.Key(1), values.Key(2));
 }
 
 // Closed orders take no more bookings.
-std::string WorkOrders(const StatementValues& values) {
-  return Compose(
-      "ARBEITSAUFTRAG_KOPF WHERE ISNULL(ARBEITSAUFTRAG_KOPF.ABGENSCHLOSEN,0) = 0 AND "
-      "ARBEITSAUFTRAG_KOPF.PERSONAL_ID = {} AND ARBEITSAUFTRAG_KOPF.NAME_FWJ = '{}' AND "
-      "ARBEITSAUFTRAG_KOPF.NAME_REVIER = '{}'",
-      values.Key(0), values.Quoted(1), values.Quoted(2));
+SqlText WorkOrders(const StatementValues& values) {
+  return Compose(R"(
+ARBEITSAUFTRAG_KOPF WHERE ISNULL(ARBEITSAUFTRAG_KOPF.ABGENSCHLOSEN,0) = 0
+  AND ARBEITSAUFTRAG_KOPF.PERSONAL_ID = {}
+  AND ARBEITSAUFTRAG_KOPF.NAME_FWJ = '{}'
+  AND ARBEITSAUFTRAG_KOPF.NAME_REVIER = '{}')",
+                 values.Key(0), values.Text(1), values.Text(2));
 }
 
-std::string OrderGroups(const StatementValues& values) {
+SqlText OrderGroups(const StatementValues& values) {
   return Compose("PA_GRUPPE WHERE ID_PERSONAL = {}", values.Key(0));
 }
 
 // A category without a client is everyone's.
-std::string OrderCategories(const StatementValues& values) {
+SqlText OrderCategories(const StatementValues& values) {
   if (!values.Has(0)) return "T_PA_KATEGORIE WHERE ISNULL(DISABLE,0) = 0";
   return Compose("T_PA_KATEGORIE WHERE ISNULL(DISABLE,0) = 0 AND (ID_PERSONAL IS NULL OR ID_PERSONAL = {})",
                  values.Key(0));
 }
 
-std::string Gangs(const StatementValues& values) {
+SqlText Gangs(const StatementValues& values) {
   return Compose("RELTABLE WHERE ISNULL(DISABLE,0) = 0 AND RELTABLE_ID = {}", values.Key(0));
 }
 
 // A work type without links allows every species.
-std::string SpeciesOfWorkType(const StatementValues& values) {
-  const SqlText link = Fragment(
+SqlText SpeciesOfWorkType(const StatementValues& values) {
+  const SqlText link =
       Compose("SELECT ID_SLAVE FROM ONETOMANY WHERE RELATION = 'LEISTUNGSART.HOLZART' AND ID_MASTER = {}",
-              values.Key(0)));
+              values.Key(0));
   return Compose("HOLZART WHERE (HOLZART.ID IN ({}) OR NOT EXISTS({}))", link, link);
 }
 
-std::string MarksOfWorkType(const StatementValues& values) {
-  return Compose(
-      "NUTZUNGSART WHERE ISNULL(DISABLE,0) = 0 AND ID IN (SELECT ID_SLAVE FROM ONETOMANY WHERE RELATION = "
-      "'LEISTUNGSART.NUTZUNGSART' AND ID_MASTER = {})",
-      values.Key(0));
+SqlText MarksOfWorkType(const StatementValues& values) {
+  return Compose(R"(
+NUTZUNGSART WHERE ISNULL(DISABLE,0) = 0
+  AND ID IN (SELECT ID_SLAVE FROM ONETOMANY WHERE RELATION = 'LEISTUNGSART.NUTZUNGSART' AND ID_MASTER = {}))",
+                 values.Key(0));
 }
 
-std::string Locations(const StatementValues& values) {
+SqlText Locations(const StatementValues& values) {
   return Compose("WALDORT WHERE ({} = 0 OR MANDANTEN_ID IS NULL OR MANDANTEN_ID = {})", values.Key(0),
                  values.Key(0));
 }
 
-constexpr std::string_view kAnd = " AND ";
-// The path of a forest location as the Screens write it.
-constexpr std::string_view kPath =
-    "ISNULL(WO1,'')+(CASE WHEN WO2 IS NULL THEN '' ELSE '/ '+WO2 END)+(CASE WHEN WO3 IS NULL THEN '' ELSE '/ "
-    "'+WO3 END)+(CASE WHEN WO4 IS NULL THEN '' ELSE '/ '+WO4 END)+(CASE WHEN WO5 IS NULL THEN '' ELSE '/ "
-    "'+WO5 END)+(CASE WHEN WO6 IS NULL THEN '' ELSE '/ '+WO6 END)";
-
 // Above each: the values that it takes.
-constexpr auto kLists = std::to_array<CodeList>({
+const auto kLists = std::to_array<CodeList>({
     // The client.
     {.stem = "KOSTENSTELLE",
      .rows = CostCentres,
@@ -143,7 +139,7 @@ constexpr auto kLists = std::to_array<CodeList>({
      .name = "LEISTUNGSART.NAME",
      .kind = CodeKind::kNumber,
      .values = {0, 1},
-     .condition = kAnd},
+     .takes_condition = true},
     // The client, the product and the cost centre, both by id.
     {.stem = "LEISTUNGSART_PRODUKT_KOSTENSTELLE",
      .check_suffix = {},
@@ -158,11 +154,11 @@ constexpr auto kLists = std::to_array<CodeList>({
      .code = "RIGHT(ARBEITSAUFTRAG_KOPF.NAME,4)",
      .name = "ARBEITSAUFTRAG_KOPF.NAME",
      .checked_name = "NAME",
-     .further = ",(SELECT PRODUKT.NAME FROM PRODUKT WHERE PRODUKT.ID = ARBEITSAUFTRAG_KOPF.PRODUKT_ID) AS "
-                "PRODUKT,BESCHREIBUNG",
+     .further = R"(
+  ,(SELECT PRODUKT.NAME FROM PRODUKT WHERE PRODUKT.ID = ARBEITSAUFTRAG_KOPF.PRODUKT_ID) AS PRODUKT,BESCHREIBUNG)",
      .width = 4,
      .values = {3, 3},
-     .condition = kAnd},
+     .takes_condition = true},
     // The client, which may be left out.
     {.stem = "T_PA_KATEGORIE",
      .rows = OrderCategories,
@@ -182,7 +178,7 @@ constexpr auto kLists = std::to_array<CodeList>({
      .name = "LANGNAME",
      .width = 3,
      .values = {1, 1}},
-    // A condition on PERSONAL, without an AND.
+    // A condition on PERSONAL.
     {.stem = "PERSONAL",
      .offer_suffix = "_GRID_ARBEITER",
      .check_suffix = "_VALID_ARBEITER",
@@ -192,30 +188,28 @@ constexpr auto kLists = std::to_array<CodeList>({
      .name = "PERSONAL.KURZBEZEICHNUNG",
      .checked_name = "KURZBEZEICHNUNG",
      .kind = CodeKind::kNumber,
-     .condition = "PERSONAL."},
-    // The work type, behind the typed code.
+     .takes_condition = true},
+    // The work type.
     {.stem = "HOLZART_LEISTUNGSART",
      .rows = SpeciesOfWorkType,
      .code = "HA",
      .code_heading = "HA",
      .name = "HA_LANG",
      .checked_name = "HA_LANG",
-     .values = {1, 1},
-     .typed_first = true},
+     .values = {1, 1}},
     {.stem = "NUTZUNGSART_LEISTUNGSART",
      .rows = MarksOfWorkType,
      .code = "NA",
      .code_heading = "NA",
      .name = "NA_LANG",
      .checked_name = "NA_LANG",
-     .values = {1, 1},
-     .typed_first = true},
+     .values = {1, 1}},
     // The client, 0 for all of them.
     {.stem = "WALDORT",
      .offer_suffix = {},
      .rows = Locations,
      .id = "ID_WALDORT",
-     .code = kPath,
+     .code = kLocationPath,
      .code_heading = "WALDORT",
      .name = "LANGNAME",
      .checked_name = "LANGNAME",
@@ -223,8 +217,9 @@ constexpr auto kLists = std::to_array<CodeList>({
      .values = {1, 1}},
     // No values.
     {.stem = "LEISTUNG",
-     .fixed_rows = "RELTABLE WHERE ISNULL(DISABLE,0) = 0 AND RELTABLE_ID IN (SELECT NUMBER_VALUE FROM "
-                   "OPTIONEN WHERE PROPERTY_ID = 'STANDARD_LEISTUNG')",
+     .fixed_rows = R"(
+RELTABLE WHERE ISNULL(DISABLE,0) = 0
+  AND RELTABLE_ID IN (SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARD_LEISTUNG'))",
      .code = "KURZNAME",
      .code_heading = "KURZ",
      .name = "LANGNAME",

@@ -30,7 +30,7 @@ std::string ConvertHelper::DateToSql(const Value& date, const std::string& forma
 }
 
 std::string ConvertHelper::NumberToSql(const std::string& text, const std::string& separator) {
-  return Number(Without(text, separator)).Text();
+  return std::string(Number(Without(text, separator)).Text());
 }
 
 std::string ConvertHelper::NormalizeNumber(const std::string& text) {

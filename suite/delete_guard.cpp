@@ -5,7 +5,7 @@
 #include "suite/reading.h"
 
 namespace tarvoni::suite {
-std::string DeleteGuard::ConfirmDelete(const std::string& sql, std::int32_t first_message,
+std::string DeleteGuard::ConfirmDelete(const SqlText& sql, std::int32_t first_message,
                                        std::int32_t second_message, const TvnVar_Dll& context) {
   if (DatabaseOf(context).Open(sql).EndOfFile()) return "1";
   tarvoni::MessageService& messages = CurrentSuite().Messages();

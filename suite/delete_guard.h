@@ -10,7 +10,7 @@ namespace tarvoni::suite {
 class DeleteGuard final : public tarvoni::DeleteGuard {
  public:
   // "1" to go on, else "0".
-  std::string ConfirmDelete(const std::string& sql, std::int32_t first_message, std::int32_t second_message,
+  std::string ConfirmDelete(const SqlText& sql, std::int32_t first_message, std::int32_t second_message,
                             const TvnVar_Dll& context) override;
 };
 

@@ -46,7 +46,7 @@ std::string WriteLayout(Grid& grid) {
 
 std::string StoredLayout(const TvnVar_Dll& context, const std::string& key) {
   const Recordset rows = DatabaseOf(context).Open(
-      Compose("SELECT LAYOUT FROM GITTERLAYOUT WHERE LAYOUT_KEY = '{}'", Typed(key)));
+      Compose("SELECT LAYOUT FROM GITTERLAYOUT WHERE LAYOUT_KEY = '{}'", Quoted(key)));
   if (rows.EndOfFile()) return {};
   const auto* text = std::get_if<std::string>(&rows.Fields()[0].Value());
   return text ? *text : std::string();
@@ -68,12 +68,12 @@ void GridLayoutStore::LoadLayout(const TvnVar_Dll& context, const std::string& k
 void GridLayoutStore::SaveLayout(const TvnVar_Dll& context, const std::string& key, Grid& grid) {
   if (grid.Columns().Count() == 0) return;
   const SqlText layout = TextOrNull(WriteLayout(grid));
-  DatabaseOf(context).Execute(
-      Compose("IF EXISTS(SELECT LAYOUT_KEY FROM GITTERLAYOUT WHERE LAYOUT_KEY = '{}')\n"
-              "UPDATE GITTERLAYOUT SET LAYOUT = {} WHERE LAYOUT_KEY = '{}'\n"
-              "ELSE\n"
-              "INSERT INTO GITTERLAYOUT (LAYOUT_KEY,LAYOUT) VALUES ('{}',{})",
-              Typed(key), layout, Typed(key), Typed(key), layout));
+  DatabaseOf(context).Execute(Compose(R"(
+IF EXISTS(SELECT LAYOUT_KEY FROM GITTERLAYOUT WHERE LAYOUT_KEY = '{}')
+  UPDATE GITTERLAYOUT SET LAYOUT = {} WHERE LAYOUT_KEY = '{}'
+ELSE
+  INSERT INTO GITTERLAYOUT (LAYOUT_KEY,LAYOUT) VALUES ('{}',{}))",
+                                      Quoted(key), layout, Quoted(key), Quoted(key), layout));
 }
 
 }  // namespace tarvoni::suite

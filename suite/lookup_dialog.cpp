@@ -28,15 +28,21 @@ int HiddenColumns(std::string_view option, const Recordset& rows) {
   return hidden;
 }
 
+bool OffersNew(std::string_view option) {
+  return option.size() > 2 && option[2] == '2';
+}
+
 }  // namespace
 
-std::string LookupDialog::Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
+std::string LookupDialog::Pick(const TvnVar_Dll& context, const SqlText& sql, const std::string& caption,
                                const std::string& start_text, const std::string& option) {
-  if (sql == kDateMode) return PickDay(caption, start_text);
+  if (sql.Text() == kDateMode) return PickDay(caption, start_text);
   const Recordset rows = DatabaseOf(context).Open(sql);
   PickRequest request = ChoiceOf(rows, caption, HiddenColumns(option, rows), start_text);
   request.option = option;
+  if (OffersNew(option)) request.extra_button = "&Neu";
   const PickResult result = CurrentToolkit().PickList(request);
+  if (result.extra) return kNew;
   return result.row ? FirstColumnText(rows, *result.row) : start_text;
 }
 

@@ -43,7 +43,7 @@ void Fill(const Recordset& rows, TextBox* code, TextBox* id_box, const std::stri
 
 }  // namespace
 
-bool NamedFieldValidator::Validate(const TvnVar_Dll& context, bool report_missing, const std::string& sql,
+bool NamedFieldValidator::Validate(const TvnVar_Dll& context, bool report_missing, const SqlText& sql,
                                    TextBox* code, TextBox* id_box, const std::string& name_column,
                                    TextBox* name_box, const std::string&) {
   const Recordset rows = DatabaseOf(context).Open(sql);
@@ -58,7 +58,7 @@ bool NamedFieldValidator::Validate(const TvnVar_Dll& context, bool report_missin
   return false;
 }
 
-Value NamedFieldValidator::ReadColumn(const TvnVar_Dll& context, const std::string& sql,
+Value NamedFieldValidator::ReadColumn(const TvnVar_Dll& context, const SqlText& sql,
                                       const std::string& column) {
   const Recordset rows = DatabaseOf(context).Open(sql);
   return rows.EndOfFile() ? Value(Null{}) : rows.Fields()[column].Value();

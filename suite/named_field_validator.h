@@ -9,10 +9,10 @@ namespace tarvoni::suite {
 class NamedFieldValidator final : public tarvoni::NamedFieldValidator {
  public:
   // The message names the field by the label that belongs to it: "lblObjekt" to "txtObjekt" and "txtObjektN".
-  bool Validate(const TvnVar_Dll& context, bool report_missing, const std::string& sql, TextBox* code,
+  bool Validate(const TvnVar_Dll& context, bool report_missing, const SqlText& sql, TextBox* code,
                 TextBox* id_box, const std::string& name_column, TextBox* name_box,
                 const std::string& extra) override;
-  Value ReadColumn(const TvnVar_Dll& context, const std::string& sql, const std::string& column) override;
+  Value ReadColumn(const TvnVar_Dll& context, const SqlText& sql, const std::string& column) override;
 };
 
 }  // namespace tarvoni::suite

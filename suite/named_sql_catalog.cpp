@@ -13,8 +13,11 @@ namespace tarvoni::suite {
 namespace {
 
 // A blank unit with id 0 comes first: a position without a unit.
-constexpr const char* kUnitsOfCombo =
-    "SELECT ' ' AS EINHEIT,0 AS EINHEIT_ID UNION ALL SELECT EINHEIT,EINHEIT_ID FROM WARENEINHEIT ORDER BY 1";
+constexpr SqlText kUnitsOfCombo = R"(
+SELECT ' ' AS EINHEIT,0 AS EINHEIT_ID
+UNION ALL
+SELECT EINHEIT,EINHEIT_ID FROM WARENEINHEIT
+ORDER BY 1)";
 
 bool NamesId(const Column& column) {
   const std::string name = utf8::Upper(column.name);
@@ -37,7 +40,7 @@ std::int32_t IdOf(const Value& value) {
 
 }  // namespace
 
-void NamedSqlCatalog::FillCombo(Connection& connection, ComboBox& combo, const std::string& sql) {
+void NamedSqlCatalog::FillCombo(Connection& connection, ComboBox& combo, const SqlText& sql) {
   Recordset rows = connection.Open(sql);
   const ComboColumns columns(rows.Columns());
   for (; !rows.EndOfFile(); rows.MoveNext()) {
@@ -47,11 +50,11 @@ void NamedSqlCatalog::FillCombo(Connection& connection, ComboBox& combo, const s
   }
 }
 
-std::string NamedSqlCatalog::GetSql(const TvnVar_Dll&, const std::string& key, const std::string& parameter) {
+SqlText NamedSqlCatalog::GetSql(const TvnVar_Dll&, const std::string& key, const NamedValues& values) {
   if (key == "WARENEINHEIT") return kUnitsOfCombo;
   for (const CodeList& list : CodeLists()) {
-    if (list.Offers(key)) return list.Offer(StatementValues(parameter));
-    if (list.Checks(key)) return list.Check(StatementValues(parameter));
+    if (list.Offers(key)) return list.Offer(values);
+    if (list.Checks(key)) return list.Check(values);
   }
   throw CallError("Zum Schlüssel „" + key + "“ gibt es keine Anweisung.");
 }

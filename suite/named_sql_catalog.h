@@ -13,10 +13,9 @@ namespace tarvoni::suite {
 class NamedSqlCatalog final : public tarvoni::NamedSqlCatalog {
  public:
   // The id is in the column called ID, ID_… or …_ID, the text in the first other one.
-  void FillCombo(Connection& connection, ComboBox& combo, const std::string& sql) override;
+  void FillCombo(Connection& connection, ComboBox& combo, const SqlText& sql) override;
   // A typed quote is error 105, as in every statement. Too few values are a CallError.
-  std::string GetSql(const TvnVar_Dll& context, const std::string& key,
-                     const std::string& parameter) override;
+  SqlText GetSql(const TvnVar_Dll& context, const std::string& key, const NamedValues& values) override;
 };
 
 }  // namespace tarvoni::suite

@@ -14,12 +14,13 @@ constexpr int kHiddenId = 1;
 // Client 0 stands for every client.
 Recordset Payees(const TvnVar_Dll& context, const std::string& type_key, std::int32_t client) {
   const SqlText number = Number(std::int64_t{client});
-  return DatabaseOf(context).Open(
-      Compose("SELECT ID_PERSONAL,NUMMER,KURZBEZEICHNUNG,NAME FROM PERSONAL"
-              " WHERE PERSONENTYP = '{}' AND ISNULL(DISABLE,0) = 0"
-              " AND ({} = 0 OR ID_MANDANTEN IS NULL OR ID_MANDANTEN = {})"
-              " ORDER BY NUMMER",
-              Typed(type_key), number, number));
+  return DatabaseOf(context).Open(Compose(R"(
+SELECT ID_PERSONAL,NUMMER,KURZBEZEICHNUNG,NAME
+FROM PERSONAL
+WHERE PERSONENTYP = '{}' AND ISNULL(DISABLE,0) = 0
+  AND ({} = 0 OR ID_MANDANTEN IS NULL OR ID_MANDANTEN = {})
+ORDER BY NUMMER)",
+                                          Quoted(type_key), number, number));
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+
+#include "src/context/data/sql_text.h"
 #include "src/context/services/services.h"
 
 namespace tarvoni::suite {
@@ -23,5 +26,8 @@ class ReportService final : public tarvoni::ReportService {
   void PrintRows(const TvnVar_Dll& context, std::int32_t id, std::int32_t person, std::int32_t year,
                  std::int32_t month, int mode, bool& flag, Value& result) override;
 };
+
+// Asks for the wage orders with hours whose total (GESAMNT) is not what their hours are worth: order, total and worth.
+SqlText OrdersWithAnotherTotal();
 
 }  // namespace tarvoni::suite

@@ -25,9 +25,9 @@ void FilterNumberKey(int& key, const TextBox& box, const NumberMask& mask) {
 }
 
 Value FirstValue(const TvnVar_Dll& context, const std::string& column, const std::string& table,
-                 const std::string& condition) {
+                 const SqlText& condition) {
   const Recordset rows = DatabaseOf(context).Open(
-      Compose("SELECT TOP 1 {} FROM {} WHERE {}", Fragment(column), Fragment(table), Fragment(condition)));
+      Compose("SELECT TOP 1 {} FROM {} WHERE {}", Name(column), Name(table), condition));
   return rows.EndOfFile() ? Value(Null{}) : rows.Fields()[0].Value();
 }
 
@@ -55,18 +55,18 @@ std::string ValueHelper::FieldText(const std::string& column, const Recordset& r
 }
 
 std::string ValueHelper::LookupColumn(const TvnVar_Dll& context, const std::string& column,
-                                      const std::string& table, const std::string& condition) {
+                                      const std::string& table, const SqlText& condition) {
   return ToTextPlain(FirstValue(context, column, table, condition));
 }
 
 double ValueHelper::LookupColumnNumber(const TvnVar_Dll& context, const std::string& column,
-                                       const std::string& table, const std::string& condition) {
+                                       const std::string& table, const SqlText& condition) {
   return ToNumber(FirstValue(context, column, table, condition));
 }
 
-int ValueHelper::ColumnSize(const std::string& sql, const std::string& column, const TvnVar_Dll& context) {
+int ValueHelper::ColumnSize(const SqlText& sql, const std::string& column, const TvnVar_Dll& context) {
   const Recordset rows =
-      DatabaseOf(context).Open(Compose("SELECT TOP 0 {} FROM ({}) ASKED", Fragment(column), Fragment(sql)));
+      DatabaseOf(context).Open(Compose("SELECT TOP 0 {} FROM ({}) ASKED", Name(column), sql));
   return rows.Fields()[0].DefinedSize();
 }
 
@@ -92,7 +92,8 @@ void ValueHelper::FilterKeyFormat(int& key, TextBox& box, const std::string& for
 }
 
 int ValueHelper::FilterDateKey(int key, TextBox&) {
-  const bool admitted = key < kFirstPrintable || (key >= '0' && key <= '9') || key == '.' || key == '-';
+  const bool admitted =
+      key < kFirstPrintable || (key >= '0' && key <= '9') || key == '.' || key == ',' || key == '-';
   return admitted ? key : 0;
 }
 

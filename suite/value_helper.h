@@ -18,17 +18,17 @@ class ValueHelper final : public tarvoni::ValueHelper {
   std::string ToTextPlain(const Value& value) override;
   std::string FieldText(const std::string& column, const Recordset& rows) override;
   std::string LookupColumn(const TvnVar_Dll& context, const std::string& column, const std::string& table,
-                           const std::string& condition) override;
+                           const SqlText& condition) override;
   double LookupColumnNumber(const TvnVar_Dll& context, const std::string& column, const std::string& table,
-                            const std::string& condition) override;
+                            const SqlText& condition) override;
   // Reads no row. The statement must be fit to stand in brackets: no ORDER BY.
-  int ColumnSize(const std::string& sql, const std::string& column, const TvnVar_Dll& context) override;
+  int ColumnSize(const SqlText& sql, const std::string& column, const TvnVar_Dll& context) override;
   int FilterKeyOptions(int& key, bool allow_decimal, TextBox& box, bool allow_minus) override;
   // A number is shown by the format, and one never typed to its end ("-", ",") goes; any other text stays for
   // the user to mend.
   void FormatOnLeave(TextBox& box, const std::string& format) override;
   void FilterKeyFormat(int& key, TextBox& box, const std::string& format) override;
-  // Digits, points, and the hyphens of the form year-month-day.
+  // Digits, points or the keypad's commas, and the hyphens of the form year-month-day.
   int FilterDateKey(int key, TextBox& box) override;
 };
 

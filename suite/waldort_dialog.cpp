@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "src/context/data/statement.h"
+#include "src/context/rules/location_path.h"
 #include "src/context/services/environment.h"
 #include "src/context/services/toolkit.h"
 #include "src/context/values/number_text.h"
@@ -11,28 +12,20 @@
 namespace tarvoni::suite {
 namespace {
 
-constexpr int kLevels = 6;
-
-// The levels as a field shows them; a level that is missing leaves no gap.
-std::string PathOf(const Recordset& rows) {
-  std::string path = TextOf(rows.Fields()[1]);
-  for (int level = 2; level <= kLevels; ++level)
-    if (!IsNull(rows.Fields()[level].Value())) path += "/ " + TextOf(rows.Fields()[level]);
-  return path;
-}
-
 std::vector<Location> LocationsOf(const TvnVar_Dll& context, std::int32_t scope) {
   const SqlText client = Number(std::int64_t{scope});
   std::vector<Location> locations;
-  for (Recordset rows =
-           DatabaseOf(context).Open(Compose("SELECT ID_WALDORT,WO1,WO2,WO3,WO4,WO5,WO6,LANGNAME FROM WALDORT"
-                                            " WHERE ({} = 0 OR MANDANTEN_ID IS NULL OR MANDANTEN_ID = {})"
-                                            " ORDER BY WO1,WO2,WO3,WO4,WO5,WO6",
-                                            client, client));
+  for (Recordset rows = DatabaseOf(context).Open(Compose(R"(
+SELECT ID_WALDORT,WO1,WO2,WO3,WO4,WO5,WO6,LANGNAME
+FROM WALDORT
+WHERE ({} = 0 OR MANDANTEN_ID IS NULL OR MANDANTEN_ID = {})
+ORDER BY WO1,WO2,WO3,WO4,WO5,WO6)",
+                                                         client, client));
        !rows.EndOfFile(); rows.MoveNext()) {
-    locations.push_back({.id = ToInt32(TextOf(rows.Fields()[0]), CurrentLocale()),
-                         .path = PathOf(rows),
-                         .name = TextOf(rows.Fields()[kLevels + 1])});
+    const FieldList row = rows.Fields();
+    locations.push_back({.id = ToInt32(TextOf(row["ID_WALDORT"]), CurrentLocale()),
+                         .path = LocationPathOf(row, CurrentLocale()),
+                         .name = TextOf(row["LANGNAME"])});
   }
   return locations;
 }

@@ -25,7 +25,7 @@ void BuildDemo(Connection& connection, const DemoOptions& options) {
     if (options.progress) options.progress(done);
   };
   HandlerScope all_at_once(connection);
-  for (const std::string& statement : SchemaStatements()) connection.Execute(statement);
+  for (const SqlText& statement : SchemaStatements()) connection.Execute(statement);
   Enterprise enterprise(connection, options.scale);
   for (const auto& build : kMasterParts) build(enterprise);
   BuildWageOrders(enterprise, [&](double done) { report(kMasterShare + done * kWageOrderShare); });

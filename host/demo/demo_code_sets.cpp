@@ -100,10 +100,10 @@ void WriteCostTypes(Connection& connection, CodeSet& codes, int set) {
 
 void BuildCodeSets(Enterprise& enterprise) {
   Connection& connection = enterprise.connection;
-  connection.Execute(
-      "SET IDENTITY_INSERT KOSTENART ON\n"
-      "INSERT INTO KOSTENART (ID, NUMBER, NAME) VALUES (0, NULL, NULL)\n"
-      "SET IDENTITY_INSERT KOSTENART OFF");
+  connection.Execute(R"(
+SET IDENTITY_INSERT KOSTENART ON
+INSERT INTO KOSTENART (ID, NUMBER, NAME) VALUES (0, NULL, NULL)
+SET IDENTITY_INSERT KOSTENART OFF)");
   enterprise.code_sets[0].name = "FORST";
   enterprise.code_sets[1].name = "STIFT";
   for (int set = 0; set < 2; ++set) {

@@ -71,10 +71,9 @@ void BuildSettings(Enterprise& enterprise) {
   WriteOptions(connection);
   WriteMonths(connection);
   WriteTargetHours(connection);
-  connection.Execute(
-      "INSERT INTO MODELS (MODEL, STANDARD, NAME, RELATION) VALUES "
-      "('400,400,850,800,800,1100,1000,1100,1100,1000,800,800,800,800', 1, 'STANDARD', "
-      "'GRID_ARBEITSAUFTRAG')");
+  connection.Execute(R"(
+INSERT INTO MODELS (MODEL, STANDARD, NAME, RELATION)
+VALUES ('400,400,850,800,800,1100,1000,1100,1100,1000,800,800,800,800', 1, 'STANDARD', 'GRID_ARBEITSAUFTRAG'))");
 }
 
 }  // namespace tarvoni::demo

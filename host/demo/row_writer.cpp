@@ -52,7 +52,7 @@ RowWriter::~RowWriter() {
 
 void RowWriter::Write(Rows& rows) {
   if (rows.cells == 0) return;
-  connection_.Execute(head_ + rows.sql + tail_);
+  connection_.Execute(SqlText::Verbatim(head_ + rows.sql + tail_));
   rows = {};
 }
 

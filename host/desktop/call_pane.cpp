@@ -1,6 +1,7 @@
 #include "host/desktop/call_pane.h"
 
 #include <QHBoxLayout>
+#include <algorithm>
 
 #include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
@@ -10,9 +11,10 @@ namespace tarvoni::host {
 using qt::PlainCaption;
 using qt::ToQt;
 
-CallPane::CallPane(const Workplace& workplace, Call call)
+CallPane::CallPane(const Workplace& workplace, Call call, std::function<void(bool)> year_used)
     : workplace_(workplace),
       call_(std::move(call)),
+      year_used_(std::move(year_used)),
       list_(new QListWidget),
       group_(new QGroupBox),
       purpose_(new QLabel),
@@ -67,7 +69,9 @@ void CallPane::ShowMethod(int index) {
   const Method& method = Methods()[static_cast<std::size_t>(index)];
   group_->setTitle(PlainCaption(method.title));
   purpose_->setText(ToQt(method.purpose + (method.built ? "." : ".\n\nNoch nicht verfügbar.")));
-  form_ = new ArgumentForm(workplace_, FieldsOf(method.name), [this, &method] {
+  const std::vector<ArgumentField> fields = FieldsOf(method.name);
+  year_used_(std::ranges::any_of(fields, UsesForestYear));
+  form_ = new ArgumentForm(workplace_, fields, [this, &method] {
     open_->setEnabled(method.built && form_ && form_->IsComplete());
   });
   column_->insertWidget(1, form_);

@@ -16,18 +16,21 @@ namespace tarvoni::host {
 class CallPane : public QWidget {
  public:
   using Call = std::function<void(const Method&, const Arguments::Values&)>;
-  CallPane(const Workplace& workplace, Call call);
+  // `year_used` hears whether the chosen method offers rows of a forest year.
+  CallPane(const Workplace& workplace, Call call, std::function<void(bool)> year_used);
 
   void SetScope(const ChoiceScope& scope, const QString& client_name);
   // Chooses a method; Enter opens it then.
   void Choose(const Method& method);
+  // Opens what is chosen, if all is given that it needs.
+  void Open();
 
  private:
   void ShowMethod(int index);
-  void Open();
 
   const Workplace& workplace_;
   Call call_;
+  std::function<void(bool)> year_used_;
   QListWidget* list_;
   QGroupBox* group_;
   QLabel* purpose_;

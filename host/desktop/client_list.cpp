@@ -10,7 +10,8 @@ namespace tarvoni::host {
 
 using qt::ToQt;
 
-ClientList::ClientList(std::function<void()> chosen) : filter_(new QLineEdit), list_(new QTreeWidget) {
+ClientList::ClientList(std::function<void()> chosen, std::function<void()> activated)
+    : filter_(new QLineEdit), list_(new QTreeWidget) {
   list_->setHeaderLabels({"Nummer", "Mandant"});
   list_->setRootIsDecorated(false);
   list_->setUniformRowHeights(true);
@@ -21,6 +22,8 @@ ClientList::ClientList(std::function<void()> chosen) : filter_(new QLineEdit), l
   filter_->setAccessibleName("Mandanten suchen");
   connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) { Filter(text); });
   connect(list_, &QTreeWidget::currentItemChanged, this, [chosen = std::move(chosen)] { chosen(); });
+  connect(list_, &QTreeWidget::itemActivated, this, [activated = std::move(activated)] { activated(); });
+  setFocusProxy(list_);
 
   auto* const label = new QLabel("&Mandanten");
   label->setBuddy(list_);

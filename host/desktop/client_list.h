@@ -12,7 +12,8 @@ namespace tarvoni::host {
 // The clients of a database, with a filter over number and name.
 class ClientList : public QWidget {
  public:
-  explicit ClientList(std::function<void()> chosen);
+  // `chosen` hears that another client is current, `activated` that Enter or a double click goes on with him.
+  ClientList(std::function<void()> chosen, std::function<void()> activated);
 
   // `current` is the id to begin with.
   void Show(const std::vector<Client>& clients, std::int32_t current);

@@ -1,6 +1,5 @@
 #include "host/desktop/demo_maker.h"
 
-#include <QFile>
 #include <QFileDialog>
 #include <QProgressDialog>
 #include <stdexcept>
@@ -22,21 +21,18 @@ QString MakeDemoFile(QWidget* parent) {
   const QString file = QFileDialog::getSaveFileName(parent, "Musterbetrieb anlegen", "musterbetrieb.db",
                                                     "Datenbanken (*.db);;Alle Dateien (*)");
   if (file.isEmpty()) return {};
-  // The dialog has asked whether to replace the file.
-  if (QFile::exists(file) && !QFile::remove(file)) {
-    ShowError(parent, "Die Datei " + file + " lässt sich nicht ersetzen.");
-    return {};
-  }
   QProgressDialog progress("Der Musterbetrieb wird angelegt …", "&Abbrechen", 0, kSteps, parent);
   progress.setWindowTitle("Musterbetrieb");
   progress.setWindowModality(Qt::WindowModal);
   bool made = false;
   try {
     made = Reported(parent, [&] {
-      MakeDemoDatabase(qt::FromQt(file), {.scale = 1, .progress = [&progress](double done) {
-                                            progress.setValue(static_cast<int>(done * kSteps));
-                                            if (progress.wasCanceled()) throw Cancelled();
-                                          }});
+      const auto show = [&progress](double done) {
+        progress.setValue(static_cast<int>(done * kSteps));
+        if (progress.wasCanceled()) throw Cancelled();
+      };
+      // The dialog has asked whether to replace the file.
+      MakeDemoDatabase(qt::FromQt(file), {.scale = 1, .progress = show}, Existing::kReplace);
     });
   } catch (const Cancelled&) {
     return {};

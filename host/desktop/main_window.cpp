@@ -11,6 +11,7 @@
 #include <QStatusBar>
 
 #include "host/desktop/demo_maker.h"
+#include "host/desktop/enterprise_dialog.h"
 #include "host/desktop/report.h"
 #include "host/desktop/server_dialog.h"
 #include "host/desktop/settings_dialog.h"
@@ -43,7 +44,8 @@ MainWindow::MainWindow()
   toolkit_.SetOwner(this);
   start_ = new StartPage({.open_file = [this] { OpenFile(); },
                           .connect_server = [this] { ConnectServer(); },
-                          .make_demo = [this] { MakeDemo(); },
+                          .make_enterprise = [this] { OpenMade(MakeEnterpriseFile(this)); },
+                          .make_demo = [this] { OpenMade(MakeDemoFile(this)); },
                           .open = [this](const QString& database) { Open(database); }});
   pages_ = new QStackedWidget;
   pages_->addWidget(start_);
@@ -57,22 +59,26 @@ MainWindow::MainWindow()
 }
 
 QWidget* MainWindow::MakeWorkPage() {
-  clients_ = new ClientList([this] { ShowScope(); });
+  clients_ = new ClientList([this] { ShowScope(); }, [this] { calls_->Open(); });
   forest_year_ = new QLineEdit;
+  forest_year_->setObjectName("forest_year");
+  year_row_ = new QWidget;
   forest_year_->setValidator(new QIntValidator(0, kLastYear, forest_year_));
   connect(forest_year_, &QLineEdit::textChanged, this, [this] { ShowScope(); });
-  calls_ = new CallPane(workplace_, [this](const Method& method, const Arguments::Values& arguments) {
-    Call(method, arguments);
-  });
+  calls_ = new CallPane(
+      workplace_,
+      [this](const Method& method, const Arguments::Values& arguments) { Call(method, arguments); },
+      [this](bool used) { year_row_->setVisible(used); });
 
   auto* const left = new QWidget;
   left->setMinimumWidth(qt::CharactersWide(*this, kClientWidth));
   auto* const column = new QVBoxLayout(left);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(clients_);
-  auto* const row = new QFormLayout;
+  auto* const row = new QFormLayout(year_row_);
+  row->setContentsMargins(0, 0, 0, 0);
   row->addRow("Forst&jahr:", forest_year_);
-  column->addLayout(row);
+  column->addWidget(year_row_);
 
   auto* const page = new QWidget;
   auto* const splitter = new QSplitter;
@@ -90,7 +96,8 @@ void MainWindow::MakeMenus() {
   database->addAction("Ö&ffnen …", QKeySequence::Open, this, [this] { OpenFile(); });
   database->addAction("Mit &Server verbinden …", this, [this] { ConnectServer(); });
   recent_ = database->addMenu("&Zuletzt geöffnet");
-  database->addAction("&Musterbetrieb anlegen …", this, [this] { MakeDemo(); });
+  database->addAction("&Eigenen Betrieb anlegen …", this, [this] { OpenMade(MakeEnterpriseFile(this)); });
+  database->addAction("&Musterbetrieb anlegen …", this, [this] { OpenMade(MakeDemoFile(this)); });
   needs_database_ << database->addAction("S&chließen", QKeySequence::Close, this, [this] { Close(); });
   database->addSeparator();
   database->addAction("&Beenden", QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); });
@@ -116,12 +123,13 @@ void MainWindow::OpenFile() {
 }
 
 void MainWindow::ConnectServer() {
-  const QString server = AskForServer(this);
-  if (!server.isEmpty()) Open(server);
+  ConnectToServer(this, [this](const QString& server) {
+    workplace_.Open(FromQt(server));
+    Opened(server);
+  });
 }
 
-void MainWindow::MakeDemo() {
-  const QString file = MakeDemoFile(this);
+void MainWindow::OpenMade(const QString& file) {
   if (!file.isEmpty()) Open(file);
 }
 
@@ -129,10 +137,15 @@ void MainWindow::Open(const QString& database) {
   const bool server = IsServer(FromQt(database));
   const QString name = server ? database : QFileInfo(database).absoluteFilePath();
   const bool opened = Reported(this, [&] { workplace_.Open(FromQt(name)); });
-  if (opened) RememberDatabase(name);
   if (!server && !QFileInfo::exists(name)) ForgetDatabase(name);
+  if (opened) return Opened(name);
   ShowState();
-  if (opened) ShowClients();
+}
+
+void MainWindow::Opened(const QString& database) {
+  RememberDatabase(database);
+  ShowState();
+  ShowClients();
 }
 
 void MainWindow::Close() {

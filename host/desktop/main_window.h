@@ -28,11 +28,14 @@ class MainWindow : public QMainWindow {
   void Close();
 
  private:
+  // A database is open now.
+  void Opened(const QString& database);
   QWidget* MakeWorkPage();
   void MakeMenus();
   void OpenFile();
   void ConnectServer();
-  void MakeDemo();
+  // Opens a file that was made; "" is none.
+  void OpenMade(const QString& file);
   void ShowRecent();
   void ShowState();
   void ShowClients();
@@ -53,6 +56,7 @@ class MainWindow : public QMainWindow {
   StartPage* start_;
   ClientList* clients_;
   QLineEdit* forest_year_;
+  QWidget* year_row_;  // with its label; shown where the chosen Screen's arguments depend on it
   CallPane* calls_;
   QMenu* recent_ = nullptr;
   QList<QAction*> needs_database_;

@@ -1,53 +1,122 @@
 #include "host/desktop/server_dialog.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "host/desktop/settings.h"
+#include "platform/qt/public/text.h"
+
 namespace tarvoni::host {
 namespace {
+
+constexpr int kWidth = 60;  // characters
 
 // Drivers know braces only where a semicolon needs them.
 QString Braced(const QString& value) {
   return value.contains(';') ? "{" + value + "}" : value;
 }
 
+class ServerDialog : public QDialog {
+ public:
+  ServerDialog(QWidget* parent, const std::function<void(const QString&)>& connect_to)
+      : QDialog(parent), connect_to_(connect_to), fault_(new QLabel(this)) {
+    setWindowTitle("Mit einem Server verbinden");
+    auto* const form = new QFormLayout(this);
+    const ServerSettings last = ServerSettings::Load();
+    server_ = AddField(*form, "&Server:", "server", last.server);
+    database_ = AddField(*form, "&Datenbank:", "database", last.database);
+    user_ = AddField(*form, "&Benutzer:", "user", last.user);
+    password_ = AddField(*form, "&Kennwort:", "password", {});
+    password_->setEchoMode(QLineEdit::Password);
+    driver_ = AddField(*form, "&Treiber:", "driver", last.driver);
+    port_ = AddField(*form, "P&ort:", "port", last.port);
+    fault_->setObjectName("fault");
+    fault_->setTextFormat(Qt::PlainText);
+    fault_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    fault_->setWordWrap(true);
+    fault_->setMinimumWidth(fontMetrics().averageCharWidth() * kWidth);
+    fault_->hide();
+    form->addRow(fault_);
+    form->addRow(MakeButtons());
+    if (!last.server.isEmpty()) password_->setFocus();
+  }
+
+  void accept() override {
+    const bool complete = !server_->text().trimmed().isEmpty() && !database_->text().trimmed().isEmpty();
+    if (!complete) return Refuse("Server und Datenbank müssen angegeben sein.");
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QString fault;
+    try {
+      connect_to_(Connection());
+    } catch (const std::exception& error) {
+      fault = "Die Verbindung zum Server „" + server_->text().trimmed() +
+              "“ ist nicht zustande gekommen. Bitte die Angaben prüfen.\n(" + qt::ToQt(error.what()) + ")";
+    }
+    QApplication::restoreOverrideCursor();
+    if (!fault.isEmpty()) return Refuse(fault);
+    Remembered().Save();
+    QDialog::accept();
+  }
+
+ private:
+  QLineEdit* AddField(QFormLayout& form, const QString& label, const QString& name, const QString& text) {
+    auto* const edit = new QLineEdit(text, this);
+    edit->setObjectName(name);
+    form.addRow(label, edit);
+    return edit;
+  }
+
+  QDialogButtonBox* MakeButtons() {
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setText("&Verbinden");
+    buttons->button(QDialogButtonBox::Cancel)->setText("&Abbrechen");
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    return buttons;
+  }
+
+  void Refuse(const QString& fault) {
+    fault_->setText(fault);
+    fault_->show();
+    adjustSize();
+  }
+
+  ServerSettings Remembered() const {
+    return {.server = server_->text().trimmed(),
+            .database = database_->text().trimmed(),
+            .user = user_->text().trimmed(),
+            .driver = driver_->text().trimmed(),
+            .port = port_->text().trimmed()};
+  }
+
+  QString Connection() const {
+    const ServerSettings to = Remembered();
+    QString connection =
+        "odbc:Driver=" + to.driver + ";Server=" + to.server + ";Port=" + to.port + ";Database=" + to.database;
+    if (!to.user.isEmpty()) connection += ";UID=" + to.user;
+    if (!password_->text().isEmpty()) connection += ";PWD=" + Braced(password_->text());
+    return connection;
+  }
+
+  const std::function<void(const QString&)>& connect_to_;
+  QLabel* fault_;
+  QLineEdit* server_;
+  QLineEdit* database_;
+  QLineEdit* user_;
+  QLineEdit* password_;
+  QLineEdit* driver_;
+  QLineEdit* port_;
+};
+
 }  // namespace
 
-QString AskForServer(QWidget* parent) {
-  QDialog dialog(parent);
-  dialog.setWindowTitle("Mit einem Server verbinden");
-  auto* const server = new QLineEdit(&dialog);
-  auto* const database = new QLineEdit(&dialog);
-  auto* const user = new QLineEdit(&dialog);
-  auto* const password = new QLineEdit(&dialog);
-  password->setEchoMode(QLineEdit::Password);
-  auto* const driver = new QLineEdit("FreeTDS", &dialog);
-  auto* const port = new QLineEdit("1433", &dialog);
-  server->setMinimumWidth(server->fontMetrics().averageCharWidth() * 40);
-
-  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
-  buttons->button(QDialogButtonBox::Ok)->setText("&Verbinden");
-  buttons->button(QDialogButtonBox::Cancel)->setText("&Abbrechen");
-  QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
-  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-
-  auto* const form = new QFormLayout(&dialog);
-  form->addRow("&Server:", server);
-  form->addRow("&Datenbank:", database);
-  form->addRow("&Benutzer:", user);
-  form->addRow("&Kennwort:", password);
-  form->addRow("&Treiber:", driver);
-  form->addRow("P&ort:", port);
-  form->addRow(buttons);
-  if (dialog.exec() != QDialog::Accepted || server->text().trimmed().isEmpty()) return {};
-  QString connection = "odbc:Driver=" + driver->text().trimmed() + ";Server=" + server->text().trimmed() +
-                       ";Port=" + port->text().trimmed() + ";Database=" + database->text().trimmed();
-  if (!user->text().isEmpty()) connection += ";UID=" + user->text().trimmed();
-  if (!password->text().isEmpty()) connection += ";PWD=" + Braced(password->text());
-  return connection;
+void ConnectToServer(QWidget* parent, const std::function<void(const QString&)>& connect) {
+  ServerDialog(parent, connect).exec();
 }
 
 }  // namespace tarvoni::host

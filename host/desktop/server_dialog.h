@@ -2,10 +2,13 @@
 
 #include <QString>
 #include <QWidget>
+#include <functional>
 
 namespace tarvoni::host {
 
-// Asks for a connection to a server, the password apart and unseen. "odbc:…", or "" on cancel.
-QString AskForServer(QWidget* parent);
+// Asks for a connection to a server, the password apart and unseen, and tries it: `connect` gets "odbc:…" and throws
+// what failed. The dialog stays open with the reason until a connection comes about or the user gives up. All but the
+// password is remembered.
+void ConnectToServer(QWidget* parent, const std::function<void(const QString&)>& connect);
 
 }  // namespace tarvoni::host

@@ -40,6 +40,25 @@ void Settings::Fill(TvnVar_Dll& record) const {
   record.strWorkDirectory = qt::FromQt(work_directory);
 }
 
+ServerSettings ServerSettings::Load() {
+  const QSettings store = Store();
+  const ServerSettings standard;
+  return {.server = store.value("server/name").toString(),
+          .database = store.value("server/datenbank").toString(),
+          .user = store.value("server/benutzer").toString(),
+          .driver = store.value("server/treiber", standard.driver).toString(),
+          .port = store.value("server/port", standard.port).toString()};
+}
+
+void ServerSettings::Save() const {
+  QSettings store = Store();
+  store.setValue("server/name", server);
+  store.setValue("server/datenbank", database);
+  store.setValue("server/benutzer", user);
+  store.setValue("server/treiber", driver);
+  store.setValue("server/port", port);
+}
+
 QStringList RecentDatabases() {
   return Store().value(kRecent).toStringList();
 }

@@ -22,6 +22,18 @@ struct Settings {
   void Fill(TvnVar_Dll& record) const;
 };
 
+// The server connected to last, without the password.
+struct ServerSettings {
+  QString server;
+  QString database;
+  QString user;
+  QString driver = "FreeTDS";
+  QString port = "1433";
+
+  static ServerSettings Load();
+  void Save() const;
+};
+
 // The databases opened last, the latest first, at most ten. None with a password.
 QStringList RecentDatabases();
 void RememberDatabase(const QString& database);

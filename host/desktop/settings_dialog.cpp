@@ -3,7 +3,9 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -17,6 +19,24 @@ QComboBox* Choice(QWidget* parent, const std::vector<std::pair<QString, QString>
   for (const auto& [text, data] : items) box->addItem(text, data);
   box->setCurrentIndex(std::max(0, box->findData(value)));
   return box;
+}
+
+// A folder's box with a button that lets the user choose one.
+QWidget* WithChoice(QLineEdit* directory) {
+  auto* const both = new QWidget(directory->parentWidget());
+  auto* const choose = new QPushButton("&Wählen …", both);
+  choose->setAutoDefault(false);
+  auto* const line = new QHBoxLayout(both);
+  line->setContentsMargins(0, 0, 0, 0);
+  line->addWidget(directory, 1);
+  line->addWidget(choose);
+  both->setFocusProxy(directory);
+  QObject::connect(choose, &QPushButton::clicked, both, [directory] {
+    const QString folder =
+        QFileDialog::getExistingDirectory(directory, "Arbeitsordner wählen", directory->text());
+    if (!folder.isEmpty()) directory->setText(folder);
+  });
+  return both;
 }
 
 }  // namespace
@@ -44,7 +64,7 @@ bool EditSettings(QWidget* parent, Settings& settings) {
   form->addRow("&Zahlen und Daten:", locale);
   form->addRow("&Datum in Anweisungen:", date_format);
   form->addRow("&Landeswährung:", currency);
-  form->addRow("A&rbeitsordner:", directory);
+  form->addRow("A&rbeitsordner:", WithChoice(directory));
   form->addRow(buttons);
   if (dialog.exec() != QDialog::Accepted) return false;
   settings = {.locale = locale->currentData().toString(),

@@ -43,6 +43,8 @@ StartPage::StartPage(Actions actions) : actions_(std::move(actions)) {
       Link("Datenbank &öffnen", "eine Datei auf diesem Rechner oder im Netz", actions_.open_file));
   column->addWidget(
       Link("Mit &Server verbinden", "eine Datenbank auf einem Server", actions_.connect_server));
+  column->addWidget(Link("&Eigenen Betrieb anlegen", "eine neue Datei mit einem Mandanten und den Codes",
+                         actions_.make_enterprise));
   column->addWidget(
       Link("&Musterbetrieb anlegen", "ein erfundener Forstbetrieb zum Ausprobieren", actions_.make_demo));
   column->addSpacing(fontMetrics().height());

@@ -13,6 +13,7 @@ class StartPage : public QWidget {
   struct Actions {
     std::function<void()> open_file;
     std::function<void()> connect_server;
+    std::function<void()> make_enterprise;
     std::function<void()> make_demo;
     std::function<void(const QString&)> open;
   };

@@ -7,6 +7,10 @@
 
 #include "host/demo/demo.h"
 #include "host/methods.h"
+#include "host/open_database.h"
+#include "platform/sqlite/public/sqlite_database.h"
+#include "src/context/data/handler_scope.h"
+#include "src/context/data/statement.h"
 #include "src/context/values/call_error.h"
 #include "src/entry/screen_runs.h"
 #include "src/schema/schema.h"
@@ -24,7 +28,7 @@ int ScaleOf(const std::string& text) {
 
 // A sum over the rows, since a server gives them in any order.
 std::string ContentsOf(Connection& connection, const std::string& table) {
-  const auto rows = connection.Open("SELECT * FROM " + table).GetRows();
+  const auto rows = connection.Open(Compose("SELECT * FROM {}", Name(table))).GetRows();
   std::size_t sum = 0;
   for (const auto& row : rows) {
     std::string text;
@@ -37,14 +41,26 @@ std::string ContentsOf(Connection& connection, const std::string& table) {
 ScriptHooks::Values ContentsOfTables(Connection& connection) {
   constexpr std::string_view kCreate = "CREATE TABLE ";
   ScriptHooks::Values contents;
-  for (const std::string& statement : SchemaStatements()) {
+  for (const SqlText& made : SchemaStatements()) {
+    const std::string_view statement = made.Text();
     const auto start = statement.find(kCreate);
     if (start == std::string::npos) continue;
     const auto name = start + kCreate.size();
-    const std::string table = statement.substr(name, statement.find_first_of(" (", name) - name);
+    const std::string table(statement.substr(name, statement.find_first_of(" (", name) - name));
     contents[table] = ContentsOf(connection, table);
   }
   return contents;
+}
+
+// Only what is in a file can be copied.
+std::shared_ptr<Connection> Copy(Connection& connection) {
+  return IsServer(connection.ConnectionString()) ? nullptr : sqlite::CopyToMemory(connection);
+}
+
+// On a server each batch counts by itself: there is no commit that a handler's end could fail in.
+std::function<bool()> FailCommit(Connection& connection, int nth) {
+  return IsServer(connection.ConnectionString()) ? std::function<bool()>()
+                                                 : sqlite::FailCommit(connection, nth);
 }
 
 }  // namespace
@@ -57,7 +73,16 @@ ScriptHooks MakeScriptHooks() {
           .call = [](const std::string& method, const ScriptHooks::Values& arguments,
                      TvnVar_Dll& context) { return CallMethod(MethodNamed(method), arguments, context); },
           .run = RunScreen,
-          .contents = ContentsOfTables};
+          .contents = ContentsOfTables,
+          .schema =
+              [](Connection& connection) {
+                HandlerScope together(connection);
+                for (const SqlText& statement : SchemaStatements()) connection.Execute(statement);
+                together.Finish();
+              },
+          .copy = Copy,
+          .fail_commit = FailCommit,
+          .fixtures = std::make_shared<std::map<std::string, std::shared_ptr<Connection>>>()};
 }
 
 }  // namespace tarvoni::host

@@ -84,6 +84,10 @@ void HeadlessToolkit::ClickHead(DataGrid& grid, int column) {
   As([&](UserActions& user) { user.ClickHead(grid, column); });
 }
 
+void HeadlessToolkit::ResizeColumn(Grid& grid, int column, int twips) {
+  As([&](UserActions& user) { user.ResizeColumn(grid, column, twips); });
+}
+
 void HeadlessToolkit::Close(Form&) {
   As([](UserActions& user) { user.Close(); });
 }

@@ -3,6 +3,8 @@
 #include <sqlext.h>
 #include <sqlucode.h>
 
+#include <algorithm>
+
 #include "platform/odbc/driver_text.h"
 #include "platform/odbc/row_reader.h"
 
@@ -32,32 +34,44 @@ SQLRETURN Batch::Send(std::string_view text) {
 }
 
 void Batch::Run(std::string_view text, bool has_lead) {
-  bool counts = !has_lead;
+  bool is_lead = has_lead;
   SQLRETURN result = Send(text);
   do {
     const auto failure = FailureOf(result, respondent_);
     if (!failure_) failure_ = failure;
     if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA)
-      TakeResult(counts);
+      TakeResult();
     else if (EndsBatch(*failure))
       return;
-    counts = true;
+    if (is_lead) parts_.clear();
+    is_lead = false;
     result = SQLMoreResults(statement_.Get());
   } while (result != SQL_NO_DATA);
 }
 
-void Batch::TakeResult(bool counts) {
+void Batch::TakeResult() {
   SQLSMALLINT columns = 0;
   SQLNumResultCols(statement_.Get(), &columns);
   if (columns > 0) {
     RowReader reader(respondent_, columns);
     RowSet rows = reader.Read();
     if (!failure_) failure_ = reader.Failure();
-    if (counts && !rows_) rows_ = std::move(rows);
+    parts_.push_back({Recordset(std::move(rows))});
     return;
   }
   SQLLEN count = -1;
-  if (counts && SQL_SUCCEEDED(SQLRowCount(statement_.Get(), &count)) && count >= 0) affected_ = count;
+  if (SQL_SUCCEEDED(SQLRowCount(statement_.Get(), &count)) && count >= 0) parts_.push_back({{}, count});
+}
+
+long long Batch::AffectedRows() const {
+  const auto last = std::ranges::find_if(parts_.rbegin(), parts_.rend(),
+                                         [](const BatchPart& part) { return !part.rows.IsOpen(); });
+  return last == parts_.rend() ? -1 : last->affected;
+}
+
+Recordset Batch::Rows() const {
+  const auto first = std::ranges::find_if(parts_, [](const BatchPart& part) { return part.rows.IsOpen(); });
+  return first == parts_.end() ? Recordset() : first->rows;
 }
 
 }  // namespace tarvoni::odbc

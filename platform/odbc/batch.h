@@ -5,10 +5,11 @@
 #include <chrono>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "platform/odbc/diagnostics.h"
 #include "platform/odbc/handle.h"
-#include "src/context/data/recordset.h"
+#include "src/context/data/database.h"
 
 namespace tarvoni::odbc {
 
@@ -22,19 +23,20 @@ class Batch {
   void Run(std::string_view text, bool has_lead);
 
   // Of the last statement that reports a count, -1 if none does.
-  long long AffectedRows() const { return affected_; }
-  // The first result set, none if there is none.
-  std::optional<RowSet>& Rows() { return rows_; }
+  long long AffectedRows() const;
+  // The first result set, closed if there is none.
+  Recordset Rows() const;
+  // All results, in their order.
+  const std::vector<BatchPart>& Parts() const { return parts_; }
   const std::optional<Diagnostic>& Failure() const { return failure_; }
 
  private:
   SQLRETURN Send(std::string_view text);
-  void TakeResult(bool counts);
+  void TakeResult();
 
   Handle<SQL_HANDLE_STMT> statement_;
   Respondent respondent_;
-  long long affected_ = -1;
-  std::optional<RowSet> rows_;
+  std::vector<BatchPart> parts_;
   std::optional<Diagnostic> failure_;
 };
 

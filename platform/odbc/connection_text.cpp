@@ -10,6 +10,7 @@ namespace tarvoni::odbc {
 namespace {
 
 constexpr std::string_view kPrefix = "ODBC:";
+constexpr std::string_view kApplicationLock = "APPLICATIONLOCK";
 
 // Without them FreeTDS speaks an old protocol that knows no long texts, and Latin-1.
 constexpr std::pair<std::string_view, std::string_view> kFreeTdsDefaults[] = {
@@ -43,6 +44,17 @@ std::string Unbraced(std::string_view value) {
   return plain;
 }
 
+// The text without the attributes of that name.
+std::string Without(std::string_view text, std::string_view upper_name) {
+  std::string rest;
+  while (!text.empty()) {
+    const std::string_view before = text;
+    const NamedValue attribute = TakeAttribute(text);
+    if (!EqualsKeyword(attribute.name, upper_name)) rest += before.substr(0, before.size() - text.size());
+  }
+  return rest;
+}
+
 bool IsFreeTds(std::string_view text) {
   const auto driver = Attribute(text, "DRIVER");
   return driver && (ContainsKeyword(*driver, "FREETDS") || ContainsKeyword(*driver, "TDSODBC"));
@@ -67,11 +79,17 @@ std::optional<std::string> Attribute(std::string_view text, std::string_view upp
   return std::nullopt;
 }
 
+bool WantsApplicationLock(std::string_view connection_string) {
+  const auto value = Attribute(connection_string.substr(std::min(kPrefix.size(), connection_string.size())),
+                               kApplicationLock);
+  return !value || !(EqualsKeyword(*value, "NO") || EqualsKeyword(*value, "0"));
+}
+
 std::string DriverText(std::string_view connection_string) {
   if (!EqualsKeyword(connection_string.substr(0, kPrefix.size()), kPrefix))
     throw DatabaseError(kErrorConnection, "Der Verbindungstext muss mit \"odbc:\" beginnen: " +
                                               WithoutPassword(connection_string));
-  std::string text(Trimmed(connection_string.substr(kPrefix.size())));
+  std::string text = Without(Trimmed(connection_string.substr(kPrefix.size())), kApplicationLock);
   if (!IsFreeTds(text)) return text;
   for (const auto& [name, attribute] : kFreeTdsDefaults) {
     if (Attribute(text, name)) continue;

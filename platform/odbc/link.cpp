@@ -62,6 +62,10 @@ Link::Link(const std::string& driver_text, std::chrono::seconds login_timeout)
 }
 
 Link::~Link() {
+  Close();
+}
+
+void Link::Close() {
   SQLDisconnect(Get());
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/odbc/application_lock.h"
 #include "platform/odbc/connection_text.h"
 #include "platform/odbc/error_number.h"
 #include "platform/odbc/public/password.h"
@@ -32,36 +33,74 @@ std::string TimeoutText(std::chrono::seconds limit) {
 OdbcConnection::OdbcConnection(const std::string& connection_string, const OdbcOptions& options)
     : connection_string_(connection_string),
       options_(options),
-      link_(DriverText(connection_string), options.login_timeout) {
-  if (link_.Traits().dialect == Dialect::kTsqlServer) Execute(kSessionBatch);
+      link_(DriverText(connection_string), options.login_timeout),
+      uses_lock_(IsServer() && WantsApplicationLock(connection_string)) {
+  if (IsServer()) Run(kSessionBatch);
 }
 
-long long OdbcConnection::Execute(std::string_view text) {
-  return Run(text).AffectedRows();
+long long OdbcConnection::Execute(const SqlText& text) {
+  return Run(text.Text()).AffectedRows();
 }
 
-Recordset OdbcConnection::Open(std::string_view text) {
-  Batch batch = Run(text);
-  return batch.Rows() ? Recordset(std::move(*batch.Rows())) : Recordset();
+Recordset OdbcConnection::Open(const SqlText& text) {
+  return Run(text.Text()).Rows();
+}
+
+void OdbcConnection::OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) {
+  const std::string statement = WithoutPassword(text.Text());
+  const Batch batch = RunAlone(text.Text(), statement);
+  for (const BatchPart& part : batch.Parts()) take(part);
+  if (batch.Failure()) throw ErrorOf(*batch.Failure(), statement);
+}
+
+void OdbcConnection::EndHandler() {
+  if (--handlers_ == 0) GiveLockBack();
 }
 
 Batch OdbcConnection::Run(std::string_view text) {
   const std::string statement = WithoutPassword(text);
+  Batch batch = RunAlone(text, statement);
+  if (batch.Failure()) throw ErrorOf(*batch.Failure(), statement);
+  return batch;
+}
+
+Batch OdbcConnection::RunAlone(std::string_view text, const std::string& statement) {
   RequireLink(statement);
+  if (uses_lock_ && !has_lock_ && WritesTables(text)) TakeLock(statement);
+  Batch batch = RunTraced(text, statement);
+  if (handlers_ == 0) GiveLockBack();
+  return batch;
+}
+
+Batch OdbcConnection::RunTraced(std::string_view text, const std::string& statement) {
   const auto started = Instant::now();
-  const bool server = link_.Traits().dialect == Dialect::kTsqlServer;
-  const ServerBatch sent = server ? ForServer(text) : ServerBatch{std::string(text), false};
+  const ServerBatch sent = IsServer() ? ForServer(text) : ServerBatch{std::string(text), false};
+  Batch batch = Send(sent.text, sent.has_lead);
+  const int error = batch.Failure() ? ErrorOf(*batch.Failure(), statement).Number() : 0;
+  if (trace_) trace_({statement, Instant::now() - started, batch.AffectedRows(), error});
+  return batch;
+}
+
+Batch OdbcConnection::Send(std::string_view text, bool has_lead) {
   Batch batch(link_.Get(), link_.Traits().wide_text, options_.query_timeout);
-  batch.Run(sent.text, sent.has_lead);
-  TraceEvent event{statement, Instant::now() - started, batch.AffectedRows(), 0};
-  if (!batch.Failure()) {
-    if (trace_) trace_(event);
-    return batch;
-  }
-  const DatabaseError error = ErrorOf(*batch.Failure(), statement);
-  event.error_number = error.Number();
-  if (trace_) trace_(event);
-  throw error;
+  batch.Run(text, has_lead);
+  return batch;
+}
+
+void OdbcConnection::TakeLock(const std::string& statement) {
+  Batch batch = Send(TakeLockText(options_.lock_timeout));
+  if (batch.Failure()) throw ErrorOf(*batch.Failure(), statement);
+  const Recordset answer = batch.Rows();
+  has_lock_ = answer.IsOpen() && answer.RecordCount() == 1 && IsGranted(answer.Fields()[0].Value());
+  if (!has_lock_) throw DatabaseError(kErrorBusy, std::string(kLockNotGranted), 0, 0, statement);
+}
+
+// A session that cannot give the lock back must end, or nobody else could write any more; the server takes it then.
+void OdbcConnection::GiveLockBack() {
+  if (!std::exchange(has_lock_, false) || lost_) return;
+  if (!Send(kGiveLockBack).Failure()) return;
+  lost_ = true;
+  link_.Close();
 }
 
 void OdbcConnection::RequireLink(const std::string& statement) const {

@@ -13,20 +13,28 @@ class OdbcConnection : public Connection {
  public:
   OdbcConnection(const std::string& connection_string, const OdbcOptions& options);
 
-  long long Execute(std::string_view text) override;
-  Recordset Open(std::string_view text) override;
+  long long Execute(const SqlText& text) override;
+  Recordset Open(const SqlText& text) override;
+  void OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) override;
   const std::string& ConnectionString() const override { return connection_string_; }
 
   // Every statement commits by itself on a server, which is what the system expects there: nothing is held
-  // back.
-  void BeginHandler() override {}
-  void EndHandler() override {}
-  void CommitHandler() override {}
+  // back. But from its first write on a handler has the server to itself (application_lock.h).
+  void BeginHandler() override { ++handlers_; }
+  void EndHandler() override;
+  void CommitHandler() override { GiveLockBack(); }
 
   void SetTraceHook(TraceHook hook) override { trace_ = std::move(hook); }
 
  private:
+  // Throws the batch's error.
   Batch Run(std::string_view text);
+  Batch RunAlone(std::string_view text, const std::string& statement);
+  Batch RunTraced(std::string_view text, const std::string& statement);
+  Batch Send(std::string_view text, bool has_lead = false);
+  bool IsServer() const { return link_.Traits().dialect == Dialect::kTsqlServer; }
+  void TakeLock(const std::string& statement);
+  void GiveLockBack();
   void RequireLink(const std::string& statement) const;
   DatabaseError ErrorOf(const Diagnostic& diagnostic, const std::string& statement);
 
@@ -34,6 +42,9 @@ class OdbcConnection : public Connection {
   OdbcOptions options_;
   Link link_;
   bool lost_ = false;
+  bool uses_lock_ = false;
+  bool has_lock_ = false;
+  int handlers_ = 0;
   TraceHook trace_;
 };
 

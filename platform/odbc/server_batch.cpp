@@ -1,8 +1,8 @@
 #include "platform/odbc/server_batch.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
+#include <initializer_list>
 
 #include "platform/odbc/connection_text.h"
 #include "platform/odbc/keywords.h"
@@ -74,10 +74,13 @@ bool IsTemporaryName(std::string_view word) {
   return word.starts_with('#') && !word.starts_with("##");
 }
 
-bool IsWriting(std::string_view word) {
-  constexpr std::array<std::string_view, 5> kWriting = {"INSERT", "UPDATE", "DELETE", "EXEC", "EXECUTE"};
-  return std::any_of(kWriting.begin(), kWriting.end(),
+bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> keywords) {
+  return std::any_of(keywords.begin(), keywords.end(),
                      [&](auto keyword) { return EqualsKeyword(word, keyword); });
+}
+
+bool IsWriting(std::string_view word) {
+  return IsOneOf(word, {"INSERT", "UPDATE", "DELETE", "MERGE", "EXEC", "EXECUTE"});
 }
 
 // The definition of a view or a trigger has to stand first in its batch.
@@ -110,6 +113,17 @@ bool WritesSeveralTimes(std::string_view text) {
   int writes = 0;
   for (auto word = words.Next(); !word.empty() && writes < 2; word = words.Next()) writes += IsWriting(word);
   return writes == 2;
+}
+
+bool WritesTables(std::string_view text) {
+  Words words(text);
+  for (auto word = words.Next(); !word.empty(); word = words.Next()) {
+    if (!IsWriting(word)) continue;
+    auto target = words.Next();
+    while (IsOneOf(target, {"INTO", "FROM"})) target = words.Next();
+    if (!IsTemporaryName(target)) return true;
+  }
+  return false;
 }
 
 ServerBatch ForServer(std::string_view text) {

@@ -7,6 +7,8 @@
 
 #include "platform/qt/form_window.h"
 #include "platform/qt/public/text.h"
+#include "src/context/services/command_keys.h"
+#include "src/context/services/mnemonics.h"
 
 namespace tarvoni::qt {
 
@@ -25,9 +27,16 @@ QWidget* ButtonView::Widget() const {
 }
 
 void ButtonView::Show(Aspect aspect) {
-  if (aspect == Aspect::kCaption) button_->setText(ToQt(captioned_.Caption()));
+  if (aspect == Aspect::kCaption) ShowCaption();
   if (aspect == Aspect::kValue) ShowValue();
   ControlView::Show(aspect);
+}
+
+void ButtonView::ShowCaption() const {
+  button_->setText(ToQt(CaptionWithMnemonic(captioned_)));
+  const auto* const button = dynamic_cast<const Button*>(&captioned_);
+  const std::string key = button ? KeyName(button->Does()) : "";
+  if (!key.empty()) button_->setToolTip(PlainCaption(captioned_.Caption()) + " (" + ToQt(key) + ")");
 }
 
 void ButtonView::ShowValue() const {
@@ -68,7 +77,8 @@ QWidget* FrameView::Widget() const {
 
 void FrameView::Show(Aspect aspect) {
   if (aspect == Aspect::kCaption) box_->setTitle(ToQt(frame_.Caption()));
-  ControlView::Show(aspect);
+  // Each control in it shows by itself that it is closed; a closed text is still there to be read.
+  if (aspect != Aspect::kEnabled) ControlView::Show(aspect);
 }
 
 }  // namespace tarvoni::qt

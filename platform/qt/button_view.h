@@ -18,6 +18,7 @@ class ButtonView : public ControlView {
   bool Press(const QMouseEvent& event, bool twice) override;
 
  private:
+  void ShowCaption() const;
   void ShowValue() const;
 
   Captioned& captioned_;

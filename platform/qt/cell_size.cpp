@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QFrame>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -66,10 +67,13 @@ void SizeLines(QWidget& widget, int lines, int characters) {
 }
 
 void SizeTable(QWidget& table, int rows) {
-  constexpr int kFewest = 6;
+  constexpr int kFewest = 4;
   constexpr int kNarrowest = 40;
-  const int line = LinesHigh(table, 1) * 3 / 2;
-  table.setMinimumSize(CharactersWide(table, kNarrowest), line * (rows > 0 ? rows + 2 : kFewest));
+  const auto& view = static_cast<const QTableView&>(table);
+  const int bar = table.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &table);
+  const int edge = view.horizontalHeader()->sizeHint().height() + bar + 2 * view.frameWidth();
+  const int line = view.verticalHeader()->defaultSectionSize();
+  table.setMinimumSize(CharactersWide(table, kNarrowest), edge + line * (rows > 0 ? rows : kFewest));
   if (rows > 0) table.setMaximumHeight(table.minimumHeight());
 }
 

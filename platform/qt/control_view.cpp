@@ -1,9 +1,11 @@
 #include "platform/qt/control_view.h"
 
 #include <QScrollArea>
+#include <QTimer>
 
 #include "platform/qt/form_window.h"
 #include "platform/qt/keys.h"
+#include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
 #include "src/context/services/environment.h"
 
@@ -73,6 +75,12 @@ void ControlView::Lookup() {
 bool ControlView::Press(const QMouseEvent& event, bool twice) {
   RaisePress(window_, control_, event, twice);
   return true;
+}
+
+void ControlView::Flash() {
+  constexpr int kFlashTime = 200;  // milliseconds
+  PaintRefused(*Widget());
+  QTimer::singleShot(kFlashTime, Widget(), [this] { Show(Aspect::kLocked); });
 }
 
 void ControlView::Watch(QWidget* widget) {

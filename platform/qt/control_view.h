@@ -41,6 +41,12 @@ class ControlView {
   virtual bool Other(QEvent&) { return false; }
   // Ctrl released alone.
   virtual void Lookup();
+  // Shows for a moment that the control did not take what was typed.
+  void Flash();
+  // Opens the search of a list; false if there is none.
+  virtual bool Search() { return false; }
+  // Copies what the user marked in a closed control; false if it has nothing of the kind.
+  virtual bool CopyMarked() const { return false; }
   // What was typed but not yet handed on; the window asks before the user does anything else.
   virtual void Commit() {}
 

@@ -36,9 +36,11 @@ void DateView::Show(Aspect aspect) {
     edit_->setText(Shown());
     if (date_.HasFocus()) edit_->selectAll();
   }
-  if (aspect == Aspect::kEnabled) calendar_->setVisible(date_.IsEnabled());
+  const bool closes = aspect == Aspect::kEnabled || aspect == Aspect::kLocked;
+  if (closes) calendar_->setVisible(date_.IsEnabled() && !date_.Locked());
   if (aspect == Aspect::kLocked) {
-    PaintBox(*edit_, kWindowBackground, false);
+    edit_->setReadOnly(date_.Locked());
+    PaintBox(*edit_, date_.BackColor(), date_.Locked());
     calendar_->setIcon(LookupIcon(*edit_));
   }
   ControlView::Show(aspect);
@@ -53,14 +55,14 @@ void DateView::Choose(std::optional<DateTime> day) {
 void DateView::Commit() {
   if (edit_->text() == Shown()) return;
   const std::string typed = FromQt(edit_->text().trimmed());
-  const std::optional<DateTime> day = ParseDate(typed);
+  const std::optional<DateTime> day = ParseDate(typed, date_.Value());
   if (day || typed.empty()) Window().User().ChooseDate(date_, day);
   Show(Aspect::kValue);
 }
 
 void DateView::Open() {
   Window().Act([this](UserActions& user) {
-    if (!user.Focus(date_)) return;
+    if (!user.Focus(date_) || date_.Locked()) return;
     const auto day = CurrentToolkit().PickDate("Datum", date_.Value());
     if (day) user.ChooseDate(date_, day);
   });

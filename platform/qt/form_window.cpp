@@ -2,7 +2,9 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -12,21 +14,38 @@
 #include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
+namespace {
+
+// As wide as the window is, however long the sentence.
+QLabel* MakeStatusLine(QWidget* parent) {
+  auto* const line = new QLabel(parent);
+  line->setObjectName("status");
+  line->setTextFormat(Qt::PlainText);
+  line->setMargin(line->fontMetrics().height() / 4);
+  line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  return line;
+}
+
+}  // namespace
 
 FormWindow::FormWindow(Form& form, Toolkit& toolkit, QWidget* owner)
     : QDialog(nullptr, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                            Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       form_(form),
-      user_(form, toolkit) {
+      user_(form, toolkit),
+      toolkit_(toolkit),
+      status_(MakeStatusLine(this)) {
   setModal(true);
   setAttribute(Qt::WA_QuitOnClose, false);
-  setWindowTitle(ToQt(form.Caption()));
+  FormCaptionChanged();
   setObjectName(ToQt(form.Name()));
   setPalette(ReadablePalette());
   content_ = new QWidget(this);
   auto* const fill = new QVBoxLayout(this);
   fill->setContentsMargins({});
-  fill->addWidget(content_);
+  fill->setSpacing(0);
+  fill->addWidget(content_, 1);
+  fill->addWidget(status_);
   BuildLayout(form.Layout(), *this, content_);
   form_.SetObserver(this);
   PlaceOver(owner);
@@ -49,7 +68,10 @@ FormWindow::~FormWindow() {
 
 void FormWindow::PlaceOver(QWidget* owner) {
   const QScreen* const screen = owner ? owner->screen() : QGuiApplication::primaryScreen();
-  const QRect room = screen->availableGeometry();
+  // The system puts a title and an edge around it.
+  const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  const int edge = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+  const QRect room = screen->availableGeometry().marginsRemoved({edge, title, edge, edge});
   resize(sizeHint().boundedTo(room.size()));
   if (!owner) return;
   winId();
@@ -121,8 +143,13 @@ void FormWindow::ControlChanged(Control& control, Aspect aspect) {
   }
 }
 
+void FormWindow::ShowStatus(const QString& sentence) {
+  status_->setText(sentence);
+  status_->setToolTip(sentence);
+}
+
 void FormWindow::FormCaptionChanged() {
-  setWindowTitle(ToQt(form_.Caption()));
+  setWindowTitle(ToQt(toolkit_.Titled(form_.Caption(), form_)));
 }
 
 void FormWindow::FormUnloaded() {
@@ -183,8 +210,8 @@ bool FormWindow::event(QEvent* event) {
 }
 
 // Mnemonics go the user's way like any key; commands of a widget with Ctrl (copying rows) stay its own.
-bool FormWindow::TakesShortcut(QEvent& event) {
-  const bool takes = !static_cast<QKeyEvent&>(event).modifiers().testFlag(Qt::ControlModifier);
+bool FormWindow::TakesShortcut(QEvent& event) const {
+  const bool takes = reading_ || !static_cast<QKeyEvent&>(event).modifiers().testFlag(Qt::ControlModifier);
   event.setAccepted(takes);
   return takes;
 }
@@ -222,12 +249,24 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
 }
 
 bool FormWindow::KeyPressed(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Copy) && reading_ && reading_->CopyMarked()) return true;
   if (event.key() == Qt::Key_Control) {
     if (!event.isAutoRepeat()) ctrl_alone_ = !(event.modifiers() & (Qt::ShiftModifier | Qt::AltModifier));
     return true;
   }
   ctrl_alone_ = false;
   if (IsModifier(event)) return true;
+  if (event.matches(QKeySequence::Find)) {
+    for (const auto& [control, view] : views_) {
+      if (view->Search()) break;
+    }
+    return true;
+  }
+  const int code = CommandCode(event), shift = ShiftState(event.modifiers());
+  if (code != 0 && user_.IsCommand(code, shift)) {
+    Act([&](UserActions& user) { user.Key(code, shift); });
+    return true;
+  }
   if (const char32_t letter = MnemonicLetter(event)) {
     Act([&](UserActions& user) { user.Mnemonic(letter); });
     return true;

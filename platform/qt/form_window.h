@@ -14,6 +14,8 @@
 #include "platform/qt/control_view.h"
 #include "src/context/services/user_actions.h"
 
+class QLabel;
+
 namespace tarvoni::qt {
 
 // The window of one Screen while it is shown modally. All input of its widgets comes together here and goes to the
@@ -39,6 +41,7 @@ class FormWindow : public QDialog, private FormObserver {
   // Does something as the user, who first finishes what he typed.
   template <typename Action>
   void Act(Action action) {
+    reading_ = nullptr;
     Happen([&](UserActions& user) {
       CommitTyped();
       action(user);
@@ -62,6 +65,10 @@ class FormWindow : public QDialog, private FormObserver {
       Fail(std::current_exception());
     }
   }
+  // The user marks text in a closed control: Ctrl+C copies it until he does something else.
+  void Reading(ControlView& view) { reading_ = &view; }
+  // The status line; a sentence that asks for no answer.
+  void ShowStatus(const QString& sentence);
   // Ends Run with this exception.
   void Fail(std::exception_ptr failure) noexcept;
   bool Failed() const { return failure_ != nullptr; }
@@ -86,18 +93,21 @@ class FormWindow : public QDialog, private FormObserver {
   void PlaceOver(QWidget* owner);
   void ShowColors();
   bool KeyPressed(const QKeyEvent& event);
-  static bool TakesShortcut(QEvent& event);
+  bool TakesShortcut(QEvent& event) const;
   void KeyReleased(const QKeyEvent& event);
   void SetTimer(Timer& timer);
 
   Form& form_;
   UserActions user_;
+  Toolkit& toolkit_;
   QEventLoop loop_;
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   QHash<const QObject*, ControlView*> watched_;
   std::map<Timer*, QBasicTimer> timers_;
   std::exception_ptr failure_;
+  const ControlView* reading_ = nullptr;
   QWidget* content_ = nullptr;
+  QLabel* status_;
   int busy_ = 0;  // actions at work
   bool times_ = false;
   bool ctrl_alone_ = false;

@@ -12,7 +12,8 @@ TableColumn GridSource::ColumnAt(int column) const {
   return {.caption = shown.Caption(),
           .alignment = shown.Alignment(),
           .format = shown.NumberFormat(),
-          .visible = shown.Visible() && shown.Width() > 0};
+          .visible = shown.Visible() && shown.Width() > 0,
+          .sums = shown.Alignment() == Alignment::kRight};
 }
 
 Value GridSource::ValueAt(int row, int column) const {

@@ -15,6 +15,7 @@ class GridSource : public TableSource {
   TableColumn ColumnAt(int column) const override;
   std::string TextAt(int row, int column) const override { return grid_.CellText(row, column); }
   Value ValueAt(int row, int column) const override;
+  bool IsStruck(int row) const override { return data_grid_ && data_grid_->IsStruck(row); }
 
  private:
   Grid& grid_;

@@ -24,6 +24,11 @@ GridView::GridView(Grid& grid, FormWindow& window, QWidget* parent)
   view_->row_double_clicked = [this](int) {
     Window().Act([this](UserActions& user) { user.SecondClick(grid_); });
   };
+  view_->Pane().search_left = [this] {
+    const TablePane& pane = view_->Pane();
+    if (pane.ShownRow(grid_.Row(), 0) < 0) MoveTo(pane.ShownRow(-1, 1));
+    Window().Act([this](UserActions& user) { user.Focus(grid_); });
+  };
   view_->head_clicked = [this](int column) {
     auto* const data_grid = dynamic_cast<DataGrid*>(&grid_);
     if (!data_grid) return;
@@ -62,35 +67,57 @@ bool GridView::Press(const QMouseEvent& event, bool twice) {
   return ControlView::Press(event, twice);
 }
 
-bool GridView::Navigate(const QKeyEvent& event) {
+int GridView::StepOf(const QKeyEvent& event) const {
   const QTableView& table = *view_->Table();
   const int page = std::max(table.viewport()->height() / std::max(table.rowHeight(0), 1) - 1, 1);
-  const int last = grid_.RowCount() - 1;
   switch (event.key()) {
+    case Qt::Key_Up:
+      return -1;
+    case Qt::Key_Down:
+      return 1;
     case Qt::Key_Home:
-      MoveTo(0);
-      break;
+      return -grid_.RowCount();
     case Qt::Key_End:
-      MoveTo(last);
-      break;
+      return grid_.RowCount();
     case Qt::Key_PageUp:
-      MoveTo(std::max(grid_.Row() - page, 0));
-      break;
+      return -page;
     case Qt::Key_PageDown:
-      MoveTo(std::min(grid_.Row() + page, last));
-      break;
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-      table.horizontalScrollBar()->triggerAction(
-          event.key() == Qt::Key_Left ? QScrollBar::SliderSingleStepSub : QScrollBar::SliderSingleStepAdd);
-      break;
+      return page;
     default:
-      break;
+      return 0;
   }
+}
+
+// Rows that a search hides are no step; with Shift the rows passed over are marked, while the Screen follows.
+bool GridView::Key(const QKeyEvent& event) {
+  const int step = StepOf(event);
+  const bool marks = event.modifiers() == Qt::ShiftModifier;
+  const bool leaps = event.key() != Qt::Key_Up && event.key() != Qt::Key_Down;
+  if (step == 0 || event.modifiers().testFlag(Qt::ControlModifier)) return ControlView::Key(event);
+  if (!marks && !leaps && !view_->Pane().IsSearching()) return ControlView::Key(event);
+  if (leaps) ControlView::Key(event);  // the Screen hears of the key
+  if (!grid_.HasFocus()) return true;
+  const int anchor = marks ? view_->Anchor() : -1;
+  MoveTo(view_->Pane().ShownRow(grid_.Row(), step));
+  if (marks) view_->MarkFrom(anchor);
+  return true;
+}
+
+bool GridView::Search() {
+  if (!grid_.IsEnabled() || !grid_.IsVisible()) return false;
+  view_->Pane().OpenSearch();
+  return true;
+}
+
+bool GridView::Navigate(const QKeyEvent& event) {
+  if (event.key() != Qt::Key_Left && event.key() != Qt::Key_Right) return true;
+  view_->Table()->horizontalScrollBar()->triggerAction(
+      event.key() == Qt::Key_Left ? QScrollBar::SliderSingleStepSub : QScrollBar::SliderSingleStepAdd);
   return true;
 }
 
 void GridView::MoveTo(int row) {
+  if (row < 0) return;
   Window().Act([&](UserActions& user) {
     if (auto* data_grid = dynamic_cast<DataGrid*>(&grid_)) user.MoveRow(*data_grid, row);
     if (auto* flex_grid = dynamic_cast<FlexGrid*>(&grid_)) flex_grid->SetRow(row);

@@ -14,7 +14,9 @@ class GridView : public ControlView {
   QWidget* Widget() const override;
   QWidget* Target() const override;
   void Show(Aspect aspect) override;
+  bool Key(const QKeyEvent& event) override;
   bool Press(const QMouseEvent& event, bool twice) override;
+  bool Search() override;
   TableView& Rows() const { return *view_; }
 
  protected:
@@ -22,6 +24,8 @@ class GridView : public ControlView {
 
  private:
   void MoveTo(int row);
+  // How many rows a key moves; 0 for any other key.
+  int StepOf(const QKeyEvent& event) const;
 
   Grid& grid_;
   TableView* view_;

@@ -55,6 +55,11 @@ int KeyCode(const QKeyEvent& event) {
   return named == std::end(kNamed) ? 0 : named->code;
 }
 
+int CommandCode(const QKeyEvent& event) {
+  const bool letter = event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
+  return letter && event.modifiers() == Qt::ControlModifier ? event.key() : KeyCode(event);
+}
+
 int QtKey(int code) {
   if (code == kKeyCtrl) return Qt::Key_Control;
   if (code >= kKeyF1 && code <= kKeyF1 + 11) return Qt::Key_F1 + code - kKeyF1;

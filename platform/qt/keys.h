@@ -10,6 +10,8 @@ namespace tarvoni::qt {
 
 // The key code of KeyDown; 0 for a key that has none. Enter and keypad Enter are the same key.
 int KeyCode(const QKeyEvent& event);
+// As KeyCode, also for a letter with Ctrl.
+int CommandCode(const QKeyEvent& event);
 // The window system's key for a key code; 0 for a code that has none.
 int QtKey(int code);
 // 1 Shift, 2 Ctrl, 4 Alt.

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/qt/bar_layout.h"
 #include "platform/qt/cell_size.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/grid_view.h"
@@ -187,9 +188,16 @@ Piece Builder::Beside(const std::vector<Node>& nodes, std::size_t first, QWidget
 }
 
 Piece Builder::Bar(const Node& node, QWidget* parent) {
-  const Piece bar = Beside(node.children, 0, parent);
-  SizeButtons(*bar.layout);
-  return bar;
+  auto* const bar = new BarLayout;
+  for (const Node& child : node.children) {
+    if (child.kind == Kind::kGap) {
+      bar->AddGap();
+    } else if (const Piece piece = Build(child, parent)) {
+      piece.widget ? bar->addWidget(piece.widget) : bar->addItem(piece.layout);
+    }
+  }
+  SizeButtons(*bar);
+  return {.layout = bar, .wide = true};
 }
 
 Piece Builder::Stack(const std::vector<Node>& nodes, QWidget* parent) {

@@ -3,7 +3,8 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStyle>
-#include <QStyleFactory>
+
+#include "platform/qt/house_style.h"
 
 namespace tarvoni::qt {
 namespace {
@@ -25,7 +26,7 @@ QColor BoxColor(const QPalette& palette, Color color, bool locked) {
 }  // namespace
 
 void UseHouseStyle(QApplication& application) {
-  application.setStyle(QStyleFactory::create("Fusion"));
+  application.setStyle(new HouseStyle);
 }
 
 int CharactersWide(const QWidget& widget, int characters) {
@@ -48,17 +49,24 @@ QPalette ReadablePalette() {
   return palette;
 }
 
-void PaintBox(QWidget& box, Color color, bool locked) {
+void PaintBox(QWidget& box, Color color, bool locked, bool enabled) {
   const QPalette standard = QApplication::palette();
   QPalette palette = standard;
-  const QColor base = BoxColor(standard, color, locked);
+  const QColor base = BoxColor(standard, color, locked || !enabled);
   const bool own = (color & 0x80000000) == 0;
   const QColor text = own ? (base.lightness() > 127 ? Qt::black : Qt::white) : standard.color(QPalette::Text);
   palette.setColor(QPalette::Base, base);
-  palette.setColor(QPalette::Text, text);
   // What a closed field shows is there to be read.
+  const QColor faded = Mixed(text, base, 0.75);
+  palette.setColor(QPalette::Text, enabled ? text : faded);
   palette.setColor(QPalette::Disabled, QPalette::Base, own ? base : standard.color(QPalette::Window));
-  palette.setColor(QPalette::Disabled, QPalette::Text, Mixed(text, base, 0.75));
+  palette.setColor(QPalette::Disabled, QPalette::Text, faded);
+  box.setPalette(palette);
+}
+
+void PaintRefused(QWidget& box) {
+  QPalette palette = box.palette();
+  palette.setColor(QPalette::Base, Mixed(Qt::red, palette.color(QPalette::Base), 0.5));
   box.setPalette(palette);
 }
 

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <numeric>
 
 #include "platform/qt/cell_type.h"
+#include "platform/qt/public/text.h"
 #include "src/context/data/criterion.h"
 #include "src/context/values/field_text.h"
 #include "src/context/values/text.h"
@@ -29,6 +31,26 @@ bool IsNumber(FieldType type) {
   }
 }
 
+// What statements call their columns, in words. Any other name is written as a word is.
+std::string HeadOf(const std::string& column) {
+  static const std::map<std::string, const char*> kWords = {{"NUMBER", "Nummer"},
+                                                            {"NUMMER", "Nummer"},
+                                                            {"NAME", "Name"},
+                                                            {"LONG", "Bezeichnung"},
+                                                            {"SHORT", "Kurzname"},
+                                                            {"KURZNAME", "Kurzname"},
+                                                            {"LANGNAME", "Bezeichnung"},
+                                                            {"KURZBEZEICHNUNG", "Kurzbezeichnung"},
+                                                            {"BEZEICHNUNG", "Bezeichnung"},
+                                                            {"EINHEIT", "Einheit"}};
+  const std::string upper = utf8::Upper(column);
+  if (const auto word = kWords.find(upper); word != kWords.end()) return word->second;
+  if (column != upper || column.empty()) return column;
+  QString head = ToQt(column).toLower().replace('_', ' ');
+  head[0] = head[0].toUpper();
+  return FromQt(head);
+}
+
 bool IsSame(std::string_view a, std::string_view b) {
   return CompareText(utf8::Trim(a), utf8::Trim(b)) == 0;
 }
@@ -45,9 +67,12 @@ PickRows::PickRows(const PickRequest& request, const Locale& locale)
   rows_ = request.rows.Clone();
   const std::vector<Column>& columns = rows_.Columns();
   for (std::size_t i = static_cast<std::size_t>(hidden_columns_); i < columns.size(); ++i) {
-    columns_.push_back({.caption = columns[i].name,
-                        .alignment = IsNumber(columns[i].type) ? Alignment::kRight : Alignment::kLeft,
-                        .format = IsNumber(columns[i].type) ? FormatOf(static_cast<int>(i)) : ""});
+    const bool number = IsNumber(columns[i].type);
+    const std::string format = number ? FormatOf(static_cast<int>(i)) : "";
+    columns_.push_back({.caption = HeadOf(columns[i].name),
+                        .alignment = number ? Alignment::kRight : Alignment::kLeft,
+                        .format = format,
+                        .sums = !format.empty() && static_cast<int>(i) != code_column_});
   }
   sorted_.resize(rows_.RecordCount());
   std::iota(sorted_.begin(), sorted_.end(), std::size_t{0});

@@ -37,6 +37,19 @@ void SendClick(QWidget& widget, QPoint place) {
   SendMouse(widget, QEvent::MouseButtonRelease, place);
 }
 
+void SendDoubleClick(QWidget& widget, QPoint place) {
+  SendClick(widget, place);
+  SendMouse(widget, QEvent::MouseButtonDblClick, place);
+  SendMouse(widget, QEvent::MouseButtonRelease, place);
+}
+
+// The middle of a row's first cell in sight, after scrolling there.
+QPoint CellOf(QTableView& table, int row) {
+  const QModelIndex cell = table.model()->index(row, table.columnAt(2));
+  table.scrollTo(cell);
+  return table.visualRect(cell).center();
+}
+
 // A place inside that also hits the little box of a check box.
 QPoint Inside(const QWidget& widget) {
   return {std::min(8, widget.width() / 2), widget.height() / 2};
@@ -127,10 +140,12 @@ void QtDriver::Click(Control& control) {
 void QtDriver::DoubleClick(Control& control) {
   ControlView* const view = ViewOf(control);
   const bool presses = dynamic_cast<TextBox*>(&control) || dynamic_cast<Label*>(&control);
-  if (view && presses) {
-    SendClick(*view->Target(), Inside(*view->Target()));
-    SendMouse(*view->Target(), QEvent::MouseButtonDblClick, Inside(*view->Target()));
-    SendMouse(*view->Target(), QEvent::MouseButtonRelease, Inside(*view->Target()));
+  const auto* const grid = dynamic_cast<GridView*>(view);
+  if (grid && grid->Rows().Table()->currentIndex().isValid()) {
+    QTableView& table = *grid->Rows().Table();
+    SendDoubleClick(*table.viewport(), CellOf(table, table.currentIndex().row()));
+  } else if (view && presses) {
+    SendDoubleClick(*view->Target(), Inside(*view->Target()));
   } else {
     Top().Act([&](UserActions& user) { user.DoubleClick(control); });
   }
@@ -180,9 +195,7 @@ void QtDriver::ChooseTab(TabControl& tabs, int tab) {
 void QtDriver::ClickRow(Grid& grid, int row) {
   if (auto* const view = dynamic_cast<GridView*>(ViewOf(grid))) {
     QTableView& table = *view->Rows().Table();
-    const QModelIndex cell = table.model()->index(row, table.columnAt(2));
-    table.scrollTo(cell);
-    SendClick(*table.viewport(), table.visualRect(cell).center());
+    SendClick(*table.viewport(), CellOf(table, row));
   }
   Settle();
 }
@@ -193,6 +206,12 @@ void QtDriver::ClickHead(DataGrid& grid, int column) {
     SendClick(*head.viewport(),
               {head.sectionViewportPosition(column) + head.sectionSize(column) / 2, head.height() / 2});
   }
+  Settle();
+}
+
+void QtDriver::ResizeColumn(Grid& grid, int column, int twips) {
+  if (auto* const view = dynamic_cast<GridView*>(ViewOf(grid)))
+    view->Rows().Table()->setColumnWidth(column, PixelsOfTwips(twips, view->Rows()));
   Settle();
 }
 

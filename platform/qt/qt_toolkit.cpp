@@ -1,5 +1,6 @@
 #include "platform/qt/public/qt_toolkit.h"
 
+#include <QApplication>
 #include <QGuiApplication>
 #include <algorithm>
 
@@ -12,6 +13,7 @@
 #include "platform/qt/dialogs/print_preview.h"
 #include "platform/qt/dialogs/text_dialog.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/public/text.h"
 #include "src/context/services/environment.h"
 
 namespace tarvoni::qt {
@@ -65,7 +67,8 @@ void QtToolkit::DoShowModal(Form& form) {
 
 int QtToolkit::DoMessageBox(const std::string& prompt, int style, const std::string& title) {
   const UsualPointer pointer;
-  return ShowMessageBox(DialogOwner(), prompt, style, title);
+  const Form* const form = TopForm();
+  return ShowMessageBox(DialogOwner(), prompt, style, form ? Titled(title, *form) : title);
 }
 
 std::string QtToolkit::DoInputBox(const std::string& prompt, const std::string& title,
@@ -108,6 +111,16 @@ std::optional<std::string> QtToolkit::DoEditText(const TextRequest& request) {
 void QtToolkit::DoPreviewPrint(const PrintDocument& document) {
   const UsualPointer pointer;
   ShowPrintPreview(DialogOwner(), document);
+}
+
+void QtToolkit::DoTell(const std::string& sentence) {
+  if (FormWindow* const window = TopWindow()) window->ShowStatus(ToQt(sentence));
+}
+
+void QtToolkit::DoShowRefusal(Control& control) {
+  FormWindow* const window = WindowOf(control.OwnerForm());
+  if (ControlView* const view = window ? window->ViewOf(&control) : nullptr) view->Flash();
+  QApplication::beep();
 }
 
 void QtToolkit::ShowWaitPointer(bool waits) {

@@ -27,22 +27,38 @@ void AddColumn(SelectionSum& total, const TableSource& table, int column, int to
 
 std::string SelectionSum::Text(const Locale& locale) const {
   if (count < 2) return {};
-  if (!sum) return "Die Summe ist zu groß.";
+  if (!sum) return "zu groß";
   const std::size_t shown = std::max(places, PlacesOf(sum->ToShortString(), '.'));
-  return "Summe " + FormatNumber(*sum, "0." + std::string(shown, '0'), locale) + " (" +
-         std::to_string(count) + " Zahlen)";
+  return FormatNumber(*sum, "0." + std::string(shown, '0'), locale);
 }
 
-SelectionSum SumOf(const TableSource& table, const std::vector<CellRange>& cells, const Locale& locale) {
+SelectionSum SumOf(const TableSource& table, int column, const std::vector<CellRange>& cells,
+                   const Locale& locale) {
   SelectionSum total{.count = 0, .sum = Decimal(), .places = 0};
   for (const CellRange& range : cells) {
-    for (int column = range.left; column <= range.right; ++column) {
-      if (!table.ColumnAt(column).visible) continue;
-      const int bottom = std::min(range.bottom, table.RowCount() - 1);
-      AddColumn(total, table, column, range.top, bottom, locale.decimal_separator);
-    }
+    if (column < range.left || column > range.right) continue;
+    const int bottom = std::min(range.bottom, table.RowCount() - 1);
+    AddColumn(total, table, column, range.top, bottom, locale.decimal_separator);
   }
   return total;
+}
+
+std::string SumText(const TableSource& table, const std::vector<CellRange>& cells, const Locale& locale) {
+  std::vector<std::string> sums;
+  std::string one;
+  for (const int column : VisibleColumns(table)) {
+    const TableColumn shown = table.ColumnAt(column);
+    if (!shown.sums) continue;
+    const SelectionSum sum = SumOf(table, column, cells, locale);
+    const std::string text = sum.Text(locale);
+    if (text.empty()) continue;
+    one = "Summe " + text + " (" + std::to_string(sum.count) + " Zahlen)";
+    sums.push_back(shown.caption + " " + text);
+  }
+  if (sums.size() <= 1) return one;
+  std::string all = "Summen: " + sums.front();
+  for (std::size_t i = 1; i < sums.size(); ++i) all += " · " + sums[i];
+  return all;
 }
 
 }  // namespace tarvoni::qt

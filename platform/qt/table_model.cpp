@@ -1,5 +1,8 @@
 #include "platform/qt/table_model.h"
 
+#include <QApplication>
+#include <QFont>
+
 #include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
@@ -65,6 +68,11 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole) return ToQt(source_.TextAt(index.row(), index.column()));
   if (role == Qt::TextAlignmentRole) {
     return QVariant::fromValue(columns_[static_cast<std::size_t>(index.column())].alignment);
+  }
+  if (role == Qt::FontRole && source_.IsStruck(index.row())) {
+    QFont struck = QApplication::font("QTableView");
+    struck.setStrikeOut(true);
+    return struck;
   }
   return {};
 }

@@ -5,20 +5,25 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLocale>
 #include <QScreen>
 #include <QStyledItemDelegate>
 #include <QTimer>
+#include <algorithm>
 
 #include "platform/qt/file_export.h"
 #include "platform/qt/public/text.h"
+#include "platform/qt/search_text.h"
 #include "platform/qt/table_text.h"
 #include "src/context/services/environment.h"
+#include "src/context/services/toolkit.h"
 
 namespace tarvoni::qt {
 namespace {
 
 constexpr int kSampledRows = 200;
+constexpr std::size_t kPortraitColumns = 6;
 
 // Marks the whole current row: lightly, or as if all of it were chosen.
 class RowDelegate : public QStyledItemDelegate {
@@ -74,12 +79,24 @@ TablePane::TablePane(const TableSource& source, RowMark mark, QWidget* parent)
       source_(source),
       model_(new TableModel(source, this)),
       table_(MakeTable(model_, mark, this)),
+      search_(new QLineEdit(this)),
       count_(new QLabel(this)),
       sum_(new QLabel(this)) {
   count_->setObjectName("count");
   sum_->setObjectName("sum");
+  search_->setObjectName("search");
+  search_->setPlaceholderText("Suchen");
+  search_->setAccessibleName("In der Liste suchen");
+  search_->setClearButtonEnabled(true);
+  search_->hide();
+  search_->installEventFilter(this);
+  connect(search_, &QLineEdit::textChanged, this, [this] {
+    FilterRows();
+    ShowCount();
+  });
   sum_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* line = new QHBoxLayout;
+  line->addWidget(search_);
   line->addWidget(count_);
   line->addStretch();
   line->addWidget(sum_);
@@ -91,6 +108,7 @@ TablePane::TablePane(const TableSource& source, RowMark mark, QWidget* parent)
   setFocusProxy(table_);
   AddAction("&Kopieren", QKeySequence::Copy, &TablePane::CopySelection);
   AddAction("&Alles markieren", QKeySequence::SelectAll, &TablePane::SelectAll);
+  AddAction("&Drucken …", QKeySequence::Print, &TablePane::Print);
   AddAction("Als &CSV-Datei speichern …", {}, &TablePane::ExportCsv);
   AddAction("Als &Excel-Datei speichern …", {}, &TablePane::ExportXlsx);
 
@@ -103,8 +121,10 @@ TablePane::TablePane(const TableSource& source, RowMark mark, QWidget* parent)
   connect(model_, &QAbstractItemModel::dataChanged, this, soon);
   connect(model_, &QAbstractItemModel::modelReset, this, soon);
   // A tint or mark of the whole row moves with the current cell.
-  connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-          [this] { table_->viewport()->update(); });
+  connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
+    table_->viewport()->update();
+    if (serves_screen_) ShowCount();
+  });
   ShowCount();
 }
 
@@ -116,14 +136,85 @@ void TablePane::AddAction(const QString& text, const QKeySequence& keys, void (T
   table_->addAction(action);
 }
 
+void TablePane::ServeScreen() {
+  serves_screen_ = true;
+  AddAction("&Suchen …", QKeySequence::Find, &TablePane::OpenSearch);
+}
+
 void TablePane::SetTitle(const std::string& title) {
   title_ = title;
   table_->setAccessibleName(ToQt(title));
 }
 
+// A statement that finds nothing may give one row of nothing.
+bool TablePane::IsVoid() const {
+  const auto empty = [this](int column) { return source_.TextAt(0, column).empty(); };
+  return source_.RowCount() == 1 && std::ranges::all_of(VisibleColumns(source_), empty);
+}
+
 void TablePane::ShowCount() {
-  const int rows = source_.RowCount();
-  count_->setText(rows == 1 ? QString("1 Zeile") : QLocale(QLocale::German).toString(rows) + " Zeilen");
+  const QLocale german(QLocale::German);
+  const int rows = IsVoid() ? 0 : source_.RowCount();
+  const QString all = rows == 1 ? QString("1 Zeile") : german.toString(rows) + " Zeilen";
+  if (IsSearching()) {
+    int shown = 0;
+    for (int row = 0; row < rows; ++row) shown += table_->isRowHidden(row) ? 0 : 1;
+    count_->setText(german.toString(shown) + " von " + all);
+  } else if (serves_screen_ && CurrentRow() >= 0 && rows > 1) {
+    count_->setText("Zeile " + german.toString(CurrentRow() + 1) + " von " + german.toString(rows));
+  } else {
+    count_->setText(all);
+  }
+}
+
+void TablePane::OpenSearch() {
+  search_->show();
+  search_->setFocus();
+  search_->selectAll();
+}
+
+void TablePane::CloseSearch() {
+  search_->clear();
+  search_->hide();
+}
+
+void TablePane::FilterRows() {
+  const SearchQuery query(FromQt(search_->text()));
+  if (query.Empty() && !filtered_) return table_->setRowHidden(0, IsVoid());
+  filtered_ = !query.Empty();
+  const bool nothing = IsVoid();
+  const std::vector<int> columns = VisibleColumns(source_);
+  for (int row = 0; row < source_.RowCount(); ++row) {
+    SearchRow cells;
+    for (const int column : columns) {
+      if (!query.Empty()) cells.Add(source_.TextAt(row, column));
+    }
+    table_->setRowHidden(row, nothing || (!query.Empty() && query.FitOf(cells) == Fit::kNone));
+  }
+}
+
+int TablePane::ShownRow(int from, int steps) const {
+  int found = from >= 0 && !table_->isRowHidden(from) ? from : -1;
+  const int step = steps < 0 ? -1 : 1;
+  for (int row = from + step; steps != 0 && row >= 0 && row < source_.RowCount(); row += step) {
+    if (table_->isRowHidden(row)) continue;
+    found = row;
+    steps -= step;
+  }
+  return found;
+}
+
+// Escape gives the search up, Enter and the keys of the list go to what it found.
+bool TablePane::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != search_ || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  const bool goes = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Down ||
+                    key == Qt::Key_Up || key == Qt::Key_Tab;
+  if (!goes && key != Qt::Key_Escape) return QWidget::eventFilter(watched, event);
+  if (!goes) CloseSearch();
+  table_->setFocus();
+  if (search_left) search_left();
+  return true;
 }
 
 void TablePane::MakeCurrent(int row) {
@@ -155,7 +246,7 @@ std::vector<CellRange> TablePane::SelectedCells() const {
 }
 
 void TablePane::ShowSum() {
-  sum_->setText(ToQt(SumOf(source_, SelectedCells(), CurrentLocale()).Text(CurrentLocale())));
+  sum_->setText(ToQt(SumText(source_, SelectedCells(), CurrentLocale())));
 }
 
 void TablePane::Copy() const {
@@ -163,6 +254,23 @@ void TablePane::Copy() const {
   if (cells.empty() && CurrentRow() >= 0)
     cells = {{CurrentRow(), 0, CurrentRow(), source_.ColumnCount() - 1}};
   if (!cells.empty()) QGuiApplication::clipboard()->setText(ToQt(ClipboardText(source_, cells)));
+}
+
+void TablePane::Print() {
+  PrintDocument document;
+  document.title = title_;
+  const std::vector<int> columns = VisibleColumns(source_);
+  for (const int column : columns) {
+    const TableColumn shown = source_.ColumnAt(column);
+    document.columns.push_back({shown.caption, shown.alignment});
+  }
+  for (int row = 0; row < source_.RowCount(); ++row) {
+    if (table_->isRowHidden(row)) continue;
+    auto& cells = document.rows.emplace_back();
+    for (const int column : columns) cells.push_back(source_.TextAt(row, column));
+  }
+  document.landscape = columns.size() > kPortraitColumns;
+  CurrentToolkit().PreviewPrint(document);
 }
 
 void TablePane::ExportCsv() {

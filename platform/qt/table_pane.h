@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QTableView>
 #include <QWidget>
+#include <functional>
 #include <string>
 
 #include "platform/qt/selection_sum.h"
@@ -25,7 +27,17 @@ class TablePane : public QWidget {
   void SetTitle(const std::string& title);
   // Replaces "12 Zeilen".
   void SetCountText(const QString& text) { count_->setText(text); }
+  // "12 Zeilen", "Zeile 3 von 12", or while something is searched "4 von 12 Zeilen".
   void ShowCount();
+  // A list of a Screen, not of a dialog that chooses: it tells the current row's number and can be searched.
+  void ServeScreen();
+  // Shows the line to type what is searched; rows that do not answer it are hidden.
+  void OpenSearch();
+  // Hides the rows again that do not answer what is searched, after rows changed.
+  void FilterRows();
+  // The row `steps` shown rows away, or the last on the way; -1 if none is shown.
+  int ShownRow(int from, int steps) const;
+  bool IsSearching() const { return !search_->text().isEmpty(); }
 
   void MakeCurrent(int row);
   int CurrentRow() const { return table_->currentIndex().isValid() ? table_->currentIndex().row() : -1; }
@@ -37,6 +49,17 @@ class TablePane : public QWidget {
   // Asks for the file, writes it, and tells what failed.
   void ExportCsv();
   void ExportXlsx();
+  // The rows that are shown, through the preview.
+  void Print();
+  // The table holds no more than one row in which nothing stands.
+  bool IsVoid() const;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ public:
+  // Called when the user is done with searching and goes back to the table.
+  std::function<void()> search_left;
 
  private:
   void AddAction(const QString& text, const QKeySequence& keys, void (TablePane::*act)());
@@ -44,13 +67,17 @@ class TablePane : public QWidget {
   void SelectAll() { table_->selectAll(); }
   void ShowSum();
   std::vector<CellRange> SelectedCells() const;
+  void CloseSearch();
 
   const TableSource& source_;
   TableModel* model_;
   QTableView* table_;
+  QLineEdit* search_;
   QLabel* count_;
   QLabel* sum_;
   std::string title_;
+  bool serves_screen_ = false;
+  bool filtered_ = false;
 };
 
 }  // namespace tarvoni::qt

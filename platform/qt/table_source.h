@@ -13,6 +13,7 @@ struct TableColumn {
   Alignment alignment = Alignment::kLeft;
   std::string format = {};  // of numbers and dates, as FieldText takes it
   bool visible = true;
+  bool sums = true;  // holds amounts, whose sum means something
 };
 
 // A table as it stands on the screen: cells as the user reads them, and what they are. Rows and columns from 0.
@@ -24,6 +25,8 @@ class TableSource {
   virtual TableColumn ColumnAt(int column) const = 0;
   virtual std::string TextAt(int row, int column) const = 0;
   virtual Value ValueAt(int row, int column) const = 0;
+  // The row counts no more and is struck through.
+  virtual bool IsStruck(int /*row*/) const { return false; }
 };
 
 // A block of cells, both ends included.

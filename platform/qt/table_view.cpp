@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "src/context/controls/data_control.h"
+
 namespace tarvoni::qt {
 namespace {
 
@@ -44,6 +46,9 @@ TableView::TableView(Grid& grid, QWidget* parent)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(pane_);
   setFocusProxy(Table());
+  Table()->horizontalHeader()->setSortIndicatorShown(true);
+  Table()->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  pane_->ServeScreen();
   Connect();
   ShowColumns();
   ShowRows();
@@ -116,12 +121,34 @@ void TableView::ShowColumns() {
 void TableView::ShowRows() {
   const Raised showing(showing_);
   pane_->Model().RowsChanged();
+  pane_->FilterRows();
   pane_->ShowCount();
+  ShowOrder();
+}
+
+// The arrow in the head of the column the user sorted by.
+void TableView::ShowOrder() {
+  const auto* const data_grid = dynamic_cast<const DataGrid*>(&grid_);
+  const auto order = data_grid && data_grid->Data() ? data_grid->Data()->Order() : std::nullopt;
+  const bool downward = order && order->direction == SortOrder::kDescending;
+  Table()->horizontalHeader()->setSortIndicator(order ? order->column : -1,
+                                                downward ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void TableView::MarkFrom(int anchor) {
+  const Raised showing(showing_);
+  const int row = pane_->CurrentRow(), last = source_.ColumnCount() - 1;
+  if (anchor < 0 || row < 0 || last < 0) return;
+  const QAbstractItemModel& model = *Table()->model();
+  Table()->selectionModel()->select({model.index(anchor, 0), model.index(row, last)},
+                                    QItemSelectionModel::ClearAndSelect);
+  anchor_row_ = anchor;
 }
 
 void TableView::ShowRow() {
   const Raised showing(showing_);
   reported_row_ = grid_.Row();
+  anchor_row_ = -1;
   if (reported_row_ == pane_->CurrentRow()) return;
   if (reported_row_ < 0) return Table()->selectionModel()->clear();
   pane_->MakeCurrent(reported_row_);

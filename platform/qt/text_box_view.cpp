@@ -26,11 +26,16 @@ void TextBoxView::Show(Aspect aspect) {
     case Aspect::kSelection:
       return ShowSelection();
     case Aspect::kLocked:
-      SetReadOnly(box_.Locked());
-      return PaintBox(*Widget(), box_.BackColor(), box_.Locked());
+    case Aspect::kEnabled:
+      return ShowClosed();
     default:
       return ControlView::Show(aspect);
   }
+}
+
+void TextBoxView::ShowClosed() {
+  SetReadOnly(IsClosed());
+  PaintBox(*Widget(), box_.BackColor(), box_.Locked(), box_.IsEnabled());
 }
 
 void TextBoxView::ShowText() {
@@ -132,6 +137,12 @@ bool TextBoxView::EditorCommand(const QKeyEvent& event) {
   return true;
 }
 
+bool TextBoxView::CopyMarked() const {
+  const bool marked = box_.SelLength() > 0;
+  if (marked) Copy();
+  return marked;
+}
+
 void TextBoxView::Copy() const {
   if (box_.SelLength() > 0) QGuiApplication::clipboard()->setText(ToQt(box_.SelText()));
 }
@@ -148,6 +159,10 @@ void TextBoxView::Insert(const QString& text) {
 }
 
 bool TextBoxView::Press(const QMouseEvent& event, bool twice) {
+  if (!box_.IsEnabled()) {
+    Window().Reading(*this);
+    return false;
+  }
   const bool had_focus = box_.HasFocus();
   if (event.button() == Qt::MiddleButton) {
     if (QClipboard* const clips = QGuiApplication::clipboard(); clips->supportsSelection())

@@ -21,6 +21,7 @@ class TextBoxView : public ControlView {
   bool Press(const QMouseEvent& event, bool twice) override;
   bool Release(const QMouseEvent& event) override;
   bool Other(QEvent& event) override;
+  bool CopyMarked() const override;
 
  protected:
   struct Selection {
@@ -48,6 +49,9 @@ class TextBoxView : public ControlView {
  private:
   // The text as an editor holds it.
   QString Shown() const;
+  // Locked, or closed with its frame: read-only, so that it still scrolls and its text can be copied.
+  bool IsClosed() const { return box_.Locked() || !box_.IsEnabled(); }
+  void ShowClosed();
   void ShowText();
   void ShowSelection();
   bool EditorCommand(const QKeyEvent& event);

@@ -11,6 +11,7 @@ namespace tarvoni::qt {
 LineView::LineView(TextBox& box, FormWindow& window, QWidget* parent)
     : TextBoxView(box, window), edit_(new QLineEdit(parent)) {
   edit_->setFocusPolicy(Qt::TabFocus);
+  if (box.Takes() == Entry::kDecimal) edit_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   QObject::connect(edit_, &QLineEdit::textChanged, edit_, [this] { EditorTextChanged(); });
   QObject::connect(edit_, &QLineEdit::selectionChanged, edit_, [this] { EditorSelectionChanged(); });
   QObject::connect(edit_, &QLineEdit::cursorPositionChanged, edit_, [this] { EditorSelectionChanged(); });

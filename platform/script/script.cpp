@@ -1,6 +1,7 @@
 #include "platform/script/public/script.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <utility>
@@ -12,6 +13,22 @@ namespace {
 
 [[noreturn]] void Fail(const std::string& file, int line, const std::string& text) {
   throw ScriptFailure(file + ":" + std::to_string(line) + ": " + text);
+}
+
+// Deeper than anyone nests files on purpose.
+constexpr int kDeepest = 20;
+
+std::string ReadFile(const std::string& file) {
+  std::error_code ignored;
+  std::ifstream in(file, std::ios::binary);
+  if (!in || std::filesystem::is_directory(file, ignored))
+    throw ScriptFailure(file + ": Die Datei kann nicht gelesen werden.");
+  std::ostringstream text;
+  text << in.rdbuf();
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  std::string content = text.str();
+  if (content.starts_with(kByteOrderMark)) content.erase(0, kByteOrderMark.size());
+  return content;
 }
 
 std::vector<std::string> SplitLines(std::string_view text) {
@@ -57,7 +74,11 @@ bool TakesStatement(const std::vector<std::string>& words) {
                            : words.size() == 2 && words[0] == "expect" && words[1] == "sql";
 }
 
-void ReadWords(const std::string& file, ScriptLine& line) {
+bool IsUnordered(const std::vector<std::string>& words) {
+  return words.size() == 2 && words[0] == "expect" && words[1] == "unordered";
+}
+
+void ReadWords(ScriptLine& line) {
   const std::string_view text = line.raw;
   for (std::size_t at = 0; (at = text.find_first_not_of(" \t", at)) != std::string_view::npos;) {
     const bool statement =
@@ -69,44 +90,75 @@ void ReadWords(const std::string& file, ScriptLine& line) {
       return;
     }
     if (!ReadWord(text, at, line.words.emplace_back())) {
-      Fail(file, line.number, "Das Anführungszeichen wird nicht geschlossen.");
+      Fail(line.file, line.number, "Das Anführungszeichen wird nicht geschlossen.");
+    }
+    if (IsUnordered(line.words)) {
+      line.unordered = true;
+      line.words.pop_back();
+      line.starts.pop_back();
     }
   }
 }
 
 class Reader {
  public:
-  explicit Reader(Script& script) : script_(script) {}
+  Reader(std::string file, const std::vector<std::string>& lines, int depth)
+      : file_(std::move(file)), lines_(lines), depth_(depth) {}
 
-  void Read() {
-    while (next_ < script_.lines.size()) {
+  std::vector<ScriptLine> Read() {
+    while (next_ < lines_.size()) {
       ScriptLine line;
-      line.raw = script_.lines[next_++];
+      line.file = file_;
+      line.raw = lines_[next_++];
       line.number = static_cast<int>(next_);
-      ReadWords(script_.file, line);
+      ReadWords(line);
       if (line.words.empty()) {
         ReadRemark(line.raw);
         continue;
       }
       line.remark = std::exchange(remark_, {});
-      if (line.words[0].starts_with('|'))
-        Fail(script_.file, line.number, "Diese Zeile gehört zu keiner Erwartung.");
+      if (line.words[0].starts_with('|')) Fail(line, "Diese Zeile gehört zu keiner Erwartung.");
       ReadText(line);
       ReadBlock(line);
-      script_.commands.push_back(std::move(line));
+      Take(std::move(line));
     }
+    return std::move(commands_);
   }
 
  private:
+  [[noreturn]] static void Fail(const ScriptLine& line, const std::string& text) {
+    tarvoni::Fail(line.file, line.number, text);
+  }
+
+  void Take(ScriptLine line) {
+    std::vector<ScriptLine> inside;
+    if (line.words.size() == 2 && (line.Is("include") || line.Is("fixture"))) inside = ReadNamed(line);
+    line.inside = inside.size();
+    commands_.push_back(std::move(line));
+    std::ranges::move(inside, std::back_inserter(commands_));
+  }
+
+  // The commands of the file that a line names.
+  std::vector<ScriptLine> ReadNamed(const ScriptLine& line) const {
+    if (depth_ == kDeepest) Fail(line, "Die Dateien binden einander ohne Ende ein.");
+    const std::string file = (std::filesystem::path(file_).parent_path() / line.words[1]).string();
+    std::string text;
+    try {
+      text = ReadFile(file);
+    } catch (const ScriptFailure& failure) {
+      Fail(line, failure.Text());
+    }
+    return Reader(file, SplitLines(text), depth_ + 1).Read();
+  }
+
   void ReadText(ScriptLine& line) {
     std::string& last = line.words.back();
     if (!last.starts_with("<<") || last.size() == 2) return;
     const std::string end = last.substr(2);
     last.clear();
     for (bool first = true;; first = false) {
-      if (next_ == script_.lines.size())
-        Fail(script_.file, line.number, "Der Text endet nicht mit " + end + ".");
-      const std::string& text = script_.lines[next_++];
+      if (next_ == lines_.size()) Fail(line, "Der Text endet nicht mit " + end + ".");
+      const std::string& text = lines_[next_++];
       if (utf8::Trim(text) == end) return;
       last.append(first ? "" : "\n").append(text);
     }
@@ -122,14 +174,17 @@ class Reader {
 
   void ReadBlock(ScriptLine& line) {
     line.block_start = static_cast<int>(next_) + 1;
-    while (next_ < script_.lines.size() && utf8::Trim(script_.lines[next_]).starts_with('|')) {
-      line.block.push_back(script_.lines[next_++]);
+    while (next_ < lines_.size() && utf8::Trim(lines_[next_]).starts_with('|')) {
+      line.block.push_back(lines_[next_++]);
     }
   }
 
-  Script& script_;
+  std::string file_;
+  const std::vector<std::string>& lines_;
+  int depth_;
   std::size_t next_ = 0;
   std::string remark_;
+  std::vector<ScriptLine> commands_;
 };
 
 std::string Escaped(std::string_view cell) {
@@ -155,16 +210,12 @@ std::string ScriptLine::TextFrom(std::size_t index) const {
 
 Script Script::Parse(std::string file, std::string_view text) {
   Script script{.file = std::move(file), .lines = SplitLines(text), .commands = {}};
-  Reader(script).Read();
+  script.commands = Reader(script.file, script.lines, 0).Read();
   return script;
 }
 
 Script Script::Load(const std::string& file) {
-  std::ifstream in(file, std::ios::binary);
-  if (!in) throw ScriptFailure(file + ": Die Datei kann nicht gelesen werden.");
-  std::ostringstream text;
-  text << in.rdbuf();
-  return Parse(file, text.str());
+  return Parse(file, ReadFile(file));
 }
 
 std::vector<std::string> SplitCells(std::string_view line) {

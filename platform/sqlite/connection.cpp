@@ -16,13 +16,19 @@ SqliteConnection::~SqliteConnection() {
   }
 }
 
-long long SqliteConnection::Execute(std::string_view text) {
-  return Run(text, false).affected;
+long long SqliteConnection::Execute(const SqlText& text) {
+  return Run(text.Text(), Wanted::kNone).affected;
 }
 
-Recordset SqliteConnection::Open(std::string_view text) {
-  auto result = Run(text, true);
+Recordset SqliteConnection::Open(const SqlText& text) {
+  auto result = Run(text.Text(), Wanted::kFirstRows);
   return result.rows ? Recordset(std::move(*result.rows)) : Recordset();
+}
+
+void SqliteConnection::OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) {
+  const auto result = RunTraced(text.Text(), Wanted::kAll);
+  for (const BatchPart& part : result.parts) take(part);
+  if (result.error) throw DatabaseError(*result.error);
 }
 
 void SqliteConnection::BeginHandler() {
@@ -36,21 +42,26 @@ void SqliteConnection::EndHandler() {
   database_->EndHandler();
 }
 
-BatchResult SqliteConnection::Run(std::string_view text, bool wants_rows) {
-  const auto start = std::chrono::steady_clock::now();
-  auto result = RunBatch(text, wants_rows);
-  if (trace_) {
-    const auto elapsed = std::chrono::steady_clock::now() - start;
-    trace_({text, elapsed, result.affected, result.error ? result.error->Number() : 0});
-  }
+BatchResult SqliteConnection::Run(std::string_view text, Wanted wanted) {
+  auto result = RunTraced(text, wanted);
   if (result.error) throw DatabaseError(*result.error);
   return result;
 }
 
-BatchResult SqliteConnection::RunBatch(std::string_view text, bool wants_rows) {
+BatchResult SqliteConnection::RunTraced(std::string_view text, Wanted wanted) {
+  const auto start = std::chrono::steady_clock::now();
+  auto result = RunBatch(text, wanted);
+  if (trace_) {
+    const auto elapsed = std::chrono::steady_clock::now() - start;
+    trace_({text, elapsed, result.affected, result.error ? result.error->Number() : 0});
+  }
+  return result;
+}
+
+BatchResult SqliteConnection::RunBatch(std::string_view text, Wanted wanted) {
   BatchResult result;
   try {
-    result = Executor(*database_, session_, text, wants_rows).Run();
+    result = Executor(*database_, session_, text, wanted).Run();
   } catch (const tsql::Error& error) {
     result.error = ErrorOf(error, text);
   }

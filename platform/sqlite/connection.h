@@ -16,8 +16,9 @@ class SqliteConnection : public Connection {
   explicit SqliteConnection(std::shared_ptr<Database> database) : database_(std::move(database)) {}
   ~SqliteConnection() override;
 
-  long long Execute(std::string_view text) override;
-  Recordset Open(std::string_view text) override;
+  long long Execute(const SqlText& text) override;
+  Recordset Open(const SqlText& text) override;
+  void OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) override;
   const std::string& ConnectionString() const override { return database_->Name(); }
   void BeginHandler() override;
   void EndHandler() override;
@@ -25,10 +26,13 @@ class SqliteConnection : public Connection {
   void SetTraceHook(TraceHook hook) override { trace_ = std::move(hook); }
 
   Database& Shared() { return *database_; }
+  const std::shared_ptr<Database>& SharedOwner() const { return database_; }
 
  private:
-  BatchResult Run(std::string_view text, bool wants_rows);
-  BatchResult RunBatch(std::string_view text, bool wants_rows);
+  // Throws the batch's error.
+  BatchResult Run(std::string_view text, Wanted wanted);
+  BatchResult RunTraced(std::string_view text, Wanted wanted);
+  BatchResult RunBatch(std::string_view text, Wanted wanted);
 
   std::shared_ptr<Database> database_;
   Session session_;

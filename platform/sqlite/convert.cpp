@@ -6,6 +6,7 @@
 
 #include "platform/sqlite/number_text.h"
 #include "platform/sqlite/server_error.h"
+#include "platform/sqlite/utf8_text.h"
 #include "platform/sqlite/whole.h"
 
 namespace tarvoni::sqlite {
@@ -82,15 +83,13 @@ struct Binder {
   }
 };
 
-std::int64_t WholeOf(sqlite3_stmt* statement, int column, TypeKind kind) {
-  if (sqlite3_column_type(statement, column) != SQLITE_INTEGER) RaiseOverflow(kind);
-  return sqlite3_column_int64(statement, column);
+bool IsWhole(sqlite3_stmt* statement, int column) {
+  return sqlite3_column_type(statement, column) == SQLITE_INTEGER;
 }
 
-Int128 ExactOf(sqlite3_stmt* statement, int column, TypeKind kind) {
-  const bool wide = sqlite3_column_type(statement, column) == SQLITE_BLOB &&
-                    sqlite3_column_bytes(statement, column) == static_cast<int>(WideExact().size());
-  return wide ? DecodeWide(sqlite3_column_blob(statement, column)) : WholeOf(statement, column, kind);
+bool IsWide(sqlite3_stmt* statement, int column) {
+  return sqlite3_column_type(statement, column) == SQLITE_BLOB &&
+         sqlite3_column_bytes(statement, column) == static_cast<int>(WideExact().size());
 }
 
 double FloatOf(sqlite3_stmt* statement, int column) {
@@ -104,10 +103,54 @@ std::string_view TextOf(sqlite3_stmt* statement, int column) {
   return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
 }
 
-DateTime DateOf(std::string_view text) {
-  const auto date = DateTime::FromIso(text);
-  if (!date) Raise(kDateSyntax);
-  return *date;
+// SQLite gives a REAL where its integers overflow; in a column that is read as it stands it is damage.
+Value Damaged(sqlite3_stmt* statement, int column, TypeKind kind) {
+  const bool calculated = sqlite3_column_origin_name(statement, column) == nullptr;
+  if (calculated && sqlite3_column_type(statement, column) == SQLITE_FLOAT) RaiseOverflow(kind);
+  return std::string(kDamagedMark) + ShownCell(statement, column);
+}
+
+Value WholeOf(sqlite3_stmt* statement, int column, TypeKind kind) {
+  if (!IsWhole(statement, column)) return Damaged(statement, column, kind);
+  const std::int64_t number = sqlite3_column_int64(statement, column);
+  if (kind == TypeKind::kBit) return number != 0;
+  return number;
+}
+
+Value ExactOf(sqlite3_stmt* statement, int column, const Type& type) {
+  if (IsWhole(statement, column)) return Decimal(sqlite3_column_int64(statement, column), type.scale);
+  if (!IsWide(statement, column)) return Damaged(statement, column, type.kind);
+  return Decimal(DecodeWide(sqlite3_column_blob(statement, column)), type.scale);
+}
+
+Value FloatOf(sqlite3_stmt* statement, int column) {
+  const int found = sqlite3_column_type(statement, column);
+  const double number = sqlite3_column_double(statement, column);
+  if ((found == SQLITE_FLOAT || found == SQLITE_INTEGER) && std::isfinite(number)) return number;
+  return std::string(kDamagedMark) + ShownCell(statement, column);
+}
+
+Value DateOf(sqlite3_stmt* statement, int column) {
+  const auto date = DateTime::FromIso(TextOf(statement, column));
+  return date ? Value(*date) : Damaged(statement, column, TypeKind::kDateTime);
+}
+
+Value PlainTextOf(sqlite3_stmt* statement, int column) {
+  const bool sound =
+      sqlite3_column_type(statement, column) != SQLITE_BLOB && IsUtf8(TextOf(statement, column));
+  return sound ? Value(std::string(TextOf(statement, column)))
+               : Damaged(statement, column, TypeKind::kVarChar);
+}
+
+std::string HexDigits(std::string_view bytes) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string text = "0x";
+  for (const char byte : bytes) {
+    const auto value = static_cast<unsigned char>(byte);
+    text += kDigits[value >> 4];
+    text += kDigits[value & 15];
+  }
+  return text;
 }
 
 }  // namespace
@@ -136,7 +179,6 @@ Value FromStored(sqlite3_stmt* statement, int column, const Type& type) {
   if (sqlite3_column_type(statement, column) == SQLITE_NULL) return Null{};
   switch (type.kind) {
     case TypeKind::kBit:
-      return WholeOf(statement, column, type.kind) != 0;
     case TypeKind::kTinyInt:
     case TypeKind::kSmallInt:
     case TypeKind::kInt:
@@ -144,14 +186,21 @@ Value FromStored(sqlite3_stmt* statement, int column, const Type& type) {
       return WholeOf(statement, column, type.kind);
     case TypeKind::kDecimal:
     case TypeKind::kMoney:
-      return Decimal(ExactOf(statement, column, type.kind), type.scale);
+      return ExactOf(statement, column, type);
     case TypeKind::kFloat:
       return FloatOf(statement, column);
     case TypeKind::kDateTime:
-      return DateOf(TextOf(statement, column));
+      return DateOf(statement, column);
     default:
-      return std::string(TextOf(statement, column));
+      return PlainTextOf(statement, column);
   }
+}
+
+std::string ShownCell(sqlite3_stmt* statement, int column) {
+  if (sqlite3_column_type(statement, column) != SQLITE_BLOB)
+    return WithoutBrokenBytes(TextOf(statement, column));
+  const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+  return HexDigits({bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))});
 }
 
 FieldType FieldTypeOf(const Type& type) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "platform/sqlite/date_text.h"
@@ -22,8 +23,12 @@ StoredValue LiteralToStored(const tsql::LiteralToken& literal, const tsql::Type&
 // Gives SQLite's result code; SQLite keeps a copy of the value.
 int BindStored(sqlite3_stmt* statement, int parameter, const StoredValue& value);
 
-// A cell of the current row. A REAL where an exact value or a whole number is due is error 8115.
+// A cell of the current row. What no value of the type can be comes as a text: as it stands, behind a mark. A
+// REAL where an exact value or a whole number was calculated is error 8115.
 Value FromStored(sqlite3_stmt* statement, int column, const tsql::Type& type);
+inline constexpr std::string_view kDamagedMark = "⚠ ";
+// What a cell of the current row holds, as far as it can be shown.
+std::string ShownCell(sqlite3_stmt* statement, int column);
 
 FieldType FieldTypeOf(const tsql::Type& type);
 // Characters of a text, else 0.

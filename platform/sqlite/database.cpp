@@ -9,10 +9,7 @@ DatabaseError NothingKept(const DatabaseError& error) {
   return {error.Number(), std::string(error.what()) + " Von diesem Vorgang wurde nichts gespeichert."};
 }
 
-// SQLite 3.38 to 3.40 take a text's length into their Bloom filters' hashes: texts that are equal under a collation
-// but differ in length ('Nord' and 'nord ') then miss each other in a join.
 void SwitchOffBloomFilters(sqlite3* db) {
-  constexpr int kBloomFilter = 0x00080000;  // SQLITE_BloomFilter in SQLite's own sources
   sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, db, kBloomFilter);
 }
 
@@ -29,7 +26,7 @@ Database::Database(std::string name, const std::string& path, int flags, const O
   // Reads all definitions: a damaged file shows here, before anything could be written to it.
   handle_.QueryInteger("SELECT COUNT(*) FROM sqlite_schema");
   if (!options.read_only) handle_.QueryInteger("PRAGMA journal_mode = DELETE");
-  handle_.Execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON; PRAGMA temp_store = MEMORY;");
+  handle_.Execute("PRAGMA synchronous = EXTRA; PRAGMA foreign_keys = ON; PRAGMA temp_store = MEMORY;");
   begin_ = Statement(handle_, "BEGIN IMMEDIATE", Statement::Use::kOften);
   commit_ = Statement(handle_, "COMMIT", Statement::Use::kOften);
   InstallIdentityHooks();

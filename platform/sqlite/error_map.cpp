@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 namespace tarvoni::sqlite {
 namespace {
@@ -39,6 +40,23 @@ DatabaseError ConstraintError(int code, std::string_view message) {
   }
 }
 
+// SQLite's own words for its limits.
+std::string GermanReason(std::string_view message) {
+  static constexpr std::pair<std::string_view, const char*> kReasons[] = {
+      {"too many terms in compound SELECT", "sie verbindet zu viele Abfragen mit UNION"},
+      {"Expression tree is too large", "ein Ausdruck ist zu tief geschachtelt"},
+      {"parser stack overflow", "sie ist zu tief geschachtelt"},
+      {"too many columns", "sie hat zu viele Spalten"},
+      {"tables in a join", "sie verbindet mehr als 64 Tabellen"},
+      {"too many SQL variables", "sie enthält zu viele Werte"},
+      {"too many arguments", "ein Aufruf hat zu viele Werte"},
+  };
+  for (const auto& [words, german] : kReasons) {
+    if (Contains(message, words)) return german;
+  }
+  return "„" + std::string(message) + "“";
+}
+
 // SQLite has one code for all that is wrong with a statement; only the message tells them apart.
 DatabaseError StatementError(std::string_view message) {
   if (message == "parser stack overflow" || message.starts_with("Expression tree is too large"))
@@ -52,14 +70,21 @@ DatabaseError StatementError(std::string_view message) {
   if (Contains(message, "already exists") || Contains(message, "there is already"))
     return {2714, "There is already an object of that name in the database (" + std::string(message) + ")."};
   return {kErrorNotSupported,
-          "Die eingebettete Datenbank lehnt die Anweisung ab: " + std::string(message) + "."};
+          "Die eingebettete Datenbank lehnt die Anweisung ab: " + GermanReason(message) + "."};
 }
+
+constexpr const char* kMustBeFinished =
+    "Ein Vorgang wurde mittendrin abgebrochen, und die Datei steht noch im Zwischenstand. Bitte die "
+    "Datenbank "
+    "einmal mit Schreibrecht öffnen; dabei wird er zurückgenommen.";
 
 }  // namespace
 
 DatabaseError ErrorOf(int extended_code, std::string_view message) {
   switch (extended_code & 0xff) {
     case SQLITE_CONSTRAINT:
+      // Only a test refuses a commit (FailCommit).
+      if (extended_code == SQLITE_CONSTRAINT_COMMITHOOK) return ErrorOf(SQLITE_FULL, message);
       return ConstraintError(extended_code, message);
     case SQLITE_ERROR:
     case SQLITE_SCHEMA:
@@ -73,6 +98,9 @@ DatabaseError ErrorOf(int extended_code, std::string_view message) {
       return {kErrorBusy,
               "Ein anderes Programm hält die Datenbank gerade fest. Bitte gleich noch einmal versuchen."};
     case SQLITE_READONLY:
+      if (extended_code == SQLITE_READONLY_ROLLBACK || extended_code == SQLITE_READONLY_RECOVERY)
+        return {kErrorReadOnly, kMustBeFinished};
+      [[fallthrough]];
     case SQLITE_PERM:
       return {kErrorReadOnly, "Die Datenbank oder ihr Ordner ist schreibgeschützt."};
     case SQLITE_CORRUPT:
@@ -80,9 +108,17 @@ DatabaseError ErrorOf(int extended_code, std::string_view message) {
       return {kErrorDamaged, "Die Datei ist beschädigt oder keine Datenbank."};
     case SQLITE_TOOBIG:
       return {kErrorNotSupported, "Der Text oder die Anweisung ist zu lang für die eingebettete Datenbank."};
+    case SQLITE_CANTOPEN:
+      return {kErrorConnection, "Die Datenbankdatei oder eine Datei daneben lässt sich nicht öffnen."};
+    case SQLITE_NOMEM:
+      return {kErrorConnection, "Der Arbeitsspeicher reicht nicht."};
+    case SQLITE_IOERR:
+      return {kErrorConnection,
+              "Der Datenträger der Datenbank meldet beim Lesen oder Schreiben einen Fehler (" +
+                  std::to_string(extended_code) + ")."};
     default:
       return {kErrorConnection, "Die Datenbankdatei lässt sich nicht öffnen, lesen oder schreiben (" +
-                                    std::string(message) + ", " + std::to_string(extended_code) + ")."};
+                                    std::to_string(extended_code) + ")."};
   }
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/sqlite/error_map.h"
+#include "platform/sqlite/file_check.h"
 #include "platform/sqlite/rewrite.h"
 #include "platform/sqlite/table_changes.h"
 #include "platform/tsql/public/parser.h"
@@ -21,8 +22,8 @@ StoredValue Now() {
 
 }  // namespace
 
-Executor::Executor(Database& database, Session& session, std::string_view text, bool wants_rows)
-    : database_(database), session_(session), text_(text), lexed_(tsql::Lex(text)), wants_rows_(wants_rows) {
+Executor::Executor(Database& database, Session& session, std::string_view text, Wanted wanted)
+    : database_(database), session_(session), text_(text), lexed_(tsql::Lex(text)), wanted_(wanted) {
   database.File().Functions().date_format = session.date_format;
 }
 
@@ -88,8 +89,8 @@ std::size_t Executor::RunStep() {
 
 // Keeps the error and tells where the batch goes on.
 std::size_t Executor::Recover(const DatabaseError& error) {
-  NoticeForeignChanges();
   KeepError(database_.NoteFailure(error));
+  NoticeForeignChanges();
   stopped_ = EndsBatch(error.Number());
   const auto* condition = std::get_if<tsql::ConditionStep>(&plan_->Plan().steps[index_].action);
   return condition != nullptr ? static_cast<std::size_t>(condition->otherwise) : index_ + 1;
@@ -98,22 +99,34 @@ std::size_t Executor::Recover(const DatabaseError& error) {
 void Executor::KeepError(const DatabaseError& error) {
   if (result_.error) return;
   const auto at = plan_->PositionOf(index_, lexed_);
-  result_.error.emplace(error.Number(), error.what(), at.line, at.column, std::string(text_));
+  result_.error.emplace(error.Number(), WordsOf(error), at.line, at.column, std::string(text_));
+}
+
+// A function that met a value that cannot be does not know where it stands.
+std::string Executor::WordsOf(const DatabaseError& error) {
+  if (error.Number() != kErrorDamaged || !database_.File().Functions().error) return error.what();
+  std::vector<std::string> names;
+  for (const tsql::Token& token : lexed_.tokens) {
+    if (token.kind == tsql::TokenKind::kName) names.emplace_back(token.text);
+  }
+  const auto cells = CellProblems(database_.File(), database_.Tables(), names, 1);
+  return cells.empty() ? error.what() : std::string(error.what()) + " " + cells.front();
 }
 
 std::size_t Executor::Do(const tsql::QueryStep& step) {
   Statement& statement = Bound(step.sql);
   const StatementScope scope(statement);
-  if (wants_rows_ && !result_.rows) {
-    ReadRows(step, statement);
-  } else {
+  if (wanted_ == Wanted::kAll)
+    result_.parts.push_back({Recordset(ReadRows(step, statement))});
+  else if (wanted_ == Wanted::kFirstRows && !result_.rows)
+    result_.rows = ReadRows(step, statement);
+  else
     statement.Run();
-    RequireSameTables(statement);
-  }
+  RequireSameTables(statement);
   return index_ + 1;
 }
 
-void Executor::ReadRows(const tsql::QueryStep& step, Statement& statement) {
+RowSet Executor::ReadRows(const tsql::QueryStep& step, Statement& statement) {
   RowSet rows;
   rows.columns.reserve(step.columns.size());
   for (const auto& column : step.columns) {
@@ -127,14 +140,13 @@ void Executor::ReadRows(const tsql::QueryStep& step, Statement& statement) {
       rows.cells.push_back(FromStored(statement.Raw(), i, step.columns[static_cast<std::size_t>(i)].type));
     }
   }
-  result_.rows = std::move(rows);
+  return rows;
 }
 
 std::size_t Executor::Do(const tsql::WriteStep& step) {
   const bool temporary = plan_->IsTemporary(step.table);
   if (!temporary) BeginWrite();
-  const long long affected = Write(step);
-  if (!session_.nocount) result_.affected = affected;
+  KeepCount(Write(step));
   if (!session_.identity_insert.empty()) NoteExplicitIdentity(step.table);
   return index_ + 1;
 }
@@ -152,6 +164,11 @@ long long Executor::Write(const tsql::WriteStep& step) {
   PreparedParts parts(database_.File(), step.rewrite->rows);
   BindWhole(rows, step.rewrite->rows, parts);
   return RewriteRows(database_.File(), rows, *step.rewrite);
+}
+
+void Executor::KeepCount(long long affected) {
+  result_.affected = affected;
+  if (wanted_ == Wanted::kAll && !session_.nocount) result_.parts.push_back({{}, affected});
 }
 
 void Executor::NoteExplicitIdentity(const std::string& table) {

@@ -8,7 +8,7 @@
 #include "platform/sqlite/convert.h"
 #include "platform/sqlite/database.h"
 #include "platform/tsql/public/compile.h"
-#include "src/context/data/recordset.h"
+#include "src/context/data/database.h"
 
 namespace tarvoni::sqlite {
 
@@ -19,8 +19,12 @@ struct Session {
   std::string identity_insert;  // a table's name, or empty
 };
 
+// Which of a batch's results are read; the others are only gone through, for their errors.
+enum class Wanted { kNone, kFirstRows, kAll };
+
 struct BatchResult {
-  std::optional<RowSet> rows;  // the first result set
+  std::optional<RowSet> rows;    // the first result set
+  std::vector<BatchPart> parts;  // all results, where they are wanted
   long long affected = -1;
   std::optional<DatabaseError> error;  // the first one
 };
@@ -28,8 +32,7 @@ struct BatchResult {
 // Runs one batch.
 class Executor {
  public:
-  // `wants_rows`: otherwise rows are only gone through, for their errors.
-  Executor(Database& database, Session& session, std::string_view text, bool wants_rows);
+  Executor(Database& database, Session& session, std::string_view text, Wanted wanted);
 
   // Throws tsql::Error for what is refused before anything runs.
   BatchResult Run();
@@ -48,6 +51,7 @@ class Executor {
   std::size_t RunStep();
   std::size_t Recover(const DatabaseError& error);
   void KeepError(const DatabaseError& error);
+  std::string WordsOf(const DatabaseError& error);
 
   std::size_t Do(const tsql::QueryStep& step);
   std::size_t Do(const tsql::WriteStep& step);
@@ -66,7 +70,8 @@ class Executor {
   Statement& Bound(const tsql::Sql& sql);
   void Bind(Statement& statement, const tsql::Sql& sql);
   void BindWhole(Statement& statement, const tsql::Sql& sql, PreparedParts& parts);
-  void ReadRows(const tsql::QueryStep& step, Statement& statement);
+  RowSet ReadRows(const tsql::QueryStep& step, Statement& statement);
+  void KeepCount(long long affected);
   void RequireSameTables(Statement& statement);
   void NoticeForeignChanges();
   void BeginWrite();
@@ -77,7 +82,7 @@ class Executor {
   Session& session_;
   std::string_view text_;
   tsql::LexedBatch lexed_;
-  bool wants_rows_;
+  Wanted wanted_;
   std::string suffix_;
 
   BatchResult result_;

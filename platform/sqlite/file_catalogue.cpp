@@ -43,8 +43,9 @@ const std::vector<std::string>& FileCatalogue::Names() const {
   version_ = Version();
   Statement query(handle_,
                   "SELECT name FROM main.sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' "
-                  "ESCAPE '\\' AND name <> ?1");
+                  "ESCAPE '\\' AND name NOT IN (?1, ?2)");
   query.BindText(1, tsql::kIdentityTable);
+  query.BindText(2, tsql::kMarkTable);
   std::vector<std::string> names;
   while (query.Step()) names.push_back(query.Text(0));
   return names_.emplace(std::move(names));

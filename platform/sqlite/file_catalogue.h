@@ -20,6 +20,9 @@ class FileCatalogue : public tsql::Catalogue {
 
   std::shared_ptr<const tsql::TableDefinition> FindTable(std::string_view name) const override;
 
+  // The tables of T-SQL in the file, in the order they were made.
+  const std::vector<std::string>& Names() const;
+
   // Forgets what was read.
   void Clear();
   // Forgets what was read if the file's tables have changed since, by this or another process, and tells so.
@@ -29,7 +32,6 @@ class FileCatalogue : public tsql::Catalogue {
   using TablePtr = std::shared_ptr<const tsql::TableDefinition>;
 
   std::int64_t Version() const { return handle_.QueryInteger("PRAGMA main.schema_version"); }
-  const std::vector<std::string>& Names() const;
   TablePtr Load(const std::string& name) const;
   void LoadColumns(tsql::TableDefinition& table) const;
   void LoadKeys(tsql::TableDefinition& table, const std::vector<int>& primary) const;

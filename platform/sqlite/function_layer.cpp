@@ -6,6 +6,20 @@ namespace tarvoni::sqlite {
 
 using tsql::TypeKind;
 
+namespace {
+
+// Which cell it is only a look at the tables can tell.
+[[noreturn]] void RaiseDamaged() {
+  Raise(kErrorDamaged, "In der Datenbank steht ein Wert, den es nicht geben kann.");
+}
+
+[[noreturn]] void RaiseNotExact(sqlite3_value* value, TypeKind kind) {
+  if (sqlite3_value_type(value) == SQLITE_FLOAT) RaiseOverflow(kind);
+  RaiseDamaged();
+}
+
+}  // namespace
+
 template <>
 Raw ReadArgument(sqlite3_value* value) {
   return value;
@@ -13,7 +27,7 @@ Raw ReadArgument(sqlite3_value* value) {
 
 template <>
 std::int64_t ReadArgument(sqlite3_value* value) {
-  if (sqlite3_value_type(value) != SQLITE_INTEGER) RaiseOverflow(TypeKind::kBigInt);
+  if (sqlite3_value_type(value) != SQLITE_INTEGER) RaiseNotExact(value, TypeKind::kBigInt);
   return sqlite3_value_int64(value);
 }
 
@@ -42,7 +56,7 @@ Int128 ReadArgument(sqlite3_value* value) {
   const bool wide = sqlite3_value_type(value) == SQLITE_BLOB &&
                     sqlite3_value_bytes(value) == static_cast<int>(WideExact().size());
   if (wide) return DecodeWide(sqlite3_value_blob(value));
-  if (sqlite3_value_type(value) != SQLITE_INTEGER) RaiseOverflow(TypeKind::kDecimal);
+  if (sqlite3_value_type(value) != SQLITE_INTEGER) RaiseNotExact(value, TypeKind::kDecimal);
   return sqlite3_value_int64(value);
 }
 
@@ -56,7 +70,7 @@ std::string_view ReadArgument(sqlite3_value* value) {
 template <>
 DateTime ReadArgument(sqlite3_value* value) {
   const auto date = DateTime::FromIso(ReadArgument<std::string_view>(value));
-  if (!date) Raise(kDateSyntax);
+  if (!date) RaiseDamaged();
   return *date;
 }
 

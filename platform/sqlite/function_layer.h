@@ -32,7 +32,8 @@ inline constexpr int kPure = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUO
 // Depends on, or changes, more than its arguments.
 inline constexpr int kImpure = SQLITE_UTF8;
 
-// An argument's value. A REAL where an exact value or a whole number is due is an overflow.
+// An argument's value. A REAL where an exact value or a whole number is due is an overflow; anything else that no
+// value of the type can be is kErrorDamaged.
 template <typename T>
 T ReadArgument(sqlite3_value* value);
 

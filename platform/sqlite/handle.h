@@ -10,6 +10,11 @@
 
 namespace tarvoni::sqlite {
 
+// An optimization that no statement may use: SQLite 3.38 to 3.40 take a text's length into their Bloom filters'
+// hashes, so that texts that are equal under a collation but differ in length ('Nord' and 'nord ') miss each other
+// in a join. SQLITE_BloomFilter in SQLite's own sources.
+inline constexpr int kBloomFilter = 0x00080000;
+
 // An open SQLite file that knows the functions and the collation of T-SQL. What fails in it throws
 // DatabaseError.
 class Handle {

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "platform/sqlite/connection.h"
+#include "platform/sqlite/public/system_reason.h"
 
 namespace tarvoni::sqlite {
 namespace {
@@ -49,9 +50,12 @@ bool IsWritable(const fs::path& path) {
 
 void CheckFile(const fs::path& path, const OpenOptions& options) {
   const std::string shown = "„" + path.string() + "“";
-  if (fs::is_directory(path))
+  const fs::file_status status = fs::status(path);
+  if (fs::is_directory(status))
     throw DatabaseError(kErrorConnection, shown + " ist ein Ordner, keine Datenbank.");
-  if (!fs::exists(path)) {
+  if (fs::exists(status) && !fs::is_regular_file(status))
+    throw DatabaseError(kErrorConnection, shown + " ist keine gewöhnliche Datei, also keine Datenbank.");
+  if (!fs::exists(status)) {
     if (!options.create) throw DatabaseError(kErrorConnection, "Die Datenbank " + shown + " gibt es nicht.");
     if (!fs::is_directory(path.parent_path())) {
       throw DatabaseError(kErrorConnection, "Den Ordner der Datenbank " + shown + " gibt es nicht.");
@@ -64,6 +68,17 @@ void CheckFile(const fs::path& path, const OpenOptions& options) {
   }
 }
 
+// What a killed program left half done only a program that may write can undo; one that only reads has it done
+// before.
+void FinishForReading(const fs::path& path) {
+  std::error_code ignored;
+  if (!fs::exists(path.string() + "-journal", ignored) || !IsWritable(path) ||
+      !IsWritable(path.parent_path()))
+    return;
+  Handle handle(path.string(), SQLITE_OPEN_READWRITE, std::chrono::seconds(5));
+  handle.QueryInteger("SELECT COUNT(*) FROM sqlite_schema");
+}
+
 std::shared_ptr<Database> OpenFile(const fs::path& path, const OpenOptions& options) {
   const std::string key = (options.read_only ? "r:" : "w:") + path.string();
   if (auto open = FindOpen(key)) {
@@ -74,6 +89,7 @@ std::shared_ptr<Database> OpenFile(const fs::path& path, const OpenOptions& opti
   const int flags = options.read_only ? SQLITE_OPEN_READONLY
                                       : SQLITE_OPEN_READWRITE | (options.create ? SQLITE_OPEN_CREATE : 0);
   try {
+    if (options.read_only) FinishForReading(path);
     auto database = std::make_shared<Database>(path.string(), path.string(), flags, options);
     OpenDatabases()[key] = database;
     return database;
@@ -92,8 +108,9 @@ std::shared_ptr<Connection> OpenDatabase(const std::string& connection_string, c
     const fs::path path = fs::weakly_canonical(fs::absolute(connection_string));
     return std::make_shared<SqliteConnection>(OpenFile(path, options));
   } catch (const std::system_error& error) {
-    throw DatabaseError(kErrorConnection, "Die Datenbank „" + connection_string +
-                                              "“ lässt sich nicht öffnen: " + error.code().message() + ".");
+    throw DatabaseError(kErrorConnection,
+                        "Die Datenbank „" + connection_string +
+                            "“ lässt sich nicht öffnen: " + SystemReason(error.code().value()) + ".");
   }
 }
 

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "platform/sqlite/error_map.h"
+#include "platform/sqlite/lineage.h"
 #include "platform/sqlite/savepoint.h"
 
 namespace tarvoni::sqlite {
@@ -26,6 +27,7 @@ void CreateTable(Database& database, const tsql::CreateTableStep& step) {
   Savepoint savepoint(database.File(), "table_change");
   for (const std::string& sql : step.sql) database.File().Execute(sql);
   database.Identities().Note(step.table);
+  LayDownMark(database.File());
   savepoint.Keep();
   database.TablesChanged();
 }

@@ -12,6 +12,14 @@ bool BeginsCharacter(char c) {
   return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
 }
 
+// The bytes of the first character; 0 when it is none.
+std::size_t SizeOfFirst(std::string_view text) {
+  utf8proc_int32_t code = 0;
+  const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
+  const auto size = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &code);
+  return size > 0 ? static_cast<std::size_t>(size) : 0;
+}
+
 // Maps the first character of `text` onto the end of `mapped`; a byte that is no character stays.
 template <typename Map>
 void MapOne(std::string_view& text, std::string& mapped, Map map) {
@@ -78,6 +86,24 @@ std::string_view LastCharacters(std::string_view text, std::size_t count) {
     if (BeginsCharacter(text[--begin])) --count;
   }
   return text.substr(begin);
+}
+
+bool IsUtf8(std::string_view text) {
+  if (std::ranges::none_of(text, [](char c) { return (c & 0x80) != 0; })) return true;
+  for (; !text.empty(); text.remove_prefix(SizeOfFirst(text))) {
+    if (SizeOfFirst(text) == 0) return false;
+  }
+  return true;
+}
+
+std::string WithoutBrokenBytes(std::string_view text) {
+  std::string sound;
+  while (!text.empty()) {
+    const std::size_t size = SizeOfFirst(text);
+    sound += size == 0 ? std::string_view("\uFFFD") : text.substr(0, size);
+    text.remove_prefix(std::max<std::size_t>(size, 1));
+  }
+  return sound;
 }
 
 std::string_view WithoutTrailingBlanks(std::string_view text) {

@@ -12,6 +12,10 @@ std::size_t CountCharacters(std::string_view text);
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 std::string_view LastCharacters(std::string_view text, std::size_t count);
 
+bool IsUtf8(std::string_view text);
+// With U+FFFD in place of each byte that belongs to no character.
+std::string WithoutBrokenBytes(std::string_view text);
+
 std::string_view WithoutTrailingBlanks(std::string_view text);
 std::string_view WithoutLeadingBlanks(std::string_view text);
 

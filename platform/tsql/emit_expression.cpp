@@ -64,7 +64,8 @@ int LevelsOf(const BoundExpression& expression) {
       std::holds_alternative<BoundConvert>(node) || std::holds_alternative<BoundArithmetic>(node) ||
       std::holds_alternative<BoundNegate>(node))
     return kArguments;
-  const bool leaf = std::holds_alternative<BoundColumn>(node) || std::holds_alternative<BoundParameter>(node) ||
+  const bool leaf = std::holds_alternative<BoundColumn>(node) ||
+                    std::holds_alternative<BoundParameter>(node) ||
                     std::holds_alternative<BoundConstant>(node) || std::holds_alternative<BoundNow>(node) ||
                     std::holds_alternative<BoundAggregate>(node);
   return leaf ? 0 : kBrackets;

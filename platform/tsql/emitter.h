@@ -137,8 +137,8 @@ class Emitter {
   };
   PartScope* part_ = nullptr;  // of the part that is written
   int queries_ = 0;            // around the current place, in this text
-  int depth_ = 0;  // queries around the current place, back to the one in front it belongs to
-  bool in_full_ = false;  // inside an operand of a FULL JOIN
+  int depth_ = 0;              // queries around the current place, back to the one in front it belongs to
+  bool in_full_ = false;       // inside an operand of a FULL JOIN
   // What is written in the place of a CASE that is taken apart, and the conditions of the branch.
   std::vector<std::pair<const BoundExpression*, const BoundExpression*>> standing_;
   std::vector<std::pair<const BoundExpression*, const BoundExpression*>> path_;

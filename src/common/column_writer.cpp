@@ -42,8 +42,8 @@ void ColumnWriter::Flag(std::string_view column, bool flag) const {
 }
 
 void ColumnWriter::Write(std::string_view column, const SqlText& value) const {
-  DbOf(context_).Execute(Compose("UPDATE {} SET {} = {} WHERE {} = {}", Fragment(table_),
-                                 Fragment(std::string(column)), value, Fragment(key_column_), Id(key_)));
+  ExecuteOnRow(DbOf(context_), Compose("UPDATE {} SET {} = {} WHERE {} = {}", Name(table_), Name(column),
+                                       value, Name(key_column_), Id(key_)));
 }
 
 }  // namespace tarvoni

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "src/context/controls/form.h"
+#include "src/context/data/column_key.h"
 
 namespace tarvoni {
 
@@ -13,20 +14,22 @@ class CurrentRow {
  public:
   explicit CurrentRow(const DataControl& data) : rows_(data.Recordset()) {}
 
-  bool IsNull(std::string_view column) const;
+  bool IsNull(const ColumnKey& column) const;
   // "" for NULL; numbers and dates by the format.
-  std::string Text(std::string_view column, std::string_view format = {}) const;
+  std::string Text(const ColumnKey& column, std::string_view format = {}) const;
   // A key or count; 0 for NULL.
-  std::int32_t Number(std::string_view column) const;
+  std::int32_t Number(const ColumnKey& column) const;
+  // A BIT, or a number that is 0 for no; false for NULL.
+  bool Flag(const ColumnKey& column) const;
 
-  void Show(std::string_view column, TextBox& box, std::string_view format = {}) const;
+  void Show(const ColumnKey& column, TextBox& box, std::string_view format = {}) const;
   // A code with the id behind it as Tag, and its name in the companion box if there is one.
-  void ShowCode(std::string_view id_column, std::string_view code_column, TextBox& code) const;
-  void ShowCode(std::string_view id_column, std::string_view code_column, std::string_view name_column,
+  void ShowCode(const ColumnKey& id_column, const ColumnKey& code_column, TextBox& code) const;
+  void ShowCode(const ColumnKey& id_column, const ColumnKey& code_column, const ColumnKey& name_column,
                 ControlArray<TextBox, 2>& pair) const;
 
  private:
-  Value At(std::string_view column) const;
+  Value At(const ColumnKey& column) const;
 
   const BoundRecordset& rows_;
 };

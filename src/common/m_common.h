@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "src/context/controls/form.h"
+#include "src/context/data/named_value.h"
+#include "src/context/data/sql_text.h"
 #include "src/context/data/tvn_var_dll.h"
 
 // The routines that every Screen calls. Only TypedKeyFilter, SafeSetFocus, GetIdByNumberText and
@@ -29,8 +31,9 @@ std::string GetOptionText(const std::string& propertyId, Connection& conn);
 
 // Selects the whole text of the topmost Screen's active text or combo box.
 void SelectActiveText();
-// Locked boxes leave the tab order and take the face colour, which FocusNextEditableTextBox reads.
-void SetTextBoxLocked(bool locked, TextBox& box);
+// Locked boxes leave the tab order and take the face colour, which FocusNextEditableTextBox reads. The same locks a
+// combo box or a date.
+void SetTextBoxLocked(bool locked, InputControl& box);
 // Gives the focus to an enabled control; that it cannot take it is no error.
 void SafeSetFocus(Control& control);
 // The focus goes to the next open text box in tab order; stays at the last one.
@@ -40,7 +43,7 @@ void FindComboText(ComboBox& combo, const std::string& text);
 // Chooses the first item with this number; none for 0, the choice stays if no item has it.
 void FindComboItemData(ComboBox& combo, std::int32_t value);
 // Adds the statement's rows.
-void FillComboFromSql(Connection& conn, ComboBox& combo, const std::string& sql);
+void FillComboFromSql(Connection& conn, ComboBox& combo, const SqlText& sql);
 
 // --- key filters: the key to keep, 0 for a refused one ---
 
@@ -55,10 +58,10 @@ int KeyFilterOptions(int& keyAscii, bool allowDecimal, TextBox& box, bool allowM
 
 // --- codes and names ---
 
-// The statement of the catalogue; values in `parameter` are parted by tabs.
-std::string GetNamedSql(const TvnVar_Dll& ctx, const std::string& key, const std::string& parameter);
+// The statement of the catalogue.
+SqlText GetNamedSql(const TvnVar_Dll& ctx, const std::string& key, const NamedValues& values);
 // Boxes may be null; see NamedFieldValidator::Validate.
-bool ValidateNamedField(const TvnVar_Dll& ctx, bool reportMissing, const std::string& sql, TextBox* first,
+bool ValidateNamedField(const TvnVar_Dll& ctx, bool reportMissing, const SqlText& sql, TextBox* first,
                         TextBox* second, const std::string& nameColumn, TextBox* third,
                         const std::string& extra);
 // The code of a row, "" for none and for the code 0.
@@ -70,8 +73,7 @@ std::string GetPersonalColumn(const std::string& column, std::int32_t idPersonal
 std::int32_t GetIdByNumberText(const std::string& table, const std::string& number, std::int32_t idPersonal,
                                Connection& conn);
 std::int32_t GetIdByNumberFiltered(const std::string& table, const std::string& number,
-                                   std::int32_t idPersonal, Connection& conn,
-                                   const std::string& extraCondition);
+                                   std::int32_t idPersonal, Connection& conn, const SqlText& extraCondition);
 // The path of a forest location and its long name; an unknown one sets `id` to 0 and gives "".
 std::string GetWaldortText(std::int32_t& id, const TvnVar_Dll& ctx, bool noLongName);
 // The numbers of the cost types under a label, joined with ", ".

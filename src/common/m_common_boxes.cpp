@@ -27,7 +27,7 @@ void SelectActiveText() {
   if (auto* combo = dynamic_cast<ComboBox*>(active)) combo->SelectAll();
 }
 
-void SetTextBoxLocked(bool locked, TextBox& box) {
+void SetTextBoxLocked(bool locked, InputControl& box) {
   box.SetLocked(locked);
   box.SetTabStop(!locked);
   box.SetBackColor(locked ? kButtonFace : kWindowBackground);
@@ -69,7 +69,7 @@ void FindComboItemData(ComboBox& combo, std::int32_t value) {
   }
 }
 
-void FillComboFromSql(Connection& conn, ComboBox& combo, const std::string& sql) {
+void FillComboFromSql(Connection& conn, ComboBox& combo, const SqlText& sql) {
   CurrentSuite().NamedSql().FillCombo(conn, combo, sql);
 }
 

@@ -24,13 +24,13 @@ std::string ActiveText() {
   return {};
 }
 
-// Asked once for each column, as the answer costs a statement and every key needs it.
+// Asked without a row, and once for each column of a database, as every key needs it.
 FieldType ColumnType(Connection& conn, const std::string& table, const std::string& column) {
   static thread_local std::map<std::tuple<std::string, std::string, std::string>, FieldType> known;
   const auto key = std::tuple(conn.ConnectionString(), table, column);
   const auto found = known.find(key);
   if (found != known.end()) return found->second;
-  Recordset rows = conn.Open(Compose("SELECT {} FROM {}", Fragment(column), Fragment(table)));
+  const Recordset rows = conn.Open(Compose("SELECT TOP 0 {} FROM {}", Name(column), Name(table)));
   return known[key] = rows.Fields()[0].Type();
 }
 

@@ -1,6 +1,5 @@
 #include "src/common/month_fields.h"
 
-#include "src/common/box_rules.h"
 #include "src/context/services/environment.h"
 #include "src/context/services/services.h"
 #include "src/context/values/date_text.h"
@@ -22,6 +21,18 @@ std::string TwoDigits(int number) {
 }
 
 }  // namespace
+
+void MonthFields::OfferMonths() const {
+  if (month_.Locked()) return;
+  const auto first = FirstDay();
+  std::string text = first ? FormatDate(*first, "mm.yyyy", CurrentLocale()) : "";
+  bool accepted = false;
+  CurrentSuite().Months().PickMonth(text, context_, accepted);
+  const auto chosen = accepted ? ParseDate("01." + text) : std::nullopt;
+  if (!chosen) return;
+  Set(chosen->year, chosen->month);
+  month_.LostFocus();
+}
 
 void MonthFields::LeaveMonth() const {
   const int month = Month();
@@ -59,20 +70,6 @@ std::optional<DateTime> MonthFields::FirstDay() const {
 int MonthFields::Key() const {
   const auto first = FirstDay();
   return first ? first->year * 100 + first->month : 0;
-}
-
-void OfferMonths(TextBox& month, const MonthFields& fields, const TvnVar_Dll& context) {
-  Append(month.KeyDown, [&month, fields, &context](int key, int) {
-    if (key != kKeyCtrl || month.Locked()) return;
-    const auto first = fields.FirstDay();
-    std::string text = first ? FormatDate(*first, "mm.yyyy", CurrentLocale()) : "";
-    bool accepted = false;
-    CurrentSuite().Months().PickMonth(text, context, accepted);
-    const auto chosen = accepted ? ParseDate("01." + text) : std::nullopt;
-    if (!chosen) return;
-    fields.Set(chosen->year, chosen->month);
-    month.LostFocus();
-  });
 }
 
 void LeaveDay(TextBox& day, const MonthFields& month) {

@@ -11,7 +11,12 @@ namespace tarvoni {
 // Boxes that hold a month: its number with two digits, its name, its year with four. Any may be missing.
 class MonthFields {
  public:
-  MonthFields(TextBox& month, TextBox* name, TextBox* year) : month_(month), name_(name), year_(year) {}
+  MonthFields(const TvnVar_Dll& context, TextBox& month, TextBox* name, TextBox* year)
+      : context_(context), month_(month), name_(name), year_(year) {}
+
+  TextBox& MonthBox() const { return month_; }
+  // Offers the months unless the box is locked; the chosen one is shown and the box left.
+  void OfferMonths() const;
 
   // The rule on leaving the month: 1 to 12 is shown as "00" with its name; anything else empties both.
   void LeaveMonth() const;
@@ -25,13 +30,11 @@ class MonthFields {
   int Key() const;
 
  private:
+  const TvnVar_Dll& context_;
   TextBox& month_;
   TextBox* name_;
   TextBox* year_;
 };
-
-// Ctrl in the month's box offers the months; the chosen one is shown and the box left.
-void OfferMonths(TextBox& month, const MonthFields& fields, const TvnVar_Dll& context);
 
 // The rule on leaving a day: it stays if it lies in the month of the fields, or from 1 to 31 while month or
 // year is not known, and is shown as "00"; otherwise it is emptied.

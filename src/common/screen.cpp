@@ -1,20 +1,41 @@
 #include "src/common/screen.h"
 
+#include "src/common/messages.h"
+#include "src/context/data/error_text.h"
 #include "src/context/values/number_text.h"
 
 namespace tarvoni {
 
-void Screen::Enter(const TvnVar_Dll& tvnvar) {
+void Screen::Present(const TvnVar_Dll& tvnvar, const std::function<void()>& fill) {
   tvnvar_ = tvnvar;
   Load();
-}
-
-void Screen::BindMessages() {
+  for (const RowList* list : lists_) list->Data().SetConnectionString(tvnvar_.strConString);
   CurrentSuite().Messages().Bind(tvnvar_, *this);
+  fill();
+  for (const KeptLayout& layout : layouts_) {
+    CurrentSuite().GridLayouts().LoadLayout(tvnvar_, layout.key, *layout.grid);
+  }
+  CurrentToolkit().ShowModal(*this);
 }
 
-void Screen::Show() {
-  CurrentToolkit().ShowModal(*this);
+void Screen::CloseBy(Button& closing) {
+  closing.Click = [this] { Unload(); };
+  Form_Unload = [this, &closing](bool& cancel) {
+    cancel = !closing.Enabled();
+    if (!cancel) Leave();
+  };
+}
+
+void Screen::Leave() const {
+  try {
+    Closing();
+    for (const KeptLayout& layout : layouts_) {
+      CurrentSuite().GridLayouts().SaveLayout(tvnvar_, layout.key, *layout.grid);
+    }
+    if (tvnvar_.dbAdo) tvnvar_.dbAdo->CommitHandler();
+  } catch (const std::exception& error) {
+    AppMsgBox("Beim Schließen konnte nicht alles gespeichert werden. " + ErrorText(error), kBoxWarning);
+  }
 }
 
 std::string Screen::Message(std::int32_t number) const {
@@ -25,10 +46,24 @@ bool Screen::Ask(const std::string& text, std::int32_t style) const {
   return AppMsgBox(text, style) == kAnswerYes;
 }
 
+void Screen::DeleteRow(const SqlText& statement, const std::function<void()>& reload) const {
+  try {
+    Committed([&] { ExecuteOnRow(statement); });
+  } catch (const RowGoneError&) {
+    reload();
+    throw;
+  }
+  reload();
+}
+
 bool Screen::Refuse(const std::string& text, Control& field, std::int32_t style) const {
   AppMsgBox(text, style);
   SafeSetFocus(field);
   return false;
+}
+
+bool Screen::Require(bool passed, const Label& label, Control& field) const {
+  return passed || Refuse(Message(message::kEntryMissing) + " [" + label.Caption() + "]", field);
 }
 
 std::int32_t ReadId(const Value& value) {

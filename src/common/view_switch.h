@@ -24,9 +24,4 @@ class ViewSwitch {
   std::vector<Control*> edit_;
 };
 
-// Form_Unload refuses while the closing button is disabled, that is while a row is being edited.
-inline void RefuseUnloadWhileDisabled(bool& cancel, const Control& closing_button) {
-  if (!closing_button.Enabled()) cancel = true;
-}
-
 }  // namespace tarvoni

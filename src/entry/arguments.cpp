@@ -71,7 +71,7 @@ bool Arguments::Boolean(const std::string& name) const {
 }
 
 Arguments::Values Arguments::Results() const {
-  Values results;
+  Values results = given_;
   for (const Parameter& parameter : parameters_) {
     if (parameter.by_reference) results[parameter.name] = values_.at(parameter.name);
   }

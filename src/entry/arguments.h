@@ -29,12 +29,16 @@ class Arguments {
   std::uint8_t Byte(const std::string& name) const;
   bool Boolean(const std::string& name) const;
 
-  // The texts that the call may have changed.
+  // What the call gives besides its texts: a number by reference, a member of the Screen.
+  void Give(const std::string& name, const std::string& value) { given_[name] = value; }
+  void Give(const std::string& name, std::int32_t value) { Give(name, std::to_string(value)); }
+  // The texts that the call may have changed, and what it gave.
   Values Results() const;
 
  private:
   const std::vector<Parameter>& parameters_;
   Values values_;
+  Values given_;
 };
 
 }  // namespace tarvoni

@@ -33,6 +33,7 @@ Result RunCall(const char* screen, const char* interface, const Work& work) {
   try {
     PrepareThread();
     work();
+    ForgetFailure();  // of calls inside this one
     return kResultOk;
   } catch (const NotBuiltError& error) {
     return Fail(kResultNotImplemented, {.text = error.what(), .screen = screen, .interface = interface});

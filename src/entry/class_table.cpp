@@ -47,8 +47,8 @@ class Factory final : public Object<ClassFactory, kInterfaceClassFactory> {
   }
 
   Result LockServer(bool lock) override {
-    LibraryUse::Count() += lock ? 1 : -1;
-    return kResultOk;
+    if (lock) LibraryLocks::Add();
+    return lock || LibraryLocks::TakeBack() ? kResultOk : kResultFail;
   }
 
  private:
@@ -69,7 +69,7 @@ Result GetClassObject(const Guid& class_id, const Guid& id, void** object) {
 }
 
 bool LibraryInUse() {
-  return LibraryUse::Count() > 0;
+  return LibraryUse::Count() > 0 || LibraryLocks::Any();
 }
 
 }  // namespace tarvoni

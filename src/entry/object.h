@@ -21,6 +21,26 @@ class LibraryUse {
   }
 };
 
+// The locks that hosts hold on the library beside its objects.
+class LibraryLocks {
+ public:
+  static void Add() { ++Count(); }
+  // False when there is none to take back.
+  static bool TakeBack() {
+    std::int32_t held = Count();
+    while (held > 0 && !Count().compare_exchange_weak(held, held - 1)) {
+    }
+    return held > 0;
+  }
+  static bool Any() { return Count() > 0; }
+
+ private:
+  static std::atomic<std::int32_t>& Count() {
+    static std::atomic<std::int32_t> count = 0;
+    return count;
+  }
+};
+
 // The reference counting of an object with one interface; it is made with one reference and ends with the last.
 template <typename Interface, const Guid& kInterfaceId>
 class Object : public Interface {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "src/common/slot.h"
+#include "src/entry/neighbours.h"
 
 namespace tarvoni {
 
@@ -12,6 +13,7 @@ struct Nothing {
 // done in between.
 template <typename ScreenType, typename Work, typename After = Nothing>
 void CallThroughSlot(const Work& work, const After& after = {}) {
+  AnswerNeighbours();
   const auto instance = Slot<ScreenType>::Use();
   work(*instance);
   after();

@@ -1,6 +1,6 @@
 #include "src/machines/f_kostenart.h"
 
-#include "src/common/list_rules.h"
+#include "src/common/messages.h"
 #include "src/context/values/number_text.h"
 #include "src/machines/f_kostenart_sql.h"
 
@@ -9,46 +9,31 @@ namespace tarvoni {
 namespace sql = kostenart_sql;
 
 F_Kostenart::F_Kostenart() : Screen("F_Kostenart") {
-  DataGrid1.Bind(Data1);
-  Data1.MoveComplete = [this] {
-    if (!refreshing_) TakeCurrentRow();
-  };
+  cost_types_.Connect([this] { TakeCurrentRow(); },
+                      [] {
+                        return std::vector<ShownColumn>{
+                            {.data_field = "NUMBER", .caption = "Nummer", .width = 900},
+                            {.data_field = "NAME", .caption = "Name", .width = 4400}};
+                      });
   DataGrid1.Click = [this] { TakeCurrentRow(); };
   btnNeu.Click = [this] { AddCostType(); };
   btnLoschen.Click = [this] { RemoveCostType(); };
-  btnOk.Click = [this] { Unload(); };
+  CloseBy(btnOk);
 }
 
 void F_Kostenart::Run(const TvnVar_Dll& tvnvar, const std::string& strParam) {
-  Enter(tvnvar);
   label_ = strParam;
-  BindMessages();
-  SetUpList();
-  Show();
-}
-
-void F_Kostenart::SetUpList() {
-  Connect(Data1);
-  Data1.SetRecordSource(sql::CostTypesUnder(label_));
-  RefreshList();
+  Present(tvnvar, [this] { RefreshList(); });
 }
 
 void F_Kostenart::RefreshList() {
-  RefreshUnderGuard(Data1, refreshing_, [this] { SetColumns(); });
+  cost_types_.Load(sql::CostTypesUnder(label_));
   curId = 0;
   TakeCurrentRow();
 }
 
-void F_Kostenart::SetColumns() {
-  DataGrid1.Columns()[0].SetVisible(false);
-  DataGrid1.Columns()[1].SetCaption("Nummer");
-  DataGrid1.Columns()[1].SetWidth(900);
-  DataGrid1.Columns()[2].SetCaption("Name");
-  DataGrid1.Columns()[2].SetWidth(4400);
-}
-
 void F_Kostenart::TakeCurrentRow() {
-  if (Data1.Recordset().HasCurrentRow()) curId = ToLong(Data1.Recordset().Fields()["ID"].Value());
+  if (!cost_types_.Row().IsNull("ID")) curId = cost_types_.CurrentId();
 }
 
 void F_Kostenart::AddCostType() {
@@ -56,15 +41,14 @@ void F_Kostenart::AddCostType() {
       CurrentSuite().Lookup().Pick(Context(), sql::OfferedCostTypes(), "KOSTENART", "0", "100");
   const std::int32_t kostenart_id = ReadId(picked);
   if (kostenart_id != 0 && !HasRow(Db(), sql::HasCostType(label_, kostenart_id))) {
-    Execute(sql::AddCostType(label_, kostenart_id));
+    Committed([&] { Execute(sql::AddCostType(label_, kostenart_id)); });
   }
   RefreshList();
 }
 
 void F_Kostenart::RemoveCostType() {
-  if (!Ask(Message(1429))) return;
-  Execute(sql::RemoveRow(curId));
-  RefreshList();
+  if (!Ask(Message(message::kDeleteEntry))) return;
+  if (curId != 0) DeleteRow(sql::RemoveRow(curId), [this] { RefreshList(); });
   SafeSetFocus(DataGrid1);
 }
 

@@ -17,8 +17,6 @@ class F_Kostenart : public Screen {
   layout::Node BuildLayout() override;
 
  private:
-  void SetUpList();
-  void SetColumns();
   void RefreshList();
   void TakeCurrentRow();
   void AddCostType();
@@ -34,6 +32,8 @@ class F_Kostenart : public Screen {
   std::string label_;
   std::int32_t curId = 0;  // of the current row in MASCHINE_STAMM
   Guard refreshing_;
+  RowList cost_types_{
+      *this, refreshing_, {.data = Data1, .grid = DataGrid1, .at_end = RowList::AtEnd::kStays}};
 };
 
 }  // namespace tarvoni

@@ -4,29 +4,30 @@
 
 namespace tarvoni::kostenart_sql {
 
-std::string CostTypesUnder(std::string_view label) {
-  return Compose(
-      "SELECT MASCHINE_STAMM.ID, KOSTENART.NUMBER ,KOSTENART.NAME  FROM MASCHINE_STAMM LEFT JOIN KOSTENART "
-      "ON "
-      "MASCHINE_STAMM.KOSTENART_ID = KOSTENART.ID WHERE LABEL = '{}'",
-      Typed(label));
+SqlText CostTypesUnder(std::string_view label) {
+  return Compose(R"(
+SELECT MASCHINE_STAMM.ID, KOSTENART.NUMBER ,KOSTENART.NAME
+FROM MASCHINE_STAMM
+LEFT JOIN KOSTENART ON MASCHINE_STAMM.KOSTENART_ID = KOSTENART.ID
+WHERE LABEL = '{}')",
+                 Quoted(label));
 }
 
-std::string OfferedCostTypes() {
+SqlText OfferedCostTypes() {
   return "SELECT ID, NUMBER , NAME, TABLE_NAME FROM KOSTENART WHERE ID <> 0";
 }
 
-std::string HasCostType(std::string_view label, std::int32_t kostenart_id) {
+SqlText HasCostType(std::string_view label, std::int32_t kostenart_id) {
   return Compose("SELECT KOSTENART_ID FROM MASCHINE_STAMM WHERE LABEL = '{}' AND KOSTENART_ID = {}",
-                 Typed(label), Id(kostenart_id));
+                 Quoted(label), Id(kostenart_id));
 }
 
-std::string AddCostType(std::string_view label, std::int32_t kostenart_id) {
-  return Compose("INSERT INTO MASCHINE_STAMM (LABEL, KOSTENART_ID) VALUES ('{}',{})", Typed(label),
+SqlText AddCostType(std::string_view label, std::int32_t kostenart_id) {
+  return Compose("INSERT INTO MASCHINE_STAMM (LABEL, KOSTENART_ID) VALUES ('{}',{})", Quoted(label),
                  Id(kostenart_id));
 }
 
-std::string RemoveRow(std::int32_t id) {
+SqlText RemoveRow(std::int32_t id) {
   return Compose("DELETE FROM MASCHINE_STAMM WHERE ID = {}", Id(id));
 }
 

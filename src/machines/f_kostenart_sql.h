@@ -1,17 +1,18 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
+
+#include "src/context/data/sql_text.h"
 
 // The statements of F_Kostenart.
 namespace tarvoni::kostenart_sql {
 
-std::string CostTypesUnder(std::string_view label);
+SqlText CostTypesUnder(std::string_view label);
 // The first column is the id.
-std::string OfferedCostTypes();
-std::string HasCostType(std::string_view label, std::int32_t kostenart_id);
-std::string AddCostType(std::string_view label, std::int32_t kostenart_id);
-std::string RemoveRow(std::int32_t id);
+SqlText OfferedCostTypes();
+SqlText HasCostType(std::string_view label, std::int32_t kostenart_id);
+SqlText AddCostType(std::string_view label, std::int32_t kostenart_id);
+SqlText RemoveRow(std::int32_t id);
 
 }  // namespace tarvoni::kostenart_sql

@@ -19,15 +19,14 @@ F_MaschineStamm::F_MaschineStamm()
                {"STE", lblSteuer, txtSteuerN, lblSteuerName, idSteuer}}} {
   for (const CostGroup& group : groups_) ConnectGroup(group);
   cmdSpeichern.Click = [this] { SaveGroups(); };
-  cmdSchliesen.Click = [this] { Unload(); };
+  CloseBy(cmdSchliesen);
   cmdSchliesen.SetCausesValidation(false);
 }
 
 void F_MaschineStamm::Run(const TvnVar_Dll& tvnvar) {
-  Enter(tvnvar);
-  BindMessages();
-  for (const CostGroup& group : groups_) LoadGroup(group);
-  Show();
+  Present(tvnvar, [this] {
+    for (const CostGroup& group : groups_) LoadGroup(group);
+  });
 }
 
 void F_MaschineStamm::ConnectGroup(const CostGroup& group) {
@@ -40,7 +39,7 @@ void F_MaschineStamm::ConnectGroup(const CostGroup& group) {
 
 void F_MaschineStamm::LoadGroup(const CostGroup& group) {
   group.kostenart_id = ToInt16(ReadCostType(group.label));
-  const std::string is_cost_type = sql::IsCostType(group.kostenart_id);
+  const SqlText is_cost_type = sql::IsCostType(group.kostenart_id);
   ValueHelper& values = CurrentSuite().Values();
   group.name.SetCaption(values.LookupColumn(Context(), "NAME", "KOSTENART", is_cost_type));
   group.code.SetText(values.LookupColumn(Context(), "NUMBER", "KOSTENART", is_cost_type));
@@ -75,10 +74,12 @@ bool F_MaschineStamm::CheckCode(const CostGroup& group) {
 }
 
 void F_MaschineStamm::SaveGroups() {
-  for (const CostGroup& group : groups_) {
-    ReadCostType(group.label);  // for the row it makes
-    Execute(sql::SetCostType(group.label, group.kostenart_id));
-  }
+  Committed([this] {
+    for (const CostGroup& group : groups_) {
+      ReadCostType(group.label);  // for the row it makes
+      ExecuteOnRow(sql::SetCostType(group.label, group.kostenart_id));
+    }
+  });
 }
 
 }  // namespace tarvoni

@@ -15,7 +15,8 @@ layout::Node F_MaschineStamm::BuildLayout() {
             Row(lblSumme_Verbrau, "Summe-Verbrauchst."), Row(lblVK, "", Box(txtVKN, 8), Box(lblVKName, 40)),
             Row(lbOI, "", Box(txtOIN, 8), Box(lblOIName, 40)),
             Row(lblSteuer, "Steuer", Box(txtSteuerN, 8), Box(lblSteuerName, 40))),
-      Bar(Gap(), Push(cmdSpeichern, "&Speichern"), Push(cmdSchliesen, "&Schließen")));
+      Bar(Gap(), Push(cmdSpeichern, "&Speichern", Command::kSave),
+          Push(cmdSchliesen, "&Schließen", Command::kClose)));
 }
 
 }  // namespace tarvoni

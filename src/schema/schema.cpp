@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 #include "src/schema/schema_parts.h"
@@ -11,30 +12,30 @@ namespace tarvoni {
 namespace {
 
 // Takes a part apart at its blank lines; a line break stands before and behind the whole.
-void AppendStatements(std::string_view part, std::vector<std::string>& statements) {
+void AppendStatements(std::string_view part, std::vector<SqlText>& statements) {
   constexpr std::string_view kBlankLine = "\n\n";
   part = part.substr(1, part.size() - 2);
   for (std::size_t begin = 0, end = 0; begin < part.size(); begin = end + kBlankLine.size()) {
     end = std::min(part.find(kBlankLine, begin), part.size());
-    statements.emplace_back(part.substr(begin, end - begin));
+    statements.push_back(SqlText::Verbatim(std::string(part.substr(begin, end - begin))));
   }
 }
 
 }  // namespace
 
-std::vector<std::string> SchemaStatements() {
+std::vector<SqlText> SchemaStatements() {
   const std::array parts = {schema::kSettings, schema::kPersons, schema::kCodes,   schema::kNature,
                             schema::kTimber,   schema::kWage,    schema::kOrders,  schema::kPositions,
                             schema::kVouchers, schema::kStores,  schema::kMachines};
-  std::vector<std::string> statements;
+  std::vector<SqlText> statements;
   for (const std::string_view part : parts) AppendStatements(part, statements);
   return statements;
 }
 
-std::string SchemaSql() {
+SqlText SchemaSql() {
   std::string sql;
-  for (const std::string& statement : SchemaStatements()) sql += statement + "\n\n";
-  return sql;
+  for (const SqlText& statement : SchemaStatements()) sql.append(statement.Text()).append("\n\n");
+  return SqlText::Verbatim(sql);
 }
 
 }  // namespace tarvoni

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <string>
 #include <vector>
+
+#include "src/context/data/sql_text.h"
 
 namespace tarvoni {
 
@@ -9,9 +10,9 @@ namespace tarvoni {
 inline constexpr int kSchemaVersion = 1;
 
 // All tables and indexes as one Transact-SQL batch that a database administrator can run as it stands.
-std::string SchemaSql();
+SqlText SchemaSql();
 
 // The same, one statement each, every table before its indexes.
-std::vector<std::string> SchemaStatements();
+std::vector<SqlText> SchemaStatements();
 
 }  // namespace tarvoni

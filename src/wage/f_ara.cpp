@@ -3,8 +3,11 @@
 #include <algorithm>
 
 #include "src/common/box_rules.h"
-#include "src/common/current_row.h"
+#include "src/common/messages.h"
 #include "src/common/view_switch.h"
+#include "src/context/data/statement.h"
+#include "src/context/rules/wage_group.h"
+#include "src/context/rules/wage_rules.h"
 #include "src/context/values/number_text.h"
 #include "src/context/values/utf8.h"
 #include "src/wage/f_ara_sql.h"
@@ -14,38 +17,39 @@ namespace tarvoni {
 namespace sql = ara_sql;
 
 F_ARA::F_ARA() : Screen("F_ARA") {
-  ConnectList(AdodcArbeitsauftrag, DataGridArbeitsauftrag, loadingFlag, btnBearbeiten,
-              [this] { ShowCurrentRow(); });
-  CloseInViewState(*this, btnClose, layout_, Context());
+  DataGridArbeitsauftrag.SetStruck("STATUSKOPF", "S");
+  orders_.Connect([this] { ShowCurrentRow(); }, [this] { return Columns(); }, &btnBearbeiten);
   ConnectFields();
   ConnectButtons();
 }
 
 void F_ARA::Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_dll, std::uint8_t /*mode_dll*/) {
   curPersonal = ToInt32(strPersonal_dll, CurrentLocale());
-  Enter(tvnvar);
-  curFwj = OptionText("STANDARD_FWJ");
-  saVerfahrenFlag = Option("SA_VERFAHREN") == 1;
-  Connect(AdodcArbeitsauftrag);
-  curAraId = 0;
-  BindMessages();
-  LoadGridAndPosition();
-  SetViewState(true);
-  layout_.Load(Context());
-  Show();
+  Present(tvnvar, [this] {
+    curFwj = OptionText("STANDARD_FWJ");
+    saVerfahrenFlag = OptionNumber("SA_VERFAHREN") == 1;
+    curAraId = 0;
+    LoadGridAndPosition();
+    SetViewState(true);
+  });
 }
 
 // --- fields ---
 
 void F_ARA::ConnectFields() {
-  NumberBox(txtArbeitsauftrag, "0000");
-  NumberBox(txtRotte[0], "000");
-  NumberBox(txtFlache, "-######0.0000");
-  NumberBox(txtMenge, "-######0.00");
-  NumberBox(txtGesamtKosten, "-######0.00");
   ConnectBoxes(*this, TabOnEnter(*this));
-  Append(txtKostenstelle[0].LostFocus, [this] { CostCentreLeft(); });
-  Append(txtProduktauftragNr[0].LostFocus, [this] { ProductOrderLeft(); });
+  Rules(txtArbeitsauftrag).Number("0000");
+  Rules(txtLeistung[0]).Code(leistung_);
+  Rules(txtKostenstelle[0]).Code(kostenstelle_).Left([this] { CostCentreLeft(); });
+  Rules(txtProduktauftragNr[0]).Code(produktauftrag_).Left([this] { ProductOrderLeft(); });
+  Rules(txtLeistungsart[0]).Code(leistungsart_);
+  Rules(txtWaldort).Code(waldort_);
+  Rules(txtRotte[0]).Number("000").Code(rotte_);
+  Rules(txtFlache).Number("-######0.0000");
+  Rules(txtMenge).Number("-######0.00");
+  Rules(txtGesamtKosten).Number("-######0.00");
+  Rules(txtKostenstelleSel[0]).Code(kostenstelleSel_);
+  Rules(txtLeistungsartSel[0]).Code(leistungsartSel_);
   kostenstelleSel_.Changed = [this] { LoadGridAndPosition(); };
   leistungsartSel_.Changed = [this] { LoadGridAndPosition(); };
 }
@@ -64,11 +68,11 @@ void F_ARA::ProductOrderLeft() {
   txtLeistungsart[0].LostFocus();
 }
 
-std::string F_ARA::ProductOrderFilter() const {
+SqlText F_ARA::ProductOrderFilter() const {
   return sql::FitsService(txtLeistung[0].Text(), curAraId);
 }
 
-std::string F_ARA::WorkTypeFilter() const {
+SqlText F_ARA::WorkTypeFilter() const {
   return sql::WorkTypeFits(curProduktId, txtLeistung[0].Text(), curAraId);
 }
 
@@ -108,84 +112,75 @@ CodeField::Rule F_ARA::ServiceRule() {
 }
 
 CodeField::Rule F_ARA::CostCentreRule() {
-  return NamedCode(
-      Context(), txtKostenstelle[0], lblKostenstelle, "KOSTENSTELLE", "NAME",
-      [this](const std::string* typed) { return Parameters({std::to_string(curPersonal)}, typed); });
+  return NamedCode(Context(), txtKostenstelle[0], lblKostenstelle, "KOSTENSTELLE", "NAME",
+                   [this] { return NamedValues{Given(curPersonal)}; });
 }
 
 CodeField::Rule F_ARA::ProductOrderRule() {
-  auto rule = NamedCode(Context(), txtProduktauftragNr[0], lblProduktauftragNr, "PA_KOPF", "",
-                        [this](const std::string* typed) {
-                          return Parameters({std::to_string(curPersonal), curFwj, txtKostenstelle[0].Text()},
-                                            typed, {ProductOrderFilter()});
-                        });
+  auto rule = NamedCode(Context(), txtProduktauftragNr[0], lblProduktauftragNr, "PA_KOPF", "", [this] {
+    return NamedValues{Given(curPersonal), Given(curFwj), Given(txtKostenstelle[0].Text()),
+                       Condition(ProductOrderFilter())};
+  });
   rule.option = "100";
   return rule;
 }
 
 CodeField::Rule F_ARA::WorkTypeRule() {
   return NamedCode(Context(), txtLeistungsart[0], lblLeistungsart, "LEISTUNGSART_PRODUKT", "LONG",
-                   [this](const std::string* typed) { return Parameters({WorkTypeFilter()}, typed); });
+                   [this] { return NamedValues{Condition(WorkTypeFilter())}; });
 }
 
 CodeField::Rule F_ARA::TeamRule() {
-  return NamedCode(Context(), txtRotte[0], lblRotte, "RELTABLES", "LONG", [this](const std::string* typed) {
-    return Parameters({std::to_string(Option("STANDARD_ROTTE"))}, typed);
-  });
+  return NamedCode(Context(), txtRotte[0], lblRotte, "RELTABLES", "LONG",
+                   [this] { return NamedValues{Given(OptionNumber("STANDARD_ROTTE"))}; });
 }
 
 // --- the list ---
 
 void F_ARA::LoadGridAndPosition() {
-  BuildGridRecordSource();
-  if (AdodcArbeitsauftrag.Recordset().Empty()) return SetViewState(true);
-  if (curAraId == 0) curAraId = CurrentRow(AdodcArbeitsauftrag).Number("ID_ARA_KOPF");
-  if (curAraId == 0) return AdodcArbeitsauftrag.Recordset().MoveFirst();
-  FindRow(AdodcArbeitsauftrag, "ID_ARA_KOPF", curAraId, loadingFlag);
+  orders_.Load(sql::OrdersOfYear({curPersonal, curFwj}, StundenCase(), txtKostenstelleSel[0].Tag(),
+                                 txtLeistungsartSel[0].Tag()));
+  if (orders_.Empty()) return SetViewState(true);
+  if (curAraId == 0) curAraId = orders_.CurrentId();
+  if (curAraId == 0) return orders_.MoveFirst();
+  orders_.Find(curAraId);
 }
 
-void F_ARA::BuildGridRecordSource() {
-  AdodcArbeitsauftrag.SetRecordSource(sql::OrdersOfYear(
-      {curPersonal, curFwj}, StundenCase(), txtKostenstelleSel[0].Tag(), txtLeistungsartSel[0].Tag()));
-  RefreshKeepingWidths(AdodcArbeitsauftrag, DataGridArbeitsauftrag, loadingFlag, [this] { SetColumns(); });
-}
-
-const std::string& F_ARA::StundenCase() {
-  if (!stundenCaseText.empty()) return stundenCaseText;
-  std::string whens;
-  for (Recordset types = Open(sql::DirectWageTypes()); !types.EndOfFile(); types.MoveNext()) {
-    whens += " WHEN " + std::to_string(ToLong(types.Fields()["TYP"].Value())) + " THEN " +
-             std::to_string(ToLong(types.Fields()["ID"].Value()));
+const SqlText& F_ARA::StundenCase() {
+  if (!stundenCaseText.Empty()) return stundenCaseText;
+  SqlText whens;
+  for (Recordset types = Open(DirectWageTypes()); !types.EndOfFile(); types.MoveNext()) {
+    whens = Compose("{} WHEN {} THEN {}", whens, Id(ToLong(types.Fields()["TYP"].Value())),
+                    Id(ToLong(types.Fields()["ID"].Value())));
   }
-  return stundenCaseText = whens.empty() ? "0" : "CASE BBF_GRUPPE.NUMBER" + whens + " ELSE 0 END";
+  return stundenCaseText =
+             whens.Empty() ? SqlText("0") : Compose("CASE BBF_GRUPPE.NUMBER{} ELSE 0 END", whens);
 }
 
-void F_ARA::SetColumns() {
-  ShowColumns(
-      DataGridArbeitsauftrag,
-      {{.data_field = "STATUSKOPF", .caption = Message(4689), .width = 650},
-       {.data_field = "NAME", .caption = frmArbeitsauftrag.Caption(), .width = 1700},
-       {.data_field = "DATUM_NR",
-        .caption = lblErstellungsDatum.Caption(),
-        .number_format = "dd.mm.yyyy",
-        .width = 1650},
-       {.data_field = "LEISTUNGKURZNAME", .caption = lblLeistung.Caption(), .width = 900},
-       {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1150},
-       {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption(), .width = 1350},
-       {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption(), .width = 2000},
-       {.data_field = "WALDORT", .caption = lblWaldort.Caption(), .width = 2000},
-       {.data_field = "BESCHREIBUNG", .caption = frmBeschreibung_der_Arbeit.Caption(), .width = 2120},
-       {.data_field = "ROTTESHORT", .caption = lblRotte.Caption(), .width = 650},
-       AmountColumn("FLACHE", lblFlache.Caption(), 850),
-       AmountColumn("MENGE", lblMenge.Caption(), 950),
-       {.data_field = "WARENEINHEITEINHEIT", .caption = "ME", .width = 550},
-       AmountColumn("STUNDEN", lblStunden_dir_Lohn.Caption(), 2050),
-       AmountColumn("GESAMNT", lblGesamtKosten.Caption(), 1400)});
+std::vector<ShownColumn> F_ARA::Columns() const {
+  return {{.data_field = "STATUSKOPF", .caption = Message(message::kStatus), .width = 650},
+          {.data_field = "NAME", .caption = frmArbeitsauftrag.Caption(), .width = 1700},
+          {.data_field = "DATUM_NR",
+           .caption = lblErstellungsDatum.Caption(),
+           .number_format = "dd.mm.yyyy",
+           .width = 1650},
+          {.data_field = "LEISTUNGKURZNAME", .caption = lblLeistung.Caption(), .width = 900},
+          {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1150},
+          {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption(), .width = 1350},
+          {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption(), .width = 2000},
+          {.data_field = "WALDORT", .caption = lblWaldort.Caption(), .width = 2000},
+          {.data_field = "BESCHREIBUNG", .caption = frmBeschreibung_der_Arbeit.Caption(), .width = 2120},
+          {.data_field = "ROTTESHORT", .caption = lblRotte.Caption(), .width = 650},
+          AmountColumn("FLACHE", lblFlache.Caption(), 850),
+          AmountColumn("MENGE", lblMenge.Caption(), 950),
+          {.data_field = "WARENEINHEITEINHEIT", .caption = "ME", .width = 550},
+          AmountColumn("STUNDEN", lblStunden_dir_Lohn.Caption(), 2050),
+          AmountColumn("GESAMNT", lblGesamtKosten.Caption(), 1400)};
 }
 
 void F_ARA::ShowCurrentRow() {
   const auto hold = loadingFlag.Hold();
-  const CurrentRow row(AdodcArbeitsauftrag);
+  const CurrentRow row = orders_.Row();
   row.Show("PERSONALNUMMER", txtForstbetrieb);
   txtForstbetrieb.SetTag(std::to_string(curPersonal));
   row.Show("FWJ", txtFWJ, "0000");
@@ -206,6 +201,7 @@ void F_ARA::ShowCurrentRow() {
   row.Show("GESAMNT", txtGesamtKosten, "0.00");
   curProduktId = row.Number("PRODUKT_ID");
   curAraId = row.Number("ID_ARA_KOPF");
+  SetSubject(curAraId == 0 ? "" : "Forstbetrieb " + txtForstbetrieb.Text() + ", Auftrag " + row.Text("NAME"));
   SetTextBoxLocked(row.Number("LE") == 1, txtLeistung[0]);
   SetViewState(true);
 }
@@ -224,16 +220,16 @@ void F_ARA::SetViewState(bool bolView) {
              {&btnSpeichern, &btnSpeichernNew, &btnAbbrechen, &frmArbeitsauftrag, &frmZuordnungPA,
               &frmBeschreibung_der_Arbeit, &frmSummen})
       .Set(bolView);
-  const CurrentRow row(AdodcArbeitsauftrag);
+  const CurrentRow row = orders_.Row();
   const bool has_order = bolView && curAraId != 0 && !row.IsNull("ID_ARA_KOPF");
   const bool stands = has_order && row.Text("STATUSKOPF") != "S";
-  const std::int32_t group = row.Number("BBF_GRUPPENUMBER");
+  const auto group = static_cast<WageGroup>(row.Number("BBF_GRUPPENUMBER"));
   btnBearbeiten.SetEnabled(stands);
   btnStorno.SetEnabled(stands);
   btnStornoNew.SetEnabled(stands && btnNeu.Enabled());
-  btnVorgaben.SetEnabled(has_order && (group == 1 || group == 2));
+  btnVorgaben.SetEnabled(has_order && (group == WageGroup::kTimeWage || group == WageGroup::kEst));
   btnStunden.SetEnabled(has_order);
-  SetTextBoxLocked(bolView || btnNeu.Tag() != "YES", txtArbeitsauftrag);
+  SetTextBoxLocked(bolView || !entry_.IsNew(), txtArbeitsauftrag);
 }
 
 }  // namespace tarvoni

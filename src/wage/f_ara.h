@@ -1,11 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "src/common/code_field.h"
-#include "src/common/list_rules.h"
-#include "src/common/screen.h"
+#include "src/common/row_entry.h"
 #include "src/context/values/decimal.h"
 
 namespace tarvoni {
@@ -26,17 +27,16 @@ class F_ARA : public Screen {
   void ConnectFields();
   void ConnectButtons();
   void LoadGridAndPosition();
-  void BuildGridRecordSource();
-  void SetColumns();
+  std::vector<ShownColumn> Columns() const;
   void ShowCurrentRow();
   void ShowProductOrder(const std::string& name);
   void SetViewState(bool bolView);
   // The price of an order's direct hours, by the group of its service; read once.
-  const std::string& StundenCase();
+  const SqlText& StundenCase();
   void ProductOrderLeft();
   void CostCentreLeft();
-  std::string ProductOrderFilter() const;
-  std::string WorkTypeFilter() const;
+  SqlText ProductOrderFilter() const;
+  SqlText WorkTypeFilter() const;
 
   CodeField::Rule SelectedCostCentreRule();
   CodeField::Rule SelectedWorkTypeRule();
@@ -47,18 +47,19 @@ class F_ARA : public Screen {
   CodeField::Rule TeamRule();
 
   // --- what is written (f_ara_save.cpp) ---
-  // Inserts an order; with `bolKeep` the fields stay as they are, for a copy.
-  void CreateNewAra(bool bolKeep);
+  RowEntry::Steps EntrySteps();
+  std::int32_t CreateNewAra();
+  Control& FillNewAra();
   void ClearFields();
-  void Save();
+  std::optional<std::int32_t> Save();
   bool TakeNumber();
   bool ProductOrderGiven();
-  void Cancel();
   void Storno();
+  std::optional<DateTime> AskStornoDay();
   void OpenVorgaben();
   void OpenStunden();
   Decimal CalculateGesamtKosten();
-  void StoreGesamtKosten();
+  void WriteGesamtKosten();
   // The name that a saved order has: cost centre, year and number.
   std::string OrderName() const;
 
@@ -66,13 +67,13 @@ class F_ARA : public Screen {
   std::string curFwj;
   std::int32_t curAraId = 0;
   std::int32_t curProduktId = 0;
+  std::int32_t new_number_ = 0;  // of an order just made
   Guard loadingFlag;
-  std::string stundenCaseText;
+  SqlText stundenCaseText;
   bool saVerfahrenFlag = false;
 
   DataControl AdodcArbeitsauftrag{*this, "AdodcArbeitsauftrag"};
   DataGrid DataGridArbeitsauftrag{*this, "DataGridArbeitsauftrag"};
-  GridLayout layout_{DataGridArbeitsauftrag, "F_ARBEITSAUFTRAG_ARA"};
 
   Frame frmArbeitsauftrag{*this, "frmArbeitsauftrag"};
   Label lblForstbetrieb{*this, "lblForstbetrieb"};
@@ -129,6 +130,13 @@ class F_ARA : public Screen {
   Button btnStunden{*this, "btnStunden"};
   Button btnClose{*this, "btnClose"};
 
+  RowList orders_{*this,
+                  loadingFlag,
+                  {.data = AdodcArbeitsauftrag,
+                   .grid = DataGridArbeitsauftrag,
+                   .layout_key = "F_ARBEITSAUFTRAG_ARA",
+                   .id_column = "ID_ARA_KOPF"}};
+  RowEntry entry_{*this, orders_, curAraId, {btnNeu, btnBearbeiten, btnAbbrechen}, EntrySteps()};
   CodeField kostenstelleSel_{Context(), loadingFlag, txtKostenstelleSel[0], &txtKostenstelleSel[1],
                              SelectedCostCentreRule()};
   CodeField leistungsartSel_{Context(), loadingFlag, txtLeistungsartSel[0], &txtLeistungsartSel[1],

@@ -1,8 +1,11 @@
 #include <charconv>
+#include <utility>
 
-#include "src/common/current_row.h"
+#include "src/common/contracts.h"
+#include "src/common/messages.h"
 #include "src/common/month_fields.h"
 #include "src/common/slot.h"
+#include "src/context/rules/wage_group.h"
 #include "src/context/values/clock.h"
 #include "src/context/values/date_text.h"
 #include "src/context/values/number_text.h"
@@ -49,24 +52,11 @@ std::optional<DateTime> DateByPosition(const std::string& text) {
 }  // namespace
 
 void F_ARA::ConnectButtons() {
-  btnNeu.Click = [this] {
-    btnNeu.SetTag("YES");
-    SetViewState(false);
-    CreateNewAra(btnStornoNew.Pressed() || btnSpeichernNew.Pressed());
-    SafeSetFocus(txtArbeitsauftrag);
-  };
-  btnBearbeiten.Click = [this] {
-    btnNeu.SetTag("NO");
-    SetViewState(false);
-    SafeSetFocus(txtLeistung[0].Locked() ? txtKostenstelle[0] : txtLeistung[0]);
-  };
-  btnSpeichern.Click = [this] { Save(); };
+  btnSpeichern.Click = [this] { entry_.Save(); };
   btnSpeichernNew.Click = [this] {
     btnSpeichern.Press();
     if (!btnSpeichern.Enabled()) btnNeu.Press();
   };
-  btnAbbrechen.Click = [this] { Cancel(); };
-  btnAbbrechen.SetCausesValidation(false);
   btnStorno.Click = [this] { Storno(); };
   btnStornoNew.Click = [this] {
     if (!btnStorno.Enabled()) return;
@@ -75,22 +65,47 @@ void F_ARA::ConnectButtons() {
   };
   btnVorgaben.Click = [this] { OpenVorgaben(); };
   btnStunden.Click = [this] { OpenStunden(); };
-  btnClose.Click = [this] { Unload(); };
+  CloseBy(btnClose);
 }
 
-// --- a new order, in the database from the first moment ---
+RowEntry::Steps F_ARA::EntrySteps() {
+  return {
+      .set_view = [this](bool view) { SetViewState(view); },
+      .create = [this] { return CreateNewAra(); },
+      .fill = [this]() -> Control& { return FillNewAra(); },
+      .first = [this]() -> Control& { return txtLeistung[0].Locked() ? txtKostenstelle[0] : txtLeistung[0]; },
+      .save = [this] { return Save(); },
+      .discard =
+          [this] {
+            const WaitPointer wait(CurrentToolkit());
+            Execute(sql::DeleteOrder(curAraId));
+          },
+      .reload = [this] { LoadGridAndPosition(); },
+  };
+}
 
-void F_ARA::CreateNewAra(bool bolKeep) {
+// --- a new order ---
+
+// Inserts it: an order exists in the database before anything is entered.
+std::int32_t F_ARA::CreateNewAra() {
   txtFWJ.SetText(curFwj);
   const Recordset client = Open(sql::ClientNumber(curPersonal));
   txtForstbetrieb.SetText(client.EndOfFile() ? "" : ToText(client.Fields()[0].Value()));
   txtForstbetrieb.SetTag(client.EndOfFile() ? "" : std::to_string(curPersonal));
-  curAraId = ReadNumber(sql::InsertOrder({curPersonal, txtFWJ.Text()}));
+  const std::int32_t order = ReadNumber(sql::InsertOrder({curPersonal, curFwj}));
   // The box still shows the order before: this name lasts until the order is saved.
-  const std::string provisional = txtForstbetrieb.Text() + txtFWJ.Text() + txtArbeitsauftrag.Text();
-  const std::int32_t number = ReadNumber(sql::InsertPosition(curAraId, provisional));
-  txtArbeitsauftrag.SetText(FormatNumber(number, "0000", CurrentLocale()));
-  if (!bolKeep) ClearFields();
+  const std::string provisional = txtForstbetrieb.Text() + curFwj + txtArbeitsauftrag.Text();
+  new_number_ =
+      OrUndo([&] { return ReadNumber(sql::InsertPosition(order, provisional)); }, sql::DeleteOrder(order));
+  return order;
+}
+
+Control& F_ARA::FillNewAra() {
+  txtArbeitsauftrag.SetText(FormatNumber(new_number_, "0000", CurrentLocale()));
+  SetSubject("Forstbetrieb " + txtForstbetrieb.Text() + ", neuer Auftrag " + txtArbeitsauftrag.Text());
+  const bool copy = btnStornoNew.Pressed() || btnSpeichernNew.Pressed();
+  if (!copy) ClearFields();
+  return txtArbeitsauftrag;
 }
 
 void F_ARA::ClearFields() {
@@ -115,25 +130,24 @@ std::string F_ARA::OrderName() const {
   return txtKostenstelle[0].Text() + txtFWJ.Text() + txtArbeitsauftrag.Text();
 }
 
-void F_ARA::Save() {
-  if (!TakeNumber()) return void(Refuse(EntryMissing(lblArbeitsauftrag.Caption()), txtArbeitsauftrag));
-  if (!ProductOrderGiven()) {
-    return void(Refuse(EntryMissing(lblProduktauftragNr.Caption()), txtProduktauftragNr[0]));
+std::optional<std::int32_t> F_ARA::Save() {
+  if (!Require(TakeNumber(), lblArbeitsauftrag, txtArbeitsauftrag) ||
+      !Require(ProductOrderGiven(), lblProduktauftragNr, txtProduktauftragNr[0])) {
+    return std::nullopt;
   }
-  Execute(sql::UpdateHeader(curAraId, {.name = OrderName(),
-                                       .description = txtBegrundung_der_Anordnung.Text(),
-                                       .total = txtGesamtKosten.Text(),
-                                       .team = txtRotte[0].Tag()}));
-  Execute(sql::UpdatePosition(curAraId,
-                              {.product_order = txtProduktauftragNr[0].Tag(),
-                               .service = txtLeistung[0].Tag(),
-                               .date = ParseDate(txtErstellungsDatum.Text()),
-                               .cost_centre = txtKostenstelle[0].Tag(),
-                               .work_type = txtLeistungsart[0].Tag(),
-                               .location = txtWaldort.Tag()},
-                              Context().strSqlDateFormat));
-  btnNeu.SetTag("NO");
-  btnAbbrechen.Press();
+  ExecuteOnRow(sql::UpdateHeader(curAraId, {.name = OrderName(),
+                                            .description = txtBegrundung_der_Anordnung.Text(),
+                                            .total = txtGesamtKosten.Text(),
+                                            .team = txtRotte[0].Tag()}));
+  ExecuteOnRow(sql::UpdatePosition(curAraId,
+                                   {.product_order = txtProduktauftragNr[0].Tag(),
+                                    .service = txtLeistung[0].Tag(),
+                                    .date = ParseDate(txtErstellungsDatum.Text()),
+                                    .cost_centre = txtKostenstelle[0].Tag(),
+                                    .work_type = txtLeistungsart[0].Tag(),
+                                    .location = txtWaldort.Tag()},
+                                   Context().strSqlDateFormat));
+  return curAraId;
 }
 
 // Takes the number typed for a new order, unless another order already bears the resulting name. It is stored
@@ -152,61 +166,60 @@ bool F_ARA::ProductOrderGiven() {
   return overhead || !txtProduktauftragNr[0].Tag().empty();
 }
 
-void F_ARA::Cancel() {
-  if (btnNeu.Tag() == "YES") {
-    const WaitPointer wait(CurrentToolkit());
-    Execute(sql::DeleteOrder(curAraId));
-  }
-  btnNeu.SetTag("NO");
-  LoadGridAndPosition();
-  SetViewState(true);
-  SafeSetFocus(DataGridArbeitsauftrag);
-}
-
 // --- cancelling an order ---
 
 void F_ARA::Storno() {
   if (curAraId == 0) return;
-  std::optional<DateTime> day;
-  for (bool first = true; !day; first = false) {
-    const DateTime first_open = FirstOpen(CurrentRow(AdodcArbeitsauftrag).Number("MAXLOHNABSCHLUSS"));
-    if (first_open > Clock::Today()) return void(AppMsgBox(Message(5370), kBoxInformation));
-    if (first && !Ask(Message(4941))) return;
-    const std::string answer =
-        CurrentSuite().Lookup().Pick(Context(), "DATUM", Message(4756), ShownDate(first_open), "1");
-    if (answer.empty()) return;
-    AppMsgBox("OK");
-    day = DateByPosition(answer);
-    if (day && *day >= first_open && *day <= Clock::Today()) break;
-    day.reset();
-    AppMsgBox(Message(223), kBoxInformation);
-  }
-  Execute(sql::CancelOrder(curAraId, *day, Context().strSqlDateFormat));
+  const auto day = AskStornoDay();
+  if (!day) return;
+  Committed([&] { ExecuteOnRow(sql::CancelOrder(curAraId, *day, Context().strSqlDateFormat)); });
   LoadGridAndPosition();
+}
+
+// A day of a month that is not closed, no later than today; nothing if the user gives up or there is none.
+std::optional<DateTime> F_ARA::AskStornoDay() {
+  for (bool first = true;; first = false) {
+    const DateTime first_open = FirstOpen(orders_.Row().Number("MAXLOHNABSCHLUSS"));
+    if (first_open > Clock::Today()) {
+      AppMsgBox(Message(message::kMonthClosed), kBoxInformation);
+      return std::nullopt;
+    }
+    if (first && !Ask(Message(message::kCancelWageOrder))) return std::nullopt;
+    const std::string answer = CurrentSuite().Lookup().Pick(
+        Context(), "DATUM", Message(message::kCancellationDate), ShownDate(first_open), "1");
+    if (answer.empty()) return std::nullopt;
+    AppMsgBox("OK");
+    const auto day = DateByPosition(answer);
+    if (day && *day >= first_open && *day <= Clock::Today()) return day;
+    AppMsgBox(Message(message::kEntryMissing), kBoxInformation);
+  }
 }
 
 // --- details and the total ---
 
 void F_ARA::OpenVorgaben() {
-  switch (CurrentRow(AdodcArbeitsauftrag).Number("BBF_GRUPPENUMBER")) {
-    case 1:
-      AppMsgBox("Die Vorgaben für Zeitlohn sind noch nicht verfügbar.", kBoxInformation);
-      return;
-    case 2:
+  switch (static_cast<WageGroup>(orders_.Row().Number("BBF_GRUPPENUMBER"))) {
+    case WageGroup::kEst:
       AppMsgBox("EST-Lohn existiert nicht!");
       return;
-    case 3:
+    case WageGroup::kOtherPiecework:
       AppMsgBox("Sonstiger Stücklohn existiert nicht!");
       return;
-    default:
-      StoreGesamtKosten();
+    case WageGroup::kTimeWage:
+      Neighbour<TimeWage>().Open(Context(), curPersonal, curAraId);
+      break;
   }
+  Committed([this] { WriteGesamtKosten(); });
+  LoadGridAndPosition();
 }
 
+// The total follows the hours in the commit that ends their Screen.
 void F_ARA::OpenStunden() {
-  Slot<F_Arbeitnehmer>::Use()->Run(Context(), curAraId);
+  const auto hours = Slot<F_Arbeitnehmer>::Use();
+  hours->Closing = [this] { WriteGesamtKosten(); };
+  hours->Run(Context(), curAraId);
   Slot<F_Arbeitnehmer>::Clear();
-  StoreGesamtKosten();
+  LoadGridAndPosition();
 }
 
 // What the workers' hours on the order cost, as the suite's reports add it up; exact, since half a cent counts.
@@ -226,10 +239,9 @@ Decimal F_ARA::CalculateGesamtKosten() {
   return total;
 }
 
-void F_ARA::StoreGesamtKosten() {
+void F_ARA::WriteGesamtKosten() {
   const std::string shown = FormatNumber(CalculateGesamtKosten(), "0.00", CurrentLocale());
   Execute(sql::StoreTotal(curAraId, *ParseNumber(shown, CurrentLocale())));
-  LoadGridAndPosition();
 }
 
 }  // namespace tarvoni

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
+#include "src/context/data/sql_text.h"
 #include "src/context/values/date_time.h"
 #include "src/context/values/decimal.h"
 
@@ -19,44 +19,42 @@ struct Client {
 
 // --- the list ---
 
-// Wage type ID and group TYP of the direct wage of each group.
-std::string DirectWageTypes();
 // The orders; a client without orders gives one row with an empty ID_ARA_KOPF. Filters are Tags, "" for none.
 // `wage_type_case` picks the wage type whose hours count as direct.
-std::string OrdersOfYear(const Client& client, const std::string& wage_type_case,
-                         std::string_view cost_centre, std::string_view work_type);
+SqlText OrdersOfYear(const Client& client, const SqlText& wage_type_case, std::string_view cost_centre,
+                     std::string_view work_type);
 
 // --- the selection: only what occurs in the client's orders, together with the other filter ---
 
-std::string CostCentresInUse(const Client& client, std::string_view work_type);
-std::string FindCostCentreInUse(const Client& client, std::string_view typed, std::string_view work_type);
-std::string WorkTypesInUse(const Client& client, std::string_view cost_centre);
-std::string FindWorkTypeInUse(const Client& client, std::string_view typed, std::string_view cost_centre);
+SqlText CostCentresInUse(const Client& client, std::string_view work_type);
+SqlText FindCostCentreInUse(const Client& client, std::string_view typed, std::string_view work_type);
+SqlText WorkTypesInUse(const Client& client, std::string_view cost_centre);
+SqlText FindWorkTypeInUse(const Client& client, std::string_view typed, std::string_view cost_centre);
 
 // --- lookups ---
 
-std::string Services();
-std::string FindService(std::string_view typed);
+SqlText Services();
+SqlText FindService(std::string_view typed);
 // What the catalogue's statements for product orders and work types are narrowed by: a timber service admits
 // work types with EST only, an order with timber lists those with ALLOW_HOLZ only.
-std::string FitsService(std::string_view service, std::int32_t order);
-std::string WorkTypeFits(std::int32_t product, std::string_view service, std::int32_t order);
-std::string ProductOfOrderHead(std::string_view id);
+SqlText FitsService(std::string_view service, std::int32_t order);
+SqlText WorkTypeFits(std::int32_t product, std::string_view service, std::int32_t order);
+SqlText ProductOfOrderHead(std::string_view id);
 
 // --- a new order ---
 
-std::string ClientNumber(std::int32_t client);
+SqlText ClientNumber(std::int32_t client);
 // Inserts the order under the client's next number of the year and gives its id.
-std::string InsertOrder(const Client& client);
+SqlText InsertOrder(const Client& client);
 // Inserts the order's position, names it provisionally and gives its number.
-std::string InsertPosition(std::int32_t order, std::string_view provisional_name);
-std::string DeleteOrder(std::int32_t order);
+SqlText InsertPosition(std::int32_t order, std::string_view provisional_name);
+SqlText DeleteOrder(std::int32_t order);
 
 // --- saving ---
 
 // Takes the number unless another order already bears the name: 0 if it was taken, 1 if not.
-std::string TakeNumber(std::int32_t order, std::string_view name, std::string_view number);
-std::string IsOverhead(std::string_view cost_centre);
+SqlText TakeNumber(std::int32_t order, std::string_view name, std::string_view number);
+SqlText IsOverhead(std::string_view cost_centre);
 // Tags may be empty.
 struct Header {
   std::string_view name;
@@ -64,7 +62,7 @@ struct Header {
   std::string_view total;
   std::string_view team;
 };
-std::string UpdateHeader(std::int32_t order, const Header& header);
+SqlText UpdateHeader(std::int32_t order, const Header& header);
 struct Position {
   std::string_view product_order;
   std::string_view service;
@@ -73,15 +71,15 @@ struct Position {
   std::string_view work_type;
   std::string_view location;
 };
-std::string UpdatePosition(std::int32_t order, const Position& position, std::string_view sql_date_format);
+SqlText UpdatePosition(std::int32_t order, const Position& position, std::string_view sql_date_format);
 
-std::string CancelOrder(std::int32_t order, const DateTime& day, std::string_view sql_date_format);
+SqlText CancelOrder(std::int32_t order, const DateTime& day, std::string_view sql_date_format);
 
 // --- the total ---
 
 // Each worker's months with hours on the order.
-std::string MonthsWithHours(std::int32_t order);
+SqlText MonthsWithHours(std::int32_t order);
 // 0 is stored as NULL.
-std::string StoreTotal(std::int32_t order, const Decimal& total);
+SqlText StoreTotal(std::int32_t order, const Decimal& total);
 
 }  // namespace tarvoni::ara_sql

@@ -3,12 +3,12 @@
 #include <utility>
 
 #include "src/common/box_rules.h"
-#include "src/common/current_row.h"
+#include "src/common/messages.h"
 #include "src/common/view_switch.h"
+#include "src/context/rules/hour_amount.h"
 #include "src/context/values/field_text.h"
 #include "src/context/values/number_text.h"
 #include "src/wage/f_arbeitnehmer_sql.h"
-#include "src/wage/rate_expressions.h"
 
 namespace tarvoni {
 
@@ -25,67 +25,51 @@ std::optional<Decimal> NumberIn(const TextBox& box) {
 }  // namespace
 
 F_Arbeitnehmer::F_Arbeitnehmer() : Screen("F_Arbeitnehmer") {
-  ConnectList(AdodcArbeitnehmer, DataGridArbeitnehmer, loadingFlag, btnBearbeiten,
-              [this] { ShowCurrentRow(); });
-  CloseInViewState(*this, btnClose, layout_, Context());
+  hours_.Connect([this] { ShowCurrentRow(); }, [this] { return Columns(); }, &btnBearbeiten);
   ConnectFields();
   ConnectButtons();
 }
 
 void F_Arbeitnehmer::Run(const TvnVar_Dll& tvnvar, std::int32_t araId) {
   curAraId = araId;
-  {
-    const auto hold = loadingFlag.Hold();
-    Enter(tvnvar);
+  Present(tvnvar, [this] {
     curFwj = OptionText("STANDARD_FWJ");
-    const bool with_percentage = Option("ARAPERCENTSATZ") != 1;
+    const bool with_percentage = OptionNumber("ARAPERCENTSATZ") != 1;
     lblProzentsatz.SetVisible(with_percentage);
     txtProzentsatz.SetVisible(with_percentage);
     curStundenId = 0;
-    Connect(AdodcArbeitnehmer);
-    BindMessages();
     Reload();
-    layout_.Load(Context());
-  }
-  Show();
+  });
 }
 
 // --- fields ---
 
 void F_Arbeitnehmer::ConnectFields() {
-  for (TextBox* box :
-       {&txtBearbeitungsmonat[1], &txtVerlohnungs[0], &txtVerlohnungs[1], &txtAuszahlungsmonat[1]}) {
-    NumberBox(*box, "00");
-  }
-  for (TextBox* box : {&txtBearbeitungsmonat[3], &txtVerlohnungs[3], &txtAuszahlungsmonat[3]}) {
-    NumberBox(*box, "0000");
-  }
-  for (TextBox* box : {&txtPersonalnummer[0], &txtLohnart[0]}) NumberKeys(*box, "#########0");
-  for (TextBox* box : {&txtStunden, &txtProzentsatz}) NumberBox(*box, "-##0.00");
   ConnectBoxes(*this, TabOnEnter(*this));
-
-  OfferMonths(txtBearbeitungsmonat[1], working_month_, Context());
-  OfferMonths(txtVerlohnungs[1], pay_month_, Context());
-  OfferMonths(txtAuszahlungsmonat[1], paying_month_, Context());
-  Append(txtBearbeitungsmonat[1].LostFocus, [this] { working_month_.LeaveMonth(); });
-  Append(txtAuszahlungsmonat[1].LostFocus, [this] { paying_month_.LeaveMonth(); });
-  Append(txtVerlohnungs[1].LostFocus, [this] { pay_month_.LeaveMonth(); });
-  for (const int i : {0, 1, 3}) Append(txtVerlohnungs[i].LostFocus, [this] { DayLeft(); });
+  Rules(txtBearbeitungsmonat[1]).Number("00").Month(working_month_);
+  Rules(txtBearbeitungsmonat[3]).Number("0000");
+  Rules(txtVerlohnungs[0]).Number("00").Left([this] { DayLeft(); });
+  Rules(txtVerlohnungs[1]).Number("00").Month(pay_month_).Left([this] { DayLeft(); });
+  Rules(txtVerlohnungs[3]).Number("0000").Left([this] { DayLeft(); });
+  Rules(txtPersonalnummer[0]).Keys("#########0").Code(worker_);
+  Rules(txtLohnart[0]).Keys("#########0").Code(wage_type_).Left([this] { WageTypeLeft(); });
+  Rules(txtAuszahlungsmonat[1]).Number("00").Month(paying_month_);
+  Rules(txtAuszahlungsmonat[3]).Number("0000");
+  Rules(txtStunden).Number("-##0.00").Left([this] { ShowAmount(); });
+  Rules(txtProzentsatz).Number("-##0.00");
   worker_.Changed = [this] {
-    if (!loadingFlag) PriceAgain();
+    if (!loadingFlag) PriceForWorker();
   };
   wage_type_.Changed = [this] { wage_type_changed_ = true; };
-  Append(txtLohnart[0].LostFocus, [this] { WageTypeLeft(); });
-  Append(txtStunden.LostFocus, [this] { ShowAmount(); });
 }
 
 CodeField::Rule F_Arbeitnehmer::WorkerRule() {
-  constexpr const char* kRegistered = "PERSONAL.ANGEMELDET = 1";
-  return {.offered = [this] { return GetNamedSql(Context(), "PERSONAL_GRID_ARBEITER", kRegistered); },
+  static const NamedValue registered = Condition("PERSONAL.ANGEMELDET = 1");
+  return {.offered = [this] { return GetNamedSql(Context(), "PERSONAL_GRID_ARBEITER", {registered}); },
           .check =
               [this] {
                 return GetNamedSql(Context(), "PERSONAL_VALID_ARBEITER",
-                                   Parameters({kRegistered}, &txtPersonalnummer[0].Text()));
+                                   {registered, TypedCode(txtPersonalnummer[0].Text())});
               },
           .caption = [this] { return lblPersonalnummer.Caption(); },
           .name_column = "KURZBEZEICHNUNG"};
@@ -101,30 +85,28 @@ CodeField::Rule F_Arbeitnehmer::WageTypeRule() {
 // --- the list ---
 
 void F_Arbeitnehmer::Reload() {
-  lblStunden.SetCaption(Message(4680));  // for the grid's head; a row shows its own unit
-  AdodcArbeitnehmer.SetRecordSource(sql::HoursOfOrder(curAraId));
-  RefreshKeepingWidths(AdodcArbeitnehmer, DataGridArbeitnehmer, loadingFlag, [this] { SetColumns(); });
+  lblStunden.SetCaption(Message(message::kHours));  // for the grid's head; a row shows its own unit
+  hours_.Load(sql::HoursOfOrder(curAraId));
   const auto hold = loadingFlag.Hold();
-  if (curStundenId != 0) FindRow(AdodcArbeitnehmer, "ID", curStundenId, loadingFlag);
+  if (curStundenId != 0) hours_.Find(curStundenId);
   ShowCurrentRow();
 }
 
-void F_Arbeitnehmer::SetColumns() {
-  ShowColumns(DataGridArbeitnehmer,
-              {{.data_field = "PERSONALNUMMER", .caption = lblPersonalnummer.Caption(), .width = 1650},
-               {.data_field = "PERSONALKURZBEZEICHNUNG", .caption = " ", .width = 2800},
-               {.data_field = "DAYVERLOHNUNG", .caption = "Tag", .number_format = "00", .width = 600},
-               {.data_field = "MONTHVERLOHNUNG", .caption = "Monat", .number_format = "00", .width = 750},
-               {.data_field = "LOHNARTENNUMBER", .caption = lblLohnart.Caption(), .width = 900},
-               AmountColumn("STUNDEN", lblStunden.Caption(), 1100, ""),
-               AmountColumn("SATZ", lblSatz.Caption(), 1100),
-               AmountColumn("PROZENTSATZ", lblProzentsatz.Caption(), 1100),
-               AmountColumn("WERT", lblGesamtbetrag.Caption(), 1400)});
+std::vector<ShownColumn> F_Arbeitnehmer::Columns() const {
+  return {{.data_field = "PERSONALNUMMER", .caption = lblPersonalnummer.Caption(), .width = 1650},
+          {.data_field = "PERSONALKURZBEZEICHNUNG", .caption = " ", .width = 2800},
+          {.data_field = "DAYVERLOHNUNG", .caption = "Tag", .number_format = "00", .width = 600},
+          {.data_field = "MONTHVERLOHNUNG", .caption = "Monat", .number_format = "00", .width = 750},
+          {.data_field = "LOHNARTENNUMBER", .caption = lblLohnart.Caption(), .width = 900},
+          AmountColumn("STUNDEN", lblStunden.Caption(), 1100, ""),
+          AmountColumn("SATZ", lblSatz.Caption(), 1100),
+          AmountColumn("PROZENTSATZ", lblProzentsatz.Caption(), 1100),
+          AmountColumn("WERT", lblGesamtbetrag.Caption(), 1400)};
 }
 
 void F_Arbeitnehmer::ShowCurrentRow() {
   const auto hold = loadingFlag.Hold();
-  const CurrentRow row(AdodcArbeitnehmer);
+  const CurrentRow row = hours_.Row();
   const auto show_month = [&row](const char* month, const char* year, const MonthFields& fields) {
     fields.Clear();
     if (!row.IsNull(month)) fields.Set(row.Number(year), row.Number(month));
@@ -135,12 +117,15 @@ void F_Arbeitnehmer::ShowCurrentRow() {
   row.Show("DAYVERLOHNUNG", txtVerlohnungs[0], "00");
   row.ShowCode("ID_PERSONAL", "PERSONALNUMMER", "PERSONALKURZBEZEICHNUNG", txtPersonalnummer);
   row.ShowCode("ID_LOHNARTEN", "LOHNARTENNUMBER", "LOHNARTENNAME", txtLohnart);
-  lblStunden.SetCaption(row.IsNull("EINHEITNAME") ? Message(4680) : row.Text("EINHEITNAME"));
+  lblStunden.SetCaption(row.IsNull("EINHEITNAME") ? Message(message::kHours) : row.Text("EINHEITNAME"));
   row.Show("STUNDEN", txtStunden, kAmount);
   row.Show("SATZ", txtSatz, kAmount);
   row.Show("PROZENTSATZ", txtProzentsatz, kAmount);
-  row.Show("WERT", txtGesamtbetrag, kAmount);
+  txtGesamtbetrag.SetText(Amount());  // a row without a rate has no SATZ
   curStundenId = row.Number("ID");
+  SetSubject(curStundenId == 0 ? ""
+                               : txtPersonalnummer[0].Text() + " " + txtPersonalnummer[1].Text() + ", " +
+                                     txtVerlohnungs[1].Text() + "." + txtVerlohnungs[3].Text());
   SetViewState(true);
 }
 
@@ -148,7 +133,7 @@ void F_Arbeitnehmer::SetViewState(bool bolView) {
   ViewSwitch({&btnClose, &DataGridArbeitnehmer},
              {&btnSpeichern[0], &btnSpeichern[1], &btnAbbrechen, &frmErfassung})
       .Set(bolView);
-  const CurrentRow row(AdodcArbeitnehmer);
+  const CurrentRow row = hours_.Row();
   const bool open_row = !row.IsNull("ID") && row.Number("MODIFY") == 0;
   btnNeu.SetEnabled(bolView && row.Number("MODIFYNEW") == 0);
   btnBearbeiten.SetEnabled(bolView && open_row);
@@ -165,6 +150,16 @@ void F_Arbeitnehmer::DayLeft() {
 void F_Arbeitnehmer::PriceAgain() {
   txtLohnart[0].SetTag("");
   txtLohnart[0].LostFocus();
+}
+
+// Another worker has another rate; the month in which he is paid stays as it stands.
+void F_Arbeitnehmer::PriceForWorker() {
+  const std::string month = txtAuszahlungsmonat[1].Text(), year = txtAuszahlungsmonat[3].Text();
+  PriceAgain();
+  if (month.empty()) return;
+  txtAuszahlungsmonat[1].SetText(month);
+  txtAuszahlungsmonat[3].SetText(year);
+  paying_month_.LeaveMonth();
 }
 
 void F_Arbeitnehmer::WageTypeLeft() {
@@ -188,8 +183,8 @@ std::optional<DateTime> F_Arbeitnehmer::Day() const {
 }
 
 void F_Arbeitnehmer::ReadRate() {
-  const Recordset rate = Open(wage_rate::OfferedRate(txtLohnart[0].Tag(), txtPersonalnummer[0].Tag(), Day(),
-                                                     Context().strSqlDateFormat));
+  const Recordset rate = Open(hour_amount::OfferedRate(txtLohnart[0].Tag(), txtPersonalnummer[0].Tag(), Day(),
+                                                       Context().strSqlDateFormat));
   const auto first = pay_month_.FirstDay();
   if (rate.EndOfFile()) {
     if (first) paying_month_.Set(first->year, first->month);
@@ -205,15 +200,21 @@ void F_Arbeitnehmer::ReadRate() {
 }
 
 void F_Arbeitnehmer::ClearRate() {
-  lblStunden.SetCaption(Message(4680));
+  lblStunden.SetCaption(Message(message::kHours));
   txtSatz.SetText("");
 }
 
-void F_Arbeitnehmer::ShowAmount() {
+// Rate times hours; "" unless both are there.
+std::string F_Arbeitnehmer::Amount() const {
   const auto rate = NumberIn(txtSatz), hours = NumberIn(txtStunden);
   const auto amount = rate && hours ? Multiply(*rate, *hours) : std::nullopt;
-  const bool priced = amount && HasRow(Db(), sql::HasRate(txtLohnart[0].Tag()));
-  txtGesamtbetrag.SetText(priced ? FormatNumber(*amount, kAmount, CurrentLocale()) : "");
+  return amount ? FormatNumber(*amount, kAmount, CurrentLocale()) : "";
+}
+
+void F_Arbeitnehmer::ShowAmount() {
+  const std::string amount = Amount();
+  const bool priced = !amount.empty() && HasRow(Db(), sql::HasRate(txtLohnart[0].Tag()));
+  txtGesamtbetrag.SetText(priced ? amount : "");
 }
 
 }  // namespace tarvoni

@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "src/common/code_field.h"
-#include "src/common/list_rules.h"
 #include "src/common/month_fields.h"
-#include "src/common/screen.h"
+#include "src/common/row_entry.h"
 
 namespace tarvoni {
 
@@ -27,7 +27,7 @@ class F_Arbeitnehmer : public Screen {
   CodeField::Rule WageTypeRule();
 
   void Reload();
-  void SetColumns();
+  std::vector<ShownColumn> Columns() const;
   void ShowCurrentRow();
   void SetViewState(bool bolView);
 
@@ -35,18 +35,20 @@ class F_Arbeitnehmer : public Screen {
   void DayLeft();
   // Reads the rate for the wage type once more.
   void PriceAgain();
+  void PriceForWorker();
   void WageTypeLeft();
   void ReadRate();
   void ClearRate();
+  std::string Amount() const;
   void ShowAmount();
   std::optional<DateTime> Day() const;
 
-  void StartNew();
+  RowEntry::Steps EntrySteps();
+  Control& FillNew();
   void ProposeFirst();
-  void Save(int index);
+  std::optional<std::int32_t> Save();
   bool TestEntry();
-  void Delete();
-  void Cancel();
+  void WriteHours(std::int32_t id) const;
 
   std::int32_t curAraId = 0;
   std::string curFwj;
@@ -56,7 +58,6 @@ class F_Arbeitnehmer : public Screen {
 
   DataControl AdodcArbeitnehmer{*this, "AdodcArbeitnehmer"};
   DataGrid DataGridArbeitnehmer{*this, "DataGridArbeitnehmer"};
-  GridLayout layout_{DataGridArbeitnehmer, "F_ARBEITNEHMER_DATAGRID"};
 
   Frame frmErfassung{*this, "frmErfassung"};
   Label lblBearbeitungsmonat{*this, "lblBearbeitungsmonat"};
@@ -85,9 +86,16 @@ class F_Arbeitnehmer : public Screen {
   Button btnLoschen{*this, "btnLoschen"};
   Button btnClose{*this, "btnClose"};
 
-  MonthFields working_month_{txtBearbeitungsmonat[1], &txtBearbeitungsmonat[2], &txtBearbeitungsmonat[3]};
-  MonthFields pay_month_{txtVerlohnungs[1], &txtVerlohnungs[2], &txtVerlohnungs[3]};
-  MonthFields paying_month_{txtAuszahlungsmonat[1], &txtAuszahlungsmonat[2], &txtAuszahlungsmonat[3]};
+  RowList hours_{
+      *this,
+      loadingFlag,
+      {.data = AdodcArbeitnehmer, .grid = DataGridArbeitnehmer, .layout_key = "F_ARBEITNEHMER_DATAGRID"}};
+  RowEntry entry_{*this, hours_, curStundenId, {btnNeu, btnBearbeiten, btnAbbrechen}, EntrySteps()};
+  MonthFields working_month_{Context(), txtBearbeitungsmonat[1], &txtBearbeitungsmonat[2],
+                             &txtBearbeitungsmonat[3]};
+  MonthFields pay_month_{Context(), txtVerlohnungs[1], &txtVerlohnungs[2], &txtVerlohnungs[3]};
+  MonthFields paying_month_{Context(), txtAuszahlungsmonat[1], &txtAuszahlungsmonat[2],
+                            &txtAuszahlungsmonat[3]};
   CodeField worker_{Context(), loadingFlag, txtPersonalnummer[0], &txtPersonalnummer[1], WorkerRule()};
   CodeField wage_type_{Context(), loadingFlag, txtLohnart[0], &txtLohnart[1], WageTypeRule()};
 };

@@ -16,13 +16,15 @@ layout::Node F_Arbeitnehmer::BuildLayout() {
             Row(lblLohnart, "Lohnart", Box(txtLohnart[0], 12), Shown(txtLohnart[1])),
             Row(lblAuszahlungsmonat, "Auszahlungsmonat", Box(txtAuszahlungsmonat[1], 4),
                 Shown(txtAuszahlungsmonat[2], 12), Box(txtAuszahlungsmonat[3], 6), Gap()),
-            Row(lblStunden, "Stunden", Box(txtStunden, 12), Text(lblSatz, "Satz"), Shown(txtSatz, 12),
+            Row(lblStunden, "Stunden", Box(txtStunden, 12), Text(lblSatz, "Satz"), ShownAmount(txtSatz, 12),
                 Text(lblProzentsatz, "Prozentsatz"), Box(txtProzentsatz, 10),
-                Text(lblGesamtbetrag, "Gesamtbetrag"), Shown(txtGesamtbetrag, 12), Gap())),
+                Text(lblGesamtbetrag, "Gesamtbetrag"), ShownAmount(txtGesamtbetrag, 12), Gap())),
       Table(DataGridArbeitnehmer),
-      Bar(Push(btnNeu, "Neu"), Push(btnBearbeiten, "Bearbeiten"), Push(btnSpeichern[0], "Speichern"),
-          Push(btnSpeichern[1], "Speich.+Neu"), Push(btnAbbrechen, "Abbr."), Push(btnLoschen, "Löschen"),
-          Gap(), Push(btnClose, "Schließen")),
+      Bar(Push(btnNeu, "Neu", Command::kNew), Push(btnBearbeiten, "Bearbeiten", Command::kEdit),
+          Push(btnSpeichern[0], "Speichern", Command::kSave),
+          Push(btnSpeichern[1], "Speich.+Neu", Command::kSaveAndNew),
+          Push(btnAbbrechen, "Abbr.", Command::kCancel), Push(btnLoschen, "Löschen", Command::kDelete), Gap(),
+          Push(btnClose, "Schließen", Command::kClose)),
       Hidden({&AdodcArbeitnehmer}));
 }
 

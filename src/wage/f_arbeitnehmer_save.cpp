@@ -1,4 +1,3 @@
-#include "src/common/current_row.h"
 #include "src/wage/f_arbeitnehmer.h"
 #include "src/wage/f_arbeitnehmer_sql.h"
 
@@ -8,23 +7,25 @@ namespace tarvoni {
 namespace sql = arbeitnehmer_sql;
 
 void F_Arbeitnehmer::ConnectButtons() {
-  btnNeu.Click = [this] { StartNew(); };
-  btnBearbeiten.Click = [this] {
-    btnNeu.SetTag("NO");
-    SetViewState(false);
-    SafeSetFocus(txtBearbeitungsmonat[1]);
+  btnSpeichern[0].Click = [this] { entry_.Save(); };
+  btnSpeichern[1].Click = [this] {
+    if (entry_.Save() && btnNeu.Enabled()) btnNeu.Press();
   };
-  btnSpeichern.ForEach([this](int index, Button& button) { button.Click = [this, index] { Save(index); }; });
-  btnAbbrechen.Click = [this] { Cancel(); };
-  btnAbbrechen.SetCausesValidation(false);
-  btnLoschen.Click = [this] { Delete(); };
-  btnClose.Click = [this] { Unload(); };
+  btnLoschen.Click = [this] { entry_.Delete(sql::DeleteHours); };
+  CloseBy(btnClose);
+}
+
+RowEntry::Steps F_Arbeitnehmer::EntrySteps() {
+  return {.set_view = [this](bool view) { SetViewState(view); },
+          .fill = [this]() -> Control& { return FillNew(); },
+          .first = [this]() -> Control& { return txtBearbeitungsmonat[1]; },
+          .save = [this] { return Save(); },
+          .reload = [this] { Reload(); }};
 }
 
 // The months stay as they are, for the next worker of the same month.
-void F_Arbeitnehmer::StartNew() {
-  btnNeu.SetTag("YES");
-  SetViewState(false);
+Control& F_Arbeitnehmer::FillNew() {
+  SetSubject("neue Zeile");
   txtBearbeitungsmonat[3].SetText(curFwj);
   txtVerlohnungs[3].SetText(curFwj);
   worker_.Clear();
@@ -35,7 +36,7 @@ void F_Arbeitnehmer::StartNew() {
   if (curStundenId == 0) ProposeFirst();
   txtVerlohnungs[0].SetText("1");
   txtVerlohnungs[0].LostFocus();
-  SafeSetFocus(txtBearbeitungsmonat[1]);
+  return txtBearbeitungsmonat[1];
 }
 
 // Month and direct wage type of the order, where the fields are still empty.
@@ -53,52 +54,41 @@ void F_Arbeitnehmer::ProposeFirst() {
   txtLohnart[0].LostFocus();
 }
 
-void F_Arbeitnehmer::Save(int index) {
-  if (!TestEntry()) return;
-  if (btnNeu.Tag() == "YES") curStundenId = ReadNumber(sql::InsertHours(curAraId));
-  Execute(sql::UpdateHours(curStundenId,
-                           {.working_month = working_month_.FirstDay(),
-                            .day = Day(),
-                            .worker = txtPersonalnummer[0].Tag(),
-                            .wage_type = txtLohnart[0].Tag(),
-                            .paying_month = paying_month_.FirstDay(),
-                            .hours = txtStunden.Text(),
-                            .percentage = txtProzentsatz.Text()},
-                           Context().strSqlDateFormat));
-  btnAbbrechen.Press();
-  if (index == 1 && btnNeu.Enabled()) btnNeu.Press();
+std::optional<std::int32_t> F_Arbeitnehmer::Save() {
+  if (!TestEntry()) return std::nullopt;
+  if (!entry_.IsNew()) {
+    WriteHours(curStundenId);
+    return curStundenId;
+  }
+  const std::int32_t id = ReadNumber(sql::InsertHours(curAraId));
+  OrUndo([&] { WriteHours(id); }, sql::DeleteHours(id));
+  return id;
+}
+
+void F_Arbeitnehmer::WriteHours(std::int32_t id) const {
+  ExecuteOnRow(sql::UpdateHours(id,
+                                {.working_month = working_month_.FirstDay(),
+                                 .day = Day(),
+                                 .worker = txtPersonalnummer[0].Tag(),
+                                 .wage_type = txtLohnart[0].Tag(),
+                                 .paying_month = paying_month_.FirstDay(),
+                                 .hours = txtStunden.Text(),
+                                 .percentage = txtProzentsatz.Text()},
+                                Context().strSqlDateFormat));
 }
 
 // A year that is missing, or is none, makes its month incomplete.
 bool F_Arbeitnehmer::TestEntry() {
-  const std::int32_t max_closed = CurrentRow(AdodcArbeitnehmer).Number("MAXLOHNABSCHLUSS");
-  const auto require = [this](bool passed, const Label& label, TextBox& box) {
-    return passed || Refuse(EntryMissing(label.Caption()), box);
-  };
-  return require(!txtBearbeitungsmonat[1].Empty(), lblBearbeitungsmonat, txtBearbeitungsmonat[1]) &&
-         require(working_month_.Key() > max_closed, lblBearbeitungsmonat, txtBearbeitungsmonat[1]) &&
-         require(!txtVerlohnungs[1].Empty(), lblVerlohnungs, txtVerlohnungs[1]) &&
-         require(!txtVerlohnungs[0].Empty(), lblVerlohnungs, txtVerlohnungs[0]) &&
-         require(Day() && pay_month_.Key() <= working_month_.Key(), lblVerlohnungs, txtVerlohnungs[1]) &&
-         require(!txtPersonalnummer[0].Empty(), lblPersonalnummer, txtPersonalnummer[0]) &&
-         require(!txtLohnart[0].Empty(), lblLohnart, txtLohnart[0]) &&
-         require(!txtAuszahlungsmonat[1].Empty(), lblAuszahlungsmonat, txtAuszahlungsmonat[1]) &&
-         require(paying_month_.FirstDay().has_value(), lblAuszahlungsmonat, txtAuszahlungsmonat[3]);
-}
-
-void F_Arbeitnehmer::Delete() {
-  if (!Ask(Message(1429))) return;
-  const std::int32_t id = CurrentRow(AdodcArbeitnehmer).Number("ID");
-  if (id == 0) return;
-  curStundenId = NeighbourOfCurrentRow(AdodcArbeitnehmer, "ID");
-  Execute(sql::DeleteHours(id));
-  Reload();
-}
-
-void F_Arbeitnehmer::Cancel() {
-  btnNeu.SetTag("NO");
-  Reload();
-  SafeSetFocus(DataGridArbeitnehmer);
+  const std::int32_t max_closed = hours_.Row().Number("MAXLOHNABSCHLUSS");
+  return Require(!txtBearbeitungsmonat[1].Empty(), lblBearbeitungsmonat, txtBearbeitungsmonat[1]) &&
+         Require(working_month_.Key() > max_closed, lblBearbeitungsmonat, txtBearbeitungsmonat[1]) &&
+         Require(!txtVerlohnungs[1].Empty(), lblVerlohnungs, txtVerlohnungs[1]) &&
+         Require(!txtVerlohnungs[0].Empty(), lblVerlohnungs, txtVerlohnungs[0]) &&
+         Require(Day() && pay_month_.Key() <= working_month_.Key(), lblVerlohnungs, txtVerlohnungs[1]) &&
+         Require(!txtPersonalnummer[0].Empty(), lblPersonalnummer, txtPersonalnummer[0]) &&
+         Require(!txtLohnart[0].Empty(), lblLohnart, txtLohnart[0]) &&
+         Require(!txtAuszahlungsmonat[1].Empty(), lblAuszahlungsmonat, txtAuszahlungsmonat[1]) &&
+         Require(paying_month_.FirstDay().has_value(), lblAuszahlungsmonat, txtAuszahlungsmonat[3]);
 }
 
 }  // namespace tarvoni

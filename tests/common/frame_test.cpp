@@ -4,7 +4,6 @@
 #include "src/common/box_rules.h"
 #include "src/common/code_field.h"
 #include "src/common/column_writer.h"
-#include "src/common/list_rules.h"
 #include "src/common/month_fields.h"
 #include "src/common/screen.h"
 #include "src/common/view_switch.h"
@@ -22,39 +21,25 @@ using test::Whole;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* kList = "SELECT ID,NAME,WERT FROM POSITION";
+constexpr char kList[] = "SELECT ID,NAME,WERT FROM POSITION";
 
 // A small Screen of the usual kind.
 class F_Probe : public Screen {
  public:
-  F_Probe() : Screen("F_Probe") {}
+  F_Probe() : Screen("F_Probe") {
+    list.Connect([this] { txtName.SetText(list.Row().Text("NAME")); },
+                 [] {
+                   return std::vector<ShownColumn>{{.data_field = "NAME", .caption = "Name"},
+                                                   AmountColumn("WERT", "Wert", 0)};
+                 });
+    CloseBy(btnOk);
+  }
 
   void Run(const TvnVar_Dll& tvnvar) {
-    Enter(tvnvar);
-    Connect(Data1);
-    Data1.SetRecordSource(kList);
-    DataGrid1.Bind(Data1);
-    Data1.MoveComplete = [this] { RowMoved(); };
-    Reload();
-    BindMessages();
-    layout_of_grid.Load(Context());
-    Form_Unload = [this](bool& cancel) { RefuseUnloadWhileDisabled(cancel, btnOk); };
-    states.Set(true);
-  }
-
-  void Reload() {
-    RefreshKeepingWidths(Data1, DataGrid1, loading, [this] {
-      ShowColumns(DataGrid1, {{.data_field = "NAME", .caption = "Name"},
-                              {.data_field = "WERT",
-                               .caption = "Wert",
-                               .number_format = "0.00",
-                               .alignment = Alignment::kRight}});
+    Present(tvnvar, [this] {
+      list.Load(kList);
+      states.Set(true);
     });
-  }
-
-  void RowMoved() {
-    if (!StepOntoRow(Data1) || loading) return;
-    txtName.SetText(ToText(Data1.Recordset().Fields()["NAME"].Value()));
   }
 
   DataControl Data1{*this, "Data1"};
@@ -71,7 +56,7 @@ class F_Probe : public Screen {
   Timer Timer1{*this, "Timer1"};
   Guard loading;
   ViewSwitch states{{&btnNeu, &btnOk, &DataGrid1}, {&btnSpeichern}};
-  GridLayout layout_of_grid{DataGrid1, "F_PROBE"};
+  RowList list{*this, loading, {.data = Data1, .grid = DataGrid1, .layout_key = "F_PROBE"}};
   using Screen::Context;
 };
 
@@ -111,18 +96,17 @@ TEST_F(Frame, RunFillsTheListQuietlyAndLoadsTheLayout) {
 
 TEST_F(Frame, RowEventStepsBackOntoTheList) {
   screen.Run(ctx);
-  EXPECT_FALSE(FindRow(screen.Data1, "ID", 99, screen.loading))
-      << "behind the last row, where the row event takes the last";
+  EXPECT_FALSE(screen.list.Find(99)) << "behind the last row, where the row event takes the last";
   EXPECT_EQ(screen.txtName.Text(), "drei");
   screen.Data1.Recordset().Move(-9);
   EXPECT_EQ(screen.txtName.Text(), "eins");
-  EXPECT_TRUE(FindRow(screen.Data1, "ID", 2, screen.loading));
+  EXPECT_TRUE(screen.list.Find(2));
 }
 
 TEST_F(Frame, WidthsSurviveARefreshAndSortingReachesTheGrid) {
   screen.Run(ctx);
   screen.DataGrid1.Columns()["NAME"].SetWidth(4400);
-  screen.Reload();
+  screen.list.Refresh();
   EXPECT_EQ(screen.DataGrid1.Columns()["NAME"].Width(), 4400);
   screen.Data1.Recordset().Sort("NAME");
   EXPECT_EQ(screen.DataGrid1.CellText(0, 1), "drei");
@@ -132,21 +116,21 @@ TEST_F(Frame, WidthsSurviveARefreshAndSortingReachesTheGrid) {
 TEST_F(Frame, FailedRefreshKeepsTheRowsAndReleasesTheGuard) {
   screen.Run(ctx);
   db->Refuse(kList);
-  EXPECT_THROW(screen.Reload(), DatabaseError);
+  EXPECT_THROW(screen.list.Refresh(), DatabaseError);
   EXPECT_EQ(screen.DataGrid1.RowCount(), 3);
   EXPECT_FALSE(screen.loading);
 }
 
 TEST_F(Frame, NeighbourOfADeletedRow) {
   screen.Run(ctx);
-  EXPECT_EQ(NeighbourOfCurrentRow(screen.Data1, "ID"), 2);
-  FindRow(screen.Data1, "ID", 3, screen.loading);
-  EXPECT_EQ(NeighbourOfCurrentRow(screen.Data1, "ID"), 2) << "the last row gives way to the one before";
+  EXPECT_EQ(screen.list.Neighbour(), 2);
+  screen.list.Find(3);
+  EXPECT_EQ(screen.list.Neighbour(), 2) << "the last row gives way to the one before";
   EXPECT_EQ(screen.Data1.Recordset().AbsolutePosition(), 3) << "looking moves nothing";
   db->Answer(kList, Rows({Whole("ID"), Chars("NAME"), Chars("WERT")},
                          {std::int64_t{1}, std::string("eins"), Null{}}));
-  screen.Reload();
-  EXPECT_EQ(NeighbourOfCurrentRow(screen.Data1, "ID"), 0);
+  screen.list.Refresh();
+  EXPECT_EQ(screen.list.Neighbour(), 0);
 }
 
 TEST_F(Frame, UnloadingIsRefusedWhileEditing) {
@@ -186,7 +170,7 @@ TEST_F(Frame, ColumnWriterWritesOneColumnAtATime) {
 }
 
 TEST_F(Frame, MonthFieldsShowTheMonthOrNothing) {
-  const MonthFields month(screen.txtMonat[1], &screen.txtMonat[2], &screen.txtMonat[3]);
+  const MonthFields month(screen.Context(), screen.txtMonat[1], &screen.txtMonat[2], &screen.txtMonat[3]);
   screen.txtMonat[1].SetText("3");
   month.LeaveMonth();
   EXPECT_EQ(screen.txtMonat[1].Text(), "03");
@@ -202,7 +186,7 @@ TEST_F(Frame, MonthFieldsShowTheMonthOrNothing) {
 }
 
 TEST_F(Frame, DayMustLieInItsMonth) {
-  const MonthFields month(screen.txtMonat[1], &screen.txtMonat[2], &screen.txtMonat[3]);
+  const MonthFields month(screen.Context(), screen.txtMonat[1], &screen.txtMonat[2], &screen.txtMonat[3]);
   const auto leave = [&](const char* day) {
     screen.txtTag.SetText(day);
     LeaveDay(screen.txtTag, month);
@@ -225,6 +209,7 @@ class CodeFieldTest : public Frame {
     screen.Run(ctx);
     screen.lblKonto.SetCaption("Konto");
     field.Changed = [this] { ++changes; };
+    Rules(screen.txtKonto[0]).Code(field);
     db->Answer("KONTO_VALID:5\t1",
                Rows({Whole("ID"), Chars("NAME")}, {std::int64_t{51}, std::string("Wegebau")}));
     db->Answer("KONTO_VALID:5\t9", Rows({Whole("ID"), Chars("NAME")}));
@@ -233,10 +218,9 @@ class CodeFieldTest : public Frame {
 
   std::unique_ptr<test::QuietToolkit::Shown> shown;
   int changes = 0;
-  CodeField field{
-      screen.Context(), screen.loading, screen.txtKonto[0], &screen.txtKonto[1],
-      NamedCode(screen.Context(), screen.txtKonto[0], screen.lblKonto, "KONTO", "NAME",
-                [](const std::string* typed) { return "5" + (typed ? "\t" + *typed : std::string()); })};
+  CodeField field{screen.Context(), screen.loading, screen.txtKonto[0], &screen.txtKonto[1],
+                  NamedCode(screen.Context(), screen.txtKonto[0], screen.lblKonto, "KONTO", "NAME",
+                            [] { return NamedValues{Given(5)}; })};
 };
 
 TEST_F(CodeFieldTest, ValidCodeSetsTagAndCompanion) {
@@ -284,11 +268,24 @@ TEST_F(CodeFieldTest, CtrlOpensTheListOnlyOnAnOpenBox) {
   EXPECT_THAT(db->Log(), ElementsAre("KONTO_GRID:5"));
 }
 
+TEST_F(Frame, ListenersTakeTheirTurns) {
+  std::string order;
+  Event<> event;
+  event.Add(Turn::kOwn, [&] { order += "own "; });
+  event.Add(Turn::kCheck, [&] { order += "check "; });
+  event.Add(Turn::kFilter, [&] { order += "filter "; });
+  event.Add(Turn::kCheck, [&] { order += "second "; });
+  event.Add(Turn::kFormat, [&] { order += "format "; });
+  event();
+  EXPECT_EQ(order, "filter format check second own ");
+  EXPECT_DEATH((event = [] {}), "listener already");
+}
+
 TEST_F(Frame, EnterRulesRunBehindTheFilter) {
   screen.Run(ctx);
   int moves = 0;
-  screen.txtMenge.KeyPress = [](int& key) { key = key == 'x' ? 0 : key; };
   OnEnter(screen.txtMenge, [&] { ++moves; });
+  screen.txtMenge.KeyPress.Add(Turn::kFilter, [](int& key) { key = key == 'x' ? 0 : key; });
   int enter = kKeyEnter, letter = 'x';
   screen.txtMenge.KeyPress(enter);
   screen.txtMenge.KeyPress(letter);

@@ -135,8 +135,8 @@ TEST_F(MCommon, WaldortTextJoinsItsPath) {
 
 TEST_F(MCommon, MachineCostTypesAreJoined) {
   const std::string statement =
-      "SELECT KOSTENART.NUMBER FROM KOSTENART WHERE ID IN (SELECT KOSTENART_ID FROM MASCHINE_STAMM WHERE "
-      "LABEL = 'EIG')";
+      "SELECT KOSTENART.NUMBER\nFROM KOSTENART\n"
+      "WHERE ID IN (SELECT KOSTENART_ID FROM MASCHINE_STAMM WHERE LABEL = 'EIG')";
   Code(statement, {std::int64_t{410}, std::int64_t{420}});
   EXPECT_EQ(GetMachineCostTypeNumbers("EIG", *db), "410, 420");
   Code(statement, {});
@@ -157,7 +157,7 @@ TEST_F(MCommon, NumericKeyFilterPassesDigitsAndOneSeparator) {
 }
 
 TEST_F(MCommon, TypedKeyFilterFollowsTheColumnAndAsksItOnce) {
-  db->Answer("SELECT NUMBER FROM KAPITEL",
+  db->Answer("SELECT TOP 0 NUMBER FROM KAPITEL",
              Rows({{.name = "NUMBER", .type = FieldType::kSmallInt, .size = 0}}));
   const auto shown = toolkit.Show(form, form.txtA);
   form.txtA.SetText("3276");
@@ -170,13 +170,13 @@ TEST_F(MCommon, TypedKeyFilterFollowsTheColumnAndAsksItOnce) {
   EXPECT_EQ(TypedKeyFilter(kKeyEnter, "KAPITEL", "NUMBER", ctx), kKeyEnter);
   form.txtA.SetText("");
   EXPECT_EQ(TypedKeyFilter('-', "KAPITEL", "NUMBER", ctx), '-') << "a minus is no number yet";
-  EXPECT_THAT(db->Log(), ElementsAre("SELECT NUMBER FROM KAPITEL"));
+  EXPECT_THAT(db->Log(), ElementsAre("SELECT TOP 0 NUMBER FROM KAPITEL"));
 }
 
 TEST_F(MCommon, TypedKeyFilterByType) {
   const auto passes = [&](FieldType type, const char* text, char key) {
     const std::string table = "T" + std::to_string(static_cast<int>(type));
-    db->Answer("SELECT C FROM " + table, Rows({{.name = "C", .type = type, .size = 0}}));
+    db->Answer("SELECT TOP 0 C FROM " + table, Rows({{.name = "C", .type = type, .size = 0}}));
     form.txtA.SetText(text);
     return TypedKeyFilter(key, table, "C", ctx) == key;
   };
@@ -196,6 +196,9 @@ TEST_F(MCommon, LockedBoxesAreSkippedByColour) {
   EXPECT_TRUE(form.txtB.Locked());
   EXPECT_FALSE(form.txtB.TabStop());
   EXPECT_EQ(form.txtB.BackColor(), kButtonFace);
+  SetTextBoxLocked(true, form.cmb);
+  EXPECT_TRUE(form.cmb.Locked());
+  EXPECT_EQ(form.cmb.BackColor(), kButtonFace);
   int order = 0;
   for (Control* control : form.Controls()) control->SetTabIndex(order++);
   const auto shown = toolkit.Show(form, form.txtA);

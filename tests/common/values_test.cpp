@@ -90,6 +90,47 @@ TEST(NumberText, ReadsWhatIsUnambiguousAndRefusesTheRest) {
   }
 }
 
+TEST(NumberText, ReadsNumbersFromElsewhereUnlessTheyCouldBeTwo) {
+  struct Case {
+    const char* text;
+    const char* german;
+  };
+  const Case cases[] = {
+      {"1.234,50", "1234,50"},
+      {"1 234,50", "1234,50"},
+      {"1,234.50", "1234,50"},
+      {"1'234.50", "1234,50"},
+      {"1\u00A0234", "1234"},
+      {"1.234.567", "1234567"},
+      {"-12.345,6", "-12345,6"},
+      {"\u22125", "-5"},
+      {"7.5", "7,5"},
+      {"0.765", "0,765"},
+      {"1,234", "1,234"},
+      {",5", ",5"},
+      {"12", "12"},
+      {"8.765", "refused"},
+      {"1 2", "refused"},
+      {"1\t234", "refused"},
+      {"1\n234", "refused"},
+      {"1.23.456", "refused"},
+      {"1.234,567.8", "refused"},
+      {"0.123.456", "refused"},
+      {"1.234 567", "refused"},
+      {"12a", "refused"},
+      {"--1", "refused"},
+      {"1.-5", "refused"},
+      {"", "refused"},
+      {".", "refused"},
+      {"1..5", "refused"},
+      {"1 234 5", "refused"},
+  };
+  for (const Case& c : cases) EXPECT_EQ(PlainNumber(c.text, kGerman).value_or("refused"), c.german) << c.text;
+  EXPECT_EQ(PlainNumber("1.234,50", kEnglish), "1234.50");
+  EXPECT_EQ(PlainNumber("8.765", kEnglish), "8.765");
+  EXPECT_FALSE(PlainNumber("8,765", kEnglish));
+}
+
 TEST(NumberText, MaskAdmitsWhatCanStillBecomeANumberOfItsSize) {
   const NumberMask mask = NumberMask::Of("-##0.00");
   for (const char* text : {"", "-", "1", "123", "123,", "123,4", "-123,45", ","}) {
@@ -125,17 +166,51 @@ TEST(DateText, ReadsDatesAndRefusesDaysThatDoNotExist) {
     const char* iso;
   };
   const Case cases[] = {
-      {"5.3.2024", "2024-03-05"},   {"05.03.24", "2024-03-05"}, {"1.1.30", "1930-01-01"},
-      {"29.02.2024", "2024-02-29"}, {"5.3.", "2024-03-05"},     {"2024-03-05", "2024-03-05"},
-      {"29.2.2023", nullptr},       {"31.4.2024", nullptr},     {"5/3/2024", nullptr},
-      {"5.3.202", nullptr},         {"5.13.2024", nullptr},     {"", nullptr},
-      {"heute", nullptr},           {"1.2.3.4", nullptr},       {"-1.2.2024", nullptr},
+      {"5.3.2024", "2024-03-05"},
+      {"05.03.24", "2024-03-05"},
+      {"5,3,24", "2024-03-05"},
+      {"1.1.44", "2044-01-01"},
+      {"1.1.45", "1945-01-01"},
+      {"1.1.00", "2000-01-01"},
+      {"050324", "2024-03-05"},
+      {"05032024", "2024-03-05"},
+      {"0503", "2024-03-05"},
+      {"310424", nullptr},
+      {"20240305", nullptr},
+      {"50324", nullptr},
+      {"5", nullptr},
+      {"1-3-24", nullptr},
+      {"0503x4", nullptr},
+      {"29.02.2024", "2024-02-29"},
+      {"5.3.", "2024-03-05"},
+      {"2024-03-05", "2024-03-05"},
+      {"29.2.2023", nullptr},
+      {"31.4.2024", nullptr},
+      {"5/3/2024", nullptr},
+      {"5.3.202", nullptr},
+      {"5.13.2024", nullptr},
+      {"", nullptr},
+      {"heute", nullptr},
+      {"1.2.3.4", nullptr},
+      {"-1.2.2024", nullptr},
       {"1.1.1752", nullptr},
   };
   for (const Case& c : cases) {
     const auto date = ParseDate(c.text);
     EXPECT_EQ(date ? date->ToIso() : "refused", c.iso ? c.iso : "refused") << c.text;
   }
+  Clock::Reset();
+}
+
+TEST(DateText, YearThatIsLeftOutIsThatOfTheDayBefore) {
+  Clock::Set({.year = 2099, .month = 12, .day = 31});
+  const DateTime before{.year = 2023, .month = 8, .day = 1};
+  EXPECT_EQ(ParseDate("1.3.", before), (DateTime{.year = 2023, .month = 3, .day = 1}));
+  EXPECT_EQ(ParseDate("0103", before), (DateTime{.year = 2023, .month = 3, .day = 1}));
+  EXPECT_EQ(ParseDate("29.2.", before), std::nullopt) << "no leap year";
+  EXPECT_EQ(ParseDate("1.3.").value().year, 2099);
+  EXPECT_EQ(ParseDate("1.3.19", before).value().year, 2119) << "two digits go by today alone";
+  EXPECT_EQ(ParseDate("1.3.20", before).value().year, 2020);
   Clock::Reset();
 }
 
@@ -156,6 +231,10 @@ TEST(FieldText, ShowsEachKindOfValue) {
   EXPECT_EQ(FieldText(std::int64_t{5}, "00", kGerman), "05");
   EXPECT_EQ(FieldText(0.1, "", kEnglish), "0.1");
   EXPECT_EQ(FieldText(std::string("x1"), "0.00", kGerman), "x1");
+  EXPECT_EQ(FieldText(std::string("24"), "0000", kGerman), "0024") << "a number that stands in a text";
+  EXPECT_EQ(FieldText(std::string("24,5"), "0.00", kGerman), "24,50");
+  EXPECT_EQ(FieldText(std::string("24"), "dd.mm.yyyy", kGerman), "24");
+  EXPECT_EQ(FieldText(std::string("024"), "", kGerman), "024");
   EXPECT_EQ(FieldText(DateTime{.year = 2024, .month = 3, .day = 5}, "", kGerman), "05.03.2024");
 }
 

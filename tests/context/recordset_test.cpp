@@ -219,6 +219,30 @@ TEST(RecordsetTest, SortsStably) {
   EXPECT_THAT(Numbers(rows), ElementsAre(1, 2, 3, 4, 5));
 }
 
+TEST(RecordsetTest, SortsByNumberWhereAColumnHasNoName) {
+  Recordset rows(
+      RowSet{{{"NR", FieldType::kInteger, 0}, {"", FieldType::kInteger, 0}, {"", FieldType::kInteger, 0}},
+             {std::int64_t{1}, std::int64_t{7}, std::int64_t{5},  //
+              std::int64_t{2}, std::int64_t{7}, std::int64_t{9},  //
+              std::int64_t{3}, std::int64_t{4}, std::int64_t{8}}});
+  rows.MoveLast();
+  rows.Sort(2);
+  EXPECT_EQ(rows.AbsolutePosition(), 1);
+  EXPECT_THAT(Numbers(rows), ElementsAre(1, 3, 2));
+  rows.Sort(1, SortOrder::kDescending);
+  EXPECT_THAT(Numbers(rows), ElementsAre(1, 2, 3)) << "equals stay in the statement's order";
+  EXPECT_EQ(ErrorOf([&] { rows.Sort(3); }), kErrorItemNotFound);
+  EXPECT_EQ(ErrorOf([] { Recordset().Sort(0); }), kErrorObjectClosed);
+}
+
+template <typename Rows>
+concept GivesFields = requires(Rows&& rows) {
+  std::forward<Rows>(rows).Fields();
+};
+
+static_assert(GivesFields<const Recordset&>);
+static_assert(!GivesFields<Recordset>, "the fields of a temporary would dangle");
+
 TEST(RecordsetTest, SortingKeepsTheOrderOfEquals) {
   RowSet many{{{"NR", FieldType::kInteger, 0}, {"GRUPPE", FieldType::kInteger, 0}}, {}};
   for (int i = 0; i < 100; ++i) many.cells.insert(many.cells.end(), {std::int64_t{i}, std::int64_t{i % 2}});
@@ -254,8 +278,9 @@ TEST(RecordsetTest, GetRowsTakesTheRest) {
 
 class CountingConnection : public Connection {
  public:
-  long long Execute(std::string_view) override { return -1; }
-  Recordset Open(std::string_view) override { return {}; }
+  long long Execute(const SqlText&) override { return -1; }
+  Recordset Open(const SqlText&) override { return {}; }
+  void OpenAll(const SqlText&, const std::function<void(const BatchPart&)>&) override {}
   const std::string& ConnectionString() const override { return text_; }
   void BeginHandler() override { ++depth; }
   void EndHandler() override {

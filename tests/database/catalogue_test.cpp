@@ -73,7 +73,7 @@ TEST_F(CatalogueTest, FollowsChangesOfTables) {
   EXPECT_EQ(Rows(*connection_, "SELECT * FROM A"), "");
   connection_->Execute("DROP TABLE A CREATE TABLE A (Y FLOAT, Z INT)");
   EXPECT_EQ(Table("A").columns.size(), 2U);
-  EXPECT_EQ(connection_->Open("SELECT * FROM A").Fields().Count(), 2);
+  EXPECT_EQ(connection_->Open("SELECT * FROM A").Columns().size(), 2U);
 }
 
 }  // namespace

@@ -344,7 +344,7 @@ TEST_F(StoredTest, OverflowsShowWhereTheValueIsRead) {
   for (const Type& type : {Type::Int(), Type::BigInt(), Type::Decimal(38, 2), Type::Money()}) {
     EXPECT_EQ(Back(9.3e18, type), "error 8115") << ToSql(type);
   }
-  EXPECT_EQ(Back(std::string("gestern"), Type::DateTime()), "error 241");
+  EXPECT_EQ(Back(std::string("gestern"), Type::DateTime()), "5 ⚠ gestern");
 }
 
 TEST(StoredTypeTest, TypesAsAdoNumbersThem) {

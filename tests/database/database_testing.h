@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include <fstream>
 #include <string>
 #include <string_view>
 
@@ -12,13 +11,16 @@
 #include "platform/sqlite/public/sqlite_database.h"
 #include "platform/tsql/public/runtime.h"
 #include "tests/support/database_testing.h"
+#include "tests/support/file_bytes.h"
 
 namespace tarvoni::sqlite {
 
+using dbtest::BytesOf;
 using dbtest::ErrorIn;
 using dbtest::ErrorNumber;
 using dbtest::Rows;
 using dbtest::TempFolder;
+using dbtest::WriteBytes;
 
 // The file as another program without our functions sees it.
 class OtherProgram {
@@ -52,15 +54,6 @@ class OtherProgram {
  private:
   sqlite3* db_ = nullptr;
 };
-
-inline std::string BytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-inline void WriteBytes(const std::string& path, std::string_view bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
 
 inline Database& SharedOf(const std::shared_ptr<Connection>& connection) {
   return dynamic_cast<SqliteConnection&>(*connection).Shared();

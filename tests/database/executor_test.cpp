@@ -37,7 +37,7 @@ class ExecutorTest : public ::testing::Test {
     return std::make_shared<PreparedPlan>(File(), Shared().Identities(), std::move(plan), tsql::Lex(text));
   }
   BatchResult Run(const std::shared_ptr<PreparedPlan>& plan, const std::string& text) {
-    auto result = Executor(Shared(), session_, text, true).RunPlan(*plan);
+    auto result = Executor(Shared(), session_, text, Wanted::kFirstRows).RunPlan(*plan);
     Shared().Commit();
     return result;
   }

@@ -17,7 +17,7 @@ Backend Embedded() {
   };
   const auto open = [](const std::string& text) { return sqlite::OpenDatabase(text); };
   const auto nowhere = [](const TempFolder& folder) { return folder.File("kein/Ordner.db"); };
-  return {"Embedded", {}, empty, open, nowhere};
+  return {"Embedded", {.counts_in_silence = true}, empty, open, nowhere};
 }
 
 std::shared_ptr<Connection> OpenByOdbc(const std::string& text) {

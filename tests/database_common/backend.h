@@ -14,6 +14,8 @@ struct BackendTraits {
   bool transact_sql = true;    // takes T-SQL: batches, temporary tables, identity columns
   bool exact_decimals = true;  // stores decimals as they are, not as floating point
   bool folds_case = true;      // texts compare without regard to case
+  // Knows the affected rows also after SET NOCOUNT ON, when a server tells none.
+  bool counts_in_silence = false;
 };
 
 // A way to reach a database of its own for each test.

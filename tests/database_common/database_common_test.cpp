@@ -42,7 +42,7 @@ TEST_P(DatabaseCommon, LargeDecimalsAreExactWhereTheBackendStoresThem) {
   Execute("CREATE TABLE PROBE (D DECIMAL(20,4))");
   Execute("INSERT INTO PROBE VALUES (1234567890123456.7891)");
   const Value expected = Decimal(*Decimal::Parse("1234567890123456.7891"));
-  EXPECT_EQ(Open("SELECT D FROM PROBE").Fields()[0].Value() == expected, Traits().exact_decimals);
+  EXPECT_EQ(Open("SELECT D FROM PROBE").GetRows().at(0).at(0) == expected, Traits().exact_decimals);
 }
 
 TEST_P(DatabaseCommon, NullIsNotAnEmptyTextNorZero) {
@@ -60,7 +60,7 @@ TEST_P(DatabaseCommon, UmlautsAndTheEuroSignSurvive) {
   EXPECT_EQ(Rows("SELECT NAME FROM PROBE WHERE ID = 1"), "ÄÖÜäöüß € Jürgen's");
   EXPECT_EQ(Rows("SELECT ID FROM PROBE WHERE NAME = 'ÄÖÜäöüß € Jürgen''s'"), "1");
   EXPECT_EQ(Rows("SELECT ID FROM PROBE WHERE NAME = 'äöüÄÖÜß € JÜRGEN''S'"), Traits().folds_case ? "1" : "");
-  EXPECT_EQ(Open("SELECT ID AS Größe FROM PROBE").Fields()[0].Name(), "Größe");
+  EXPECT_EQ(Open("SELECT ID AS Größe FROM PROBE").Columns()[0].name, "Größe");
 }
 
 TEST_P(DatabaseCommon, LongTextsComeWhole) {
@@ -134,6 +134,21 @@ TEST_P(DatabaseCommon, WhatAHandlerWroteIsThereForTheOthersWhenItEnds) {
     handler.Finish();
   }
   EXPECT_EQ(dbtest::Rows(*second, "SELECT ID FROM PROBE"), "3");
+}
+
+TEST_P(DatabaseCommon, AllResultsOfABatchComeInOrderAlsoBeforeItsError) {
+  MakeProbe();
+  std::vector<std::string> results;
+  const auto take = [&results](const BatchPart& part) {
+    results.push_back(part.rows.IsOpen() ? ToDisplayText(part.rows.Fields()[0].Value()) + " row"
+                                         : std::to_string(part.affected) + " changed");
+  };
+  connection_->OpenAll("SELECT 7; UPDATE PROBE SET NAME = 'x' WHERE ID < 3; SELECT 8;", take);
+  EXPECT_THAT(results, ElementsAre("7 row", "2 changed", "8 row"));
+  results.clear();
+  EXPECT_NE(ErrorNumber([&] { connection_->OpenAll("SELECT 9; INSERT INTO PROBE (ID) VALUES (1);", take); }),
+            0);
+  EXPECT_THAT(results, ElementsAre("9 row"));
 }
 
 TEST_P(DatabaseCommon, TheTraceHearsEveryStatement) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/database_common/backend.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni::dbtest {
 
@@ -12,11 +13,11 @@ class DatabaseTest : public ::testing::TestWithParam<Backend> {
  protected:
   const BackendTraits& Traits() const { return GetParam().traits; }
   std::shared_ptr<Connection> OpenAgain() const { return GetParam().open(connection_->ConnectionString()); }
-  long long Execute(std::string_view text) { return connection_->Execute(text); }
-  Recordset Open(std::string_view text) { return connection_->Open(text); }
+  long long Execute(std::string_view text) { return connection_->Execute(Sql(text)); }
+  Recordset Open(std::string_view text) { return connection_->Open(Sql(text)); }
   std::string Rows(std::string_view query) { return dbtest::Rows(*connection_, query); }
   int NumberOf(std::string_view text) {
-    return ErrorNumber([&] { connection_->Execute(text); });
+    return ErrorNumber([&] { connection_->Execute(Sql(text)); });
   }
 
   // PROBE with the rows 1, 2 and 3.

@@ -14,7 +14,8 @@ TEST_P(TransactCommon, ABatchGivesItsFirstResultSetAndItsLastCount) {
       "1");
   EXPECT_EQ(Execute("DELETE FROM PROBE WHERE ID = 1\nUPDATE PROBE SET NAME = 'y'"), 2);
   EXPECT_EQ(Open("SELECT ID FROM PROBE WHERE ID = 99\nSELECT 77").RecordCount(), 0U);
-  EXPECT_EQ(Execute("SET NOCOUNT ON\nUPDATE PROBE SET NAME = 'y'"), -1);
+  const bool tells = Traits().counts_in_silence;
+  EXPECT_EQ(Execute("SET NOCOUNT ON\nUPDATE PROBE SET NAME = 'y'"), tells ? 2 : -1);
 }
 
 TEST_P(TransactCommon, AfterAViolationTheBatchGoesOnAndItsFirstErrorIsGiven) {

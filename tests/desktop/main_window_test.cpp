@@ -10,12 +10,16 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <filesystem>
 
 #include "host/demo_database.h"
+#include "host/desktop/server_dialog.h"
 #include "host/open_database.h"
+#include "host/own_enterprise.h"
 #include "platform/qt/public/look.h"
+#include "src/context/values/call_error.h"
 
 namespace tarvoni::host {
 namespace {
@@ -128,7 +132,9 @@ TEST_F(Desktop, OpensAScreenWithTheChosenClient) {
   window.Open(DemoFile());
   Open(window, 2);
   Open(window, 0);
-  EXPECT_THAT(opened_, ElementsAre("Maschine-Stammdaten", "Arbeitsaufträge"));
+  EXPECT_THAT(opened_, ElementsAre(QString("Maschine-Stammdaten"),
+                                   testing::Property(&QString::toStdString,
+                                                     testing::StartsWith("Arbeitsaufträge – "))));
 }
 
 TEST_F(Desktop, FormsOfferTheRowsOfTheClientAndTheForestYear) {
@@ -179,6 +185,59 @@ TEST_F(Desktop, FitsASmallScreen) {
   window.Open(DemoFile());
   EXPECT_LE(window.minimumSizeHint().width(), 1366);
   EXPECT_LE(window.minimumSizeHint().height(), 720);
+}
+
+TEST_F(Desktop, FocusIsOnTheClientsAndEnterOpens) {
+  MainWindow window;
+  window.show();
+  window.activateWindow();
+  window.Open(DemoFile());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  EXPECT_EQ(QApplication::focusWidget(), Named<QTreeWidget>(window, "Mandanten"));
+  QTest::keyClick(window.windowHandle(), Qt::Key_Return);
+  EXPECT_THAT(opened_,
+              ElementsAre(testing::Property(&QString::toStdString,
+                                            testing::StartsWith("Arbeitsaufträge – Forstbetrieb 2010"))));
+}
+
+TEST_F(Desktop, AnEnterpriseOfOnesOwnTakesOrdersAtOnce) {
+  const std::string file = DemoFile().toStdString() + ".eigen";
+  EXPECT_THROW(MakeOwnEnterprise(file, {.number = "77", .name = "", .forest_year = 2025}), CallError);
+  MakeOwnEnterprise(file, {.number = "77", .name = "Hof' Wald", .forest_year = 2025});
+  EXPECT_THROW(MakeOwnEnterprise(file, {.number = "77", .name = "Wald", .forest_year = 2025}), CallError);
+  MainWindow window;
+  window.show();
+  window.Open(QString::fromStdString(file));
+  EXPECT_EQ(Named<QTreeWidget>(window, "Mandanten")->currentItem()->text(1), "Hof' Wald");
+  EXPECT_FALSE(window.findChild<QLineEdit*>("forest_year")->isVisible()) << "wage orders ask for none";
+  Open(window, 0);
+  EXPECT_THAT(opened_,
+              ElementsAre(testing::Property(&QString::toStdString, testing::StartsWith("Arbeitsaufträge"))));
+}
+
+TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
+  MainWindow window;
+  std::vector<std::string> tried;
+  QTimer::singleShot(0, &window, [&] {
+    auto& dialog = *QApplication::activeModalWidget();
+    const auto field = [&](const char* name) { return dialog.findChild<QLineEdit*>(name); };
+    field("server")->setText("db1");
+    field("database")->setText("lohn");
+    field("password")->setText("ge;heim");
+    static_cast<QDialog&>(dialog).accept();
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(dialog.findChild<QLabel*>("fault")->text().contains("nicht zustande gekommen"));
+    EXPECT_TRUE(dialog.findChild<QLabel*>("fault")->text().contains("login failed"));
+    EXPECT_EQ(field("password")->text(), "ge;heim");
+    static_cast<QDialog&>(dialog).accept();
+  });
+  ConnectToServer(&window, [&](const QString& server) {
+    tried.push_back(server.toStdString());
+    if (tried.size() == 1) throw CallError("login failed");
+  });
+  EXPECT_EQ(tried, std::vector<std::string>(
+                       2, "odbc:Driver=FreeTDS;Server=db1;Port=1433;Database=lohn;PWD={ge;heim}"));
+  EXPECT_EQ(ServerSettings::Load().database, "lohn");
 }
 
 TEST_F(Desktop, RemembersNoPassword) {

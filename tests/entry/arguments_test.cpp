@@ -23,7 +23,8 @@ TEST(Arguments, ReadByNameAndKind) {
   EXPECT_EQ(given.Byte("byte"), 255);
   EXPECT_TRUE(given.Boolean("flag"));
   given.Reference("name") = "neu";
-  EXPECT_THAT(given.Results(), ElementsAre(Pair("name", "neu")));
+  given.Give("curId", -7);
+  EXPECT_THAT(given.Results(), ElementsAre(Pair("curId", "-7"), Pair("name", "neu")));
 }
 
 TEST(Arguments, AreEmptyZeroOrFalseWhenNotGiven) {

@@ -113,6 +113,13 @@ TEST_F(Lohn, AFailureKeepsTheInstanceForTheNextCallAndSkipsTheRest) {
                                      "F_Arbeitsauftrag#1 gone"));
 }
 
+TEST_F(Lohn, AFailureOfACallInsideIsForgottenWhenTheOuterOneSucceeds) {
+  EXPECT_EQ(RunCall("F_ARA", "_c_Lohn",
+                    [&] { EXPECT_EQ(lohn_->Maschinenbuch(1, true, context_), kResultNotImplemented); }),
+            kResultOk);
+  EXPECT_EQ(LastFailure().text, "");
+}
+
 TEST_F(Lohn, AScreenStillToComeSaysSo) {
   EXPECT_EQ(lohn_->Maschinenbuch(1, true, context_), kResultNotImplemented);
   EXPECT_EQ(LastFailure().text, "Der Bildschirm F_Maschinenbuch ist noch nicht verfügbar.");

@@ -61,7 +61,10 @@ TEST(ClassTable, ALockKeepsTheLibraryInUse) {
   static_cast<ClassFactory*>(factory)->Release();
   EXPECT_TRUE(LibraryInUse());
   GetClassObject(kClass_C_Version, kInterfaceClassFactory, &factory);
-  static_cast<ClassFactory*>(factory)->LockServer(false);
+  EXPECT_EQ(static_cast<ClassFactory*>(factory)->LockServer(false), kResultOk);
+  // One unlock too many takes nothing from the factory itself.
+  EXPECT_EQ(static_cast<ClassFactory*>(factory)->LockServer(false), kResultFail);
+  EXPECT_TRUE(LibraryInUse());
   static_cast<ClassFactory*>(factory)->Release();
   EXPECT_FALSE(LibraryInUse());
 }

@@ -106,8 +106,9 @@ struct FakeScreens {
 
 class FakeConnection : public Connection {
  public:
-  long long Execute(std::string_view) override { return -1; }
-  Recordset Open(std::string_view) override { return {}; }
+  long long Execute(const SqlText&) override { return -1; }
+  Recordset Open(const SqlText&) override { return {}; }
+  void OpenAll(const SqlText&, const std::function<void(const BatchPart&)>&) override {}
   const std::string& ConnectionString() const override { return string_; }
   void BeginHandler() override { Note("begin"); }
   void EndHandler() override { Note("end"); }

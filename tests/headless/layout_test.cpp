@@ -44,8 +44,8 @@ struct ListScreen : Form {
             Group(frmArbeitsauftrag, "Arbeitsauftrag",
                   Row(lblKostenstelle, "Kostenstelle", Box(txtKostenstelle[0], 8), Shown(txtKostenstelle[1])),
                   Group(frmBeschreibung, "Beschreibung der Arbeit", Lines(txtBeschreibung, 4))),
-            Stack(Group(frmSummen, "Summen", Row(lblMenge, "Menge", Shown(txtMenge, 10), Text("fm"))),
-                  Group(frmSelektion, "Selektion", Row("Kostenstelle", Box(txtSel, 8))))),
+            Stack(Last(Group(frmSelektion, "Selektion", Row("Kostenstelle", Box(txtSel, 8)))),
+                  Group(frmSummen, "Summen", Row(lblMenge, "Menge", Shown(txtMenge, 10), Text("fm"))))),
         Bar(Push(btnNeu, "Neu"), Push(btnClose, "Schließen")), Hidden({&AdodcArbeitsauftrag, &Timer1}));
   }
   DataControl AdodcArbeitsauftrag{*this, "AdodcArbeitsauftrag"};
@@ -88,8 +88,8 @@ TEST(Layout, FramesNestAndGovernWhatStandsInThem) {
   ListScreen screen;
   EXPECT_THAT(FocusRound(screen),
               ElementsAre("DataGridArbeitsauftrag", "txtKostenstelle(0)", "txtBegrundung_der_Anordnung",
-                          "txtKostenstelleSel", "btnNeu", "btnClose"))
-      << "boxes that only show are no stops";
+                          "btnNeu", "btnClose", "txtKostenstelleSel"))
+      << "boxes that only show are no stops, and the selection comes last";
   EXPECT_EQ(screen.frmBeschreibung.Container(), &screen.frmArbeitsauftrag);
   EXPECT_EQ(screen.txtBeschreibung.Container(), &screen.frmBeschreibung);
   screen.frmArbeitsauftrag.SetEnabled(false);

@@ -4,11 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <sstream>
 
+#include "platform/headless/public/headless_toolkit.h"
 #include "src/common/box_rules.h"
 #include "src/common/code_field.h"
-#include "src/common/list_rules.h"
-#include "src/common/view_switch.h"
 #include "src/context/values/clock.h"
 #include "tests/support/fake_connection.h"
 #include "tests/support/fake_suite.h"
@@ -26,7 +27,15 @@ using testing::HasSubstr;
 class F_Lager : public Screen {
  public:
   explicit F_Lager(int depth = 0)
-      : Screen("F_Lager" + std::string(static_cast<std::size_t>(depth), 'X')), depth_(depth) {}
+      : Screen("F_Lager" + std::string(static_cast<std::size_t>(depth), 'X')), depth_(depth) {
+    list.Connect([] {},
+                 [] {
+                   return std::vector<ShownColumn>{
+                       {.data_field = "NAME", .caption = "Name"},
+                       {.data_field = "WERT", .caption = "Wert", .number_format = "0.00"}};
+                 });
+    Wire();
+  }
 
   layout::Node BuildLayout() override {
     using namespace layout;
@@ -41,23 +50,17 @@ class F_Lager : public Screen {
   }
 
   void Run(const TvnVar_Dll& tvnvar) {
-    Enter(tvnvar);
-    Connect(Data1);
-    Data1.SetRecordSource("LIST");
-    DataGrid1.Bind(Data1);
-    RefreshUnderGuard(Data1, loading, [this] {
-      ShowColumns(DataGrid1, {{.data_field = "NAME", .caption = "Name"},
-                              {.data_field = "WERT", .caption = "Wert", .number_format = "0.00"}});
+    Present(tvnvar, [this] {
+      list.Load("LIST");
+      for (const char* item : {"EUR", "CZK"}) txtValuta.AddItem(item);
     });
-    for (const char* item : {"EUR", "CZK"}) txtValuta.AddItem(item);
-    Wire();
-    Show();
   }
 
   void Wire() {
-    NumberBox(txtMenge, "###0.00");
     OnEnter(txtMenge, TabOnEnter(*this));
     SelectOnFocus(txtMenge);
+    Rules(txtMenge).Number("###0.00");
+    Rules(txtKapitel[0]).Code(kapitel);
     btnNeu.Click = [this] {
       if (depth_ == 0) {
         F_Lager inner(1);
@@ -72,7 +75,7 @@ class F_Lager : public Screen {
     Form_Unload = [this](bool& cancel) {
       if (chkFertig.Checked()) return;
       cancel = true;
-      AppMsgBox(EntryMissing("fertig"), kBoxWarning);
+      AppMsgBox(Message(223) + " [fertig]", kBoxWarning);
     };
     later = std::make_unique<DeferredCall>(Timer1, [this] { listeSel.AddItem("nachher"); });
     txtValuta.Click = [this] { later->Request(); };
@@ -98,10 +101,11 @@ class F_Lager : public Screen {
   Button btnOk{*this, "btnOk"};
   Timer Timer1{*this, "Timer1"};
   Guard loading;
+  RowList list{*this, loading, {.data = Data1, .grid = DataGrid1}};
   std::unique_ptr<DeferredCall> later;
-  CodeField kapitel{Context(), loading, txtKapitel[0], &txtKapitel[1],
-                    NamedCode(Context(), txtKapitel[0], lblKapitel, "KAPITEL", "NAME",
-                              [](const std::string* typed) { return typed ? *typed : ""; })};
+  CodeField kapitel{
+      Context(), loading, txtKapitel[0], &txtKapitel[1],
+      NamedCode(Context(), txtKapitel[0], lblKapitel, "KAPITEL", "NAME", [] { return NamedValues(); })};
 
  private:
   int depth_;
@@ -219,6 +223,67 @@ expect list listeSel
   EXPECT_THAT(db->Log(), testing::Not(testing::Contains("DELETE")));
 }
 
+TEST_F(Player, TriesManyTextsAndLooksClosely) {
+  EXPECT_EQ(Play(R"(
+fill txtMenge=1 txtKapitel(0)=10
+try txtMenge
+| enter | leave | =     | focused   | txtMenge locked
+| 12,5  |       | 12,50 | txtValuta | 0
+|       | x     | 12,50 | txtValuta | 0
+| ""    |       |       | txtValuta | 0
+try
+| field         | key  | leave | pick | click      | answer   | offer  | message      | txtKapitel(0).Tag
+| txtKapitel(0) | Ctrl |       | 10   |            |          | 10, 20 |              | 5
+|               |      |       |      | btnLoschen | no / yes |        | Sicher?      | 5
+width DataGrid1 WERT 900
+head DataGrid1 2
+expect fields
+| DataGrid1.Width(WERT)  | 900
+| DataGrid1.Caption(2)   | Name
+| DataGrid1.Visible(ID)  | 0
+| DataGrid1.Rows         | 2
+| txtKapitel(1)          | locked enabled
+| txtKapitel(1).BackColor | buttonface
+| txtMenge.TabStop       | 1
+| F_Lager                | Lager
+expect unordered grid DataGrid1
+| Name | Wert
+| zwei
+| a\|b | 1,50
+click btnLoschen
+expect box.Buttons = "yes no"
+expect box.Icon = question
+expect box.Default = yes
+expect box.Title = Tarvoni
+answer no)"),
+            "");
+}
+
+TEST_F(Player, FailsAtTheWriteItIsToldOf) {
+  db->Refuse("Q");
+  EXPECT_EQ(Play("sql Q\nexpect failure 245\nfail write 1 8134\nsql UPDATE T SET A = 1\nexpect failure 8134\n"
+                 "fail write 1\nsql DELETE T\nexpect failure anderes Programm"),
+            "");
+  EXPECT_THAT(db->Log(), testing::Not(testing::Contains("UPDATE T SET A = 1")));
+}
+
+TEST_F(Player, TellsAllThatDiffers) {
+  player.Options().all = true;
+  const std::string told =
+      Play("expect txtMenge = 1\nexpect DataGrid1 disabled\nexpect rows DataGrid1 2\nexpect screen none");
+  EXPECT_THAT(told, HasSubstr("probe.tvs:3: "));
+  EXPECT_THAT(told, HasSubstr("probe.tvs:4: "));
+  EXPECT_THAT(told, HasSubstr("probe.tvs:6: "));
+}
+
+// Every command is told as it is read, and no other.
+TEST(ScriptCommands, AreThoseOfTheirPage) {
+  std::ostringstream page;
+  page << std::ifstream(SCRIPTS_PAGE).rdbuf();
+  for (const std::string& form : ScriptCommandForms())
+    EXPECT_THAT(page.str(), HasSubstr("| `" + form + "`")) << form;
+}
+
 TEST_F(Player, ScreensNest) {
   EXPECT_EQ(Play(R"(
 click btnNeu
@@ -259,13 +324,25 @@ TEST_F(Player, FailsOnEverythingThatGoesUnnoticed) {
       {"row DataGrid1 9", "keine Zeile 9"},
       {"tanze", "Den Befehl \"tanze\" gibt es nicht"},
       {"expect rows DataGrid1 3", "erwartet \"3\", gefunden \"2\""},
-      {"click btnOk extra", "zu viele Wörter"},
+      {"click btnOk extra", "zu viele Wörter. Er lautet: click C"},
+      {"database y", "solange kein Bildschirm geöffnet ist"},
+      {"expect box.Icon = question", "Es ist nichts geöffnet"},
+      {"click btnLoschen\nexpect box.Icon = stop\nanswer no", "erwartet \"stop\", gefunden \"question\""},
+      {"fail write 2\nsql UPDATE T SET A = 1", "geschrieben wurde 1 Mal"},
+      {"fail commit\nclick btnLoschen", "es kann nicht scheitern"},
+      {"expect unordered grid DataGrid1\n| WERT | Name\n| 1,50 | a\\|b\n| | zwei", "gefunden"},
+      {"try txtMenge\n| enter | =\n| 3 | 4", "gefunden\n    | enter | =\n    | 3     | 3,00"},
+      {"try\n| click\n| btnLoschen", "Unerwartet öffnet sich eine Meldung: \"Sicher?\""},
+      {"try\n| click\n| btnNeu", "Unerwartet öffnet sich der Bildschirm F_LagerX"},
+      {"try txtMenge\n| enter\n| 3\n| 4\nexpect fields\n| txtMenge | 3,00", "| txtMenge | 4,00"},
+      {"include fehlt.tvi", "probe.tvs:3: fehlt.tvi: Die Datei kann nicht gelesen werden"},
   };
   for (const auto& [script, failure] : cases) EXPECT_THAT(Play(script), HasSubstr(failure)) << script;
 }
 
 TEST_F(Player, FailsWhenTheScriptEndsWithAnOpenScreen) {
-  EXPECT_THAT(Play("database x\nrun F_Lager", false), HasSubstr("solange F_Lager geöffnet ist"));
+  EXPECT_THAT(Play("database x\nrun F_Lager", false),
+              HasSubstr("F_Lager ist am Ende des Skripts noch geöffnet"));
 }
 
 TEST_F(Player, ErrorsOfAHandlerAreBoxes) {
@@ -277,7 +354,7 @@ TEST_F(Player, ErrorsOfAHandlerAreBoxes) {
 
 TEST_F(Player, TellsTheRemarksAsTheirLinesAreReached) {
   std::vector<std::string> told;
-  player.SetNarrator([&](const std::string& remark) { told.push_back(remark); });
+  player.Options().narrator = [&](const std::string& remark) { told.push_back(remark); };
   EXPECT_EQ(Play("# Nicht mehr davon\n\n# Löschen,\n# aber nicht\nclick btnLoschen\n# Nein\nanswer no"), "");
   EXPECT_THAT(told, testing::ElementsAre("Löschen,\naber nicht", "Nein"));
 }
@@ -331,7 +408,7 @@ TEST_F(Player, UpdatingRewritesTheExpectedLinesOnly) {
   db->Answer("Q", Rows({Whole("ID"), Chars("N")},
                        {std::int64_t{1}, std::string("a|b\nc"), std::int64_t{22}, std::string("d")}));
   db->Answer("R", Rows({Whole("ID")}));
-  player.SetUpdating(true);
+  player.Options().update = true;
   EXPECT_EQ(Play("database x\nexpect sql Q\n| alt\n# bleibt\nexpect sql R\nexpect sql Q", false), "");
   EXPECT_TRUE(player.Changed());
   EXPECT_THAT(player.UpdatedLines(),
@@ -340,7 +417,7 @@ TEST_F(Player, UpdatingRewritesTheExpectedLinesOnly) {
                                    "| 1  | a\\|b\\nc", "| 22 | d"));
   std::string updated;
   for (const std::string& line : player.UpdatedLines()) updated += line + "\n";
-  player.SetUpdating(false);
+  player.Options().update = false;
   EXPECT_EQ(Play(updated, false), "") << "what updating wrote passes";
 }
 

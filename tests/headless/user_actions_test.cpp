@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "src/context/services/mnemonics.h"
 #include "src/context/values/call_error.h"
+#include "tests/support/events.h"
 #include "tests/support/fake_connection.h"
 #include "tests/support/quiet_toolkit.h"
 
@@ -12,6 +14,7 @@ namespace {
 
 using test::FakeConnection;
 using test::QuietToolkit;
+using test::Replace;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -91,7 +94,7 @@ TEST_F(Actions, TabOrderSkipsWhatCannotTakeTheFocus) {
 
 TEST_F(Actions, ValidateKeepsTheFocusExceptForButtonsThatDoNotCause) {
   UserActions& user = Open();
-  form.txtA.Validate = [](bool& cancel) { cancel = true; };
+  Replace(form.txtA.Validate, [](bool& cancel) { cancel = true; });
   EXPECT_FALSE(user.Focus(form.txtB));
   user.Click(form.btnOk);
   EXPECT_THAT(form.log, IsEmpty());
@@ -102,14 +105,18 @@ TEST_F(Actions, ValidateKeepsTheFocusExceptForButtonsThatDoNotCause) {
 
 TEST_F(Actions, LeavingHandlerSendsTheFocusBackWithOneMessage) {
   UserActions& user = Open();
-  form.txtA.LostFocus = [&] {
+  Replace(form.txtA.LostFocus, [&] {
     toolkit.MessageBox("falsch", kBoxWarning, "");
     form.txtA.SetFocus();
-  };
+  });
   user.Click(form.btnOk);
   EXPECT_THAT(toolkit.prompts, ElementsAre("falsch"));
   EXPECT_TRUE(form.txtA.HasFocus());
   EXPECT_THAT(form.log, ElementsAre("validate txtA", "got txtA")) << "the click is lost with the focus";
+  form.log.clear();
+  form.btnAbbrechen.SetCausesValidation(false);
+  user.Click(form.btnAbbrechen);
+  EXPECT_THAT(form.log, ElementsAre("got txtA", "click btnAbbrechen")) << "what cancels arrives at once";
 }
 
 TEST_F(Actions, ClickOnADisabledButtonIsNone) {
@@ -118,7 +125,7 @@ TEST_F(Actions, ClickOnADisabledButtonIsNone) {
   user.Click(form.btnOk);
   EXPECT_THAT(form.log, IsEmpty());
   form.btnOk.SetEnabled(true);
-  form.txtA.LostFocus = [&] { form.btnOk.SetEnabled(false); };
+  Replace(form.txtA.LostFocus, [&] { form.btnOk.SetEnabled(false); });
   user.Click(form.btnOk);
   EXPECT_THAT(form.log, testing::Not(testing::Contains("click btnOk"))) << "disabled by the field being left";
 }
@@ -126,8 +133,8 @@ TEST_F(Actions, ClickOnADisabledButtonIsNone) {
 TEST_F(Actions, PressedButtonIsKnownInsideTheClick) {
   Open();
   bool seen = false;
-  form.btnAbbrechen.Click = [&] { seen = form.btnOk.Pressed(); };
-  form.btnOk.Click = [&] { form.btnAbbrechen.Press(); };
+  Replace(form.btnAbbrechen.Click, [&] { seen = form.btnOk.Pressed(); });
+  Replace(form.btnOk.Click, [&] { form.btnAbbrechen.Press(); });
   form.btnOk.Press();
   EXPECT_TRUE(seen);
   EXPECT_FALSE(form.btnOk.Pressed());
@@ -146,6 +153,19 @@ TEST_F(Actions, KeysPassTheFilterBeforeTheTextChanges) {
   form.txtA.SelectAll();
   user.Type("xyz");
   EXPECT_EQ(form.txtA.Text(), "xyz");
+}
+
+// Its cost grows with the text and not with its square: otherwise the time limit of the tests runs out here.
+TEST_F(Actions, AVeryLongTextIsTypedAndPasted) {
+  const std::string text(400'000, 'x');
+  UserActions& user = Open();
+  user.Type(text);
+  EXPECT_EQ(form.txtA.Text().size(), text.size());
+  EXPECT_TRUE(user.Paste("ä" + text));
+  EXPECT_EQ(form.txtA.Length(), 800'001);
+  form.txtA.Splice(400'000, 2, "ö");
+  EXPECT_EQ(form.txtA.Text(), text + "ö" + text.substr(1));
+  EXPECT_EQ(form.txtA.Length(), 800'000);
 }
 
 TEST_F(Actions, LockedAndFullBoxesTakeNothing) {
@@ -190,6 +210,101 @@ TEST_F(Actions, PasteKeepsTabsAndLineBreaksApart) {
   EXPECT_EQ(pasted(form.txtB, "a\tb\r\nc\rd\n"), "a b\nc\nd\n");
 }
 
+// Digits and the German separator.
+void AdmitNumbers(TextBox& box, Entry entry) {
+  box.SetTakes(entry);
+  box.KeyPress = [](int& key) {
+    if (key >= ' ' && key != ',' && (key < '0' || key > '9')) key = 0;
+  };
+}
+
+TEST_F(Actions, BothPointsSeparateWhereDecimalsStand) {
+  UserActions& user = Open();
+  AdmitNumbers(form.txtA, Entry::kDecimal);
+  user.Type("7.5");
+  EXPECT_EQ(form.txtA.Text(), "7,5");
+  EXPECT_THAT(toolkit.refusals, IsEmpty());
+  user.Type("+3");
+  EXPECT_EQ(form.txtA.Text(), "7,53");
+  EXPECT_THAT(toolkit.refusals, ElementsAre("txtA"));
+  EXPECT_EQ(toolkit.LastTold(), "Das Zeichen „+“ passt nicht in dieses Feld.");
+  AdmitNumbers(form.txtA, Entry::kWhole);
+  user.Type(".");
+  EXPECT_EQ(form.txtA.Text(), "7,53");
+  EXPECT_EQ(toolkit.refusals.size(), 2U);
+}
+
+TEST_F(Actions, PointsLeadFromDayToMonth) {
+  UserActions& user = Open();
+  AdmitNumbers(form.txtA, Entry::kDatePart);
+  AdmitNumbers(form.txtB, Entry::kDatePart);
+  user.Type("1.3,2024");
+  EXPECT_EQ(form.txtA.Text() + "/" + form.txtB.Text() + "/" + form.txtC.Text(), "1/3/2024");
+  EXPECT_THAT(toolkit.refusals, IsEmpty());
+}
+
+TEST_F(Actions, OnlyWhatABoxDoesNotTakeIsRefused) {
+  UserActions& user = Open();
+  form.txtA.KeyPress = [&](int& key) {
+    if (key == kKeyEnter || key == 'x') key = 0;
+    if (key == 't') {
+      key = 0;
+      form.txtB.SetFocus();
+    }
+  };
+  user.Key(kKeyEnter);
+  user.Type("t");
+  EXPECT_THAT(toolkit.refusals, IsEmpty()) << "Enter was answered, t moved on";
+  user.Focus(form.btnAbbrechen);
+  user.Type("x");
+  EXPECT_THAT(toolkit.refusals, IsEmpty()) << "nothing is typed on a button";
+  form.txtB.SetMaxLength(1);
+  form.txtC.SetLocked(true);
+  user.Focus(form.txtB);
+  user.Type("12");
+  user.Focus(form.txtC);
+  user.Type("1");
+  EXPECT_FALSE(user.Paste("1"));
+  EXPECT_THAT(toolkit.refusals, ElementsAre("txtB", "txtC", "txtC"));
+}
+
+TEST_F(Actions, PastedNumbersComeAsTheyAreOrAreToldOf) {
+  UserActions& user = Open();
+  AdmitNumbers(form.txtA, Entry::kDecimal);
+  const auto pasted = [&](const char* text) {
+    form.txtA.SetText("");
+    return user.Paste(text) ? form.txtA.Text() : toolkit.LastTold();
+  };
+  EXPECT_EQ(pasted("1.234,50"), "1234,50");
+  EXPECT_EQ(pasted("1 234,50\r\n"), "1234,50");
+  EXPECT_EQ(pasted("8.765"), "Der Text „8.765“ passt nicht in dieses Feld.");
+  EXPECT_EQ(pasted("1\t234"), "Der Text „1 234“ passt nicht in dieses Feld.") << "two cells";
+  EXPECT_EQ(toolkit.refusals.size(), 2U);
+  user.Focus(form.txtB);
+  EXPECT_TRUE(user.Paste("1.234,50"));
+  EXPECT_EQ(form.txtB.Text(), "1.234,50") << "a text stays as it is";
+}
+
+TEST_F(Actions, PasteIsOneChangeAndTheFilterSeesItGrow) {
+  UserActions& user = Open();
+  std::vector<std::string> seen, changes;
+  form.txtA.KeyPress = [&](int& key) {
+    seen.push_back(form.txtA.Text());
+    if (key == 'x') key = 0;
+  };
+  form.txtA.Change = [&] { changes.push_back(form.txtA.Text()); };
+  form.txtA.SetText("aöe");
+  form.txtA.Select(1, 1);
+  EXPECT_TRUE(user.Paste("üb\x01"));
+  EXPECT_THAT(seen, ElementsAre("ae", "aüe"));
+  EXPECT_THAT(changes, ElementsAre("aöe", "aübe"));
+  EXPECT_EQ(form.txtA.SelStart(), 3);
+  EXPECT_FALSE(user.Paste("1x"));
+  EXPECT_EQ(form.txtA.Text(), "aübe");
+  EXPECT_EQ(form.txtA.SelStart(), 3);
+  EXPECT_EQ(changes.size(), 2U) << "what was refused changed nothing";
+}
+
 TEST_F(Actions, PostedTabRunsAfterTheEvent) {
   UserActions& user = Open();
   form.txtA.KeyPress = [&](int& key) {
@@ -216,16 +331,85 @@ TEST_F(Actions, MnemonicsPressButtons) {
   UserActions& user = Open();
   EXPECT_TRUE(user.Mnemonic(U's'));
   EXPECT_THAT(form.log, testing::Contains("click btnOk"));
+  EXPECT_TRUE(user.Mnemonic(U'a')) << "a letter of its caption where it names none";
+  EXPECT_THAT(form.log, testing::Contains("click btnAbbrechen"));
   EXPECT_FALSE(user.Mnemonic(U'x'));
+}
+
+TEST_F(Actions, EveryButtonHasALetterOfItsOwn) {
+  form.btnOk.SetCaption("&Schließen");
+  form.btnAbbrechen.SetCaption("&Speichern");
+  EXPECT_EQ(CaptionWithMnemonic(form.btnOk), "&Schließen");
+  EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "S&peichern") << "the letter is taken";
+  form.btnAbbrechen.SetCaption("Storno + Senden && Ende");
+  EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "Storno + Senden && &Ende")
+      << "beginnings of words first";
+  EXPECT_EQ(CaptionWithMnemonic(form.frm), "Daten");
+}
+
+// A Screen with a list state and an edit state.
+class Editing : public Actions {
+ protected:
+  Editing() {
+    form.btnOk.SetDoes(Command::kSave);
+    form.btnAbbrechen.SetDoes(Command::kCancel);
+    form.Form_Unload = [this](bool& refused) { refused = form.btnAbbrechen.Enabled(); };
+    form.btnAbbrechen.SetEnabled(false);
+    form.btnOk.SetEnabled(false);
+  }
+  void Edit(bool edit) {
+    form.btnAbbrechen.SetEnabled(edit);
+    form.btnOk.SetEnabled(edit);
+  }
+};
+
+TEST_F(Editing, EscapeAsksBeforeAnythingTypedIsLost) {
+  UserActions& user = Open();
+  form.btnAbbrechen.Click = [&] { Edit(false); };
+  Edit(true);
+  user.Key(kKeyEscape);
+  EXPECT_THAT(toolkit.prompts, IsEmpty()) << "nothing was typed";
+  EXPECT_FALSE(form.btnAbbrechen.Enabled());
+  Edit(true);
+  user.Focus(form.txtA);
+  user.Type("x");
+  toolkit.answer = kAnswerNo;
+  user.Key(kKeyEscape);
+  EXPECT_THAT(toolkit.prompts, ElementsAre("Die Eingaben verwerfen?"));
+  EXPECT_TRUE(form.btnAbbrechen.Enabled());
+  toolkit.answer = kAnswerYes;
+  user.Key(kKeyEscape);
+  EXPECT_FALSE(form.btnAbbrechen.Enabled());
+  EXPECT_TRUE(form.IsLoaded());
+  user.Key(kKeyEscape);
+  EXPECT_FALSE(form.IsLoaded()) << "where nothing is edited it closes";
+}
+
+TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
+  UserActions& user = Open();
+  form.SetSubject("Auftrag 1");
+  user.Key('S', 2);
+  EXPECT_THAT(form.log, IsEmpty()) << "nothing is edited";
+  Edit(true);
+  EXPECT_FALSE(user.Close());
+  EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.");
+  form.btnOk.Click = [] {};
+  user.Key('S', 2);
+  EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.") << "the save was refused";
+  form.btnOk.Click = [&] { Edit(false); };
+  user.Key('S', 2);
+  EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Auftrag 1.");
+  user.Key(kKeyF1);
+  EXPECT_THAT(toolkit.prompts.back(), testing::HasSubstr("Strg+S: Schließen"));
 }
 
 TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
   UserActions& user = Open();
-  form.btnOk.Click = [&] {
+  Replace(form.btnOk.Click, [&] {
     db.Execute("INSERT 1");
     form.txtB.SetText("davor");
     throw DatabaseError(245, "Conversion failed.");
-  };
+  });
   user.Click(form.btnOk);
   EXPECT_THAT(toolkit.prompts, ElementsAre("Die Eingabe ist keine Zahl. (Fehler 245: Conversion failed.)"));
   EXPECT_EQ(toolkit.styles.back(), kBoxStop);
@@ -237,12 +421,12 @@ TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
 
 TEST_F(Actions, ErrorInAFocusEventDoesNotEndTheHandlerThatMovedTheFocus) {
   UserActions& user = Open();
-  form.txtC.GotFocus = [] { throw CallError("kaputt"); };
+  Replace(form.txtC.GotFocus, [] { throw CallError("kaputt"); });
   bool finished = false;
-  form.btnOk.Click = [&] {
+  Replace(form.btnOk.Click, [&] {
     form.txtC.SetFocus();
     finished = true;
-  };
+  });
   user.Click(form.btnOk);
   EXPECT_TRUE(finished);
   EXPECT_THAT(toolkit.prompts, ElementsAre("kaputt"));
@@ -250,12 +434,12 @@ TEST_F(Actions, ErrorInAFocusEventDoesNotEndTheHandlerThatMovedTheFocus) {
 
 TEST_F(Actions, WritesOfOneHandlerAreCommittedTogetherAndBeforeABoxOpens) {
   UserActions& user = Open();
-  form.btnOk.Click = [&] {
+  Replace(form.btnOk.Click, [&] {
     db.Execute("A");
     db.Execute("B");
     toolkit.MessageBox("?", kBoxYesNo, "");
     db.Execute("C");
-  };
+  });
   user.Click(form.btnOk);
   EXPECT_THAT(db.Log(), ElementsAre("A", "B", "COMMIT", "C", "COMMIT"));
 }
@@ -265,13 +449,13 @@ TEST_F(Actions, HandlersInsideANestedScreenCommitOnTheirOwn) {
   inner.db = &db;
   inner.btnOk.SetTag("");
   UserActions& user = Open();
-  form.btnOk.Click = [&] {
+  Replace(form.btnOk.Click, [&] {
     db.Execute("outer");
     toolkit.ShowModal(inner);
     db.Execute("outer again");
-  };
+  });
   toolkit.script = [&](UserActions& nested) {
-    inner.btnOk.Click = [&] { db.Execute("inner"); };
+    Replace(inner.btnOk.Click, [&] { db.Execute("inner"); });
     nested.Click(inner.btnOk);
     EXPECT_EQ(toolkit.TopForm(), &inner);
   };
@@ -297,7 +481,7 @@ TEST_F(Actions, VetoHoldsAgainstCloseAndEscape) {
 
 TEST_F(Actions, FocusLeavesAControlThatWasDisabled) {
   UserActions& user = Open();
-  form.btnOk.Click = [&] { form.btnOk.SetEnabled(false); };
+  Replace(form.btnOk.Click, [&] { form.btnOk.SetEnabled(false); });
   user.Click(form.btnOk);
   EXPECT_TRUE(form.btnAbbrechen.HasFocus());
 }
@@ -332,7 +516,7 @@ TEST(Choosing, TabsChecksOptionsAndDates) {
   const auto shown = toolkit.Show(form, form.chk);
   UserActions& user = shown->user;
   int clicks = 0;
-  form.chk.Click = [&] { ++clicks; };
+  Replace(form.chk.Click, [&] { ++clicks; });
   user.Click(form.chk);
   form.chk.SetValue(1);
   EXPECT_TRUE(form.chk.Checked());
@@ -352,12 +536,26 @@ TEST(Choosing, TabsChecksOptionsAndDates) {
   EXPECT_EQ(form.dtp.Value(), (DateTime{.year = 2079, .month = 1, .day = 1}));
 }
 
+TEST(Choosing, CtrlWithTabOrAPageKeyTurnsToAnotherTab) {
+  QuietToolkit toolkit;
+  Choices form;
+  const auto shown = toolkit.Show(form, form.chk);
+  UserActions& user = shown->user;
+  user.Key(kKeyTab, 2);
+  EXPECT_EQ(form.SSTab1.Tab(), 1);
+  user.Key(kKeyPageDown, 2);
+  EXPECT_EQ(form.SSTab1.Tab(), 0) << "round the end";
+  form.SSTab1.SetTabEnabled(1, false);
+  user.Key(kKeyTab, 3);
+  EXPECT_EQ(form.SSTab1.Tab(), 0);
+}
+
 TEST(Choosing, ListClicksOnAChangeOnlyAndFollowsRemovedItems) {
   QuietToolkit toolkit;
   Choices form;
   for (const char* item : {"a", "b", "c"}) form.list.AddItem(item);
   int clicks = 0;
-  form.list.Click = [&] { ++clicks; };
+  Replace(form.list.Click, [&] { ++clicks; });
   const auto shown = toolkit.Show(form, form.list);
   UserActions& user = shown->user;
   user.SelectItem(form.list, 2);

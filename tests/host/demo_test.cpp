@@ -8,6 +8,7 @@
 #include "host/open_database.h"
 #include "src/schema/schema.h"
 #include "tests/host/demo_database.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni::host {
 namespace {
@@ -15,17 +16,18 @@ namespace {
 std::vector<std::string> Tables() {
   constexpr std::string_view kCreate = "CREATE TABLE ";
   std::vector<std::string> tables;
-  for (const std::string& statement : SchemaStatements()) {
+  for (const SqlText& made : SchemaStatements()) {
+    const std::string_view statement = made.Text();
     const auto begin = statement.find(kCreate);
     if (begin == statement.npos) continue;
     const auto name = begin + kCreate.size();
-    tables.push_back(statement.substr(name, statement.find(' ', name) - name));
+    tables.emplace_back(statement.substr(name, statement.find(' ', name) - name));
   }
   return tables;
 }
 
 std::int64_t Number(const std::string& statement) {
-  const Recordset rows = Demo().Open(statement);
+  const Recordset rows = Demo().Open(Sql(statement));
   return std::get<std::int64_t>(rows.Fields()[0].Value());
 }
 
@@ -34,8 +36,8 @@ TEST(Demo, IsTheSameEachTime) {
   demo::BuildDemo(*again);
   for (const std::string& table : Tables()) {
     const std::string statement = "SELECT * FROM " + table;
-    Recordset first = Demo().Open(statement);
-    Recordset second = again->Open(statement);
+    Recordset first = Demo().Open(Sql(statement));
+    Recordset second = again->Open(Sql(statement));
     ASSERT_EQ(first.RecordCount(), second.RecordCount()) << table;
     if (first.RecordCount() > 0) {
       EXPECT_TRUE(first.GetRows() == second.GetRows()) << table;
@@ -78,8 +80,8 @@ TEST(Demo, TotalOfAnOrderIsWhatItsHoursAreWorth) {
       rate + "*" + factor +
       ",2) AS WERT FROM ARA_STUNDEN "
       "INNER JOIN LOHNARTEN ON LOHNARTEN.ID = ARA_STUNDEN.ID_LOHNARTEN) W GROUP BY W.ID_ARA_KOPF";
-  const Recordset wrong = Demo().Open("SELECT K.ID, K.GESAMNT, S.WERT FROM ARA_KOPF K INNER JOIN (" + sums +
-                                      ") S ON S.ID_ARA_KOPF = K.ID WHERE K.GESAMNT <> S.WERT");
+  const Recordset wrong = Demo().Open(Sql("SELECT K.ID, K.GESAMNT, S.WERT FROM ARA_KOPF K INNER JOIN (" +
+                                          sums + ") S ON S.ID_ARA_KOPF = K.ID WHERE K.GESAMNT <> S.WERT"));
   EXPECT_EQ(wrong.RecordCount(), 0U);
   EXPECT_EQ(Number("SELECT COUNT(*) FROM ARA_KOPF WHERE ISNULL(GESAMNT,0) = 0"), 0);
 }

@@ -1,10 +1,16 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 
+#include "host/open_database.h"
+#include "tests/database/database_testing.h"
 #include "tests/host/demo_database.h"
 #include "tests/host/run_program.h"
 
@@ -12,6 +18,7 @@ namespace tarvoni::host {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 class Program : public ::testing::Test {
  protected:
@@ -45,7 +52,7 @@ TEST_F(Program, HelpIsGermanEverywhere) {
     EXPECT_EQ(help.exit_code, 0) << command;
     EXPECT_THAT(help.output, HasSubstr("Aufruf: "));
     EXPECT_THAT(help.output, HasSubstr("diese Hilfe zeigen"));
-    EXPECT_THAT(help.output, ::testing::Not(HasSubstr("OPTIONS")));
+    EXPECT_THAT(help.output, Not(HasSubstr("OPTIONS")));
   }
 }
 
@@ -96,6 +103,13 @@ TEST_F(Program, SchemaRunsAsItIsPrinted) {
   std::filesystem::remove(file_.string() + ".sql");
 }
 
+TEST_F(Program, ShowsEveryResultOfABatch) {
+  Sql("CREATE TABLE T (A INT)");
+  EXPECT_EQ(
+      Sql("INSERT INTO T VALUES (1),(2) SELECT A FROM T WHERE A = 1 SELECT COUNT(*) AS N FROM T", "").output,
+      "2 Zeilen betroffen\nA\n-\n1\n(1 Zeile)\nN\n-\n2\n(1 Zeile)\n");
+}
+
 TEST_F(Program, DemoThenCheckThenBackup) {
   const auto backup = TemporaryFile();
   EXPECT_EQ(RunProgram("demo " + file_.string()).exit_code, 0);
@@ -104,12 +118,32 @@ TEST_F(Program, DemoThenCheckThenBackup) {
   EXPECT_EQ(RunProgram(fmt::format("backup {} {}", file_.string(), backup.string())).exit_code, 0);
 
   Sql("DELETE FROM ARBEITSAUFTRAG WHERE ID_ARA_KOPF = 17", "");
+  Sql("UPDATE ARA_KOPF SET NAME = (SELECT MIN(NAME) FROM ARA_KOPF)", "");  // equal names are none
   const Outcome damaged = RunProgram("check " + file_.string());
   EXPECT_EQ(damaged.exit_code, 1);
   EXPECT_THAT(damaged.output, HasSubstr("Verletzt: Zu jedem Lohnauftrag gehört genau eine Kostenposition"));
   EXPECT_THAT(damaged.output, HasSubstr("ARA_KOPF 17, POSITIONEN 0"));
+  EXPECT_THAT(damaged.output, Not(HasSubstr("NAME")));
   EXPECT_EQ(RunProgram("check " + backup.string()).exit_code, 0);
+
+  std::ofstream(backup) << "Einkaufsliste";
+  const std::string command = fmt::format("backup {} {}", file_.string(), backup.string());
+  EXPECT_THAT(RunProgram(command).output, HasSubstr("keine Sicherung ist"));
+  EXPECT_EQ(RunProgram(command + " --force").exit_code, 0);
+  EXPECT_THAT(RunProgram(fmt::format("backup {} /nirgends/x.db", file_.string())).output,
+              HasSubstr("den Ordner gibt es nicht"));
   std::filesystem::remove(backup);
+}
+
+TEST_F(Program, OfTwoDemosForOneFileOneMakesIt) {
+  const std::string demo = "demo " + file_.string();
+  const Outcome both = RunProgram(fmt::format("{0} 2>&1 & {1} {0} 2>&1; wait", demo, TARVONI_PROGRAM));
+  EXPECT_EQ(both.output.find("Musterbetrieb angelegt"), both.output.rfind("Musterbetrieb angelegt"))
+      << both.output;
+  EXPECT_EQ(RunProgram("check " + file_.string()).exit_code, 0);
+
+  std::ofstream(file_, std::ios::trunc);  // an empty file is as good as none
+  EXPECT_EQ(RunProgram(demo).exit_code, 0);
 }
 
 TEST_F(Program, CheckRefusesWhatIsNoDatabase) {
@@ -118,6 +152,81 @@ TEST_F(Program, CheckRefusesWhatIsNoDatabase) {
   EXPECT_EQ(outcome.exit_code, 1);
   EXPECT_THAT(outcome.output, HasSubstr("Fehler 50005"));
   EXPECT_EQ(std::filesystem::file_size(file_), 5000U);
+
+  const auto says = [this](const char* sentence) {
+    const Outcome refused = RunProgram("check " + file_.string());
+    EXPECT_EQ(refused.exit_code, 1) << sentence;
+    EXPECT_THAT(refused.output, HasSubstr(sentence));
+    std::filesystem::remove(file_);
+  };
+  std::ofstream(file_, std::ios::trunc);
+  says("ist leer");
+  std::filesystem::create_directory(file_);
+  says("ist ein Ordner");
+  mkfifo(file_.c_str(), 0600);
+  says("keine gewöhnliche Datei");
+  Sql("CREATE TABLE T (A INT)");
+  says("weil ihre Tabellen oder Spalten fehlen");
+}
+
+TEST_F(Program, CheckFinishesWhatAKilledProgramLeft) {
+  EXPECT_EQ(RunProgram("demo " + file_.string()).exit_code, 0);
+  if (const pid_t child = fork(); child != 0) {
+    int status = 0;
+    waitpid(child, &status, 0);
+  } else {
+    const auto connection = OpenDatabase(file_.string());
+    connection->BeginHandler();
+    // More than the cache holds, so that the file stands half done on the disk.
+    for (int i = 0; i < 9; ++i)
+      connection->Execute("UPDATE ARBEITSAUFTRAG SET MENGE = 1 UPDATE LOGS SET STK = 3");
+    raise(SIGKILL);
+  }
+  const std::string journal = file_.string() + "-journal";
+  ASSERT_TRUE(std::filesystem::exists(journal));
+  const Outcome check = RunProgram("check " + file_.string());
+  EXPECT_EQ(check.exit_code, 0) << check.output;
+  EXPECT_FALSE(std::filesystem::exists(journal));
+}
+
+TEST_F(Program, AScreenOpensOnADamagedRowAndCheckNamesIt) {
+  EXPECT_EQ(RunProgram("demo " + file_.string()).exit_code, 0);
+  EXPECT_EQ(sqlite::OtherProgram(file_.string())
+                .Run("UPDATE ARBEITSAUFTRAG SET DATUM_NR = '2024-13-45' WHERE ID_ARA_KOPF IS NOT NULL"),
+            SQLITE_OK);
+  const Outcome check = RunProgram("check " + file_.string());
+  EXPECT_EQ(check.exit_code, 1);
+  EXPECT_THAT(check.output, HasSubstr("Spalte DATUM_NR: kein gültiges Datum („2024-13-45“)"));
+  const auto script = TemporaryFile();
+  std::ofstream(script) << "database " << file_.string()
+                        << "\ntoday 2024-06-03\ncall ARA strPersonal_dll=1\n"
+                           "expect rows DataGridArbeitsauftrag 200\n"
+                           "expect txtErstellungsDatum = ⚠ 2024-13-45\nclose\n";
+  const Outcome played = RunProgram("script " + script.string());
+  EXPECT_EQ(played.exit_code, 0) << played.output;
+  std::filesystem::remove(script);
+}
+
+TEST_F(Program, AnOutputThatIsFullAndAFolderForAFileAreErrors) {
+  EXPECT_EQ(RunProgram("demo " + file_.string()).exit_code, 0);
+  for (const std::string& command :
+       {"check " + file_.string(), "sql --csv " + file_.string() + " \"SELECT 1\"", std::string("schema"),
+        std::string("--help")}) {
+    const Outcome full = RunProgram(command + " 2>&1 > /dev/full");
+    EXPECT_EQ(full.exit_code, 1) << command;
+    EXPECT_THAT(full.output, HasSubstr("lässt sich nicht schreiben")) << command;
+  }
+  for (const std::string& command : {"sql " + file_.string() + " -f /tmp", std::string("script /tmp")})
+    EXPECT_EQ(RunProgram(command).exit_code, 1) << command;
+  EXPECT_THAT(RunProgram("check a.db b.db").output, HasSubstr("Das wird hier nicht verstanden: b.db"));
+  const auto marked = TemporaryFile();
+  std::ofstream(marked) << "\xEF\xBB\xBF"
+                        << "SELECT 5 AS A";
+  EXPECT_EQ(RunProgram(fmt::format("sql {} --csv -f {}", file_.string(), marked.string())).output, "A\n5\n");
+  std::ofstream(marked) << "\xEF\xBB\xBF"
+                        << "database :memory:\n";
+  EXPECT_EQ(RunProgram("script " + marked.string()).exit_code, 0);
+  std::filesystem::remove(marked);
 }
 
 }  // namespace

@@ -39,12 +39,32 @@ class ScriptCommand : public ::testing::Test {
 constexpr const char* kTable =
     "database :memory:\nsql CREATE TABLE T (A INT, B NVARCHAR(9))\nsql INSERT INTO T VALUES (1, 'x')\n";
 
-TEST_F(ScriptCommand, SaysNothingWhenAScriptPasses) {
+TEST_F(ScriptCommand, SaysInOneLineThatAScriptPasses) {
   const auto script =
       Write("gut.tvs", std::string(kTable) + "expect sql SELECT * FROM T\n| A | B\n| 1 | x\n");
   const Outcome outcome = RunProgram("script " + script);
   EXPECT_EQ(outcome.exit_code, 0);
-  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(outcome.output, "in Ordnung  " + script + "\n");
+}
+
+// A fixture is played once for both scripts; what one of them writes the other does not see.
+TEST_F(ScriptCommand, CopiesAFixtureForEachScript) {
+  Write("grund.tvi", "include heute.tvi\n" + std::string(kTable));
+  Write("heute.tvi", "today 2024-03-15\n");
+  const auto script = Write("kopie.tvs",
+                            "fixture grund.tvi\nsql INSERT INTO T SELECT 2, YEAR(GETDATE())\n"
+                            "expect sql SELECT * FROM T\n| A | B\n| 1 | x\n| 2 | 2024\n");
+  const Outcome outcome = RunProgram("script --trace " + Path("spur.txt") + " " + script + " " + script);
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.output;
+  const std::string trace = Read("spur.txt");
+  EXPECT_EQ(trace.find("CREATE TABLE"), trace.rfind("CREATE TABLE"));
+}
+
+TEST_F(ScriptCommand, PlaysOnAnotherDatabase) {
+  const auto script = Write("gut.tvs", "database :memory:\nschema\ninsert KOSTENART\n| ID | NAME\n| 7 | x\n");
+  EXPECT_EQ(RunProgram("script --database " + Path("a.db") + " " + script).exit_code, 0);
+  EXPECT_THAT(RunProgram("sql " + Path("a.db") + " \"SELECT NAME FROM KOSTENART WHERE ID = 7\"").output,
+              HasSubstr("x"));
 }
 
 TEST_F(ScriptCommand, TellsFileLineAndWhatWasFound) {
@@ -107,6 +127,19 @@ TEST_F(ScriptCommand, GoesOnBehindAScriptThatBrokeOffInAScreen) {
   const Outcome outcome = RunProgram("script " + broken + " " + whole);
   EXPECT_THAT(outcome.output, HasSubstr("in Ordnung  " + whole));
   EXPECT_THAT(outcome.output, HasSubstr("Geöffnet: F_MaschineStamm"));
+}
+
+// A commit that is refused takes back what the handler wrote, as one does on a full disk.
+TEST_F(ScriptCommand, AFailedCommitLeavesNothing) {
+  const auto script =
+      Write("voll.tvs",
+            "database :memory:\ndemo\nremember\ncall MaschineStamm\ntype txtVKN 4320\nfail commit\n"
+            "click cmdSpeichern\nexpect message \"Auf dem Datenträger der Datenbank ist kein Platz mehr. "
+            "Von diesem Vorgang wurde nichts gespeichert.\"\nexpect unchanged\nclick cmdSpeichern\n"
+            "close\nexpect sql SELECT KOSTENART_ID FROM MASCHINE_STAMM WHERE LABEL = 'VK'\n"
+            "| KOSTENART_ID\n| 11\n");
+  const Outcome outcome = RunProgram("script " + script);
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.output;
 }
 
 }  // namespace

@@ -66,5 +66,12 @@ TEST(WideText, GoesThereAndBackAndMarksWhatIsBroken) {
   EXPECT_EQ(FromWide(std::u16string(1, 0xDC00)), "\xEF\xBF\xBD");
 }
 
+TEST(ConnectionText, TheLockIsThisProgramsOwnBusiness) {
+  EXPECT_TRUE(WantsApplicationLock("odbc:Driver=X;Server=s"));
+  EXPECT_TRUE(WantsApplicationLock("odbc:Driver=X;applicationlock=yes"));
+  EXPECT_FALSE(WantsApplicationLock("odbc:Driver=X; ApplicationLock = No ;Server=s"));
+  EXPECT_EQ(DriverText("odbc:Driver=X;ApplicationLock=no;Server=s"), "Driver=X;Server=s");
+}
+
 }  // namespace
 }  // namespace tarvoni::odbc

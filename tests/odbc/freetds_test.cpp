@@ -5,6 +5,7 @@
 #include "platform/odbc/session.h"
 #include "tests/odbc/tds_server.h"
 #include "tests/support/database_testing.h"
+#include "tests/support/sql.h"
 
 // The backend on FreeTDS against a server that speaks the protocol and knows no SQL: each test lays down its answers.
 namespace tarvoni::odbc {
@@ -25,7 +26,7 @@ class FreeTdsTest : public ::testing::Test {
  protected:
   std::string Text(const TdsServer& server) const {
     return "odbc:Driver=" FREETDS_ODBC_DRIVER ";Server=127.0.0.1;Port=" + std::to_string(server.Port()) +
-           ";UID=sa;PWD=geheim";
+           ";UID=sa;PWD=geheim;ApplicationLock=no";
   }
   // Connects; from here on every batch gets `answer`.
   std::shared_ptr<Connection> Connect(const TdsAnswer& answer, const OdbcOptions& options = {}) {
@@ -150,7 +151,7 @@ TEST_F(FreeTdsTest, TheBatchGoesOnBehindAFailedFirstWrite) {
   answer.Error(2627, 14, "Violation.", 1).Done(-1, true).Done(4).Done(6);
   const auto connection = Connect(answer);
   constexpr std::string_view kText = "INSERT INTO A VALUES (1) UPDATE B SET C = 1";
-  const auto error = ErrorIn([&] { connection->Execute(kText); });
+  const auto error = ErrorIn([&] { connection->Execute(Sql(kText)); });
   ASSERT_TRUE(error);
   EXPECT_EQ(error->Number(), 2627);
   EXPECT_EQ(error->Statement(), kText);
@@ -161,7 +162,7 @@ TEST_F(FreeTdsTest, TheBatchGoesOnBehindAFailedFirstWrite) {
   sound.Columns({{"ID", Type::kInt}}).Row().Whole(9).Done(1);
   answer_ = sound.Bytes();
   EXPECT_EQ(Rows(*connection, kText), "9");
-  EXPECT_EQ(connection->Execute(kText), 4);
+  EXPECT_EQ(connection->Execute(Sql(kText)), 4);
 }
 
 TEST_F(FreeTdsTest, WarningsAreNoErrors) {
@@ -177,7 +178,7 @@ TEST_F(FreeTdsTest, ABatchWithTemporaryTablesIsSentInItsOwnScope) {
   const auto connection =
       Connect(TdsAnswer().Error(2714, 16, "There is already an object.", 1).Done(-1, true));
   constexpr std::string_view kText = "CREATE TABLE #a (N nvarchar(5)) SELECT N FROM #a WHERE N = 'ä'";
-  const auto error = ErrorIn([&] { connection->Open(kText); });
+  const auto error = ErrorIn([&] { connection->Open(Sql(kText)); });
   ASSERT_TRUE(error);
   EXPECT_EQ(error->Statement(), kText);
   EXPECT_EQ(server_.Batches().back(),
@@ -260,7 +261,7 @@ TEST_F(FreeTdsTest, TracesAndErrorsShowNoPassword) {
 TEST_F(FreeTdsTest, ItsTextOpensTheSameDatabaseAgain) {
   auto connection = Connect(TdsAnswer().Done(4));
   const std::string text = connection->ConnectionString();
-  connection.reset();  // the server of these tests speaks with one client at a time
+  connection.reset();
   EXPECT_EQ(OpenOdbc(text)->Execute("x"), 4);
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/odbc/public/odbc_database.h"
 #include "tests/support/database_testing.h"
+#include "tests/support/sql.h"
 
 // The backend on a driver that is there on every machine. It speaks SQLite's SQL.
 namespace tarvoni::odbc {
@@ -58,7 +59,7 @@ TEST_F(SqliteDriverTest, UmlautsSurviveInTextsNamesMessagesAndPaths) {
   const auto other = OpenOdbc(Text("Jürgens Löhne.db"));
   other->Execute("CREATE TABLE GRÖßE (STRAßE NVARCHAR(20))");
   EXPECT_TRUE(std::filesystem::exists(folder_.File("Jürgens Löhne.db")));
-  EXPECT_EQ(other->Open("SELECT STRAßE FROM GRÖßE").Fields()[0].Name(), "STRAßE");
+  EXPECT_EQ(other->Open("SELECT STRAßE FROM GRÖßE").Columns()[0].name, "STRAßE");
   const auto error = ErrorIn([&] { other->Execute("SELECT 1 FROM ÄRA"); });
   ASSERT_TRUE(error);
   EXPECT_THAT(error->what(), HasSubstr("ÄRA"));
@@ -68,7 +69,7 @@ TEST_F(SqliteDriverTest, ErrorsCarryTheServersNumbersAndTheStatement) {
   connection_->Execute("CREATE TABLE T (ID INT PRIMARY KEY, N INT NOT NULL CHECK (N > 0))");
   connection_->Execute("CREATE TABLE K (T_ID INT REFERENCES T (ID))");
   connection_->Execute("INSERT INTO T VALUES (1, 1)");
-  const auto number = [&](const char* text) { return ErrorNumber([&] { connection_->Execute(text); }); };
+  const auto number = [&](const char* text) { return ErrorNumber([&] { connection_->Execute(Sql(text)); }); };
   EXPECT_EQ(number("INSERT INTO T VALUES (2, 0)"), 547);
   EXPECT_EQ(number("INSERT INTO K VALUES (9)"), 547);
   EXPECT_EQ(number("INSERT INTO T (X) VALUES (1)"), 207);

@@ -249,6 +249,10 @@ std::string TdsAnswer::Bytes() const {
 }
 
 TdsServer::TdsServer(Answer answer, Login login)
+    : TdsServer([answer = std::move(answer)](const std::string& batch, int) { return answer(batch); },
+                login) {}
+
+TdsServer::TdsServer(SessionAnswer answer, Login login)
     : answer_(std::move(answer)), login_(login), listener_(socket(AF_INET, SOCK_STREAM, 0)) {
   sockaddr_in address{};
   address.sin_family = AF_INET;
@@ -277,22 +281,26 @@ void TdsServer::Serve() {
     pollfd waiting{listener_, POLLIN, 0};
     if (poll(&waiting, 1, 20) <= 0) continue;
     const int client = accept(listener_, nullptr, nullptr);
-    Converse(client);
-    close(client);
+    const int session = static_cast<int>(clients_.size()) + 1;
+    clients_.emplace_back([this, client, session] {
+      Converse(client, session);
+      close(client);
+    });
   }
+  for (std::thread& client : clients_) client.join();
 }
 
-void TdsServer::Converse(int client) {
+void TdsServer::Converse(int client, int session) {
   std::string message;
   while (!stopping_) {
     pollfd waiting{client, POLLIN, 0};
     if (poll(&waiting, 1, 20) == 0) continue;
     const int type = ReadMessage(client, message);
-    if (type < 0 || !Reply(client, type, message)) return;
+    if (type < 0 || !Reply(client, session, type, message)) return;
   }
 }
 
-bool TdsServer::Reply(int client, int type, const std::string& request) {
+bool TdsServer::Reply(int client, int session, int type, const std::string& request) {
   if (login_ == Login::kIgnore) return true;
   if (type == kPrelogin) return SendPackets(client, PreloginAnswer()), true;
   if (type == kLogin) {
@@ -311,7 +319,7 @@ bool TdsServer::Reply(int client, int type, const std::string& request) {
     const std::lock_guard lock(mutex_);
     batches_.push_back(text);
   }
-  std::string answer = answer_(text);
+  std::string answer = answer_(text, session);
   const bool hangs_up = answer.ends_with(kHangUp);
   if (hangs_up) answer.resize(answer.size() - kHangUp.size());
   if (answer != kSilence && !answer.empty()) SendPackets(client, answer);

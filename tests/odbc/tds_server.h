@@ -63,16 +63,19 @@ class TdsAnswer {
   std::size_t last_done_ = 0;
 };
 
-// Listens on the local machine, accepts every login and answers each batch by a function. An empty answer
-// hangs up; without an answer (kSilence) the client waits for its time limit.
+// Listens on the local machine, accepts every login and answers each batch by a function, each client in a thread of
+// its own. An empty answer hangs up; without an answer (kSilence) the client waits for its time limit.
 class TdsServer {
  public:
   using Answer = std::function<std::string(const std::string& batch)>;
+  // The same for a session, which is counted from 1.
+  using SessionAnswer = std::function<std::string(const std::string& batch, int session)>;
   enum class Login { kAccept, kRefuse, kIgnore };
   static const std::string kHangUp;
   static const std::string kSilence;
 
   explicit TdsServer(Answer answer, Login login = Login::kAccept);
+  explicit TdsServer(SessionAnswer answer, Login login = Login::kAccept);
   ~TdsServer();
 
   int Port() const { return port_; }
@@ -81,10 +84,10 @@ class TdsServer {
 
  private:
   void Serve();
-  void Converse(int client);
-  bool Reply(int client, int type, const std::string& request);
+  void Converse(int client, int session);
+  bool Reply(int client, int session, int type, const std::string& request);
 
-  Answer answer_;
+  SessionAnswer answer_;
   Login login_;
   int listener_ = -1;
   int port_ = 0;
@@ -92,6 +95,7 @@ class TdsServer {
   std::atomic<bool> stopping_{false};
   mutable std::mutex mutex_;
   std::vector<std::string> batches_;
+  std::vector<std::thread> clients_;
   std::thread thread_;
 };
 

@@ -5,9 +5,12 @@
 
 #include <QClipboard>
 #include <QDeadlineTimer>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QTest>
 #include <algorithm>
 
@@ -87,9 +90,9 @@ TEST(FormWindow, KeypadTypesTheLocalesSeparatorAndEnter) {
 
 TEST(FormWindow, EnterGoesToTheControlAndToNoDefaultButton) {
   Stage stage;
-  stage.form.txtMenge.KeyPress = [&](int& key) {
+  test::Replace(stage.form.txtMenge.KeyPress, [&](int& key) {
     if (key == kKeyEnter) stage.form.PostTab();
-  };
+  });
   stage.Show(stage.form.txtMenge, [&](FormWindow& window) {
     stage.Press(Qt::Key_Return, {}, "\r");
     EXPECT_TRUE(stage.form.cboEinheit.HasFocus());
@@ -139,10 +142,10 @@ TEST(FormWindow, EscapeAndTheCloseButtonAskTheScreen) {
 
 TEST(FormWindow, FieldThatKeepsTheFocusTellsItOnce) {
   Stage stage;
-  stage.form.txtLohnart.Validate = [&](bool& cancel) {
+  test::Replace(stage.form.txtLohnart.Validate, [&](bool& cancel) {
     stage.toolkit.MessageBox("falsch", kBoxWarning, "");
     cancel = true;
-  };
+  });
   stage.Show(stage.form.txtLohnart, [&](FormWindow& window) {
     stage.driver.Click(stage.form.txtMenge);
     EXPECT_TRUE(stage.form.txtLohnart.HasFocus());
@@ -167,16 +170,18 @@ TEST(FormWindow, WhatStandsInADisabledFrameIsDisabled) {
   stage.Show(stage.form.txtLohnart, [&](FormWindow& window) {
     QWidget& box = stage.WidgetOf(stage.form.txtLohnart);
     stage.form.frmKopf.SetEnabled(false);
-    EXPECT_FALSE(box.isEnabled());
-    EXPECT_FALSE(stage.WidgetOf(stage.form.txtText).isEnabled()) << "in a frame within the frame";
+    EXPECT_TRUE(dynamic_cast<QLineEdit&>(box).isReadOnly());
+    EXPECT_TRUE(dynamic_cast<QPlainTextEdit&>(stage.WidgetOf(stage.form.txtText)).isReadOnly())
+        << "in a frame within the frame";
+    EXPECT_FALSE(stage.WidgetOf(stage.form.cboEinheit).isEnabled());
     stage.driver.Click(stage.form.cboEinheit);
     EXPECT_FALSE(stage.form.cboEinheit.HasFocus());
     EXPECT_EQ(stage.form.ActiveControl(), &stage.form.optZeit) << "off the control that closed";
     EXPECT_EQ(window.focusWidget(), &stage.WidgetOf(stage.form.optZeit));
     stage.form.frmKopf.SetEnabled(true);
-    EXPECT_TRUE(box.isEnabled());
+    EXPECT_FALSE(dynamic_cast<QLineEdit&>(box).isReadOnly());
     stage.form.txtMenge.SetEnabled(false);
-    EXPECT_FALSE(stage.WidgetOf(stage.form.txtMenge).isEnabled());
+    EXPECT_TRUE(dynamic_cast<QLineEdit&>(stage.WidgetOf(stage.form.txtMenge)).isReadOnly());
     stage.form.btnNeu.SetEnabled(false);
     stage.form.log.clear();
     stage.driver.Click(stage.form.btnNeu);
@@ -224,24 +229,88 @@ TEST(FormWindow, KeysOfTheWindowSystemComeOnce) {
   });
 }
 
+TEST(FormWindow, KeysOfCommandsReachTheirButtons) {
+  Stage stage;
+  auto& save = stage.form.btnSpeichern;
+  save.SetDoes(Command::kSave);
+  stage.form.btnNeu.SetDoes(Command::kNew);
+  stage.Show(stage.form.txtMenge, [&](FormWindow& window) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+      stage.form.log.clear();
+      QTest::keyClick(window.windowHandle(), key, modifiers);
+    };
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_THAT(stage.form.log, Contains("click btnSpeichern"));
+    stage.driver.Focus(stage.form.DataGrid1);
+    press(Qt::Key_Insert);
+    EXPECT_THAT(stage.form.log, Contains("click btnNeu"));
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(stage.form.tabSeiten.Tab(), 1);
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(stage.form.tabSeiten.Tab(), 0);
+    EXPECT_EQ(FromQt(stage.WidgetOf(save).toolTip()), "Speichern (Strg+S)");
+    stage.form.veto = true;
+    window.close();
+    EXPECT_EQ(FromQt(window.findChild<QLabel*>("status")->text()), "Bitte speichern oder abbrechen.");
+    stage.form.SetSubject("Auftrag 1");
+    EXPECT_EQ(FromQt(window.windowTitle()), "Arbeitsaufträge – Auftrag 1");
+  });
+}
+
+TEST(FormWindow, ListsSortMarkAndSearch) {
+  Stage stage;
+  auto& grid = stage.form.DataGrid1;
+  grid.SetStruck("NAME", "Buche");
+  stage.Show(grid, [&](FormWindow& window) {
+    const auto& table = dynamic_cast<QTableView&>(stage.WidgetOf(grid));
+    const auto shown = [&](int row) { return table.model()->index(row, 1); };
+    const auto told = [&](const char* name) {
+      return FromQt(table.parentWidget()->findChild<QLabel*>(name)->text());
+    };
+    EXPECT_TRUE(shown(0).data(Qt::FontRole).value<QFont>().strikeOut());
+    stage.driver.ClickHead(grid, 1);
+    EXPECT_EQ(grid.Row(), 1) << "the row is the same, in its new place";
+    EXPECT_EQ(told("count"), "Zeile 2 von 3");
+    stage.form.Data1.Refresh();
+    EXPECT_EQ(FromQt(shown(0).data().toString()), "Ahorn") << "the order lasts";
+    EXPECT_EQ(table.horizontalHeader()->sortIndicatorSection(), 1);
+    EXPECT_FALSE(shown(0).data(Qt::FontRole).value<QFont>().strikeOut());
+    stage.driver.ClickRow(grid, 1);
+    stage.Press(Qt::Key_Down, Qt::ShiftModifier);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(grid.Row(), 2);
+    EXPECT_EQ(told("sum"), "Summe 21,75 (2 Zahlen)");
+    stage.Press(Qt::Key_F, Qt::ControlModifier);
+    auto& search = *table.parentWidget()->findChild<QLineEdit*>("search");
+    QTest::keyClicks(&search, "aho");
+    EXPECT_EQ(told("count"), "1 von 3 Zeilen");
+    QTest::keyClick(&search, Qt::Key_Return);
+    EXPECT_EQ(grid.Row(), 0);
+    EXPECT_EQ(window.focusWidget(), &table);
+    stage.Press(Qt::Key_Down);
+    EXPECT_EQ(grid.Row(), 0) << "what is hidden is no step";
+  });
+}
+
 TEST(FormWindow, NoExceptionPassesThroughQt) {
   Stage stage;
-  stage.form.btnNeu.Click = [] { throw CallError("Fehler im Handler"); };
+  test::Replace(stage.form.btnNeu.Click, [] { throw CallError("Fehler im Handler"); });
   const auto click = [&](Button& button) { return [&](FormWindow&) { stage.driver.Click(button); }; };
   stage.Show(stage.form.txtMenge, click(stage.form.btnNeu));
   EXPECT_THAT(stage.toolkit.prompts, ElementsAre("Fehler im Handler"));
   for (Button* button : {&stage.form.btnLoschen, &stage.form.btnBearbeiten}) {
     stage.form.Load();
-    stage.form.btnLoschen.Click = [] { throw ScriptFailure("Ende"); };
-    stage.form.btnBearbeiten.Click = [&] {
+    test::Replace(stage.form.btnLoschen.Click, [] { throw ScriptFailure("Ende"); });
+    test::Replace(stage.form.btnBearbeiten.Click, [&] {
       test::ProbeForm inner;
       stage.toolkit.play = [&](FormWindow&) {
-        inner.btnNeu.Click = [] { throw ScriptFailure("innen"); };
+        test::Replace(inner.btnNeu.Click, [] { throw ScriptFailure("innen"); });
         stage.driver.Click(inner.btnNeu);
       };
       stage.toolkit.ShowModal(inner);
       ADD_FAILURE() << "the failure leaves the inner Screen";
-    };
+    });
     EXPECT_THROW(stage.Show(stage.form.txtMenge, click(*button)), ScriptFailure);
     EXPECT_FALSE(stage.form.IsShown());
     EXPECT_EQ(stage.toolkit.TopForm(), nullptr);

@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTabBar>
+#include <QTableView>
 #include <QTest>
 
 #include "tests/qt/stage.h"
@@ -76,7 +78,7 @@ TEST(DateView, TypedDateCountsWhenTheFieldIsLeft) {
     stage.form.Timer1.Elapsed = [&] { stage.form.log.emplace_back("timer"); };
     stage.form.Timer1.SetInterval(1);
     stage.form.Timer1.SetEnabled(true);
-    QTest::qWait(20);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !stage.form.log.empty(); }));
     stage.form.Timer1.SetEnabled(false);
     EXPECT_THAT(stage.form.log, Contains("timer"));
     stage.form.log.clear();
@@ -97,6 +99,49 @@ TEST(DateView, TypedDateCountsWhenTheFieldIsLeft) {
     stage.driver.Type(date, "1.1.1900");
     stage.Press(Qt::Key_Tab);
     EXPECT_EQ(edit.text(), "01.01.2000") << "not before the first day";
+  });
+}
+
+TEST(DateView, ReadsWhatAClerkTypesAndTakesNothingWhileLocked) {
+  Stage stage;
+  auto& date = stage.form.dtpDatum;
+  date.SetValue(DateTime{2024, 12, 31});
+  stage.Show(date, [&](FormWindow&) {
+    auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(date));
+    const auto typed = [&](const char* text) {
+      edit.selectAll();
+      stage.driver.Type(date, text);
+      stage.Press(Qt::Key_Return);
+      return FromQt(edit.text());
+    };
+    EXPECT_EQ(typed("1,3,"), "01.03.2024") << "in the year shown";
+    EXPECT_EQ(typed("020325"), "02.03.2025");
+    date.SetLocked(true);
+    date.SetBackColor(kButtonFace);
+    EXPECT_TRUE(edit.isReadOnly());
+    EXPECT_EQ(edit.palette().color(QPalette::Base), edit.palette().color(QPalette::Window));
+    stage.Press(Qt::Key_Up);
+    EXPECT_EQ(typed("030326"), "02.03.2025");
+    date.SetLocked(false);
+    EXPECT_EQ(typed("030326"), "03.03.2026");
+  });
+}
+
+TEST(GridView, RefillKeepsTheWidthThatTheUserDrew) {
+  Stage stage;
+  auto& flex = stage.form.FlexGrid1;
+  stage.Show(stage.form.txtName, [&](FormWindow&) {
+    auto& table = dynamic_cast<QTableView&>(stage.WidgetOf(flex));
+    table.horizontalHeader()->resizeSection(0, 200);
+    flex.SetCols(2);
+    flex.SetRows(1);
+    flex.SetTextMatrix(0, 0, "Lohnart");
+    flex.AddItem({"411", "80"});
+    EXPECT_EQ(table.columnWidth(0), 200);
+    EXPECT_EQ(table.model()->rowCount(), 1);
+    flex.SetCols(3);
+    EXPECT_EQ(table.model()->columnCount(), 3);
+    EXPECT_EQ(table.columnWidth(0), 200) << "a column more";
   });
 }
 

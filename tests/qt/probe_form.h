@@ -6,6 +6,7 @@
 
 #include "src/context/controls/form.h"
 #include "src/context/services/environment.h"
+#include "tests/support/events.h"
 #include "tests/support/fake_connection.h"
 
 namespace tarvoni::test {
@@ -47,25 +48,24 @@ struct ProbeForm : Form {
       const auto write = [this, name](const char* what) {
         return [this, name, what] { log.push_back(std::string(what) + " " + name); };
       };
-      control->GotFocus = write("got");
-      control->LostFocus = write("lost");
-      control->Validate = [write](bool&) { write("validate")(); };
-      control->Change = write("change");
-      control->Click = write("click");
-      control->DblClick = write("doubleclick");
-      control->MouseDown = [write](int) { write("mousedown")(); };
-      control->KeyPress = [this, name](int& key) {
-        log.push_back("press " + name + " " + std::to_string(key));
-      };
+      Replace(control->GotFocus, write("got"));
+      Replace(control->LostFocus, write("lost"));
+      Replace(control->Validate, [write](bool&) { write("validate")(); });
+      Replace(control->Change, write("change"));
+      Replace(control->Click, write("click"));
+      Replace(control->DblClick, write("doubleclick"));
+      Replace(control->MouseDown, [write](int) { write("mousedown")(); });
+      Replace(control->KeyPress,
+              [this, name](int& key) { log.push_back("press " + name + " " + std::to_string(key)); });
     }
-    txtKostenstelle[0].KeyDown = [this](int key, int) {
+    Replace(txtKostenstelle[0].KeyDown, [this](int key, int) {
       if (key == kKeyCtrl) log.emplace_back("lookup txtKostenstelle(0)");
-    };
-    Form_Unload = [this](bool& refused) {
+    });
+    Replace(Form_Unload, [this](bool& refused) {
       log.emplace_back("unload");
       refused = veto;
-    };
-    btnClose.Click = [this] { Unload(); };
+    });
+    Replace(btnClose.Click, [this] { Unload(); });
   }
 
   // Fills lists and grids.

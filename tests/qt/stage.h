@@ -30,7 +30,7 @@ class StageToolkit : public QtToolkit {
     QTimer::singleShot(0, &window, [this, &window, action = std::exchange(play, nullptr)] {
       window.Guard([&] { action(window); });
       if (!window.Screen().IsLoaded()) return;
-      window.Screen().Form_Unload = [](bool&) {};
+      test::Replace(window.Screen().Form_Unload, [](bool&) {});
       window.Screen().Unload();
     });
   }

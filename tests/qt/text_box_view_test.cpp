@@ -7,9 +7,12 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QTest>
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -25,10 +28,10 @@ using testing::Not;
 
 // Typed text of a box that admits digits and makes letters great.
 void AdmitDigits(TextBox& box) {
-  box.KeyPress = [](int& key) {
+  test::Replace(box.KeyPress, [](int& key) {
     if (key >= 'a' && key <= 'z') key += 'A' - 'a';
     if (key == '.' || key == ' ') key = 0;
-  };
+  });
 }
 
 TEST(TextBoxView, TypedAndPastedTextPassesTheFilter) {
@@ -75,7 +78,7 @@ TEST(TextBoxView, EditorsOwnCommandsReachTheScreen) {
     EXPECT_EQ(box.Text(), "");
     EXPECT_EQ(FromQt(QGuiApplication::clipboard()->text()), "zwei Worte");
     EXPECT_THAT(stage.form.log, ElementsAre("change txtName"));
-    stage.form.txtName.Change = [&] { box.SetText("fest"); };
+    test::Replace(stage.form.txtName.Change, [&] { box.SetText("fest"); });
     stage.Press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(FromQt(edit.text()), "fest") << "the Screen has the last word";
   });
@@ -85,7 +88,7 @@ TEST(TextBoxView, FocusByMouseLeavesTheTextSelected) {
   Stage stage;
   auto& box = stage.form.txtName;
   box.SetText("Windwurf");
-  box.GotFocus = [&] { box.SelectAll(); };
+  test::Replace(box.GotFocus, [&] { box.SelectAll(); });
   stage.Show(stage.form.txtMenge, [&](FormWindow&) {
     auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(box));
     stage.driver.Click(box);
@@ -122,6 +125,57 @@ TEST(TextBoxView, LockedBoxesLookLockedAndTakeNothing) {
     EXPECT_EQ(edit.palette().color(QPalette::Base), open);
     box.SetBackColor(0x0000FF);
     EXPECT_EQ(edit.palette().color(QPalette::Base), QColor(255, 0, 0));
+  });
+}
+
+TEST(TextBoxView, ClosedTextsCanBeReadAndCopied) {
+  Stage stage;
+  auto& text = stage.form.txtText;
+  text.SetText("Windwurf\nnach Sturm\nim Süden\nund mehr\nund noch mehr");
+  stage.form.frmKopf.SetEnabled(false);
+  stage.Show(stage.form.DataGrid1, [&](FormWindow& window) {
+    auto& edit = dynamic_cast<QPlainTextEdit&>(stage.WidgetOf(text));
+    EXPECT_TRUE(edit.isEnabled());
+    EXPECT_TRUE(edit.isReadOnly());
+    QTest::mouseDClick(edit.viewport(), Qt::LeftButton, {}, QPoint(12, 10));
+    EXPECT_EQ(text.SelText(), "Windwurf");
+    EXPECT_TRUE(stage.form.DataGrid1.HasFocus());
+    QTest::keyClick(window.windowHandle(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(FromQt(QGuiApplication::clipboard()->text()), "Windwurf");
+    stage.driver.ClickRow(stage.form.DataGrid1, 1);
+    QTest::keyClick(window.windowHandle(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_THAT(FromQt(QGuiApplication::clipboard()->text()), testing::HasSubstr("Fichte"))
+        << "the list again";
+  });
+}
+
+TEST(TextBoxView, RefusedKeyIsSeen) {
+  Stage stage;
+  auto& box = stage.form.txtName;
+  AdmitDigits(box);
+  stage.Show(box, [&](FormWindow& window) {
+    auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(box));
+    const QColor open = edit.palette().color(QPalette::Base);
+    stage.driver.Type(box, "1.");
+    EXPECT_NE(edit.palette().color(QPalette::Base), open);
+    EXPECT_EQ(FromQt(window.findChild<QLabel*>("status")->text()),
+              "Das Zeichen „.“ passt nicht in dieses Feld.");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return edit.palette().color(QPalette::Base) == open; }));
+  });
+}
+
+TEST(TextBoxView, PastingIsOneStepToUndo) {
+  Stage stage;
+  auto& box = stage.form.txtText;
+  stage.Show(box, [&](FormWindow&) {
+    stage.driver.Type(box, "alt ");
+    stage.form.log.clear();
+    stage.driver.Paste(box, "eins\nzwei");
+    EXPECT_EQ(std::ranges::count(stage.form.log, "change txtText"), 1);
+    auto& edit = dynamic_cast<QPlainTextEdit&>(stage.WidgetOf(box));
+    EXPECT_EQ(FromQt(edit.toPlainText()), "alt eins\nzwei");
+    stage.Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(box.Text(), "alt ");
   });
 }
 

@@ -75,17 +75,24 @@ TEST(CellTypeTest, FormatsOfASpreadsheet) {
 
 TEST(SelectionSumTest, IsExactAndLeavesOutWhatIsNoNumber) {
   const Table wages = Wages();
-  EXPECT_EQ(SumOf(wages, {{0, 2, 2, 2}}, kGerman).Text(kGerman), "Summe 11,945 (3 Zahlen)");
-  // Texts, days, flags and the hidden column do not count.
-  EXPECT_EQ(SumOf(wages, {{0, 0, 9, 5}}, kGerman).count, 3);
-  EXPECT_EQ(SumOf(wages, {{0, 2, 0, 2}}, kGerman).Text(kGerman), "") << "a number is its own sum";
-  EXPECT_EQ(SumOf(wages, {}, kGerman).Text(kGerman), "");
+  EXPECT_EQ(SumText(wages, {{0, 2, 2, 2}}, kGerman), "Summe 11,945 (3 Zahlen)");
+  EXPECT_EQ(SumText(wages, {{0, 0, 9, 5}}, kGerman), "Summe 11,945 (3 Zahlen)")
+      << "texts, days, flags and the hidden column do not count";
+  EXPECT_EQ(SumText(wages, {{0, 2, 0, 2}}, kGerman), "") << "a number is its own sum";
+  EXPECT_EQ(SumText(wages, {}, kGerman), "");
   // Ten times 0.1 as floating point would not be 1.
   const Table tenths({{"Betrag"}}, std::vector<Value>(10, 0.1));
-  EXPECT_EQ(SumOf(tenths, {{0, 0, 9, 0}}, kGerman).Text(kGerman), "Summe 1,0 (10 Zahlen)");
+  EXPECT_EQ(SumText(tenths, {{0, 0, 9, 0}}, kGerman), "Summe 1,0 (10 Zahlen)");
   const Decimal huge(PowerOfTen(38) - 1, 0);
-  EXPECT_EQ(SumOf(Table({{"Zahl"}}, {huge, huge}), {{0, 0, 1, 0}}, kGerman).Text(kGerman),
-            "Die Summe ist zu groß.");
+  EXPECT_EQ(SumText(Table({{"Zahl"}}, {huge, huge}), {{0, 0, 1, 0}}, kGerman), "Summe zu groß (2 Zahlen)");
+}
+
+TEST(SelectionSumTest, EachColumnHasItsOwnAndCodesHaveNone) {
+  const Table hours({{.caption = "Lohnart", .sums = false}, {"Stunden"}, {"Betrag"}},
+                    {Decimal(1010, 0), Decimal(75, 1), Decimal(11130, 2), Decimal(1020, 0), Decimal(8, 0),
+                     Decimal(11872, 2)});
+  EXPECT_EQ(SumText(hours, {{0, 0, 1, 2}}, kGerman), "Summen: Stunden 15,5 · Betrag 230,02");
+  EXPECT_EQ(SumText(hours, {{0, 0, 1, 0}}, kGerman), "");
 }
 
 TEST(ClipboardTextTest, CarriesTheCaptions) {

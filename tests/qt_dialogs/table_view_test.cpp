@@ -21,6 +21,7 @@ class TableViewTest : public testing::Test {
     for (int i = 0; i < 3; ++i) grid_.Columns()[i].SetCaption(captions[i]);
     grid_.Columns()[0].SetWidth(720);
     grid_.Columns()[1].SetVisible(false);
+    grid_.Columns()[2].SetAlignment(Alignment::kRight);
     for (int i = 0; i < 6; ++i) grid_.AddItem({std::to_string(i), "9", "7,50"});
     grid_.SetRow(1);
     view_ = std::make_unique<TableView>(grid_);
@@ -97,7 +98,7 @@ TEST_F(TableViewTest, FollowsTheGridWithoutTellingItBack) {
   grid_.AddItem({"neu", "", "1"});
   view_->ShowRows();
   EXPECT_EQ(Table().model()->index(3, 0).data().toString(), "neu");
-  EXPECT_EQ(view_->findChild<QLabel*>("count")->text(), "4 Zeilen");
+  EXPECT_EQ(view_->findChild<QLabel*>("count")->text(), "Zeile 3 von 4");
   grid_.Columns()[0].SetWidth(1440);
   grid_.Columns()[1].SetVisible(true);
   view_->ShowColumns();
@@ -126,8 +127,33 @@ TEST_F(TableViewTest, CopiesWhatIsChosen) {
   EXPECT_EQ(QApplication::clipboard()->text(), "Nr.\tStunden\r\n0\t7,50\r\n1\t7,50\r\n");
   QStringList menu;
   for (const QAction* action : Table().actions()) menu += action->text().remove('&');
-  EXPECT_EQ(menu, QStringList({"Kopieren", "Alles markieren", "Als CSV-Datei speichern …",
-                               "Als Excel-Datei speichern …"}));
+  EXPECT_EQ(menu, QStringList({"Kopieren", "Alles markieren", "Drucken …", "Als CSV-Datei speichern …",
+                               "Als Excel-Datei speichern …", "Suchen …"}));
+}
+
+TEST_F(TableViewTest, SearchHidesTheRowsThatDoNotAnswer) {
+  const TablePane& pane = view_->Pane();
+  QTest::keyClick(&Table(), Qt::Key_F, Qt::ControlModifier);
+  auto& search = *view_->findChild<QLineEdit*>("search");
+  ASSERT_TRUE(search.isVisible());
+  const int all = Table().model()->rowCount();
+  QTest::keyClicks(&search, Table().model()->index(4, 0).data().toString());
+  EXPECT_FALSE(Table().isRowHidden(4));
+  EXPECT_TRUE(Table().isRowHidden(3));
+  EXPECT_EQ(pane.ShownRow(-1, 1), 4);
+  EXPECT_EQ(pane.ShownRow(4, 1), 4) << "the last there is";
+  EXPECT_EQ(view_->findChild<QLabel*>("count")->text(), QString("1 von %1 Zeilen").arg(all));
+  QTest::keyClick(&search, Qt::Key_Escape);
+  EXPECT_FALSE(search.isVisible());
+  EXPECT_FALSE(Table().isRowHidden(3));
+}
+
+TEST_F(TableViewTest, ARowOfNothingIsNone) {
+  grid_.SetRows(1);
+  grid_.AddItem({"", "", ""});
+  view_->ShowRows();
+  EXPECT_TRUE(Table().isRowHidden(0));
+  EXPECT_EQ(view_->findChild<QLabel*>("count")->text(), "0 Zeilen");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "platform/sqlite/public/sqlite_database.h"
 #include "tests/schema/statement_blocks.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni {
 namespace {
@@ -19,7 +20,7 @@ class SchemaTest : public ::testing::Test {
  protected:
   void SetUp() override { connection_->Execute(SchemaSql()); }
 
-  Recordset Open(const std::string& text) { return connection_->Open(text); }
+  Recordset Open(const std::string& text) { return connection_->Open(Sql(text)); }
 
   // The given columns of all rows, a row a text.
   std::vector<std::string> Rows(const std::string& text, const std::vector<std::string>& columns) {
@@ -35,13 +36,13 @@ class SchemaTest : public ::testing::Test {
   }
 
   FieldType TypeOf(const std::string& table, const std::string& column) {
-    return Open("SELECT " + column + " FROM " + table).Fields()[0].Type();
+    return Open("SELECT " + column + " FROM " + table).Columns()[0].type;
   }
 
   // The number of the error that the text ends in, 0 for none.
   int ErrorOf(const std::string& text) {
     try {
-      connection_->Open(text);
+      connection_->Open(Sql(text));
     } catch (const DatabaseError& error) {
       return error.Number();
     }
@@ -65,7 +66,8 @@ std::vector<std::string> Words(const std::string& statement) {
 
 TEST(SchemaText, IsAListOfTablesEachBeforeItsIndexes) {
   std::set<std::string> tables;
-  for (const std::string& statement : SchemaStatements()) {
+  for (const SqlText& made : SchemaStatements()) {
+    const std::string statement(made.Text());
     const std::vector<std::string> words = Words(statement);
     ASSERT_GE(words.size(), 6U) << statement;
     ASSERT_EQ(words[0], "CREATE") << statement;
@@ -82,12 +84,12 @@ TEST(SchemaText, IsAListOfTablesEachBeforeItsIndexes) {
 
 TEST_F(SchemaTest, MadeStatementByStatementIsTheSame) {
   const auto other = sqlite::OpenDatabase(":memory:", {.create = true});
-  for (const std::string& statement : SchemaStatements()) {
+  for (const SqlText& statement : SchemaStatements()) {
     other->Execute(statement);
-    const std::vector<std::string> words = Words(statement);
+    const std::vector<std::string> words = Words(std::string(statement.Text()));
     if (words[1] != "TABLE") continue;
     const std::string all = "SELECT TOP 0 * FROM " + words[2];
-    EXPECT_EQ(other->Open(all).Fields().Count(), Open(all).Fields().Count()) << words[2];
+    EXPECT_EQ(other->Open(Sql(all)).Columns().size(), Open(all).Columns().size()) << words[2];
   }
 }
 
@@ -114,8 +116,8 @@ TEST_F(SchemaTest, ColumnsHaveTheTypesThatScreensAskFor) {
   EXPECT_EQ(TypeOf("OPTIONEN", "DOUBLE_VALUE"), FieldType::kDouble);
   EXPECT_EQ(TypeOf("KOSTENART", "NUMBER"), FieldType::kInteger);
   EXPECT_EQ(TypeOf("HH_KAPITEL", "NUMBER"), FieldType::kVarWChar);
-  EXPECT_EQ(Open("SELECT FWJ FROM ARBEITSAUFTRAG_KOPF").Fields()[0].DefinedSize(), 4);
-  EXPECT_EQ(Open("SELECT N_FREI1 FROM ARBEITSAUFTRAG_PLANN").Fields()[0].DefinedSize(), 20);
+  EXPECT_EQ(Open("SELECT FWJ FROM ARBEITSAUFTRAG_KOPF").Columns()[0].size, 4);
+  EXPECT_EQ(Open("SELECT N_FREI1 FROM ARBEITSAUFTRAG_PLANN").Columns()[0].size, 20);
 }
 
 TEST_F(SchemaTest, PositionsOfPlansHaveEveryColumnThatIsCopiedFromThem) {
@@ -163,7 +165,7 @@ class StatementTest : public SchemaTest {
 
   void Run(const StatementBlock& block) {
     try {
-      connection_->Open(block.text);
+      connection_->Open(Sql(block.text));
     } catch (const DatabaseError& error) {
       ADD_FAILURE_AT(block.file.c_str(), block.line)
           << "\"" << block.title << "\", line " << error.Line() << ", column " << error.Column() << ": error "
@@ -238,7 +240,7 @@ TEST_F(StatementTest, WithdrawalsLowerTheStock) {
   const std::string goods =
       Text("71_stores_positions.sql", "the goods of a stores document with what is left of them");
   EXPECT_THAT(Rows(goods, {"EINHEIT", "MENGE", "REST"}), ElementsAre("Stk | 200 | 200"));
-  connection_->Execute(Text("71_stores_positions.sql", "a withdrawal"));
+  connection_->Execute(Sql(Text("71_stores_positions.sql", "a withdrawal")));
   EXPECT_THAT(Rows(goods, {"MENGE", "REST"}), ElementsAre("200 | 160"));
 }
 

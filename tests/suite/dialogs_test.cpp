@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "src/context/controls/data_control.h"
+#include "src/context/data/statement.h"
 #include "src/context/values/clock.h"
 #include "suite/delete_guard.h"
 #include "suite/description_editor.h"
@@ -55,8 +56,8 @@ class Lookup : public test::SuiteTest {
 
   suite::LookupDialog dialog;
   List list{toolkit};
-  const std::string codes = "SELECT NUMBER, NAME,TABLE_NAME FROM KOSTENART ORDER BY NUMBER";
-  const std::string ids = "SELECT ID, NUMBER , NAME, TABLE_NAME FROM KOSTENART ORDER BY ID";
+  const SqlText codes = "SELECT NUMBER, NAME,TABLE_NAME FROM KOSTENART ORDER BY NUMBER";
+  const SqlText ids = "SELECT ID, NUMBER , NAME, TABLE_NAME FROM KOSTENART ORDER BY ID";
 };
 
 TEST_F(Lookup, GivesTheCodeOfTheChosenRow) {
@@ -82,7 +83,7 @@ TEST_F(Lookup, HiddenIdIsTheResultAndTheCodeIsTyped) {
 TEST_F(Lookup, CancelKeepsTheText) {
   EXPECT_EQ(dialog.Pick(context, codes, "", "47", ""), "47");
   EXPECT_EQ(dialog.Pick(context, ids, "", "0", "100"), "0");
-  EXPECT_EQ(dialog.Pick(context, codes + " DESC", "", "", ""), "");
+  EXPECT_EQ(dialog.Pick(context, Compose("{} DESC", codes), "", "", ""), "");
   EXPECT_EQ(list.asked.at(0).start_text, "47");
 }
 
@@ -95,6 +96,17 @@ TEST_F(Lookup, OnlyAnIdIsHidden) {
   EXPECT_EQ(list.asked.at(1).hidden_columns, 0);
   EXPECT_EQ(dialog.Pick(context, "SELECT ID FROM KOSTENART", "", "", "100"), "2");
   EXPECT_EQ(list.asked.at(2).hidden_columns, 0) << "a single column stays in sight";
+}
+
+TEST_F(Lookup, FurtherButtonGivesItsName) {
+  list.press_extra = true;
+  EXPECT_EQ(dialog.Pick(context, ids, "", "", "102"), "&New");
+  EXPECT_EQ(list.asked.at(0).extra_button, "&Neu");
+  EXPECT_EQ(list.asked.at(0).hidden_columns, 1) << "the id, as with 100";
+  list.code = "4300";
+  EXPECT_EQ(dialog.Pick(context, codes, "", "", "102"), "4300");
+  for (const char* option : {"", "100", "000", "10"}) dialog.Pick(context, codes, "", "", option);
+  for (std::size_t i = 2; i < list.asked.size(); ++i) EXPECT_EQ(list.asked[i].extra_button, "") << i;
 }
 
 TEST_F(Lookup, DateModeGivesADay) {
@@ -114,7 +126,7 @@ TEST_F(Lookup, DateModeGivesADay) {
 struct Lists : Form {
   Lists() : Form("Lists") { grid.Bind(data); }
   // A grid that a Screen has just filled, its columns as wide as ever.
-  DataGrid& Show(const std::string& statement) {
+  DataGrid& Show(const SqlText& statement) {
     data.SetConnectionString("tables");
     data.SetRecordSource(statement);
     data.Refresh();
@@ -139,7 +151,7 @@ class Layouts : public test::SuiteTest {
     store.SaveLayout(context, "F_A", grid);
   }
 
-  static constexpr const char* kStatement = "SELECT ID, NUMBER, NAME FROM PRODUKT";
+  static constexpr SqlText kStatement = "SELECT ID, NUMBER, NAME FROM PRODUKT";
   static constexpr int kDefault = GridColumn::kDefaultWidth;
   suite::GridLayoutStore store;
   Lists lists;
@@ -180,6 +192,7 @@ TEST_F(Layouts, NamelessColumnsGoByTheirPlace) {
   lists.flex.SetCols(3);
   lists.flex.Columns()[1].SetWidth(333);
   store.SaveLayout(context, "F_A", lists.flex);
+  lists.flex.SetCols(0);
   lists.flex.SetCols(4);
   store.LoadLayout(context, "F_A", lists.flex);
   EXPECT_EQ(lists.flex.Columns()[1].Width(), 333);

@@ -36,7 +36,7 @@ class Texts : public test::FakeSuite {
 
 class FieldCheck : public ::testing::Test {
  protected:
-  bool Validate(const std::string& sql, TextBox& code, const std::string& name_column = {},
+  bool Validate(const SqlText& sql, TextBox& code, const std::string& name_column = {},
                 TextBox* name = nullptr, TextBox* id = nullptr, bool report = true) {
     return validator_.Validate(context_, report, sql, &code, id, name_column, name, "");
   }
@@ -73,7 +73,7 @@ TEST_F(FieldCheck, LeavesTheCodeOfAStatementThatGivesNone) {
 }
 
 TEST_F(FieldCheck, ClearsAllAndTellsWhichFieldHasNoRow) {
-  const std::string none = "SELECT ID,NUMBER,NAME FROM OBJEKT WHERE 1 = 0";
+  const SqlText none = "SELECT ID,NUMBER,NAME FROM OBJEKT WHERE 1 = 0";
   for (TextBox* box :
        {&form_.txtObjektN, &form_.txtObjekt, &form_.txtLose, &form_.txtKostenstelle[0], &form_.code}) {
     box->SetText("99");

@@ -41,8 +41,8 @@ class OrderHours : public test::SuiteTest {
     db->Execute(
         Compose("INSERT INTO ARA_STUNDEN (ID_ARA_KOPF, ID_PERSONAL, ID_LOHNARTEN, BEARBEITUNG, VERLOHNUNG,"
                 " STUNDEN, PROZENTSATZ) VALUES ({}, {}, {}, '{}', '{}', {}, 50)",
-                Id(std::int64_t{order}), Id(std::int64_t{worker}), IdOrNull(std::int64_t{type}), Typed(month),
-                Typed(day), Number(hours)));
+                Id(std::int64_t{order}), Id(std::int64_t{worker}), IdOrNull(std::int64_t{type}),
+                Quoted(month), Quoted(day), Number(hours)));
   }
 
   Decimal Amount(bool flag) {
@@ -76,8 +76,8 @@ TEST_F(OrderHours, FlagPartsTheGroupsWageTypesFromTheOthers) {
   db->Execute("UPDATE ARBEITSAUFTRAG SET LEISTUNG = 2");
   EXPECT_EQ(Amount(false), Decimal(5556, 2));
   EXPECT_EQ(Amount(true), Decimal(8960, 2));
-  for (const auto* no_group : {"3", "NULL"}) {
-    db->Execute(Compose("UPDATE ARBEITSAUFTRAG SET LEISTUNG = {}", Fragment(no_group)));
+  for (const std::int64_t no_group : {3, 0}) {
+    db->Execute(Compose("UPDATE ARBEITSAUFTRAG SET LEISTUNG = {}", IdOrNull(no_group)));
     EXPECT_EQ(Amount(false), Decimal());
     EXPECT_EQ(Amount(true), Decimal(14516, 2));
   }

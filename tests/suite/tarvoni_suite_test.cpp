@@ -26,7 +26,7 @@ TEST_F(WholeSuite, KeepsOneInstanceOfEachService) {
 
 TEST_F(WholeSuite, ListOfTheCatalogueFillsACodeField) {
   toolkit.pick = [](const PickRequest&) { return PickResult{.row = 1, .extra = false}; };
-  const std::string offered = whole.NamedSql().GetSql(context, "KOSTENSTELLE_GRID", "1");
+  const SqlText offered = whole.NamedSql().GetSql(context, "KOSTENSTELLE_GRID", {Given("1")});
   EXPECT_EQ(whole.Lookup().Pick(context, offered, "Kostenstelle", "101", ""), "102");
 }
 

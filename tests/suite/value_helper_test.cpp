@@ -65,6 +65,12 @@ TEST_F(KeyFilters, FormatBoundsPlacesSeparatorAndMinus) {
   EXPECT_EQ(Admitted("-123,45|", "-##0.00", kKeys), "");
   EXPECT_EQ(Admitted("123|", "###0", kKeys), "5");
   EXPECT_EQ(Admitted("1234|", "###0", kKeys), "");
+  for (const char* single : {"0", "#"}) {
+    EXPECT_EQ(Admitted("|", single, kKeys), "5") << single;
+    EXPECT_EQ(Admitted("1|", single, kKeys), "") << single;
+  }
+  EXPECT_EQ(Admitted("12|", "000", kKeys), "5");
+  EXPECT_EQ(Admitted("123|", "000", kKeys), "");
   EXPECT_EQ(Admitted("12345678|", "0.00", kKeys), "5,") << "tells how a number looks, not how long it is";
 }
 
@@ -101,7 +107,7 @@ TEST_F(KeyFilters, OptionsAllowSeparatorAndMinus) {
 }
 
 TEST_F(KeyFilters, DateTakesWhatADateHolds) {
-  EXPECT_EQ(Filtered("|", "5,.-/x", [&](int& key) { key = values.FilterDateKey(key, form.box); }), "5.-");
+  EXPECT_EQ(Filtered("|", "5,.-/x", [&](int& key) { key = values.FilterDateKey(key, form.box); }), "5,.-");
 }
 
 TEST_F(KeyFilters, ControlCharactersPassInAFullBox) {

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "src/context/data/database.h"
+#include "tests/support/sql.h"
 
 // What tests of every backend need.
 namespace tarvoni::dbtest {
@@ -63,7 +64,7 @@ inline void ExpectField(const Recordset& rows, std::string_view name, FieldType 
 // All rows of a query: "1,Holz;2,NULL".
 inline std::string Rows(Connection& connection, std::string_view query) {
   std::string text;
-  for (Recordset rows = connection.Open(query); !rows.EndOfFile(); rows.MoveNext()) {
+  for (Recordset rows = connection.Open(Sql(query)); !rows.EndOfFile(); rows.MoveNext()) {
     if (!text.empty()) text += ';';
     for (int i = 0; i < rows.Fields().Count(); ++i)
       text += (i == 0 ? "" : ",") + ToDisplayText(rows.Fields()[i].Value());

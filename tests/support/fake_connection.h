@@ -30,19 +30,21 @@ class FakeConnection : public Connection {
   void ClearLog() { log_.clear(); }
   int Depth() const { return depth_; }
 
-  long long Execute(std::string_view text) override {
-    Send(text);
+  long long Execute(const SqlText& text) override {
+    Send(text.Text());
     pending_ = true;
     return 1;
   }
 
-  Recordset Open(std::string_view text) override {
-    Send(text);
-    const auto answer = answers_.find(std::string(text));
-    if (answer == answers_.end()) throw DatabaseError(208, "Invalid object name: " + std::string(text));
+  Recordset Open(const SqlText& text) override {
+    Send(text.Text());
+    const auto answer = answers_.find(std::string(text.Text()));
+    if (answer == answers_.end())
+      throw DatabaseError(208, "Invalid object name: " + std::string(text.Text()));
     return Recordset(answer->second);
   }
 
+  void OpenAll(const SqlText&, const std::function<void(const BatchPart&)>&) override {}
   const std::string& ConnectionString() const override { return name_; }
   void BeginHandler() override { ++depth_; }
   void EndHandler() override {

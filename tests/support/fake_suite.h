@@ -47,11 +47,16 @@ class FakeSuite : public Suite,
     return "M" + std::to_string(number);
   }
 
-  std::string Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
+  std::string Pick(const TvnVar_Dll& context, const SqlText& sql, const std::string& caption,
                    const std::string& start_text, const std::string& option) override {
+    if (sql.Text() == "DATUM") {
+      const auto day = CurrentToolkit().PickDate(caption, ParseDate(start_text));
+      return day ? FormatDate(*day, "dd.mm.yyyy", CurrentLocale()) : std::string();
+    }
     Recordset rows = context.dbAdo->Open(sql);
     const PickResult result = CurrentToolkit().PickList(
         {.caption = caption, .rows = rows, .start_text = start_text, .option = option, .extra_button = {}});
+    if (result.extra) return kNew;
     if (!result.row) return start_text;
     rows.Move(static_cast<long>(*result.row));
     return ToText(rows.Fields()[0].Value(), true, false);
@@ -70,14 +75,14 @@ class FakeSuite : public Suite,
     return ToText(rows.Fields()[column].Value(), true, false);
   }
   std::string LookupColumn(const TvnVar_Dll&, const std::string&, const std::string&,
-                           const std::string&) override {
+                           const SqlText&) override {
     Missing();
   }
   double LookupColumnNumber(const TvnVar_Dll&, const std::string&, const std::string&,
-                            const std::string&) override {
+                            const SqlText&) override {
     Missing();
   }
-  int ColumnSize(const std::string&, const std::string&, const TvnVar_Dll&) override { Missing(); }
+  int ColumnSize(const SqlText&, const std::string&, const TvnVar_Dll&) override { Missing(); }
   int FilterKeyOptions(int& key, bool, TextBox&, bool) override { return key; }
   void FormatOnLeave(TextBox& box, const std::string& format) override {
     const auto number = ParseNumber(box.Text(), CurrentLocale());
@@ -88,7 +93,7 @@ class FakeSuite : public Suite,
     const std::string text = (box.SelLength() > 0 ? std::string() : box.Text()) + static_cast<char>(key);
     if (!NumberMask::Of(format).Admits(text, CurrentLocale())) key = 0;
   }
-  int FilterDateKey(int key, TextBox&) override { return key; }
+  int FilterDateKey(int key, TextBox&) override { return key < 'A' ? key : 0; }
 
   std::string DateToSql(const Value&, const std::string&) override { Missing(); }
   std::string NumberToSql(const std::string& text, const std::string&) override { return text; }
@@ -101,18 +106,21 @@ class FakeSuite : public Suite,
     layouts.push_back("save " + key);
   }
 
-  void FillCombo(Connection& connection, ComboBox& combo, const std::string& sql) override {
+  void FillCombo(Connection& connection, ComboBox& combo, const SqlText& sql) override {
     for (Recordset rows = connection.Open(sql); !rows.EndOfFile(); rows.MoveNext()) {
       combo.AddItem(ToText(rows.Fields()[0].Value(), true, false),
                     ToInt32(ToNumber(rows.Fields()[1].Value())));
     }
   }
-  std::string GetSql(const TvnVar_Dll&, const std::string& key, const std::string& parameter) override {
-    return key + ":" + parameter;
+  // The key, a colon, and the values with tabs between them.
+  SqlText GetSql(const TvnVar_Dll&, const std::string& key, const NamedValues& values) override {
+    std::string text = key + ":";
+    for (const NamedValue& value : values) text += (&value == values.data() ? "" : "\t") + value.Text();
+    return SqlText::Verbatim(text);
   }
 
-  bool Validate(const TvnVar_Dll& context, bool report_missing, const std::string& sql, TextBox* code,
-                TextBox*, const std::string& name_column, TextBox* name_box, const std::string&) override {
+  bool Validate(const TvnVar_Dll& context, bool report_missing, const SqlText& sql, TextBox* code, TextBox*,
+                const std::string& name_column, TextBox* name_box, const std::string&) override {
     const Recordset rows = context.dbAdo->Open(sql);
     if (rows.EndOfFile()) {
       code->Clear();
@@ -124,7 +132,7 @@ class FakeSuite : public Suite,
     if (name_box) name_box->SetText(ToText(rows.Fields()[name_column].Value(), true, false));
     return true;
   }
-  Value ReadColumn(const TvnVar_Dll&, const std::string&, const std::string&) override { Missing(); }
+  Value ReadColumn(const TvnVar_Dll&, const SqlText&, const std::string&) override { Missing(); }
 
  private:
   [[noreturn]] static void Missing() { throw CallError("Dieser Dienst fehlt im Test."); }

@@ -17,6 +17,7 @@ class QuietToolkit : public Toolkit {
   std::vector<std::string> prompts;
   std::vector<std::string> titles;
   std::vector<int> styles;
+  std::vector<std::string> refusals;  // the controls
   int answer = kAnswerOk;
   std::function<void(UserActions&)> script;  // drives the next Screen
   std::function<PickResult(const PickRequest&)> pick;
@@ -67,6 +68,7 @@ class QuietToolkit : public Toolkit {
     return Answer(edit_text, request);
   }
   void DoPreviewPrint(const PrintDocument&) override {}
+  void DoShowRefusal(Control& control) override { refusals.push_back(control.FullName()); }
 
  private:
   template <typename Result, typename Request>

@@ -60,8 +60,8 @@ refuses $house tests/wage/a_test.cpp 'GTEST_SKIP();\n' 'does not run'
 refuses $house src/wage/a.cpp '\tint Answer();\n' 'tab'
 refuses $house README.md 'Answer \n' 'blanks'
 accepts $house tests/wage/a.test 'Answer \n'
-refuses $house README.md 'As the Specification says.\n' 'planning'
-refuses $house src/wage/a.cpp '// Part 2.1 tells why.\n' 'planning'
+refuses $house suite/a.cpp 'Open(SqlText::Verbatim(typed));\n' 'made of any text'
+accepts $house host/a.cpp 'Open(SqlText::Verbatim(typed));\n'
 
 format=lint
 refuses $format src/wage/a.cpp 'int  Answer( );\n' 'clang-format'

@@ -9,6 +9,7 @@
 
 #include "platform/odbc/public/odbc_database.h"
 #include "platform/sqlite/public/sqlite_database.h"
+#include "tests/support/sql.h"
 
 // tsql_cases [--database URL] FILE…: runs conformance cases (tests/tsql/cases), each file on one connection to an
 // empty database: a new one in memory unless told. At a file's end the tables it made are dropped again.
@@ -68,8 +69,9 @@ std::string Joined(Recordset& rows) {
 // What the batch gives, in the words of the expectation.
 std::string Outcome(Connection& connection, const Case& test) {
   try {
-    if (test.expected.starts_with("count")) return "count " + std::to_string(connection.Execute(test.batch));
-    Recordset rows = connection.Open(test.batch);
+    if (test.expected.starts_with("count"))
+      return "count " + std::to_string(connection.Execute(Sql(test.batch)));
+    Recordset rows = connection.Open(Sql(test.batch));
     return rows.IsOpen() ? Joined(rows) : "ok";
   } catch (const DatabaseError& error) {
     const std::string found = "error " + std::to_string(error.Number());
@@ -98,7 +100,7 @@ std::vector<std::string> CreatedTables(const std::vector<Case>& cases) {
 void DropTables(Connection& connection, const std::vector<std::string>& names) {
   for (const std::string& name : names) {
     try {
-      connection.Execute("DROP TABLE " + name);
+      connection.Execute(Sql("DROP TABLE " + name));
     } catch (const DatabaseError&) {
       // A case was about its not being there.
     }

@@ -28,6 +28,7 @@ class HeadlessToolkit : public AnsweredToolkit<Toolkit>, public Driver {
   void ChooseTab(TabControl& tabs, int tab) override;
   void ClickRow(Grid& grid, int row) override;
   void ClickHead(DataGrid& grid, int column) override;
+  void ResizeColumn(Grid& grid, int column, int twips) override;
   void Close(Form& form) override;
 
  protected:

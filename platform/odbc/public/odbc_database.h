@@ -12,6 +12,7 @@ namespace tarvoni::odbc {
 struct OdbcOptions {
   std::chrono::seconds login_timeout{15};
   std::chrono::seconds query_timeout{60};  // 0 waits without limit
+  std::chrono::seconds lock_timeout{10};   // for the other workstations to finish their saves
 };
 
 // Opens "odbc:Driver=…;Server=…;…"; what follows "odbc:" goes to the driver manager. The connection belongs

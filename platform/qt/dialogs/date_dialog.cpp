@@ -43,6 +43,10 @@ QCalendarWidget* MakeCalendar(QWidget* parent) {
   weekend.setForeground(calendar->palette().brush(QPalette::Link));
   calendar->setWeekdayTextFormat(Qt::Saturday, weekend);
   calendar->setWeekdayTextFormat(Qt::Sunday, weekend);
+  QTextCharFormat head;
+  head.setForeground(calendar->palette().brush(QPalette::Text));
+  head.setBackground(calendar->palette().brush(QPalette::AlternateBase));
+  calendar->setHeaderTextFormat(head);
   return calendar;
 }
 
@@ -73,7 +77,7 @@ class DateDialog : public EntryDialog {
 
  private:
   bool Read(const std::string& text) override {
-    const auto date = ParseDate(text);
+    const auto date = ParseDate(text, date_);
     if (date) Take({.year = date->year, .month = date->month, .day = date->day});
     return date.has_value();
   }

@@ -1,7 +1,5 @@
 #include "platform/qt/dialogs/message_dialog.h"
 
-#include <QCloseEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -55,7 +53,7 @@ constexpr std::array kAnswerButtons = {
     AnswerButton{kAnswerOk, "OK", "ok"}, AnswerButton{kAnswerCancel, "Abbrechen", "cancel"},
     AnswerButton{kAnswerYes, "&Ja", "yes"}, AnswerButton{kAnswerNo, "&Nein", "no"}};
 
-// Qt takes "Nein" for the button of Escape; a plain question has none.
+// Escape and the window's button cancel, answer a plain question with "Nein", and take note of all else.
 class Message : public QMessageBox {
  public:
   using QMessageBox::QMessageBox;
@@ -66,19 +64,10 @@ class Message : public QMessageBox {
     button->setObjectName(shown->name);
     button->setProperty("answer", answer);
     buttons_.push_back(button);
-    if (answer == kAnswerCancel) setEscapeButton(button);
+    const bool gives_up = answer == kAnswerCancel || (answer == kAnswerNo && !escapeButton());
+    if (gives_up) setEscapeButton(button);
   }
   void MakeDefault(std::size_t number) { setDefaultButton(buttons_.at(number)); }
-  std::size_t Buttons() const { return buttons_.size(); }
-  bool MustBeAnswered() const { return buttons_.size() > 1 && !escapeButton(); }
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    if (!(MustBeAnswered() && event->matches(QKeySequence::Cancel))) QMessageBox::keyPressEvent(event);
-  }
-  void closeEvent(QCloseEvent* event) override {
-    MustBeAnswered() ? event->ignore() : QMessageBox::closeEvent(event);
-  }
 
  private:
   std::vector<QPushButton*> buttons_;

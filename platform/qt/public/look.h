@@ -21,8 +21,12 @@ int LinesHigh(const QWidget& widget, int lines);
 // The application's palette with closed fields and their captions easier to read: a Screen that only shows is closed.
 QPalette ReadablePalette();
 
-// Colours of a box: a locked one stands out from an open one in light and dark palettes alike.
-void PaintBox(QWidget& box, Color color, bool locked);
+// Colours of a box: a locked one, and one that is closed with its frame, stand out from an open one in light and dark
+// palettes alike.
+void PaintBox(QWidget& box, Color color, bool locked, bool enabled = true);
+
+// A box that refused a key, until it is painted anew.
+void PaintRefused(QWidget& box);
 
 // The three points of a lookup's button, in the palette's text colour.
 QIcon LookupIcon(const QWidget& widget);

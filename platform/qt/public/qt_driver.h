@@ -30,6 +30,7 @@ class QtDriver : public Driver {
   void ChooseTab(TabControl& tabs, int tab) override;
   void ClickRow(Grid& grid, int row) override;
   void ClickHead(DataGrid& grid, int column) override;
+  void ResizeColumn(Grid& grid, int column, int twips) override;
   void Close(Form& form) override;
   void Shot(Form& form, const std::string& name) override;
 

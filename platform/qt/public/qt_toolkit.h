@@ -39,6 +39,8 @@ class QtToolkit : public Toolkit {
   std::optional<std::string> DoEditText(const TextRequest& request) override;
   void DoPreviewPrint(const PrintDocument& document) override;
   void ShowWaitPointer(bool waits) override;
+  void DoTell(const std::string& sentence) override;
+  void DoShowRefusal(Control& control) override;
 
  private:
   QPointer<QWidget> owner_;

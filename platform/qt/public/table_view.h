@@ -20,6 +20,10 @@ class TableView : public QWidget {
   // What the table is about: its accessible name, and the name of an exported file.
   void SetTitle(const std::string& title) { pane_->SetTitle(title); }
   QTableView* Table() const { return pane_->Table(); }
+  TablePane& Pane() const { return *pane_; }
+  // The row where the user began to mark rows, and the marking of all from there to the current one.
+  int Anchor() const { return anchor_row_ < 0 ? pane_->CurrentRow() : anchor_row_; }
+  void MarkFrom(int anchor);
   // All columns and a dozen rows; the window takes what of it the screen has.
   QSize sizeHint() const override;
 
@@ -36,6 +40,7 @@ class TableView : public QWidget {
   void Connect();
   void Report(int row);
   void ReportIfMoved();
+  void ShowOrder();
 
   Grid& grid_;
   GridSource source_;
@@ -43,6 +48,7 @@ class TableView : public QWidget {
   bool showing_ = false;   // the grid speaks, not the user
   bool pressing_ = false;  // the mouse is held down
   int reported_row_ = -1;
+  int anchor_row_ = -1;  // where marking began
 };
 
 // Widths on the screen of a widget.

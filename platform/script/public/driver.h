@@ -30,6 +30,7 @@ class Driver {
   virtual void ChooseTab(TabControl& tabs, int tab) = 0;
   virtual void ClickRow(Grid& grid, int row) = 0;
   virtual void ClickHead(DataGrid& grid, int column) = 0;
+  virtual void ResizeColumn(Grid& grid, int column, int twips) = 0;
   // The close button of the Screen's window.
   virtual void Close(Form& form) = 0;
   // Saves a picture of the Screen; nothing where there is none to see.

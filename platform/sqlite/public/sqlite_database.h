@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,11 +25,30 @@ struct OpenOptions {
 std::shared_ptr<Connection> OpenDatabase(const std::string& connection_string,
                                          const OpenOptions& options = {});
 
-// Copies the database to a file, which appears only when the copy is complete and sound. Commits what is
-// pending.
-void Backup(Connection& connection, const std::string& target);
+struct BackupOptions {
+  bool force = false;  // also over a file that is no older backup of this database
+};
 
-// What is wrong with the file, a line each; empty when it is sound.
+// Copies the database to a file, which appears only when the copy is complete, sound and on the disk. Commits
+// what is pending. Refuses an empty or damaged database, and a target that is anything but nothing or an older
+// backup.
+void Backup(Connection& connection, const std::string& target, BackupOptions options = {});
+
+// Copies the database into a file that is there and empty; false when something stands in it by now.
+bool FillEmptyFile(Connection& connection, const std::string& target);
+
+// True when no table has been made in it.
+bool IsEmpty(Connection& connection);
+
+// A new database in memory with what the other holds. Commits what is pending there.
+std::shared_ptr<Connection> CopyToMemory(Connection& connection);
+
+// A door for tests: makes the nth commit of writes from now on fail as one fails on a full disk, so that nothing of it
+// stays, and tells whether it came to that. What it gives ends the arrangement with its own end.
+std::function<bool()> FailCommit(Connection& connection, int nth);
+
+// What is wrong with the file, a German sentence each; empty when it is sound. Cells that hold what their column
+// cannot are named by table, key and column.
 std::vector<std::string> CheckIntegrity(Connection& connection);
 
 }  // namespace tarvoni::sqlite

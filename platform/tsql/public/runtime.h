@@ -73,5 +73,7 @@ inline constexpr const char* kCollation = "TSQL";
 // Table of the file in which identity columns are kept: table_name, column_name, seed, step, last (NULL at
 // first).
 inline constexpr const char* kIdentityTable = "tarvoni_identity";
+// Table of the file with one row: mark, which tells the file and its copies from all others.
+inline constexpr const char* kMarkTable = "tarvoni_mark";
 
 }  // namespace tarvoni::tsql

@@ -19,7 +19,9 @@ std::string Control::FullName() const {
 }
 
 void Control::SetEnabled(bool enabled) {
-  if (std::exchange(enabled_, enabled) != enabled) Announce(Aspect::kEnabled);
+  if (std::exchange(enabled_, enabled) == enabled) return;
+  Announce(Aspect::kEnabled);
+  if (form_.host_) form_.host_->EnabledChanged(*this);
 }
 
 bool Control::IsEnabled() const {

@@ -31,7 +31,11 @@ inline constexpr int kKeyHome = 36;
 inline constexpr int kKeyUp = 38;
 inline constexpr int kKeyDown = 40;
 inline constexpr int kKeyDelete = 46;
+inline constexpr int kKeyInsert = 45;
+inline constexpr int kKeyPageUp = 33;
+inline constexpr int kKeyPageDown = 34;
 inline constexpr int kKeyF1 = 112;  // F2 to F12 follow
+inline constexpr int kKeyF2 = 113;
 inline constexpr int kKeyF4 = 115;
 
 // What a toolkit has to show anew after a control announced a change.

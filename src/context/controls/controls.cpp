@@ -44,6 +44,23 @@ void OptionButton::SetValue(bool value) {
 void TextBox::SetText(std::string_view text) {
   if (text_ == text) return;
   text_ = text;
+  length_ = utf8::Length(text_);
+  TextChanged();
+}
+
+void TextBox::Splice(int start, int length, std::string_view inserted) {
+  start = std::clamp(start, 0, length_);
+  length = std::clamp(length, 0, length_ - start);
+  // Only a place inside the text has to be searched for.
+  const std::size_t at = start == length_ ? text_.size() : utf8::Substring(text_, 0, start).size();
+  const std::size_t size = utf8::Substring(std::string_view(text_).substr(at), 0, length).size();
+  if (std::string_view(text_).substr(at, size) == inserted) return;
+  text_.replace(at, size, inserted);
+  length_ += utf8::Length(inserted) - length;
+  TextChanged();
+}
+
+void TextBox::TextChanged() {
   sel_start_ = sel_length_ = 0;
   Announce(Aspect::kText);
   Change();
@@ -54,11 +71,11 @@ void TextBox::Clear() {
   SetText("");
 }
 
-void TextBox::SetLocked(bool locked) {
+void InputControl::SetLocked(bool locked) {
   if (std::exchange(locked_, locked) != locked) Announce(Aspect::kLocked);
 }
 
-void TextBox::SetBackColor(Color color) {
+void InputControl::SetBackColor(Color color) {
   if (std::exchange(back_color_, color) != color) Announce(Aspect::kLocked);
 }
 
@@ -67,9 +84,8 @@ void TextBox::SetMaxLength(int max_length) {
 }
 
 void TextBox::Select(int start, int length) {
-  const int size = utf8::Length(text_);
-  start = std::clamp(start, 0, size);
-  length = std::clamp(length, 0, size - start);
+  start = std::clamp(start, 0, length_);
+  length = std::clamp(length, 0, length_ - start);
   if (start == sel_start_ && length == sel_length_) return;
   sel_start_ = start;
   sel_length_ = length;
@@ -77,11 +93,46 @@ void TextBox::Select(int start, int length) {
 }
 
 void TextBox::SelectAll() {
-  Select(0, utf8::Length(text_));
+  Select(0, length_);
 }
 
 std::string TextBox::SelText() const {
   return std::string(utf8::Substring(text_, sel_start_, sel_length_));
+}
+
+TextInsertion::TextInsertion(TextBox& box)
+    : box_(box),
+      before_(box.text_),
+      start_before_(box.sel_start_),
+      length_before_(box.sel_length_),
+      place_(utf8::Substring(box.text_, 0, box.sel_start_).size()) {
+  box_.text_.erase(place_, box.SelText().size());
+  box_.length_ -= box_.sel_length_;
+  box_.sel_length_ = 0;
+}
+
+void TextInsertion::Add(char32_t character) {
+  std::string added;
+  utf8::Append(added, character);
+  place_ = std::min(place_, box_.text_.size());  // a filter may have written a text of its own
+  box_.text_.insert(place_, added);
+  place_ += added.size();
+  ++box_.sel_start_;
+  ++box_.length_;
+}
+
+void TextInsertion::Finish() {
+  if (box_.text_ == before_) return;
+  box_.Announce(Aspect::kText);
+  box_.Announce(Aspect::kSelection);
+  box_.Change();
+}
+
+void TextInsertion::Undo() {
+  box_.text_ = before_;
+  box_.length_ = utf8::Length(before_);
+  box_.sel_start_ = start_before_;
+  box_.sel_length_ = length_before_;
 }
 
 void DateControl::SetValue(std::optional<DateTime> value) {

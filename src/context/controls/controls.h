@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "src/context/controls/control.h"
+#include "src/context/controls/input_control.h"
 #include "src/context/values/date_time.h"
 
 namespace tarvoni {
@@ -31,16 +31,22 @@ class Frame : public Captioned {
   using Captioned::Captioned;
 };
 
+// What a button is for, where a key of its own presses it from anywhere on the Screen.
+enum class Command { kNone, kNew, kEdit, kSave, kSaveAndNew, kCancel, kDelete, kClose };
+
 class Button : public Captioned {
  public:
   using Captioned::Captioned;
   bool TakesFocus() const override { return true; }
+  Command Does() const { return does_; }
+  void SetDoes(Command command) { does_ = command; }
 
   // Runs the click at once, enabled or not; meanwhile the button counts as pressed.
   void Press();
   bool Pressed() const { return pressed_ > 0; }
 
  private:
+  Command does_ = Command::kNone;
   int pressed_ = 0;
 };
 
@@ -72,22 +78,30 @@ class OptionButton : public Captioned {
   bool value_ = false;
 };
 
+// What a box is made for. Whatever its filter admits: the decimal keys and what is pasted mean what the user means.
+enum class Entry {
+  kText,      // anything
+  kWhole,     // a whole number
+  kDecimal,   // point and comma are both the locale's separator
+  kDatePart,  // a day or month; point and comma go on to the next box
+};
+
 // Positions and lengths count characters, not bytes.
-class TextBox : public Control {
+class TextBox : public InputControl {
  public:
-  using Control::Control;
-  bool TakesFocus() const override { return true; }
+  using InputControl::InputControl;
 
   const std::string& Text() const { return text_; }
   void SetText(std::string_view text);  // a different text raises Change
   bool Empty() const { return text_.empty(); }
+  int Length() const { return length_; }  // in characters
+  // Puts text in place of `length` characters from `start` on, as SetText does; quick at the end of a long text.
+  void Splice(int start, int length, std::string_view inserted);
   // Empties text and Tag.
   void Clear();
 
-  bool Locked() const { return locked_; }
-  void SetLocked(bool locked);
-  Color BackColor() const { return back_color_; }
-  void SetBackColor(Color color);
+  Entry Takes() const { return takes_; }
+  void SetTakes(Entry entry) { takes_ = entry; }
   int MaxLength() const { return max_length_; }  // 0: no limit; binds the keyboard, not the program
   void SetMaxLength(int max_length);
   bool MultiLine() const { return multi_line_; }  // Enter and Tab keep their meaning; Enter breaks the line
@@ -100,20 +114,45 @@ class TextBox : public Control {
   std::string SelText() const;
 
  private:
+  friend class TextInsertion;
+  void TextChanged();
+
   std::string text_;
-  bool locked_ = false;
   bool multi_line_ = false;
-  Color back_color_ = kWindowBackground;
+  Entry takes_ = Entry::kText;
+  int length_ = 0;
   int max_length_ = 0;
   int sel_start_ = 0;
   int sel_length_ = 0;
 };
 
-// A date or nothing. The user cannot choose a day outside the limits; the program may set any.
-class DateControl : public Control {
+// Characters that go into a box in place of its selection, one by one, so that a filter sees the text grow; the
+// change is announced once, at the end.
+class TextInsertion {
  public:
-  using Control::Control;
-  bool TakesFocus() const override { return true; }
+  explicit TextInsertion(TextBox& box);
+  TextInsertion(const TextInsertion&) = delete;
+  TextInsertion& operator=(const TextInsertion&) = delete;
+
+  void Add(char32_t character);
+  int Length() const { return box_.Length(); }  // of the whole text
+  // Announces what came of it, unless the text is as it was.
+  void Finish();
+  // The box is as it was before.
+  void Undo();
+
+ private:
+  TextBox& box_;
+  std::string before_;
+  int start_before_;
+  int length_before_;
+  std::size_t place_ = 0;  // of the caret, in bytes
+};
+
+// A date or nothing. The user cannot choose a day outside the limits; the program may set any.
+class DateControl : public InputControl {
+ public:
+  using InputControl::InputControl;
   const std::optional<DateTime>& Value() const { return value_; }
   void SetValue(std::optional<DateTime> value);  // a different day raises Change
   const DateTime& MinDate() const { return min_date_; }

@@ -1,5 +1,7 @@
 #include "src/context/controls/data_control.h"
 
+#include <algorithm>
+
 #include "src/context/controls/grid.h"
 #include "src/context/services/environment.h"
 #include "src/context/values/call_error.h"
@@ -43,6 +45,15 @@ void BoundRecordset::Find(std::string_view criterion) {
 
 void BoundRecordset::Sort(std::string_view columns) {
   rows_.Sort(columns);
+  Sorted();
+}
+
+void BoundRecordset::Sort(int column, SortOrder order) {
+  rows_.Sort(column, order);
+  Sorted();
+}
+
+void BoundRecordset::Sorted() {
   for (DataGrid* grid : owner_.grids_) grid->Refresh();
   owner_.RowMoved();
 }
@@ -68,8 +79,34 @@ void DataControl::Refresh() {
     connection_ = connect(connection_string_);
   }
   recordset_.rows_ = connection_->Open(record_source_);
+  KeepOrder();
   RowsChanged();
   RowMoved();
+}
+
+// Another statement may have another column in its place; its own order holds then.
+void DataControl::KeepOrder() {
+  if (!order_) return;
+  const std::vector<Column>& columns = recordset_.rows_.Columns();
+  const auto place = static_cast<std::size_t>(order_->column);
+  if (place < columns.size() && columns[place].name == order_->field) {
+    recordset_.rows_.Sort(order_->column, order_->direction);
+  } else {
+    order_.reset();
+  }
+}
+
+void DataControl::OrderBy(int column) {
+  tarvoni::Recordset& rows = recordset_.rows_;
+  const bool turns = order_ && order_->column == column && order_->direction == SortOrder::kAscending;
+  order_ = {.column = column,
+            .field = rows.Columns().at(static_cast<std::size_t>(column)).name,
+            .direction = turns ? SortOrder::kDescending : SortOrder::kAscending};
+  const bool stands = recordset_.HasCurrentRow();
+  const std::size_t row = stands ? rows.StatementRow() : 0;
+  rows.Sort(column, order_->direction);
+  while (stands && rows.StatementRow() != row) rows.MoveNext();
+  recordset_.Sorted();
 }
 
 void DataControl::RowMoved() {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "src/context/controls/control.h"
@@ -37,13 +39,22 @@ class BoundRecordset {
   void SetAbsolutePosition(int position);
   void Find(std::string_view criterion);
   void Sort(std::string_view columns);
+  void Sort(int column, SortOrder order = SortOrder::kAscending);
 
  private:
   friend class DataControl;
   explicit BoundRecordset(DataControl& owner) : owner_(owner) {}
+  void Sorted();
 
   DataControl& owner_;
   tarvoni::Recordset rows_;
+};
+
+// By which column rows are sorted.
+struct RowOrder {
+  int column = 0;
+  std::string field;  // its name, which may be empty
+  SortOrder direction = SortOrder::kAscending;
 };
 
 // Keeps the rows of one statement. It opens the connection by itself from the connection string.
@@ -54,14 +65,19 @@ class DataControl : public Control {
 
   const std::string& ConnectionString() const { return connection_string_; }
   void SetConnectionString(std::string_view connection_string);
-  const std::string& RecordSource() const { return record_source_; }
-  void SetRecordSource(std::string_view statement) { record_source_ = statement; }
+  const SqlText& RecordSource() const { return record_source_; }
+  void SetRecordSource(SqlText statement) { record_source_ = std::move(statement); }
 
-  // Runs the statement again, rebuilds the columns of the bound grids and stands on the first row. If the
-  // statement fails, the rows stay as they were.
+  // Runs the statement again, sorts its rows as the user chose, rebuilds the columns of the bound grids and stands on
+  // the first row. If the statement fails, the rows stay as they were.
   void Refresh();
   BoundRecordset& Recordset() { return recordset_; }
   const BoundRecordset& Recordset() const { return recordset_; }
+
+  // The order the user gave the rows; nothing for the statement's own.
+  const std::optional<RowOrder>& Order() const { return order_; }
+  // Sorts by the column, or the other way round if it is sorted by it; the current row stays the current one.
+  void OrderBy(int column);
 
   Event<> MoveComplete;
 
@@ -70,9 +86,11 @@ class DataControl : public Control {
   friend class DataGrid;
   void RowMoved();
   void RowsChanged();
+  void KeepOrder();
 
   std::string connection_string_;
-  std::string record_source_;
+  SqlText record_source_;
+  std::optional<RowOrder> order_;
   std::shared_ptr<Connection> connection_;
   BoundRecordset recordset_{*this};
   std::vector<DataGrid*> grids_;

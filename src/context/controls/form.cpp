@@ -14,6 +14,12 @@ void Form::SetCaption(std::string_view caption) {
   if (observer_) observer_->FormCaptionChanged();
 }
 
+void Form::SetSubject(std::string_view subject) {
+  if (subject_ == subject) return;
+  subject_ = subject;
+  if (observer_) observer_->FormCaptionChanged();
+}
+
 Control* Form::Find(std::string_view name, int index) const {
   const std::string wanted = utf8::Upper(name);
   const auto found = std::ranges::find_if(controls_, [&](const Control* control) {

@@ -30,6 +30,8 @@ class FormHost {
   virtual ~FormHost() = default;
   virtual void MoveFocus(Control& target) = 0;
   virtual void PostKey(int key) = 0;
+  // A control's own flag changed.
+  virtual void EnabledChanged(Control& control) = 0;
 };
 
 // The controls of one Screen. A Screen derives from it and holds its controls as members:
@@ -44,6 +46,10 @@ class Form {
   const std::string& Name() const { return name_; }
   const std::string& Caption() const { return caption_; }
   void SetCaption(std::string_view caption);
+
+  // What the Screen stands on, as a title tells it: "12020240017, Huber Josef". "" for nothing.
+  const std::string& Subject() const { return subject_; }
+  void SetSubject(std::string_view subject);
 
   const std::vector<Control*>& Controls() const { return controls_; }
   // Without regard to case; null if there is none.
@@ -92,6 +98,7 @@ class Form {
 
   std::string name_;
   std::string caption_;
+  std::string subject_;
   std::vector<Control*> controls_;
   layout::Node layout_;
   Control* active_ = nullptr;

@@ -65,6 +65,14 @@ void Grid::ResetColumns(const std::vector<std::string>& data_fields) {
   Announce(Aspect::kColumns);
 }
 
+void Grid::ResizeColumns(int count) {
+  std::vector<GridColumn>& columns = columns_.columns_;
+  const auto wanted = static_cast<std::size_t>(std::max(count, 0));
+  if (wanted == columns.size()) return;
+  columns.resize(wanted, GridColumn(*this, ""));
+  Announce(Aspect::kColumns);
+}
+
 const GridColumn& Grid::ColumnAt(int number) const {
   return columns_.columns_[PlaceOf(number, columns_)];
 }
@@ -96,6 +104,17 @@ std::string DataGrid::CellText(int row, int column) const {
   return FieldText(CellValue(row, column), ColumnAt(column).NumberFormat(), CurrentLocale());
 }
 
+void DataGrid::SetStruck(std::string_view field, std::string_view text) {
+  struck_field_ = field;
+  struck_text_ = text;
+}
+
+bool DataGrid::IsStruck(int row) const {
+  if (struck_field_.empty() || row >= RowCount()) return false;
+  if (view_.AbsolutePosition() != row + 1) view_.SetAbsolutePosition(row + 1);
+  return FieldText(view_.Fields()[struck_field_].Value(), "", CurrentLocale()) == struck_text_;
+}
+
 void DataGrid::Refresh() {
   // A copy keeps the order the rows were sorted in, and moving it raises no event.
   view_ = data_ ? data_->Recordset().Rows() : Recordset();
@@ -113,7 +132,7 @@ void DataGrid::RowsChanged() {
 }
 
 void FlexGrid::SetCols(int count) {
-  ResetColumns(std::vector<std::string>(static_cast<std::size_t>(std::max(count, 0))));
+  ResizeColumns(count);
   for (auto& row : cells_) row.resize(static_cast<std::size_t>(Cols()));
   Announce(Aspect::kRows);
 }

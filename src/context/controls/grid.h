@@ -74,6 +74,8 @@ class Grid : public Control {
 
  protected:
   void ResetColumns(const std::vector<std::string>& data_fields);
+  // Columns that stay keep all they have; new ones come behind them, without a field.
+  void ResizeColumns(int count);
   const GridColumn& ColumnAt(int number) const;
   int ColumnCount() const { return columns_.Count(); }
 
@@ -95,6 +97,9 @@ class DataGrid : public Grid {
   std::string CellText(int row, int column) const override;
   // The value behind a cell, in the order the rows are shown.
   const Value& CellValue(int row, int column) const;
+  // Rows with this text in the field are shown struck through: they count no more.
+  void SetStruck(std::string_view field, std::string_view text);
+  bool IsStruck(int row) const;
   // Shows the rows anew after they changed in the database behind the data control's back.
   void Refresh();
 
@@ -107,6 +112,8 @@ class DataGrid : public Grid {
 
   DataControl* data_ = nullptr;
   mutable Recordset view_;
+  std::string struck_field_;
+  std::string struck_text_;
 };
 
 // A grid of texts filled by program, with its captions above.
@@ -115,7 +122,7 @@ class FlexGrid : public Grid {
   using Grid::Grid;
 
   int Cols() const { return ColumnCount(); }
-  void SetCols(int count);
+  void SetCols(int count);  // what columns there were keep caption, width and the rest
   // Rows with the caption row, as the system counts them: 1 is an empty grid.
   int Rows() const { return RowCount() + 1; }
   void SetRows(int count);

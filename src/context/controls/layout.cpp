@@ -36,6 +36,11 @@ Node Shown(TextBox& box, int width) {
   return Cell(box, width);
 }
 
+Node ShownAmount(TextBox& box, int width) {
+  box.SetTakes(Entry::kDecimal);
+  return Shown(box, width);
+}
+
 Node Lines(TextBox& box, int rows, int width) {
   box.SetMultiLine(true);
   return {.kind = Kind::kList, .control = &box, .width = width, .rows = rows};
@@ -45,7 +50,8 @@ Node List(ListBox& box, int rows, int width) {
   return {.kind = Kind::kList, .control = &box, .width = width, .rows = rows};
 }
 
-Node Push(Button& button, std::string_view caption) {
+Node Push(Button& button, std::string_view caption, Command command) {
+  button.SetDoes(command);
   return Captioning(button, caption);
 }
 Node Check(CheckBox& box, std::string_view caption) {
@@ -70,6 +76,11 @@ Node Table(Grid& grid, int rows) {
 Node Hidden(std::vector<Control*> controls) {
   Node node{.kind = Kind::kHidden};
   for (Control* control : controls) node.children.push_back(Cell(*control, 0));
+  return node;
+}
+
+Node Last(Node node) {
+  node.last = true;
   return node;
 }
 
@@ -103,9 +114,20 @@ Node MakeTabs(TabControl& tabs, std::vector<Node> pages) {
 
 void AssignTabOrder(const Node& root) {
   int next = 0;
-  Walk(root, [&](const Node& node) {
+  std::vector<const Node*> behind;
+  const auto assign = [&](const Node& node, const auto& self) -> void {
     if (node.control) node.control->SetTabIndex(next++);
-  });
+    for (const Node& child : node.children) {
+      if (child.last) {
+        behind.push_back(&child);
+      } else {
+        self(child, self);
+      }
+    }
+  };
+  assign(root, assign);
+  // What comes last may hold something that comes last of all.
+  for (std::size_t i = 0; i < behind.size(); ++i) assign(*behind[i], assign);
 }
 
 }  // namespace tarvoni::layout

@@ -48,6 +48,7 @@ struct Node {
   int rows = 0;   // lines
   std::vector<std::string> captions = {};
   std::vector<Node> children = {};
+  bool last = false;  // its controls come behind all others in tab order
 };
 
 template <typename T>
@@ -60,9 +61,12 @@ Node Box(DateControl& box);
 Node Box(Label& label, int width = 0);  // a label that shows a value
 // A box that only shows: locked, out of the tab order, in the face colour.
 Node Shown(TextBox& box, int width = 0);
+// An amount that only shows, aligned to the right as those that are typed.
+Node ShownAmount(TextBox& box, int width = 0);
 Node Lines(TextBox& box, int rows, int width = 0);  // makes the box one of several lines
 Node List(ListBox& box, int rows, int width = 0);
-Node Push(Button& button, std::string_view caption);
+// With a command the button has its key: F2 edits, Ins makes new …
+Node Push(Button& button, std::string_view caption, Command command = Command::kNone);
 Node Check(CheckBox& box, std::string_view caption);
 Node Option(OptionButton& button, std::string_view caption);
 Node Text(std::string_view text);
@@ -70,6 +74,8 @@ Node Text(Label& label, std::string_view caption);
 Node Gap();
 Node Table(Grid& grid, int rows = 0);
 Node Hidden(std::vector<Control*> controls);
+// The Tab key comes to it when all else was passed: a selection above the list that reads it anew.
+Node Last(Node node);
 
 namespace detail {
 Node WithChildren(Node node, std::vector<Node> children);
@@ -142,7 +148,7 @@ Node Tabs(TabControl& tabs, Nodes... pages) {
   return MakeTabs(tabs, detail::Collect(std::move(pages)...));
 }
 
-// Numbers the controls in the order of the description.
+// Numbers the controls in the order of the description, those of Last behind all others.
 void AssignTabOrder(const Node& root);
 
 // Calls `visit` for every node, outer before inner.

@@ -79,14 +79,6 @@ void ComboBox::ItemsChanged() {
   if (ListIndex() < 0) text_.clear();
 }
 
-void ComboBox::SetLocked(bool locked) {
-  if (std::exchange(locked_, locked) != locked) Announce(Aspect::kLocked);
-}
-
-void ComboBox::SetBackColor(Color color) {
-  if (std::exchange(back_color_, color) != color) Announce(Aspect::kLocked);
-}
-
 void ComboBox::Select(int start, int length) {
   const int size = utf8::Length(text_);
   sel_start_ = std::clamp(start, 0, size);

@@ -5,16 +5,15 @@
 #include <string_view>
 #include <vector>
 
-#include "src/context/controls/control.h"
+#include "src/context/controls/input_control.h"
 
 namespace tarvoni {
 
 // Items with a number each, one of them chosen. A change of ListIndex, by the user or by program, raises
 // Click.
-class ItemList : public Control {
+class ItemList : public InputControl {
  public:
-  using Control::Control;
-  bool TakesFocus() const override { return true; }
+  using InputControl::InputControl;
 
   int ListCount() const { return static_cast<int>(items_.size()); }
   const std::string& List(int index) const { return At(index).text; }
@@ -60,10 +59,6 @@ class ComboBox : public ItemList {
   bool Empty() const { return text_.empty(); }
   bool Editable() const { return editable_; }
   void SetEditable(bool editable) { editable_ = editable; }
-  bool Locked() const { return locked_; }
-  void SetLocked(bool locked);
-  Color BackColor() const { return back_color_; }
-  void SetBackColor(Color color);
   void SetListIndex(int index) override;
 
   int SelStart() const { return sel_start_; }
@@ -77,8 +72,6 @@ class ComboBox : public ItemList {
  private:
   std::string text_;
   bool editable_ = false;
-  bool locked_ = false;
-  Color back_color_ = kWindowBackground;
   int sel_start_ = 0;
   int sel_length_ = 0;
 };

@@ -8,6 +8,7 @@
 
 #include "src/context/data/database_error.h"
 #include "src/context/data/recordset.h"
+#include "src/context/data/sql_text.h"
 
 namespace tarvoni {
 
@@ -15,21 +16,31 @@ namespace tarvoni {
 struct TraceEvent {
   std::string_view statement;
   std::chrono::nanoseconds elapsed{};
-  long long affected_rows = -1;  // -1 when nothing was counted
+  long long affected_rows = -1;  // -1 when nothing was counted; a file counts under SET NOCOUNT too
   int error_number = 0;          // 0 when the statement succeeded
 };
 using TraceHook = std::function<void(const TraceEvent&)>;
+
+// One result of a batch: rows, or else how many rows a statement affected.
+struct BatchPart {
+  Recordset rows;  // closed when it is a count
+  long long affected = -1;
+};
 
 // An open database that takes Transact-SQL text.
 class Connection {
  public:
   virtual ~Connection() = default;
 
-  // Runs a batch. Gives the rows affected by its last statement that reports a count, or -1 if none does.
+  // Runs a batch. Gives the rows affected by its last statement that counts them; -1 if none does, or if a server keeps
+  // the count to itself (SET NOCOUNT ON).
   // Throws the batch's first DatabaseError, after what a server would still have run.
-  virtual long long Execute(std::string_view text) = 0;
+  virtual long long Execute(const SqlText& text) = 0;
   // Runs a batch and gives its first result set; a closed recordset if it has none.
-  virtual Recordset Open(std::string_view text) = 0;
+  virtual Recordset Open(const SqlText& text) = 0;
+  // Runs a batch and hands over each of its results in order, also those before its error. For command lines;
+  // a Screen asks one question at a time.
+  virtual void OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) = 0;
 
   // A text that opens the same database again; never with a password in it when shown.
   virtual const std::string& ConnectionString() const = 0;

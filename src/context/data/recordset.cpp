@@ -32,6 +32,12 @@ std::size_t FindColumn(const std::vector<Column>& columns, std::string_view name
   return static_cast<std::size_t>(found - columns.begin());
 }
 
+// The place of a column that there is.
+std::size_t PlaceOf(int number, const std::vector<Column>& columns) {
+  if (number < 0 || number >= static_cast<int>(columns.size())) RaiseNotFound(std::to_string(number));
+  return static_cast<std::size_t>(number);
+}
+
 // Takes the last word off "NAME DESC" or "NAME ASC"; true for DESC.
 bool TakeDirection(std::string_view& key) {
   const std::size_t blank = key.find_last_of(' ');
@@ -53,6 +59,23 @@ std::vector<SortKey> ParseSortKeys(std::string_view text, const std::vector<Colu
     text.remove_prefix(std::min(comma + 1, text.size()));
   }
   return keys;
+}
+
+// The rows in the order of the keys; empty for no key, that is the statement's order.
+std::vector<std::size_t> OrderOf(const RowSet& rows, const std::vector<SortKey>& keys) {
+  if (keys.empty()) return {};
+  const auto before = [&rows, &keys](std::size_t a, std::size_t b) {
+    for (const SortKey& key : keys) {
+      const std::size_t width = rows.columns.size();
+      const int order = CompareValues(rows.cells[a * width + key.column], rows.cells[b * width + key.column]);
+      if (order != 0) return key.descending ? order > 0 : order < 0;
+    }
+    return false;
+  };
+  std::vector<std::size_t> order(rows.RowCount());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::stable_sort(order.begin(), order.end(), before);
+  return order;
 }
 
 }  // namespace
@@ -79,8 +102,7 @@ Field FieldList::operator[](std::string_view name) const {
 }
 
 Field FieldList::operator[](int index) const {
-  if (index < 0 || index >= Count()) RaiseNotFound(std::to_string(index));
-  return {recordset_, static_cast<std::size_t>(index)};
+  return {recordset_, PlaceOf(index, recordset_->Columns())};
 }
 
 Recordset::Recordset(RowSet rows) : rows_(std::make_shared<const RowSet>(std::move(rows))) {}
@@ -151,21 +173,17 @@ void Recordset::Find(std::string_view criterion) {
 
 void Recordset::Sort(std::string_view columns) {
   const std::vector<SortKey> keys = ParseSortKeys(columns, Columns());
-  order_.clear();
+  TakeOrder(OrderOf(*rows_, keys));
+}
+
+void Recordset::Sort(int column, SortOrder order) {
+  const SortKey key{PlaceOf(column, Columns()), order == SortOrder::kDescending};
+  TakeOrder(OrderOf(*rows_, {key}));
+}
+
+void Recordset::TakeOrder(std::vector<std::size_t> order) {
+  order_ = std::move(order);
   position_ = 0;
-  if (keys.empty()) return;
-  const RowSet& rows = *rows_;
-  const auto before = [&rows, &keys](std::size_t a, std::size_t b) {
-    for (const SortKey& key : keys) {
-      const std::size_t width = rows.columns.size();
-      const int order = CompareValues(rows.cells[a * width + key.column], rows.cells[b * width + key.column]);
-      if (order != 0) return key.descending ? order > 0 : order < 0;
-    }
-    return false;
-  };
-  order_.resize(rows.RowCount());
-  std::iota(order_.begin(), order_.end(), std::size_t{0});
-  std::stable_sort(order_.begin(), order_.end(), before);
 }
 
 std::vector<std::vector<tarvoni::Value>> Recordset::GetRows() {

@@ -26,6 +26,8 @@ struct RowSet {
 
 class Recordset;
 
+enum class SortOrder { kAscending, kDescending };
+
 class Field {
  public:
   const std::string& Name() const;
@@ -81,17 +83,26 @@ class Recordset {
   // Orders by "COLUMN [ASC|DESC][, COLUMN …]" and moves to the first row; NULL comes first; "" restores the
   // statement's order.
   void Sort(std::string_view columns);
+  // The same by one column's number from 0 (error 3265), as a column without a name needs it.
+  void Sort(int column, SortOrder order = SortOrder::kAscending);
 
   // All rows from the current one, row by row; moves behind the last row.
   std::vector<std::vector<tarvoni::Value>> GetRows();
 
   // Position counted from 1, or kPositionBof, kPositionEof.
   int AbsolutePosition() const;
+  // The current row's number from 0 in the order the statement gave, however the rows are sorted.
+  std::size_t StatementRow() const {
+    const auto row = static_cast<std::size_t>(position_);
+    return order_.empty() ? row : order_[row];
+  }
   void SetAbsolutePosition(int position);
 
   // A second cursor over the same rows, at the first row, unsorted.
   Recordset Clone() const;
-  FieldList Fields() const { return FieldList(this); }
+  // The fields look into this recordset, so a temporary one has none to give.
+  FieldList Fields() const& { return FieldList(this); }
+  FieldList Fields() const&& = delete;
   void Close();
 
   const std::vector<Column>& Columns() const;
@@ -102,6 +113,7 @@ class Recordset {
   const tarvoni::Value& Cell(std::size_t column) const;
   std::size_t Require(std::string_view column) const;
   void RequireOpen() const;
+  void TakeOrder(std::vector<std::size_t> order);
 
   std::shared_ptr<const RowSet> rows_;
   std::vector<std::size_t> order_;  // empty: the statement's order

@@ -34,10 +34,43 @@ std::string RequireDigits(std::string_view text) {
   return std::string(text);
 }
 
+bool IsName(std::string_view text) {
+  return !text.empty() && std::ranges::all_of(text, detail::IsWordCharacter);
+}
+
 }  // namespace
 
+// Makes texts of what was checked.
+class SqlWriter {
+ public:
+  static SqlText Made(std::string text) { return SqlText(std::move(text)); }
+};
+
+namespace {
+
+SqlText Made(std::string text) {
+  return SqlWriter::Made(std::move(text));
+}
+
+// The items with commas between them.
+template <typename Items, typename Write>
+SqlText List(const Items& items, Write write) {
+  std::string list;
+  for (const auto& item : items) {
+    if (!list.empty()) list += ',';
+    list += write(item);
+  }
+  return Made(std::move(list));
+}
+
+}  // namespace
+
+Quoted::Quoted(std::string_view text) : text_(RequireNoQuote(text)) {}
+
+Digits::Digits(std::string_view text) : text_(RequireDigits(text)) {}
+
 SqlText Number(std::int64_t number) {
-  return SqlText(std::to_string(number));
+  return Made(std::to_string(number));
 }
 
 SqlText Number(double number) {
@@ -45,17 +78,17 @@ SqlText Number(double number) {
   std::array<char, 400> buffer;
   const auto [end, error] =
       std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed);
-  return SqlText(std::string(buffer.data(), end));
+  return Made(std::string(buffer.data(), end));
 }
 
 SqlText Number(const Decimal& number) {
-  return SqlText(number.ToShortString());
+  return Made(number.ToShortString());
 }
 
 SqlText Number(std::string_view typed) {
   const auto number = ParseNumber(typed, CurrentLocale());
   if (!number) RefuseSyntax(typed);
-  return SqlText(number->ToString());
+  return Made(number->ToString());
 }
 
 SqlText NumberOrNull(std::string_view typed) {
@@ -63,11 +96,7 @@ SqlText NumberOrNull(std::string_view typed) {
 }
 
 SqlText TextOrNull(std::string_view text) {
-  return SqlText(text.empty() ? "NULL" : "'" + RequireNoQuote(text) + "'");
-}
-
-SqlText Typed(std::string_view text) {
-  return SqlText(RequireNoQuote(text));
+  return Made(text.empty() ? "NULL" : "'" + RequireNoQuote(text) + "'");
 }
 
 SqlText Id(std::int64_t id) {
@@ -76,7 +105,7 @@ SqlText Id(std::int64_t id) {
 
 SqlText Id(std::string_view tag) {
   if (tag.empty()) RefuseSyntax(tag);
-  return SqlText(RequireDigits(tag));
+  return Made(RequireDigits(tag));
 }
 
 SqlText IdOrNull(std::int64_t id) {
@@ -85,31 +114,37 @@ SqlText IdOrNull(std::int64_t id) {
 SqlText IdOrNull(std::string_view tag) {
   return tag.empty() ? SqlText("NULL") : Id(tag);
 }
-SqlText Digits(std::string_view text) {
-  return SqlText(RequireDigits(text));
-}
 SqlText Flag(bool flag) {
-  return SqlText(flag ? "1" : "0");
+  return flag ? SqlText("1") : SqlText("0");
 }
 
 SqlText DateOrNull(const std::optional<DateTime>& date, std::string_view sql_date_format) {
-  if (!date) return SqlText("NULL");
+  if (!date) return "NULL";
   const std::string literal = FormatDate(*date, sql_date_format, Locale::English());
-  return SqlText(literal.find('\'') != std::string::npos ? literal : "'" + literal + "'");
+  return Made(literal.find('\'') != std::string::npos ? literal : "'" + literal + "'");
 }
 
-SqlText Fragment(std::string text) {
-  return SqlText(std::move(text));
+SqlText Name(std::string_view name) {
+  if (!IsName(name)) RefuseSyntax(name);
+  return Made(std::string(name));
 }
 
-std::string detail::Fill(std::string_view pattern, std::initializer_list<std::string_view> values) {
+SqlText IdList(std::span<const std::int32_t> ids) {
+  return List(ids, [](std::int32_t id) { return std::to_string(id); });
+}
+
+SqlText TextList(std::span<const std::string> texts) {
+  return List(texts, [](const std::string& text) { return "'" + RequireNoQuote(text) + "'"; });
+}
+
+SqlText detail::Fill(std::string_view pattern, std::initializer_list<std::string_view> values) {
   std::string text;
   for (const std::string_view value : values) {
     const auto place = pattern.find("{}");
     text.append(pattern.substr(0, place)).append(value);
     pattern.remove_prefix(place + 2);
   }
-  return text.append(pattern);
+  return Made(std::move(text.append(pattern)));
 }
 
 }  // namespace tarvoni

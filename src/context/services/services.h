@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "src/context/controls/form.h"
+#include "src/context/data/named_value.h"
 #include "src/context/data/recordset.h"
+#include "src/context/data/sql_text.h"
 #include "src/context/data/tvn_var_dll.h"
 
 // What the system asks of the suite's shared library. Errors of the database leave every operation.
@@ -22,11 +24,14 @@ class MessageService {
 // The pick list over a statement.
 class LookupDialog {
  public:
+  // What Pick gives when the further button was pressed that a third "2" in the option shows.
+  static constexpr const char* kNew = "&New";
+
   virtual ~LookupDialog() = default;
   // Shows the statement's rows, positioned at `start_text`, and gives the first column of the chosen row;
   // `start_text` on cancel. With "DATUM" for the statement and option "1" it asks for a date and gives it as
   // "dd.mm.yyyy", or "".
-  virtual std::string Pick(const TvnVar_Dll& context, const std::string& sql, const std::string& caption,
+  virtual std::string Pick(const TvnVar_Dll& context, const SqlText& sql, const std::string& caption,
                            const std::string& start_text, const std::string& option) = 0;
 };
 
@@ -41,11 +46,11 @@ class ValueHelper {
   virtual std::string FieldText(const std::string& column, const Recordset& rows) = 0;
   // The column of the first row that meets the condition; "" or 0 if there is none.
   virtual std::string LookupColumn(const TvnVar_Dll& context, const std::string& column,
-                                   const std::string& table, const std::string& condition) = 0;
+                                   const std::string& table, const SqlText& condition) = 0;
   virtual double LookupColumnNumber(const TvnVar_Dll& context, const std::string& column,
-                                    const std::string& table, const std::string& condition) = 0;
+                                    const std::string& table, const SqlText& condition) = 0;
   // Defined size of a text column of the statement, in characters.
-  virtual int ColumnSize(const std::string& sql, const std::string& column, const TvnVar_Dll& context) = 0;
+  virtual int ColumnSize(const SqlText& sql, const std::string& column, const TvnVar_Dll& context) = 0;
   // The key filters: `key` is the character, 0 afterwards if it is refused. Those with a result return it
   // too.
   virtual int FilterKeyOptions(int& key, bool allow_decimal, TextBox& box, bool allow_minus) = 0;
@@ -109,7 +114,7 @@ class DeleteGuard {
  public:
   virtual ~DeleteGuard() = default;
   // A text that reads as true if deleting may go on although or because of the rows of `sql`.
-  virtual std::string ConfirmDelete(const std::string& sql, std::int32_t first_message,
+  virtual std::string ConfirmDelete(const SqlText& sql, std::int32_t first_message,
                                     std::int32_t second_message, const TvnVar_Dll& context) = 0;
 };
 
@@ -137,10 +142,9 @@ class NamedSqlCatalog {
  public:
   virtual ~NamedSqlCatalog() = default;
   // Adds the rows to the list: text first or last, the id as item data; clears nothing.
-  virtual void FillCombo(Connection& connection, ComboBox& combo, const std::string& sql) = 0;
-  // Values in `parameter` are parted by tabs. An unknown key is a CallError.
-  virtual std::string GetSql(const TvnVar_Dll& context, const std::string& key,
-                             const std::string& parameter) = 0;
+  virtual void FillCombo(Connection& connection, ComboBox& combo, const SqlText& sql) = 0;
+  // An unknown key is a CallError, as are values that the statement does not take.
+  virtual SqlText GetSql(const TvnVar_Dll& context, const std::string& key, const NamedValues& values) = 0;
 };
 
 // The check of a typed code against a statement. Boxes may be null.
@@ -150,11 +154,11 @@ class NamedFieldValidator {
   // On a row: `code` gets the code, and the row's id as its Tag; `id_box` the id or number; `name_box` the
   // value of `name_column`. On none: all are cleared with the Tag, the user is told if `report_missing`, and
   // the result is false.
-  virtual bool Validate(const TvnVar_Dll& context, bool report_missing, const std::string& sql, TextBox* code,
+  virtual bool Validate(const TvnVar_Dll& context, bool report_missing, const SqlText& sql, TextBox* code,
                         TextBox* id_box, const std::string& name_column, TextBox* name_box,
                         const std::string& extra) = 0;
   // The named column of the statement's first row; NULL without one.
-  virtual Value ReadColumn(const TvnVar_Dll& context, const std::string& sql, const std::string& column) = 0;
+  virtual Value ReadColumn(const TvnVar_Dll& context, const SqlText& sql, const std::string& column) = 0;
 };
 
 // The suite's side: one instance of each service, made on first use.

@@ -1,5 +1,7 @@
 #include "src/context/services/toolkit.h"
 
+#include <algorithm>
+
 #include "src/context/data/handler_scope.h"
 #include "src/context/values/call_error.h"
 
@@ -10,6 +12,7 @@ void Toolkit::ShowModal(Form& form) {
   form.Load();
   if (form.IsShown()) throw CallError("Der Bildschirm " + form.Name() + " ist bereits geöffnet.");
   const OpenForm open(*this, form);
+  told_.clear();
   DoShowModal(form);
 }
 
@@ -57,6 +60,25 @@ std::optional<std::string> Toolkit::EditText(const TextRequest& request) {
 void Toolkit::PreviewPrint(const PrintDocument& document) {
   HandlerScope::CommitAll();
   DoPreviewPrint(document);
+}
+
+std::string Toolkit::Titled(const std::string& title, const Form& form) const {
+  std::string titled = title;
+  auto open = std::ranges::find(open_forms_.rbegin(), open_forms_.rend(), &form);
+  for (; open != open_forms_.rend(); ++open) {
+    if (!(*open)->Subject().empty()) titled += " – " + (*open)->Subject();
+  }
+  return titled;
+}
+
+void Toolkit::Tell(const std::string& sentence) {
+  told_ = sentence;
+  DoTell(sentence);
+}
+
+void Toolkit::ShowRefusal(Control& control, const std::string& sentence) {
+  Tell(sentence);
+  DoShowRefusal(control);
 }
 
 void Toolkit::BeginWait() {

@@ -98,6 +98,8 @@ class Toolkit {
   // The Screens that are open, the topmost last.
   const std::vector<Form*>& OpenForms() const { return open_forms_; }
   Form* TopForm() const { return open_forms_.empty() ? nullptr : open_forms_.back(); }
+  // A title with what the Screen and those below it stand on.
+  std::string Titled(const std::string& title, const Form& form) const;
 
   int MessageBox(const std::string& prompt, int style, const std::string& title);
   // "" on cancel.
@@ -111,6 +113,13 @@ class Toolkit {
   // The new text; nothing on cancel.
   std::optional<std::string> EditText(const TextRequest& request);
   void PreviewPrint(const PrintDocument& document);
+
+  // A sentence that asks for no answer, in the status line of the topmost Screen until the next one.
+  void Tell(const std::string& sentence);
+  // What was told last; "" after a Screen opened.
+  const std::string& LastTold() const { return told_; }
+  // A key or a text that a control does not take: seen and heard at the control, with the reason in the status line.
+  void ShowRefusal(Control& control, const std::string& sentence);
 
   // Counts nested waits; the pointer changes with the first and the last.
   void BeginWait();
@@ -142,8 +151,11 @@ class Toolkit {
   virtual std::optional<std::string> DoEditText(const TextRequest& request) = 0;
   virtual void DoPreviewPrint(const PrintDocument& document) = 0;
   virtual void ShowWaitPointer(bool) {}
+  virtual void DoTell(const std::string& /*sentence*/) {}
+  virtual void DoShowRefusal(Control&) {}
 
  private:
+  std::string told_;
   std::vector<Form*> open_forms_;
   int waits_ = 0;
 };

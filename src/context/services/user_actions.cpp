@@ -5,6 +5,7 @@
 
 #include "src/context/data/error_text.h"
 #include "src/context/data/handler_scope.h"
+#include "src/context/services/mnemonics.h"
 #include "src/context/values/utf8.h"
 
 namespace tarvoni {
@@ -25,18 +26,6 @@ class Held {
   T& place_;
   T before_;
 };
-
-std::optional<char32_t> MnemonicOf(const Control& control) {
-  const auto* captioned = dynamic_cast<const Captioned*>(&control);
-  if (!captioned) return std::nullopt;
-  const std::u32string caption = utf8::Decode(captioned->Caption());
-  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-    if (caption[i] != U'&') continue;
-    if (caption[i + 1] != U'&') return utf8::Upper(caption[i + 1]);
-    ++i;
-  }
-  return std::nullopt;
-}
 
 }  // namespace
 
@@ -142,17 +131,20 @@ bool UserActions::Focus(Control& target) {
 void UserActions::Click(Control& control) {
   Act([&] {
     if (!control.IsEnabled() || !control.IsVisible()) return;
-    if (control.TakesFocus() && !Arrive(control)) return;
+    if (control.TakesFocus() && !Arrive(control) && control.CausesValidation()) return;
     Handle([&] { control.MouseDown(1); });
     if (control.IsEnabled()) ClickSelf(control);
   });
 }
 
 void UserActions::ClickSelf(Control& control) {
+  if (auto* button = dynamic_cast<Button*>(&control)) return PressButton(*button);
+  auto* const check = dynamic_cast<CheckBox*>(&control);
+  auto* const option = dynamic_cast<OptionButton*>(&control);
+  typed_ = typed_ || check || option;
   Handle([&] {
-    if (auto* button = dynamic_cast<Button*>(&control)) return button->Press();
-    if (auto* check = dynamic_cast<CheckBox*>(&control)) return check->SetChecked(!check->Checked());
-    if (auto* option = dynamic_cast<OptionButton*>(&control)) return option->SetValue(true);
+    if (check) return check->SetChecked(!check->Checked());
+    if (option) return option->SetValue(true);
     control.Click();
   });
 }
@@ -180,8 +172,10 @@ void UserActions::MouseDown(Control& control, int button) {
 
 bool UserActions::Mnemonic(char32_t letter) {
   const char32_t wanted = utf8::Upper(letter);
-  const auto named = std::ranges::find_if(form_.Controls(), [wanted](const Control* control) {
-    return MnemonicOf(*control) == wanted && control->IsEnabled() && control->IsVisible();
+  const auto letters = MnemonicsOf(form_);
+  const auto named = std::ranges::find_if(form_.Controls(), [&](const Control* control) {
+    const auto own = letters.find(control);
+    return own != letters.end() && own->second == wanted && control->IsEnabled() && control->IsVisible();
   });
   if (named == form_.Controls().end()) return false;
   if ((*named)->TakesFocus())
@@ -194,16 +188,17 @@ bool UserActions::Mnemonic(char32_t letter) {
 void UserActions::SelectItem(ItemList& list, int index) {
   Act([&] {
     if (!list.IsEnabled() || !list.IsVisible() || !Arrive(list)) return;
-    const auto* combo = dynamic_cast<ComboBox*>(&list);
-    if (combo && combo->Locked()) return;
+    if (list.Locked()) return;
+    typed_ = typed_ || index != list.ListIndex();
     Handle([&] { list.SetListIndex(index); });
   });
 }
 
 void UserActions::ChooseDate(DateControl& control, std::optional<DateTime> date) {
   Act([&] {
-    if (!control.IsEnabled() || !control.IsVisible() || !Arrive(control)) return;
+    if (!control.IsEnabled() || !control.IsVisible() || !Arrive(control) || control.Locked()) return;
     if (date) date = std::clamp(*date, control.MinDate(), control.MaxDate());
+    typed_ = typed_ || date != control.Value();
     Handle([&] { control.SetValue(date); });
   });
 }
@@ -238,12 +233,8 @@ void UserActions::ClickHead(DataGrid& grid, int column) {
       Handle([&] { grid.HeadClick(column); });
       return;
     }
-    const std::string& field = grid.Columns()[column].DataField();
-    if (field.empty() || grid.RowCount() == 0) return;
-    descending_ = sorted_grid_ == &grid && sorted_column_ == column && !descending_;
-    sorted_grid_ = &grid;
-    sorted_column_ = column;
-    Handle([&] { grid.Data()->Recordset().Sort("[" + field + "]" + (descending_ ? " DESC" : "")); });
+    if (grid.RowCount() == 0) return;
+    Handle([&] { grid.Data()->OrderBy(column); });
   });
 }
 
@@ -252,7 +243,10 @@ void UserActions::ResizeColumn(Grid& grid, int column, int twips) {
 }
 
 bool UserActions::Close() {
-  Act([this] { Handle([this] { form_.Unload(); }); });
+  Act([this] {
+    const bool asked = Handle([this] { form_.Unload(); });
+    if (asked && form_.IsLoaded()) toolkit_.Tell("Bitte speichern oder abbrechen.");
+  });
   return !form_.IsLoaded();
 }
 

@@ -31,25 +31,30 @@ class UserActions : private FormHost {
   bool Focus(Control& target);
   void Tab(bool backwards = false);
 
-  // One key on the active control: KeyDown, then what the key does by itself. `shift`: 1 Shift, 2 Ctrl, 4
-  // Alt.
+  // One key on the active control: KeyDown, then what the key does by itself, or the command it stands for.
+  // `shift`: 1 Shift, 2 Ctrl, 4 Alt.
   void Key(int key, int shift = 0);
   // One character: KeyDown, the KeyPress filter, the text, Change. False if the filter or the box refused it.
   bool TypeCharacter(char32_t character);
   // Characters one by one; a line break is the Enter key.
   void Type(std::string_view text);
-  // Text from the clipboard passes the filter like typed text, but all of it or nothing.
+  // Text from the clipboard passes the filter like typed text, but as one edit: all of it or nothing. A box for
+  // numbers takes them also with groups of thousands. What is refused is told in a sentence.
   bool Paste(std::string_view text);
   // Replaces the whole text of an editor (a toolkit's own editing: undo, drag), past the filter.
   void ReplaceText(TextBox& box, std::string_view text);
   void ReplaceText(ComboBox& combo, std::string_view text);
   // Opens the lookup of the active control: Ctrl released alone, F4, or the button in the field.
   void Lookup();
+  // Whether the key is one that the Screen as a whole answers now: the key of an open button, F1, or Ctrl with Tab or
+  // a page key where there are tabs.
+  bool IsCommand(int key, int shift) const;
   // The button with this letter behind `&`. False if there is none to press.
   bool Mnemonic(char32_t letter);
 
   // The mouse. Clicking first moves the focus; if it does not arrive, the click is lost, as is one on a
-  // disabled control. A label or frame takes clicks without the focus.
+  // disabled control. A label or frame takes clicks without the focus, and a button that causes no validation is
+  // pressed whatever the field being left says.
   void Click(Control& control);
   void DoubleClick(Control& control);
   // The second press of a double click whose first one was a Click.
@@ -66,7 +71,7 @@ class UserActions : private FormHost {
   void ClickHead(DataGrid& grid, int column);
   void ResizeColumn(Grid& grid, int column, int twips);
 
-  // The window's close button or Escape. False on a veto.
+  // The window's close button, or Escape where nothing is being edited. False on a veto.
   bool Close();
   // Raises Elapsed of each running timer once. The toolkits call it when the time has come.
   void RunTimers();
@@ -75,6 +80,7 @@ class UserActions : private FormHost {
  private:
   void MoveFocus(Control& target) override { Arrive(target); }
   void PostKey(int key) override { posted_.push_back(key); }
+  void EnabledChanged(Control& control) override;
 
   // One user action: its events, then posted keys, then the focus off a control that can no longer hold it.
   void Act(const std::function<void()>& action);
@@ -86,24 +92,39 @@ class UserActions : private FormHost {
   void SettleFocus();
   void ClickSelf(Control& control);
 
+  void PressButton(Button& button);
+  // The open button of a command; null if there is none.
+  Button* ButtonFor(Command command) const;
+  TabControl* OpenTabs() const;
+  void DoCommand(int key, int shift);
+  void StepTab(int step);
+  void Cancel();
+  void ShowKeys();
+
+  void OpenLookup(Control& control);
   void PressKey(int key, int shift);
   void ActOnKey(Control& control, int key, int shift);
   bool PressCharacter(Control& control, char32_t character);
+  bool PasteInto(TextBox& box, std::string_view text);
+  void RefuseCharacter(Control& control, char32_t character);
   bool Insert(TextBox& box, char32_t character);
   void Erase(TextBox& box, int key);
   void Step(Control& control, int rows);
-  void Replace(TextBox& box, const std::string& text, int caret);
+  struct Range {
+    int start, length;
+  };
+  void Replace(TextBox& box, Range range, std::string_view inserted);
 
   Form& form_;
   Toolkit& toolkit_;
   std::deque<int> posted_;
-  int handling_ = 0;               // handlers at work
-  bool acting_ = false;            // inside Act
-  bool leaving_ = false;           // between Validate and GotFocus
+  int handling_ = 0;      // handlers at work
+  bool acting_ = false;   // inside Act
+  bool leaving_ = false;  // between Validate and GotFocus
+  bool typed_ = false;    // the user entered something since the edit began
+  int edits_ended_ = 0;
+  std::string ended_subject_;      // what the Screen stood on then
   Control* redirected_ = nullptr;  // where a handler sent the focus meanwhile
-  const Grid* sorted_grid_ = nullptr;
-  int sorted_column_ = -1;
-  bool descending_ = false;
 };
 
 }  // namespace tarvoni

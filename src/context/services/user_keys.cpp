@@ -1,11 +1,13 @@
+#include <algorithm>
+
+#include "src/context/services/command_keys.h"
+#include "src/context/services/environment.h"
 #include "src/context/services/user_actions.h"
+#include "src/context/values/number_text.h"
 #include "src/context/values/utf8.h"
 
 namespace tarvoni {
 namespace {
-
-constexpr int kShift = 1;
-constexpr int kCtrl = 2;
 
 // The key behind a character, as KeyDown tells it; 0 where it depends on the keyboard.
 int KeyOf(char32_t character) {
@@ -28,14 +30,29 @@ bool IsControlCharacter(char32_t character) {
   return character < 32 || character == 127;
 }
 
-std::string Spliced(const TextBox& box, int start, int length, std::string_view inserted) {
-  std::string text(utf8::Substring(box.Text(), 0, start));
-  text.append(inserted).append(utf8::Substring(box.Text(), start + length));
-  return text;
+bool IsPoint(char32_t character) {
+  return character == U'.' || character == U',';
 }
 
-// What a box takes from the clipboard. A copied cell ends in a line break that is not meant, and what tabs and
-// line breaks part must not grow together in a box that shows none.
+// What a key means in a box: both points are the separator where decimals stand.
+char32_t Meant(const Control& control, char32_t character) {
+  const auto* const box = dynamic_cast<const TextBox*>(&control);
+  const bool separates = box && box->Takes() == Entry::kDecimal && IsPoint(character);
+  return separates ? static_cast<char32_t>(CurrentLocale().decimal_separator) : character;
+}
+
+bool TakesDatePart(const Control& control) {
+  const auto* const box = dynamic_cast<const TextBox*>(&control);
+  return box && !box->Locked() && box->Takes() == Entry::kDatePart;
+}
+
+// Whether characters are typed into the control at all.
+bool TakesText(const Control& control) {
+  const auto* const combo = dynamic_cast<const ComboBox*>(&control);
+  return dynamic_cast<const TextBox*>(&control) || (combo && combo->Editable());
+}
+
+// What a box takes from the clipboard: what tabs and line breaks part must not grow together in a box that shows none.
 std::u32string Pasted(std::string_view text, bool multi_line) {
   const char32_t line_break = multi_line ? U'\n' : U' ';
   std::u32string pasted;
@@ -43,12 +60,19 @@ std::u32string Pasted(std::string_view text, bool multi_line) {
     if (character == U'\n' && pasted.ends_with(U'\r')) pasted.pop_back();
     pasted += character;
   }
-  while (!multi_line && (pasted.ends_with(U'\n') || pasted.ends_with(U'\r'))) pasted.pop_back();
   for (char32_t& character : pasted) {
     if (character == U'\n' || character == U'\r') character = line_break;
     if (character == U'\t') character = U' ';
   }
   return pasted;
+}
+
+// The beginning of a text, for a sentence about it.
+std::string Shortened(std::string_view text) {
+  constexpr int kShown = 30;
+  std::string shown;
+  for (const char32_t c : Pasted(utf8::Substring(text, 0, kShown), false)) utf8::Append(shown, c);
+  return utf8::Length(text) > kShown ? shown + " …" : shown;
 }
 
 }  // namespace
@@ -63,19 +87,29 @@ void UserActions::Tab(bool backwards) {
 
 void UserActions::Lookup() {
   Act([this] {
-    if (Control* active = form_.ActiveControl()) Handle([active] { active->KeyDown(kKeyCtrl, kCtrl); });
+    if (Control* active = form_.ActiveControl()) OpenLookup(*active);
   });
+}
+
+// What a lookup brings counts as typed.
+void UserActions::OpenLookup(Control& control) {
+  const auto* const box = dynamic_cast<const TextBox*>(&control);
+  const std::string before = box ? box->Text() : "";
+  Handle([&] { control.KeyDown(kKeyCtrl, kCtrl); });
+  typed_ = typed_ || (box && box->Text() != before);
 }
 
 void UserActions::PressKey(int key, int shift) {
   Control* const active = form_.ActiveControl();
   if (!active) {
-    if (key == kKeyEscape) Close();
+    if (key == kKeyEscape) Cancel();
+    if (IsCommand(key, shift)) DoCommand(key, shift);
     return;
   }
   // The Tab key belongs to the window, not to the control.
   if (key != kKeyTab) Handle([&] { active->KeyDown(key, shift); });
-  if (form_.IsLoaded() && form_.ActiveControl() == active) ActOnKey(*active, key, shift);
+  if (!form_.IsLoaded() || form_.ActiveControl() != active) return;
+  IsCommand(key, shift) ? DoCommand(key, shift) : ActOnKey(*active, key, shift);
 }
 
 void UserActions::ActOnKey(Control& control, int key, int shift) {
@@ -99,11 +133,10 @@ void UserActions::ActOnKey(Control& control, int key, int shift) {
       if (box) Erase(*box, key);
       return;
     case kKeyEscape:
-      if (PressCharacter(control, kKeyEscape)) Close();
+      if (PressCharacter(control, kKeyEscape)) Cancel();
       return;
     case kKeyF4:
-      Handle([&] { control.KeyDown(kKeyCtrl, kCtrl); });
-      return;
+      return OpenLookup(control);
     case kKeyUp:
       return Step(control, -1);
     case kKeyDown:
@@ -131,9 +164,20 @@ bool UserActions::TypeCharacter(char32_t character) {
     if (!active || IsControlCharacter(character)) return;
     if (character == U' ' && dynamic_cast<Captioned*>(active)) return ClickSelf(*active);
     Handle([&] { active->KeyDown(KeyOf(character), 0); });
-    if (form_.IsLoaded() && form_.ActiveControl() == active) taken = PressCharacter(*active, character);
+    if (!form_.IsLoaded() || form_.ActiveControl() != active) return;
+    if (IsPoint(character) && TakesDatePart(*active)) return ActOnKey(*active, kKeyTab, 0);
+    taken = PressCharacter(*active, Meant(*active, character));
+    if (!taken && TakesText(*active)) RefuseCharacter(*active, character);
   });
   return taken;
+}
+
+// A handler may have answered the key by leaving the control or closing the Screen; that is no refusal.
+void UserActions::RefuseCharacter(Control& control, char32_t character) {
+  if (!form_.IsLoaded() || form_.ActiveControl() != &control) return;
+  std::string typed;
+  utf8::Append(typed, character);
+  toolkit_.ShowRefusal(control, "Das Zeichen „" + typed + "“ passt nicht in dieses Feld.");
 }
 
 // Runs the filter, then lets the control take the character. True if both admit it.
@@ -147,6 +191,7 @@ bool UserActions::PressCharacter(Control& control, char32_t character) {
     if (IsControlCharacter(character)) return true;
     std::string text = combo->SelLength() > 0 ? std::string() : combo->Text();
     utf8::Append(text, character);
+    typed_ = true;
     return Handle([&] { combo->SetText(text); });
   }
   return true;
@@ -156,12 +201,12 @@ bool UserActions::Insert(TextBox& box, char32_t character) {
   const bool line_break = character == kKeyEnter && box.MultiLine();
   if (IsControlCharacter(character) && !line_break) return true;
   if (box.Locked()) return false;
-  const int length = utf8::Length(box.Text()) - box.SelLength() + 1;
+  const int length = box.Length() - box.SelLength() + 1;
   if (box.MaxLength() > 0 && length > box.MaxLength()) return false;
   std::string inserted;
   utf8::Append(inserted, line_break ? U'\n' : character);
   const int start = box.SelStart();
-  Replace(box, Spliced(box, start, box.SelLength(), inserted), start + 1);
+  Replace(box, {start, box.SelLength()}, inserted);
   return true;
 }
 
@@ -173,12 +218,13 @@ void UserActions::Erase(TextBox& box, int key) {
     if (key == kKeyBackspace && start-- == 0) return;
     length = 1;
   }
-  Replace(box, Spliced(box, start, length, ""), start);
+  Replace(box, {start, length}, "");
 }
 
-void UserActions::Replace(TextBox& box, const std::string& text, int caret) {
-  Handle([&] { box.SetText(text); });
-  box.Select(caret, 0);
+void UserActions::Replace(TextBox& box, Range range, std::string_view inserted) {
+  typed_ = true;
+  Handle([&] { box.Splice(range.start, range.length, inserted); });
+  box.Select(range.start + utf8::Length(inserted), 0);
 }
 
 void UserActions::Type(std::string_view text) {
@@ -194,31 +240,54 @@ void UserActions::Type(std::string_view text) {
 
 bool UserActions::Paste(std::string_view text) {
   auto* const box = dynamic_cast<TextBox*>(form_.ActiveControl());
-  if (!box || box->Locked()) return false;
-  bool taken = true;
+  if (!box) return false;
+  bool taken = false;
   Act([&] {
-    const std::string before = box->Text();
-    const int start = box->SelStart(), length = box->SelLength();
-    for (const char32_t character : Pasted(text, box->MultiLine())) {
-      taken = taken && form_.ActiveControl() == box &&
-              PressCharacter(*box, character == U'\n' ? kKeyEnter : character);
-    }
-    if (taken) return;
-    Handle([&] { box->SetText(before); });
-    box->Select(start, length);
+    taken = !box->Locked() && PasteInto(*box, text);
+    if (taken || form_.ActiveControl() != box) return;
+    const std::string shown = Shortened(text);
+    toolkit_.ShowRefusal(*box, box->Locked() ? "Dieses Feld ist gesperrt."
+                                             : "Der Text „" + shown + "“ passt nicht in dieses Feld.");
   });
   return taken;
 }
 
+bool UserActions::PasteInto(TextBox& box, std::string_view text) {
+  // A copied cell ends in a line break that is not meant.
+  if (!box.MultiLine()) text = text.substr(0, text.find_last_not_of("\r\n") + 1);
+  const auto number = box.Takes() == Entry::kText ? std::nullopt : PlainNumber(text, CurrentLocale());
+  const std::u32string pasted = Pasted(number ? *number : text, box.MultiLine());
+  TextInsertion insertion(box);
+  const auto add = [&](char32_t character) {
+    if (IsControlCharacter(character) && character != U'\n') return true;
+    int key = static_cast<int>(character == U'\n' ? kKeyEnter : character);
+    box.KeyPress(key);
+    const bool admitted = key != 0 && form_.IsLoaded() && form_.ActiveControl() == &box;
+    const bool fits = box.MaxLength() == 0 || insertion.Length() < box.MaxLength();
+    if (admitted && fits) insertion.Add(key == kKeyEnter ? U'\n' : static_cast<char32_t>(key));
+    return admitted && fits;
+  };
+  bool taken = false;
+  Handle([&] { taken = std::ranges::all_of(pasted, add); });
+  typed_ = typed_ || taken;
+  if (taken) return Handle([&] { insertion.Finish(); });
+  insertion.Undo();
+  return false;
+}
+
 void UserActions::ReplaceText(TextBox& box, std::string_view text) {
   Act([&] {
-    if (!box.Locked() && box.IsEnabled()) Handle([&] { box.SetText(text); });
+    if (box.Locked() || !box.IsEnabled()) return;
+    typed_ = true;
+    Handle([&] { box.SetText(text); });
   });
 }
 
 void UserActions::ReplaceText(ComboBox& combo, std::string_view text) {
   Act([&] {
-    if (combo.Editable() && !combo.Locked() && combo.IsEnabled()) Handle([&] { combo.SetText(text); });
+    if (!combo.Editable() || combo.Locked() || !combo.IsEnabled()) return;
+    typed_ = true;
+    Handle([&] { combo.SetText(text); });
   });
 }
 

@@ -27,22 +27,37 @@ int ParsePart(std::string_view text, std::size_t digits) {
   return number;
 }
 
+// "5.3." has two parts as "5.3" has.
 std::vector<std::string_view> SplitAtPoints(std::string_view text) {
-  if (text.ends_with('.')) text.remove_suffix(1);  // "5.3."
+  if (text.ends_with('.') || text.ends_with(',')) text.remove_suffix(1);
   std::vector<std::string_view> parts;
   for (std::size_t at = 0; at <= text.size();) {
-    const auto point = std::min(text.find('.', at), text.size());
+    const auto point = std::min(text.find_first_of(".,", at), text.size());
     parts.push_back(text.substr(at, point - at));
     at = point + 1;
   }
   return parts;
 }
 
+// "0503", "050324", "05032024"; nothing for other lengths.
+std::vector<std::string_view> SplitDigits(std::string_view text) {
+  if (text.size() == 4) return {text.substr(0, 2), text.substr(2)};
+  if (text.size() == 6 || text.size() == 8) return {text.substr(0, 2), text.substr(2, 2), text.substr(4)};
+  return {};
+}
+
+// The year of this century, or of one beside it, that the two digits mean today.
+int FullYear(int two_digits) {
+  constexpr int kYearsAhead = 20;
+  const int last = Clock::Today().year + kYearsAhead;
+  const int year = last - last % 100 + two_digits;
+  return year > last ? year - 100 : year;
+}
+
 int ParseYear(std::string_view text) {
   const int year = ParsePart(text, 4);
   if (text.size() == 4 || year == kNoNumber) return year;
-  if (text.size() != 2) return kNoNumber;
-  return year < 30 ? 2000 + year : 1900 + year;
+  return text.size() == 2 ? FullYear(year) : kNoNumber;
 }
 
 std::string Padded(int number, std::size_t digits) {
@@ -77,14 +92,15 @@ std::optional<std::string> DatePart(const DateTime& date, char letter, std::size
 
 }  // namespace
 
-std::optional<DateTime> ParseDate(std::string_view text) {
+std::optional<DateTime> ParseDate(std::string_view text, const std::optional<DateTime>& before) {
   text = utf8::Trim(text);
   if (const auto iso = DateTime::FromIso(text)) return iso;
-  const auto parts = SplitAtPoints(text);
+  const bool digits_alone = text.find_first_of(".,") == std::string_view::npos;
+  const auto parts = digits_alone ? SplitDigits(text) : SplitAtPoints(text);
   if (parts.size() != 2 && parts.size() != 3) return std::nullopt;
   const int day = ParsePart(parts[0], 2);
   const int month = ParsePart(parts[1], 2);
-  const int year = parts.size() == 3 ? ParseYear(parts[2]) : Clock::Today().year;
+  const int year = parts.size() == 3 ? ParseYear(parts[2]) : before.value_or(Clock::Today()).year;
   if (!IsValidDate(year, month, day)) return std::nullopt;
   return DateTime{.year = year, .month = month, .day = day};
 }

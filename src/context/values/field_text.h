@@ -9,8 +9,8 @@
 namespace tarvoni {
 
 // A value as a field or grid cell shows it: "" for NULL, numbers with the locale's separator, dates as
-// "dd.mm.yyyy" (with the time if there is one). With a format, numbers and dates follow it; texts stay as
-// they are.
+// "dd.mm.yyyy" (with the time if there is one). With a format, dates and numbers follow it, also a number that
+// stands in a text; other texts stay as they are.
 std::string FieldText(const Value& value, std::string_view format, const Locale& locale);
 
 }  // namespace tarvoni

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <string>
+#include <vector>
 
 #include "src/context/values/call_error.h"
 #include "src/context/values/utf8.h"
@@ -84,6 +86,77 @@ std::string WithSeparator(std::string text, const Locale& locale) {
   return text;
 }
 
+bool IsPoint(char32_t sign) {
+  return sign == U'.' || sign == U',';
+}
+
+// Blanks, of any width, and apostrophes group digits; a point or comma may.
+bool IsGroupSign(char32_t sign) {
+  return IsPoint(sign) ||
+         std::u32string_view(U" \u00A0\u2009\u202F'\u2019").find(sign) != std::u32string_view::npos;
+}
+
+// The digits of a number and the signs between them: "-1.234,50" is a minus, "1" "234" "50" and "." ",".
+class DigitGroups {
+ public:
+  explicit DigitGroups(std::string_view text) {
+    for (const char32_t c : utf8::Decode(text)) {
+      if (c < 128 && IsDigit(static_cast<char>(c))) {
+        groups_.back() += static_cast<char>(c);
+      } else if (IsGroupSign(c)) {
+        signs_ += c;
+        groups_.emplace_back();
+      } else if ((c == U'-' || c == U'\u2212') && !minus_ && groups_.size() == 1 && groups_[0].empty()) {
+        minus_ = true;
+      } else {
+        readable_ = false;
+      }
+    }
+  }
+
+  // Groups of three, at most one point behind them all; a group's first digit is no zero.
+  bool IsNumber() const {
+    if (!readable_ || (groups_.size() == 1 && groups_[0].empty())) return false;
+    const std::size_t grouped = groups_.size() - (HasPoint() ? 1 : 0);
+    if (grouped == 1) return !groups_[0].empty() || !groups_.back().empty();
+    const bool same = std::ranges::all_of(signs_.substr(0, grouped - 1),
+                                          [this](char32_t sign) { return sign == signs_[0]; });
+    return same && StartsGroups() &&
+           std::all_of(groups_.begin() + 1, groups_.begin() + static_cast<std::ptrdiff_t>(grouped),
+                       [](const std::string& group) { return group.size() == 3; });
+  }
+
+  // One foreign point before three digits may be this locale's grouping or the other one's decimals.
+  bool IsAmbiguous(const Locale& locale) const {
+    const bool foreign = signs_.size() == 1 && IsPoint(signs_[0]) && !IsLocales(signs_[0], locale);
+    return foreign && groups_[1].size() == 3 && StartsGroups();
+  }
+
+  std::string Plain(const Locale& locale) const {
+    std::string plain = minus_ ? "-" : "";
+    for (std::size_t i = 0; i < groups_.size(); ++i) {
+      if (HasPoint() && i + 1 == groups_.size()) plain += locale.decimal_separator;
+      plain += groups_[i];
+    }
+    return plain;
+  }
+
+ private:
+  static bool IsLocales(char32_t sign, const Locale& locale) {
+    return sign == static_cast<char32_t>(locale.decimal_separator);
+  }
+  bool StartsGroups() const { return !groups_[0].empty() && groups_[0].size() <= 3 && groups_[0][0] != '0'; }
+  // Whether the last sign parts the decimals: it comes once, and is a point.
+  bool HasPoint() const {
+    return !signs_.empty() && IsPoint(signs_.back()) && std::ranges::count(signs_, signs_.back()) == 1;
+  }
+
+  std::vector<std::string> groups_ = {""};
+  std::u32string signs_;
+  bool minus_ = false;
+  bool readable_ = true;
+};
+
 }  // namespace
 
 std::optional<Decimal> ParseNumber(std::string_view text, const Locale& locale) {
@@ -93,6 +166,12 @@ std::optional<Decimal> ParseNumber(std::string_view text, const Locale& locale) 
   std::ranges::replace(plain, locale.decimal_separator, '.');
   if (std::ranges::none_of(plain, IsDigit)) return std::nullopt;
   return Decimal::Parse(plain);
+}
+
+std::optional<std::string> PlainNumber(std::string_view text, const Locale& locale) {
+  const DigitGroups groups(utf8::Trim(text));
+  if (!groups.IsNumber() || groups.IsAmbiguous(locale)) return std::nullopt;
+  return groups.Plain(locale);
 }
 
 bool IsNumeric(std::string_view text, const Locale& locale) {
@@ -129,9 +208,10 @@ std::string NumberToText(double number, const Locale& locale) {
 
 NumberMask NumberMask::Of(std::string_view mask) {
   const Mask parts = Split(mask);
-  // These tell how a number looks, not how long it may be.
-  const bool sized = parts.whole != "0" && parts.whole != "#" && parts.whole != "#0";
-  return {.whole = sized ? static_cast<int>(parts.whole.size()) : Decimal::kMaxDigits / 2,
+  // "0.00" and "#0.00" tell how an amount looks, not how long it may be.
+  const bool amount =
+      !parts.places.empty() && (parts.whole == "0" || parts.whole == "#" || parts.whole == "#0");
+  return {.whole = amount ? Decimal::kMaxDigits / 2 : static_cast<int>(parts.whole.size()),
           .places = static_cast<int>(parts.places.size()),
           .minus = parts.minus};
 }

@@ -17,6 +17,10 @@ namespace tarvoni {
 std::optional<Decimal> ParseNumber(std::string_view text, const Locale& locale);
 bool IsNumeric(std::string_view text, const Locale& locale);
 
+// A number from elsewhere as it is typed in the locale: "1.234,50", "1 234,50" and "1,234.50" are 1234,50 in German.
+// Nothing for a text that is no number or could be two, as "8.765" where the point groups.
+std::optional<std::string> PlainNumber(std::string_view text, const Locale& locale);
+
 // Formats by a mask of `#` and `0` with a decimal point, such as "#0.00"; the point is written as the
 // locale's separator. A leading `-` in the mask stands for the sign that negative values get anyway. Rounds
 // half away from zero.

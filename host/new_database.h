@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "src/context/data/database.h"
+
+namespace tarvoni::host {
+
+enum class Existing { kRefuse, kReplace };
+
+// Fills a new database: a new file, which appears when it is complete, or an empty database on a server. A CallError if
+// it is not empty and not to be replaced. When anything fails, also when `fill` throws, all is as before.
+void MakeNewDatabase(const std::string& database, const std::function<void(Connection&)>& fill,
+                     Existing existing = Existing::kRefuse);
+
+}  // namespace tarvoni::host

@@ -1,0 +1,85 @@
+#include "host/own_enterprise.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+#include "host/demo/parts.h"
+#include "host/demo/row_writer.h"
+#include "host/new_database.h"
+#include "src/context/data/handler_scope.h"
+#include "src/context/values/call_error.h"
+#include "src/schema/schema.h"
+
+namespace tarvoni::host {
+namespace {
+
+using demo::RowWriter;
+
+constexpr int kClient = 1;
+constexpr int kFirstCentre = 1000;
+constexpr auto kCodes = std::to_array<void (*)(demo::Enterprise&)>(
+    {demo::BuildUnits, demo::BuildNatureCodes, demo::BuildCodeSets, demo::BuildWorkTypes,
+     demo::BuildWageTypes, demo::BuildWageScales, demo::BuildTimberCodes, demo::BuildTariff});
+
+void Check(const OwnEnterprise& enterprise) {
+  const bool digits =
+      std::ranges::all_of(enterprise.number, [](unsigned char c) { return std::isdigit(c) != 0; });
+  if (enterprise.number.empty() || !digits)
+    throw CallError("Die Nummer des Mandanten muss aus Ziffern bestehen.");
+  if (enterprise.name.empty()) throw CallError("Der Name des Mandanten fehlt.");
+  if (enterprise.forest_year < 1900 || enterprise.forest_year > 2099)
+    throw CallError("Das Forstjahr muss zwischen 1900 und 2099 liegen.");
+}
+
+void WriteOptions(demo::Enterprise& to, const OwnEnterprise& enterprise) {
+  demo::BuildSettings(to);
+  to.connection.Execute(
+      "DELETE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARD_FWJ'\n"
+      "DELETE FROM LOHNABSCHLUSS\n"
+      "DELETE FROM BB_T_MONAT");
+  RowWriter year(to.connection, "OPTIONEN", "PROPERTY_ID, TEXT_VALUE");
+  year.Add("STANDARD_FWJ", std::to_string(enterprise.forest_year));
+  year.Finish();
+  RowWriter months(to.connection, "LOHNABSCHLUSS", "JAHR, MONAT, ASCHLUSS_L");
+  for (int month = 1; month <= 12; ++month) months.Add(enterprise.forest_year, month, false);
+  months.Finish();
+}
+
+void WriteClient(Connection& connection, const OwnEnterprise& enterprise, std::string_view code_set) {
+  const std::string centres = "KST " + enterprise.number;
+  RowWriter client(
+      connection, "PERSONAL",
+      "ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME, MANDANTEN, STANDART, KOSTENART, KOSTENSTELLE, "
+      "LEISTUNGSART, LOHNARTEN, PRODUKT, VERFAHREN, OBJEKT, HH_KAPITEL, HH_TITEL, ZUHLUNGSART, "
+      "ZUHLUNGSGRUND",
+      RowWriter::Keys::kGiven);
+  client.Add(kClient, enterprise.number, enterprise.name, enterprise.name, true, true, code_set, centres,
+             code_set, "LOHN", code_set, code_set, "OBJ " + enterprise.number, code_set, code_set, code_set,
+             code_set);
+  client.Finish();
+  RowWriter centre(connection, "KOSTENSTELLE",
+                   "NUMBER, NAME, TABLE_NAME, DISABLE, ID_KOSTENSTELLE_TYP, PERSONAL_ID, GK");
+  centre.Add(kFirstCentre, "Verwaltung", centres, false, static_cast<int>(demo::CentreType::kAdministration),
+             kClient, true);
+  centre.Finish();
+}
+
+}  // namespace
+
+void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& enterprise) {
+  Check(enterprise);
+  MakeNewDatabase(database, [&](Connection& connection) {
+    HandlerScope all_at_once(connection);
+    for (const std::string& statement : SchemaStatements()) connection.Execute(statement);
+    demo::Enterprise codes(connection, 1);
+    WriteOptions(codes, enterprise);
+    if (enterprise.with_codes) {
+      for (const auto& build : kCodes) build(codes);
+    }
+    WriteClient(connection, enterprise, enterprise.with_codes ? codes.code_sets[0].name : "FORST");
+    all_at_once.Finish();
+  });
+}
+
+}  // namespace tarvoni::host

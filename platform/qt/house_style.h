@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace tarvoni::qt {
+
+// Fusion, closer together, so that many fields fit a small screen, and with the focus marked wherever it is.
+class HouseStyle : public QProxyStyle {
+ public:
+  HouseStyle();
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+  void polish(QWidget* widget) override;
+  using QProxyStyle::polish;
+
+ protected:
+  // The frame of a list shows whether it has the focus, but Qt paints only its inside anew.
+  bool eventFilter(QObject* object, QEvent* event) override;
+};
+
+}  // namespace tarvoni::qt

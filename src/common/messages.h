@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+
+// The suite's messages by what they say.
+namespace tarvoni::message {
+
+inline constexpr std::int32_t kEntryMissing = 223;  // mostly followed by the field's caption in brackets
+inline constexpr std::int32_t kDeleteEntry = 1429;  // a question
+inline constexpr std::int32_t kHours = 4680;  // the caption of the quantity while no wage type gives its unit
+inline constexpr std::int32_t kStatus = 4689;
+inline constexpr std::int32_t kCancellationDate = 4756;
+inline constexpr std::int32_t kCancelWageOrder = 4941;  // a question
+inline constexpr std::int32_t kMonthClosed = 5370;      // nothing can be cancelled at present
+
+}  // namespace tarvoni::message

@@ -1,0 +1,152 @@
+#include <algorithm>
+#include <array>
+
+#include "src/context/services/command_keys.h"
+#include "src/context/services/user_actions.h"
+#include "src/context/values/utf8.h"
+
+namespace tarvoni {
+namespace {
+
+struct CommandKey {
+  Command command;
+  int key;
+  int shift;
+  const char* name;
+};
+constexpr std::array kCommandKeys = {CommandKey{Command::kNew, kKeyInsert, 0, "Einfg"},
+                                     CommandKey{Command::kEdit, kKeyF2, 0, "F2"},
+                                     CommandKey{Command::kSave, 'S', kCtrl, "Strg+S"},
+                                     CommandKey{Command::kSaveAndNew, kKeyEnter, kCtrl, "Strg+Eingabe"},
+                                     CommandKey{Command::kDelete, kKeyDelete, kCtrl, "Strg+Entf"},
+                                     CommandKey{Command::kCancel, kKeyEscape, 0, "Esc"},
+                                     CommandKey{Command::kClose, kKeyEscape, 0, "Esc"}};
+
+// -1 or 1 for the keys that turn to another tab; 0 for any other.
+int TabStep(int key, int shift) {
+  if ((shift & kCtrl) == 0) return 0;
+  if (key == kKeyTab) return (shift & kShift) != 0 ? -1 : 1;
+  return key == kKeyPageDown ? 1 : key == kKeyPageUp ? -1 : 0;
+}
+
+// A caption without its mnemonic and dots.
+std::string Plain(std::string_view caption) {
+  std::string plain(caption);
+  std::erase(plain, '&');
+  return plain;
+}
+
+}  // namespace
+
+std::optional<Command> CommandOf(int key, int shift) {
+  const auto found = std::ranges::find_if(kCommandKeys, [&](const CommandKey& command) {
+    return command.key == key && command.shift == shift && key != kKeyEscape;
+  });
+  if (found == kCommandKeys.end()) return std::nullopt;
+  return found->command;
+}
+
+std::string KeyName(Command command) {
+  const auto found = std::ranges::find(kCommandKeys, command, &CommandKey::command);
+  return found == kCommandKeys.end() ? "" : found->name;
+}
+
+Button* UserActions::ButtonFor(Command command) const {
+  for (Control* control : form_.Controls()) {
+    auto* const button = dynamic_cast<Button*>(control);
+    if (button && button->Does() == command && button->IsEnabled() && button->IsVisible()) return button;
+  }
+  return nullptr;
+}
+
+// The tabs around the active control, else the first there are.
+TabControl* UserActions::OpenTabs() const {
+  const auto tabs_in = [](Control* control) {
+    auto* const tabs = dynamic_cast<TabControl*>(control);
+    return tabs && tabs->IsEnabled() && tabs->IsVisible() ? tabs : nullptr;
+  };
+  for (Control* around = form_.ActiveControl(); around; around = around->Container()) {
+    if (TabControl* tabs = tabs_in(around)) return tabs;
+  }
+  for (Control* control : form_.Controls()) {
+    if (TabControl* tabs = tabs_in(control)) return tabs;
+  }
+  return nullptr;
+}
+
+bool UserActions::IsCommand(int key, int shift) const {
+  if (key == kKeyF1) return true;
+  if (TabStep(key, shift) != 0) return OpenTabs() != nullptr;
+  const auto command = CommandOf(key, shift);
+  return command && ButtonFor(*command);
+}
+
+void UserActions::DoCommand(int key, int shift) {
+  if (key == kKeyF1) return ShowKeys();
+  if (const int step = TabStep(key, shift)) return StepTab(step);
+  if (const auto command = CommandOf(key, shift)) Click(*ButtonFor(*command));
+}
+
+// To the next tab that can be chosen, round the end.
+void UserActions::StepTab(int step) {
+  TabControl& tabs = *OpenTabs();
+  int tab = tabs.Tab();
+  do {
+    tab = (tab + step + tabs.Tabs()) % tabs.Tabs();
+  } while (tab != tabs.Tab() && (!tabs.TabEnabled(tab) || !tabs.Page(tab).Visible()));
+  ChooseTab(tabs, tab);
+}
+
+// Escape: gives the edit up, and asks before anything typed is lost; where nothing is edited it closes.
+void UserActions::Cancel() {
+  Button* const cancel = ButtonFor(Command::kCancel);
+  if (!cancel) {
+    Close();
+    return;
+  }
+  const int style = kBoxYesNo + kBoxQuestion + kBoxSecondIsDefault;
+  if (typed_ && toolkit_.MessageBox("Die Eingaben verwerfen?", style, form_.Caption()) != kAnswerYes) return;
+  Click(*cancel);
+}
+
+void UserActions::PressButton(Button& button) {
+  const int before = edits_ended_;
+  Handle([&] { button.Press(); });
+  const bool saves = button.Does() == Command::kSave || button.Does() == Command::kSaveAndNew;
+  if (!saves || edits_ended_ == before) return;
+  const std::string& saved = ButtonFor(Command::kCancel) ? ended_subject_ : form_.Subject();
+  toolkit_.Tell(saved.empty() ? "Gespeichert." : "Gespeichert: " + saved + ".");
+}
+
+// An edit lasts as long as it can be cancelled.
+void UserActions::EnabledChanged(Control& control) {
+  const auto* const button = dynamic_cast<Button*>(&control);
+  if (!button || button->Does() != Command::kCancel) return;
+  if (button->Enabled()) {
+    typed_ = false;
+  } else {
+    ++edits_ended_;
+    ended_subject_ = form_.Subject();
+  }
+}
+
+void UserActions::ShowKeys() {
+  std::string keys;
+  const auto add = [&keys](const std::string& key, const std::string& does) {
+    keys += key + ": " + does + "\n";
+  };
+  for (const Control* control : form_.Controls()) {
+    const auto* const button = dynamic_cast<const Button*>(control);
+    if (!button || !button->IsVisible()) continue;
+    const std::string key = KeyName(button->Does());
+    if (!key.empty()) add(key, Plain(button->Caption()));
+  }
+  if (OpenTabs()) add("Strg+Tab, Strg+Bild auf, Strg+Bild ab", "anderes Register");
+  add("Tab, Eingabe", "nächstes Feld");
+  add("Strg allein, F4", "Auswahl zum Feld");
+  add("Alt mit dem unterstrichenen Buchstaben", "Schaltfläche oder Feld");
+  add("Strg+F", "in der Liste suchen");
+  toolkit_.MessageBox(keys + "F1: diese Übersicht", kBoxInformation, "Tasten");
+}
+
+}  // namespace tarvoni

@@ -1,0 +1,24 @@
+#include "src/entry/neighbours.h"
+
+#include "src/common/contracts.h"
+#include "src/common/m_common.h"
+#include "src/context/services/toolkit.h"
+
+namespace tarvoni {
+namespace {
+
+// Its Screen is still to come.
+class TimeWageToCome final : public TimeWage {
+  void Open(const TvnVar_Dll& /*context*/, std::int32_t /*client*/, std::int32_t /*order*/) override {
+    AppMsgBox("Die Vorgaben für Zeitlohn sind noch nicht verfügbar.", kBoxInformation);
+  }
+};
+
+}  // namespace
+
+void AnswerNeighbours() {
+  thread_local TimeWageToCome time_wage;
+  AnswerTo<TimeWage>() = &time_wage;
+}
+
+}  // namespace tarvoni

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace tarvoni {
+
+// Answers on this thread what Screens of one area ask of another (src/common/contracts.h).
+void AnswerNeighbours();
+
+}  // namespace tarvoni

@@ -1,0 +1,98 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include "host/demo_database.h"
+#include "host/desktop/main_window.h"
+#include "host/open_database.h"
+#include "src/context/values/clock.h"
+#include "src/context/values/field_text.h"
+#include "tests/desktop/desktop_testing.h"
+
+namespace tarvoni::host {
+namespace {
+
+using testing::ElementsAre;
+
+std::vector<std::string> Rows(Connection& connection, const std::string& statement) {
+  std::vector<std::string> rows;
+  const Recordset read = connection.Open(statement);
+  for (Recordset row = read; !row.EndOfFile(); row.MoveNext()) {
+    std::string text;
+    for (int i = 0; i < row.Fields().Count(); ++i) {
+      text += (i > 0 ? " " : "") + FieldText(row.Fields()[i].Value(), "0.00", Locale::German());
+    }
+    rows.push_back(text);
+  }
+  return rows;
+}
+
+// From the list of clients to a wage order with five workers' hours, mistyped, corrected and given up in between.
+TEST(Clerk, EntersAnOrderWithFiveWorkersFromTheKeyboard) {
+  QTemporaryDir folder;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+  const QString file = folder.filePath("demo.db");
+  MakeDemoDatabase(file.toStdString(), {});
+  const auto database = OpenDatabase(file.toStdString());
+  database->Execute("DELETE FROM LOHNABSCHLUSS");
+  Clock::Set({.year = 2024, .month = 3, .day = 15});
+  MainWindow window;
+  window.show();
+  window.activateWindow();
+  window.Open(file);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+
+  Typist clerk;
+  clerk.Key(Qt::Key_Return);  // the client, and with him the orders
+  clerk.Key(Qt::Key_Insert);
+  clerk.Type("\nZX\n").Key(Qt::Key_Return);  // no such service: the box tells it
+  clerk.Type("ZL\n1\n1100\n2\n2050\n\n").Type("Wertastung\t");
+  clerk.Type("1.5").Type("x\n").Do([] { EXPECT_EQ(Typist::Text("txtFlache"), "1,5000"); });
+  clerk.Key(Qt::Key_S, Qt::ControlModifier);
+  clerk.Key(Qt::Key_U, Qt::AltModifier);  // "Stunden"
+  const auto enter = [&clerk](const char* worker, const char* hours) {
+    clerk.Type("\n\n5.3.\n").Type(std::string(worker) + "\n").Type("\n\n\n").Type(std::string(hours) + "\n");
+  };
+  clerk.Key(Qt::Key_Insert);
+  enter("10001", "7.5");
+  clerk.Do([] { EXPECT_EQ(Typist::Text("txtGesamtbetrag"), "111,30"); });
+  clerk.Key(Qt::Key_Return, Qt::ControlModifier);  // saved, and the next one
+  enter("10002", "8");
+  clerk.Key(Qt::Key_Return, Qt::ControlModifier);
+  enter("10003", "6,25");
+  clerk.Key(Qt::Key_Return, Qt::ControlModifier);
+  enter("10004", "80");
+  clerk.Key(Qt::Key_S, Qt::ControlModifier);
+  clerk.Key(Qt::Key_F2);  // 80 was 8
+  clerk.Type("\n\n\n\n\n\n\n\n\n8\n").Do([] { EXPECT_EQ(Typist::Text("txtStunden"), "8,00"); });
+  clerk.Key(Qt::Key_S, Qt::ControlModifier);
+  clerk.Key(Qt::Key_Insert);
+  enter("10006", "3");  // the wrong worker: given up
+  clerk.Key(Qt::Key_Escape).Key(Qt::Key_J, Qt::AltModifier);
+  clerk.Key(Qt::Key_Insert);
+  enter("10005", "4.5");
+  clerk.Key(Qt::Key_S, Qt::ControlModifier);
+  clerk.Key(Qt::Key_Escape);
+  clerk.Do([] { EXPECT_EQ(Typist::Text("txtGesamtKosten"), "483,58"); });
+  clerk.Key(Qt::Key_Escape);
+  clerk.Run();
+  Clock::Reset();
+
+  EXPECT_THAT(
+      Rows(*database,
+           "SELECT PERSONAL.NUMMER, ARA_STUNDEN.STUNDEN, DAY(VERLOHNUNG), MONTH(VERLOHNUNG) FROM ARA_STUNDEN "
+           "INNER JOIN PERSONAL ON PERSONAL.ID_PERSONAL = ARA_STUNDEN.ID_PERSONAL "
+           "WHERE ID_ARA_KOPF = (SELECT MAX(ID) FROM ARA_KOPF) ORDER BY ARA_STUNDEN.ID"),
+      ElementsAre("10001 7,50 5,00 3,00", "10002 8,00 5,00 3,00", "10003 6,25 5,00 3,00",
+                  "10004 8,00 5,00 3,00", "10005 4,50 5,00 3,00"));
+  // Two workers in wage group 3 (14,84), two in 2 (13,92), one in 1 (12,99): 15,5 x 14,84 + 10,75 x 13,92 + 8 x 12,99.
+  EXPECT_THAT(
+      Rows(*database,
+           "SELECT NAME, GESAMNT, BESCHREIBUNG FROM ARA_KOPF WHERE ID = (SELECT MAX(ID) FROM ARA_KOPF)"),
+      ElementsAre("110020240201 483,58 Wertastung"));
+}
+
+}  // namespace
+}  // namespace tarvoni::host
