@@ -45,9 +45,16 @@ std::int64_t MoneyFromLiteral(const LiteralToken& literal) {
   return RequireMoney(ExactFromLiteral(literal, Decimal::kMaxDigits, Type::kMoneyScale));
 }
 
-std::string DateFromLiteral(const LiteralToken& literal, DateFormat format) {
-  if (literal.kind == TokenKind::kText) return DateFromText(literal.text, format).ToIso();
-  return DateFromDays(FloatFromText(literal.text)).ToIso();
+std::string DateFromLiteral(const LiteralToken& literal, const Type& target, DateFormat format) {
+  DateTime date = literal.kind == TokenKind::kText ? DateFromText(literal.text, format)
+                                                   : DateFromDays(FloatFromText(literal.text));
+  if (target.IsDay()) date.milliseconds = 0;
+  return (target == Type::SmallDateTime() ? ToMinutes(date) : date).ToIso();
+}
+
+double FloatFromLiteral(const LiteralToken& literal, const Type& target) {
+  const double value = FloatFromText(literal.text);
+  return target.IsReal() ? static_cast<double>(static_cast<float>(value)) : value;
 }
 
 std::string TextFromLiteral(const LiteralToken& literal) {
@@ -83,6 +90,12 @@ bool IsWhole(sqlite3_stmt* statement, int column) {
 bool IsWide(sqlite3_stmt* statement, int column) {
   return sqlite3_column_type(statement, column) == SQLITE_BLOB &&
          sqlite3_column_bytes(statement, column) == static_cast<int>(WideExact().size());
+}
+
+double FloatOf(sqlite3_stmt* statement, int column) {
+  const double value = sqlite3_column_double(statement, column);
+  if (!std::isfinite(value)) RaiseOverflow(TypeKind::kFloat);
+  return value;
 }
 
 std::string_view TextOf(sqlite3_stmt* statement, int column) {
@@ -150,9 +163,9 @@ StoredValue LiteralToStored(const LiteralToken& literal, const Type& target, Dat
     case TypeKind::kMoney:
       return MoneyFromLiteral(literal);
     case TypeKind::kFloat:
-      return FloatFromText(literal.text);
+      return FloatFromLiteral(literal, target);
     case TypeKind::kDateTime:
-      return DateFromLiteral(literal, format);
+      return DateFromLiteral(literal, target, format);
     default:
       return TextFromLiteral(literal);
   }

@@ -56,6 +56,7 @@ class DateReader {
 
   bool TimeComes() const;
   int TakeTime();
+  int TakeIsoTime();
   int TakeFraction(char point);
   std::optional<bool> TakeAfternoon();
 
@@ -138,6 +139,17 @@ int DateReader::TakeTime() {
   }
   if (hour > 23 || minute > 59 || second > 59) Raise(kDateRange);
   return ((hour * 60 + minute) * 60 + second) * 1000 + fraction;
+}
+
+// Behind a "T" nothing may be left out: "18:30:00", with a fraction or without.
+int DateReader::TakeIsoTime() {
+  const auto two_digits = [this](std::size_t at) {
+    return rest_.size() > at + 1 && IsDigit(rest_[at]) && IsDigit(rest_[at + 1]);
+  };
+  const bool whole = two_digits(0) && two_digits(3) && two_digits(6) && rest_[2] == ':' && rest_[5] == ':';
+  const bool ends = whole && rest_.find_first_not_of("0123456789.:") == std::string_view::npos;
+  if (!ends || rest_.substr(8).starts_with(':')) Refuse();
+  return TakeTime();
 }
 
 int DateReader::TakeMonthName() {
@@ -248,7 +260,7 @@ DateTime DateReader::Read() {
       day = TakeDay();
       if ((Next() | 0x20) == 't') {
         rest_.remove_prefix(1);
-        if (!TimeComes()) Refuse();
+        time = TakeIsoTime();
       }
     } else {
       Refuse();
@@ -303,6 +315,17 @@ DateTime DateFromDays(double days) {
   const auto date = ticks ? FromTicks(*ticks) : std::nullopt;
   if (!date) RaiseOverflow(TypeKind::kDateTime);
   return *date;
+}
+
+DateTime ToMinutes(const DateTime& date) {
+  constexpr int kMinute = 60'000;
+  constexpr int kRoundedUp = 29'999;
+  constexpr int kDay = 24 * 60 * kMinute;
+  const int minutes = (date.milliseconds + kMinute - kRoundedUp) / kMinute;
+  const DateTime rounded =
+      DateTime::FromDays(date.Days() + minutes * kMinute / kDay, minutes * kMinute % kDay);
+  if (rounded.year < 1900 || rounded.year > 2079) Raise(kDateRange);
+  return rounded;
 }
 
 DateTime AddDays(const DateTime& date, double days) {

@@ -22,6 +22,9 @@ std::string TextFromDate(const DateTime& date);
 
 // Days since 1 January 1900 with their fraction as the time of day; error 8115 outside of the calendar.
 DateTime DateFromDays(double days);
+// To the nearest minute, as a SMALLDATETIME keeps it: from 29.999 seconds on to the next one. Error 242 outside of its
+// calendar, which has the years from 1900 to 2079.
+DateTime ToMinutes(const DateTime& date);
 // Error 517 outside of the calendar.
 DateTime AddDays(const DateTime& date, double days);
 

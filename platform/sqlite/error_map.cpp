@@ -30,7 +30,7 @@ DatabaseError ConstraintError(int code, std::string_view message) {
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID:
-      return {2627, WithDetail("Diesen Wert gibt es schon, er darf nur einmal vorkommen", message)};
+      return {kDuplicateKey, WithDetail("Diesen Wert gibt es schon, er darf nur einmal vorkommen", message)};
     case SQLITE_CONSTRAINT_NOTNULL:
       return {515, WithDetail("Hier muss ein Wert stehen", message)};
     case SQLITE_CONSTRAINT_CHECK:
@@ -59,6 +59,8 @@ std::string GermanReason(std::string_view message) {
 
 // SQLite has one code for all that is wrong with a statement; only the message tells them apart.
 DatabaseError StatementError(std::string_view message) {
+  if (message == "parser stack overflow" || message.starts_with("Expression tree is too large"))
+    return {191, "Die Anweisung ist zu tief geschachtelt."};
   if (message == "integer overflow") return {8115, "Arithmetic overflow error converting expression."};
   if (Contains(message, "no such table")) return {208, "Invalid object name '" + Detail(message) + "'."};
   if (Contains(message, "no such column") || Contains(message, "has no column named"))

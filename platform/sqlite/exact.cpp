@@ -72,12 +72,6 @@ Int128 AddExact(Int128 a, Int128 b) {
   return RequireDigits(sum);
 }
 
-Int128 SubtractExact(Int128 a, Int128 b) {
-  Int128 rest = 0;
-  if (__builtin_sub_overflow(a, b, &rest)) RaiseTooWide();
-  return RequireDigits(rest);
-}
-
 Int128 MultiplyExact(Int128 a, Int128 b, int drop) {
   UInt256 product = MultiplyWide(Magnitude(a), Magnitude(b));
   const int second = std::min(drop, Decimal::kMaxDigits);
@@ -104,10 +98,10 @@ Int128 RescaleExact(Int128 value, int from, int to, int precision) {
   return RequireUnits(Decimal(value, from).Rescaled(to), precision);
 }
 
-Int128 RoundExact(Int128 value, int scale, std::int64_t places) {
+Int128 RoundExact(Int128 value, int scale, std::int64_t places, int precision) {
   constexpr std::int64_t kFarEnough = std::int64_t{2} * Decimal::kMaxDigits;
   const auto near_places = static_cast<int>(std::clamp(places, -kFarEnough, kFarEnough));
-  return RequireDigits(Decimal(value, scale).Rounded(near_places).Unscaled());
+  return RequireDigits(Decimal(value, scale).Rounded(near_places).Unscaled(), precision);
 }
 
 Int128 ExactFromFloat(double value, int precision, int scale) {
@@ -116,10 +110,11 @@ Int128 ExactFromFloat(double value, int precision, int scale) {
 
 double RoundFloat(double value, std::int64_t places) {
   const int scale = static_cast<int>(std::clamp<std::int64_t>(places, 0, Decimal::kMaxDigits));
-  const auto number = Decimal::FromDouble(value, scale);
+  // In front of the point only whole digits decide.
+  const auto number = Decimal::FromDouble(places < 0 ? std::trunc(value) : value, scale);
   // A float that has more digits than that is whole far beyond the place to round at.
   if (!number) return value;
-  return Decimal(RoundExact(number->Unscaled(), scale, places), scale).ToDouble();
+  return Decimal(RoundExact(number->Unscaled(), scale, places, Decimal::kMaxDigits), scale).ToDouble();
 }
 
 }  // namespace tarvoni::sqlite

@@ -22,7 +22,6 @@ Int128 RequireDigits(Int128 value, int precision = Decimal::kMaxDigits);
 std::int64_t RequireMoney(Int128 value);
 
 Int128 AddExact(Int128 a, Int128 b);
-Int128 SubtractExact(Int128 a, Int128 b);
 // The product with its last `drop` places rounded away, half away from zero.
 Int128 MultiplyExact(Int128 a, Int128 b, int drop);
 // a times ten to the power of `shift`, which may be negative, by b, cut; error 8134.
@@ -30,8 +29,8 @@ Int128 DivideExact(Int128 a, Int128 b, int shift);
 
 // Rounds half away from zero to `to` places.
 Int128 RescaleExact(Int128 value, int from, int to, int precision);
-// Rounds half away from zero; the scale is kept, and `places` may be negative.
-Int128 RoundExact(Int128 value, int scale, std::int64_t places);
+// Rounds half away from zero; the scale is kept, and `places` may be negative. Error 8115 beyond `precision` digits.
+Int128 RoundExact(Int128 value, int scale, std::int64_t places, int precision);
 Int128 ExactFromFloat(double value, int precision, int scale);
 
 // Rounds what the float really is: 1.005 lies below its half and becomes 1.

@@ -4,6 +4,7 @@
 
 #include "platform/sqlite/error_map.h"
 #include "platform/sqlite/file_check.h"
+#include "platform/sqlite/rewrite.h"
 #include "platform/sqlite/table_changes.h"
 #include "platform/tsql/public/parser.h"
 #include "src/context/values/clock.h"
@@ -49,7 +50,11 @@ BatchResult Executor::RunPlan(PreparedPlan& plan) {
 }
 
 PreparedPlanPtr Executor::FindPlan() {
-  if (auto known = database_.Plans().Find(lexed_, session_.identity_insert)) return known;
+  if (auto known = database_.Plans().Find(lexed_, session_.identity_insert)) {
+    known_plan_ = true;
+    return known;
+  }
+  known_plan_ = false;
   database_.NoticeForeignChanges();
   suffix_ = database_.NextSuffix();
   auto batch = std::make_shared<const tsql::Batch>(tsql::Parse(lexed_));
@@ -84,9 +89,8 @@ std::size_t Executor::RunStep() {
 
 // Keeps the error and tells where the batch goes on.
 std::size_t Executor::Recover(const DatabaseError& error) {
-  const bool unknown_name = error.Number() == 207 || error.Number() == 208;
-  if (unknown_name && !wrote_ && !restarted_ && database_.NoticeForeignChanges()) throw Outdated{};
   KeepError(database_.NoteFailure(error));
+  NoticeForeignChanges();
   stopped_ = EndsBatch(error.Number());
   const auto* condition = std::get_if<tsql::ConditionStep>(&plan_->Plan().steps[index_].action);
   return condition != nullptr ? static_cast<std::size_t>(condition->otherwise) : index_ + 1;
@@ -118,6 +122,7 @@ std::size_t Executor::Do(const tsql::QueryStep& step) {
     result_.rows = ReadRows(step, statement);
   else
     statement.Run();
+  RequireSameTables(statement);
   return index_ + 1;
 }
 
@@ -128,7 +133,9 @@ RowSet Executor::ReadRows(const tsql::QueryStep& step, Statement& statement) {
     rows.columns.push_back({column.name, FieldTypeOf(column.type), DefinedSizeOf(column.type)});
   }
   const int count = static_cast<int>(step.columns.size());
-  while (statement.Step()) {
+  bool found = statement.Step();
+  RequireSameTables(statement);
+  for (; found; found = statement.Step()) {
     for (int i = 0; i < count; ++i) {
       rows.cells.push_back(FromStored(statement.Raw(), i, step.columns[static_cast<std::size_t>(i)].type));
     }
@@ -139,17 +146,29 @@ RowSet Executor::ReadRows(const tsql::QueryStep& step, Statement& statement) {
 std::size_t Executor::Do(const tsql::WriteStep& step) {
   const bool temporary = plan_->IsTemporary(step.table);
   if (!temporary) BeginWrite();
-  Statement& statement = Bound(step.sql);
-  const StatementScope scope(statement);
-  statement.Run();
-  KeepCount();
+  KeepCount(Write(step));
   if (!session_.identity_insert.empty()) NoteExplicitIdentity(step.table);
   return index_ + 1;
 }
 
-void Executor::KeepCount() {
-  result_.affected = sqlite3_changes64(database_.File().Raw());
-  if (wanted_ == Wanted::kAll && !session_.nocount) result_.parts.push_back({{}, result_.affected});
+long long Executor::Write(const tsql::WriteStep& step) {
+  Statement& statement = Bound(step.sql);
+  const StatementScope scope(statement);
+  try {
+    statement.Run();
+    return sqlite3_changes64(database_.File().Raw());
+  } catch (const DatabaseError& error) {
+    if (!step.rewrite || !IsDuplicate(error.Number())) throw;
+  }
+  Statement rows(database_.File(), step.rewrite->rows.text);
+  PreparedParts parts(database_.File(), step.rewrite->rows);
+  BindWhole(rows, step.rewrite->rows, parts);
+  return RewriteRows(database_.File(), rows, *step.rewrite);
+}
+
+void Executor::KeepCount(long long affected) {
+  result_.affected = affected;
+  if (wanted_ == Wanted::kAll && !session_.nocount) result_.parts.push_back({{}, affected});
 }
 
 void Executor::NoteExplicitIdentity(const std::string& table) {
@@ -196,6 +215,7 @@ std::size_t Executor::Do(const tsql::ConditionStep& step) {
   Statement& statement = Bound(step.sql);
   const StatementScope scope(statement);
   const bool holds = statement.Step() && statement.Integer(0) == 1;
+  RequireSameTables(statement);
   return holds ? index_ + 1 : static_cast<std::size_t>(step.otherwise);
 }
 
@@ -251,13 +271,41 @@ std::size_t Executor::Do(const tsql::SetIdentityInsert& step) {
   return index_ + 1;
 }
 
+// SQLite prepares a statement anew when tables have changed, and knows nothing of the plan behind it.
+void Executor::RequireSameTables(Statement& statement) {
+  if (statement.WasPreparedAnew()) NoticeForeignChanges();
+}
+
+// Until something is written the batch can begin again with another plan.
+void Executor::NoticeForeignChanges() {
+  if (!wrote_ && !restarted_ && database_.NoticeForeignChanges()) throw Outdated{};
+}
+
 Statement& Executor::Bound(const tsql::Sql& sql) {
+  if (known_plan_ && !plan_->IsPrepared(index_)) NoticeForeignChanges();
   Statement& statement = plan_->Prepared(index_, sql);
+  if (sql.parts.empty()) {
+    Bind(statement, sql);
+  } else {
+    BindWhole(statement, sql, plan_->PartsOf(index_));
+  }
+  return statement;
+}
+
+void Executor::BindWhole(Statement& statement, const tsql::Sql& sql, PreparedParts& parts) {
+  Bind(statement, sql);
+  parts.BindAll([this](Statement& part, const tsql::Sql& part_sql) { Bind(part, part_sql); });
+  database_.File().Functions().parts = &parts;
+}
+
+void Executor::Bind(Statement& statement, const tsql::Sql& sql) {
   bound_.clear();
   bound_.reserve(sql.parameters.size());
   std::optional<StoredValue> now;
   for (const auto& parameter : sql.parameters) {
-    if (parameter.source == tsql::Parameter::Source::kNow) {
+    if (parameter.source == tsql::Parameter::Source::kOuter) {
+      bound_.emplace_back(Null{});  // filled in by ts_part
+    } else if (parameter.source == tsql::Parameter::Source::kNow) {
       if (!now) now = Now();
       bound_.push_back(*now);
     } else {
@@ -266,7 +314,6 @@ Statement& Executor::Bound(const tsql::Sql& sql) {
     }
     statement.Bind(static_cast<int>(bound_.size()), bound_.back());
   }
-  return statement;
 }
 
 void Executor::BeginWrite() {

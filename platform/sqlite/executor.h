@@ -66,9 +66,14 @@ class Executor {
   std::size_t Do(const tsql::SetDateFormat& step);
   std::size_t Do(const tsql::SetIdentityInsert& step);
 
+  long long Write(const tsql::WriteStep& step);
   Statement& Bound(const tsql::Sql& sql);
+  void Bind(Statement& statement, const tsql::Sql& sql);
+  void BindWhole(Statement& statement, const tsql::Sql& sql, PreparedParts& parts);
   RowSet ReadRows(const tsql::QueryStep& step, Statement& statement);
-  void KeepCount();
+  void KeepCount(long long affected);
+  void RequireSameTables(Statement& statement);
+  void NoticeForeignChanges();
   void BeginWrite();
   void NoteExplicitIdentity(const std::string& table);
   StoredTable FindTable(std::string_view name) const;
@@ -88,6 +93,7 @@ class Executor {
   bool stopped_ = false;
   bool wrote_ = false;
   bool restarted_ = false;
+  bool known_plan_ = false;  // from the cache, made when the tables may have been others
 };
 
 }  // namespace tarvoni::sqlite

@@ -94,7 +94,9 @@ void FileCatalogue::LoadKeys(tsql::TableDefinition& table, const std::vector<int
   std::map<std::int64_t, std::vector<int>> keys;
   while (query.Step()) keys[query.Integer(0)].push_back(query.IsNull(1) ? -1 : table.Find(query.Text(1)));
   for (auto& [place, key] : keys) {
-    if (std::ranges::find(key, -1) == key.end()) table.unique_keys.push_back(std::move(key));
+    const bool named = std::ranges::find(key, -1) == key.end();
+    if (named) table.unique_keys.push_back(std::move(key));
+    table.has_other_keys |= !named;
   }
 }
 

@@ -8,6 +8,7 @@
 #include <exception>
 #include <new>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -108,6 +109,22 @@ struct SqlFunction<kFunction, Result (*)(FunctionContext&, Arguments...)> {
   }
 };
 
+// A function of any number of arguments, NULL if one of them is.
+using ArgumentList = std::span<sqlite3_value*>;
+
+template <auto kFunction>
+struct ListFunction {
+  static void Call(sqlite3_context* context, int count, sqlite3_value** values) noexcept {
+    Trapped(context, [&] {
+      const ArgumentList arguments(values, static_cast<std::size_t>(count));
+      for (sqlite3_value* value : arguments) {
+        if (sqlite3_value_type(value) == SQLITE_NULL) return sqlite3_result_null(context);
+      }
+      ReturnValue(context, kFunction(arguments));
+    });
+  }
+};
+
 // An aggregate over exact values but NULL. State begins as zero bytes, takes values by Take and gives its Result.
 template <typename State>
 struct ExactAggregate {
@@ -142,6 +159,11 @@ template <auto kFunction>
 void Register(sqlite3* db, FunctionContext& context, const char* name, int flags = kPure) {
   using Function = SqlFunction<kFunction>;
   CreateFunction(db, name, Function::kCount, flags, context, &Function::Call);
+}
+
+template <auto kFunction>
+void RegisterList(sqlite3* db, FunctionContext& context, const char* name) {
+  CreateFunction(db, name, -1, kPure, context, &ListFunction<kFunction>::Call);
 }
 
 template <typename State>

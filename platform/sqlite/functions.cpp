@@ -33,6 +33,7 @@ void RegisterFunctions(sqlite3* db, FunctionContext& context) {
   RegisterTextFunctions(db, context);
   RegisterDateFunctions(db, context);
   RegisterStatementFunctions(db, context);
+  RegisterPartFunction(db, context);
   RegisterCollation(db);
 }
 

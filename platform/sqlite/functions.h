@@ -12,6 +12,8 @@
 
 namespace tarvoni::sqlite {
 
+class PreparedParts;
+
 struct FunctionError {
   int number = 0;
   std::string message;
@@ -25,6 +27,8 @@ struct FunctionContext {
   // Identity values by table; nothing for a table without one, or when they are used up.
   std::function<std::optional<std::int64_t>(std::string_view table)> next_identity;
   std::function<std::optional<std::int64_t>(std::string_view table)> current_identity;
+  // The parts of the statement that runs.
+  PreparedParts* parts = nullptr;
 };
 
 // Registers the functions of platform/tsql/runtime.h and the collation. `context` outlives the database.
@@ -35,6 +39,7 @@ void RegisterNumberFunctions(sqlite3* db, FunctionContext& context);
 void RegisterExactFunctions(sqlite3* db, FunctionContext& context);
 void RegisterTextFunctions(sqlite3* db, FunctionContext& context);
 void RegisterDateFunctions(sqlite3* db, FunctionContext& context);
+void RegisterPartFunction(sqlite3* db, FunctionContext& context);
 void RegisterStatementFunctions(sqlite3* db, FunctionContext& context);
 void RegisterCollation(sqlite3* db);
 

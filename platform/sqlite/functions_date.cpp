@@ -7,8 +7,14 @@ DateTime DateOfText(FunctionContext& context, std::string_view text) {
   return DateFromText(text, context.date_format);
 }
 
-DateTime PlusDays(DateTime date, double days) {
-  return AddDays(date, days);
+DateTime PlusDays(ArgumentList arguments) {
+  auto date = ReadArgument<DateTime>(arguments[0]);
+  for (sqlite3_value* days : arguments.subspan(1)) date = AddDays(date, ReadArgument<double>(days));
+  return date;
+}
+
+DateTime InMinutes(DateTime date) {
+  return ToMinutes(date);
 }
 
 std::string TextOfDate(DateTime date) {
@@ -20,7 +26,8 @@ std::string TextOfDate(DateTime date) {
 void RegisterDateFunctions(sqlite3* db, FunctionContext& context) {
   Register<&DateOfText>(db, context, "ts_date_from_text", kImpure | SQLITE_INNOCUOUS);
   Register<&DateFromDays>(db, context, "ts_date_from_days");
-  Register<&PlusDays>(db, context, "ts_date_add");
+  RegisterList<&PlusDays>(db, context, "ts_date_add");
+  Register<&InMinutes>(db, context, "ts_date_minutes");
   Register<&TextOfDate>(db, context, "ts_text_from_date");
 }
 

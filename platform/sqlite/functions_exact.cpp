@@ -11,6 +11,16 @@ Int128 Negate(Int128 value) {
   return -value;
 }
 
+Int128 Absolute(Int128 value) {
+  return value < 0 ? -value : value;
+}
+
+Int128 AddAll(ArgumentList summands) {
+  Int128 total = 0;
+  for (sqlite3_value* summand : summands) total = AddExact(total, ReadArgument<Int128>(summand));
+  return total;
+}
+
 std::int64_t Compare(Int128 a, int scale_a, Int128 b, int scale_b) {
   const auto order = Decimal(a, scale_a) <=> Decimal(b, scale_b);
   return static_cast<std::int64_t>(order > 0) - static_cast<std::int64_t>(order < 0);
@@ -51,8 +61,8 @@ void RegisterExactFunctions(sqlite3* db, FunctionContext& context) {
   Register<&MoneyFromText>(db, context, "ts_money_from_text");
   Register<&ExactFromFloat>(db, context, "ts_exact_from_float");
   Register<&RescaleExact>(db, context, "ts_exact_rescale");
-  Register<&AddExact>(db, context, "ts_exact_add");
-  Register<&SubtractExact>(db, context, "ts_exact_sub");
+  RegisterList<&AddAll>(db, context, "ts_exact_add");
+  Register<&Absolute>(db, context, "ts_exact_abs");
   Register<&Negate>(db, context, "ts_exact_neg");
   Register<&MultiplyExact>(db, context, "ts_exact_mul");
   Register<&DivideExact>(db, context, "ts_exact_div");

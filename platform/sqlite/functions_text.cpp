@@ -66,7 +66,11 @@ std::int64_t Length(std::string_view text) {
 }
 
 std::int64_t Like(std::string_view text, std::string_view pattern) {
-  return IsLike(text, pattern);
+  return IsLike(text, pattern, TrailingBlanks::kIgnored);
+}
+
+std::int64_t LikeUnicode(std::string_view text, std::string_view pattern) {
+  return IsLike(text, pattern, TrailingBlanks::kHeeded);
 }
 
 }  // namespace
@@ -87,6 +91,7 @@ void RegisterTextFunctions(sqlite3* db, FunctionContext& context) {
   Register<&UpperCase>(db, context, "ts_upper");
   Register<&LowerCase>(db, context, "ts_lower");
   Register<&Like>(db, context, "ts_like");
+  Register<&LikeUnicode>(db, context, "ts_like_unicode");
 }
 
 }  // namespace tarvoni::sqlite

@@ -45,7 +45,7 @@ bool TakeMatch(std::string_view& text, std::string_view& pattern) {
 
 }  // namespace
 
-bool IsLike(std::string_view text, std::string_view pattern) {
+bool IsLike(std::string_view text, std::string_view pattern, TrailingBlanks blanks) {
   // What is tried again with a longer text for the last %.
   bool any_seen = false;
   std::string_view text_behind, pattern_behind;
@@ -63,7 +63,8 @@ bool IsLike(std::string_view text, std::string_view pattern) {
       pattern = pattern_rest;
       continue;
     }
-    if (pattern.empty() && WithoutTrailingBlanks(text).empty()) return true;
+    const bool rest_counts = blanks == TrailingBlanks::kHeeded || !WithoutTrailingBlanks(text).empty();
+    if (pattern.empty() && !rest_counts) return true;
     if (!any_seen) return false;
     TakeOne(text_behind);
     text = text_behind;

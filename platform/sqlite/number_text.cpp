@@ -155,7 +155,7 @@ std::int64_t WholeFromText(std::string_view text, TypeKind kind) {
   }
   const auto parts = ReadParts(trimmed);
   if (!parts || !parts->any_digit || parts->has_point || !parts->exponent.empty()) {
-    RaiseSyntax(kIntegerSyntax, text, kind);
+    RaiseSyntax(kind == TypeKind::kBigInt ? kNumberSyntax : kIntegerSyntax, text, kind);
   }
   if (kind == TypeKind::kBit) return !parts->whole.empty();
   const auto value = UnitsOf(*parts, Decimal::kMaxDigits, 0);

@@ -10,7 +10,7 @@
 // Numbers out of text and into it, as a server converts them. Blanks around a number do not count.
 namespace tarvoni::sqlite {
 
-// '' is 0. Error 245 for no whole number; too large: 248 INT, 244 SMALLINT and TINYINT, 8115 BIGINT. A BIT also takes
+// '' is 0. Error 245, for a BIGINT 8114, for no whole number; too large: 248 INT, 244 SMALLINT and TINYINT, 8115 BIGINT. A BIT also takes
 // 'true' and 'false'.
 std::int64_t WholeFromText(std::string_view text, tsql::TypeKind kind);
 // In units of the `scale`th place, rounded half away from zero; error 8114 for no number, 8115 when too large.

@@ -53,6 +53,7 @@ Statement& PreparedPlan::Prepared(std::size_t step, const tsql::Sql& sql) {
   Statement& statement = prepared_[step];
   if (!statement) {
     statement = Statement(handle_, sql.text, plan_.reusable ? Statement::Use::kOften : Statement::Use::kOnce);
+    if (!sql.parts.empty()) parts_[step] = PreparedParts(handle_, sql);
   }
   return statement;
 }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <list>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/sqlite/prepared_parts.h"
 #include "platform/sqlite/temporary_tables.h"
 #include "platform/tsql/public/lexer.h"
 #include "platform/tsql/public/plan.h"
@@ -23,6 +25,9 @@ class PreparedPlan {
   TemporaryTables& Temporary() { return temporary_; }
   // The statement of a step, prepared at its first use: a table of the batch itself must be there by then.
   Statement& Prepared(std::size_t step, const tsql::Sql& sql);
+  // Its parts, prepared with it.
+  PreparedParts& PartsOf(std::size_t step) { return parts_[step]; }
+  bool IsPrepared(std::size_t step) const { return static_cast<bool>(prepared_[step]); }
   // Where the step stands in `lexed`, a batch of the same shape.
   tsql::Position PositionOf(std::size_t step, const tsql::LexedBatch& lexed) const;
   bool IsTemporary(std::string_view table) const;
@@ -41,6 +46,7 @@ class PreparedPlan {
   bool writes_ = false;
   TemporaryTables temporary_;
   std::vector<Statement> prepared_;
+  std::map<std::size_t, PreparedParts> parts_;  // few statements have any
 };
 
 using PreparedPlanPtr = std::shared_ptr<PreparedPlan>;

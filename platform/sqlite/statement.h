@@ -33,6 +33,9 @@ class Statement {
   void Run();
   void Reset();
 
+  // Whether SQLite has prepared it again since the last question, because tables had changed.
+  bool WasPreparedAnew() { return sqlite3_stmt_status(statement_, SQLITE_STMTSTATUS_REPREPARE, 1) > 0; }
+
   std::int64_t Integer(int column) const { return sqlite3_column_int64(statement_, column); }
   std::string Text(int column) const;
   bool IsNull(int column) const { return sqlite3_column_type(statement_, column) == SQLITE_NULL; }

@@ -2,31 +2,12 @@
 
 #include <memory>
 
+#include "platform/sqlite/error_map.h"
 #include "platform/sqlite/lineage.h"
+#include "platform/sqlite/savepoint.h"
 
 namespace tarvoni::sqlite {
 namespace {
-
-// Undoes what was done since unless it is kept.
-class Savepoint {
- public:
-  explicit Savepoint(Handle& handle) : handle_(handle) { handle.Execute("SAVEPOINT table_change"); }
-  Savepoint(const Savepoint&) = delete;
-  Savepoint& operator=(const Savepoint&) = delete;
-  ~Savepoint() {
-    // Some errors have already ended the whole transaction.
-    if (kept_ || !handle_.InTransaction()) return;
-    sqlite3_exec(handle_.Raw(), "ROLLBACK TO table_change; RELEASE table_change", nullptr, nullptr, nullptr);
-  }
-  void Keep() {
-    handle_.Execute("RELEASE table_change");
-    kept_ = true;
-  }
-
- private:
-  Handle& handle_;
-  bool kept_ = false;
-};
 
 bool IsReferredTo(Handle& handle, const std::string& table) {
   Statement query(
@@ -43,7 +24,7 @@ void CreateTable(Database& database, const tsql::CreateTableStep& step) {
   if (database.Tables().FindTable(step.table.name)) {
     throw DatabaseError(2714, "There is already an object named '" + step.table.name + "' in the database.");
   }
-  Savepoint savepoint(database.File());
+  Savepoint savepoint(database.File(), "table_change");
   for (const std::string& sql : step.sql) database.File().Execute(sql);
   database.Identities().Note(step.table);
   LayDownMark(database.File());
@@ -55,7 +36,7 @@ void CreateIndex(Database& database, const tsql::CreateIndexStep& step) {
   try {
     database.File().Execute(step.sql);
   } catch (const DatabaseError& error) {
-    if (error.Number() != 2627) throw;
+    if (!IsDuplicate(error.Number())) throw;
     throw DatabaseError(1505,
                         "The CREATE UNIQUE INDEX statement terminated because a duplicate key was found.");
   }
@@ -69,7 +50,7 @@ void DropTable(Database& database, const std::string& name) {
     throw DatabaseError(
         3726, "Could not drop object '" + name + "' because it is referenced by a FOREIGN KEY constraint.");
   }
-  Savepoint savepoint(database.File());
+  Savepoint savepoint(database.File(), "table_change");
   database.File().Execute("DROP TABLE main." + Quoted(table->name));
   database.Identities().Forget(table->name);
   savepoint.Keep();

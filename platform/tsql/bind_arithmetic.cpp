@@ -26,7 +26,8 @@ std::string_view NameOf(BinaryOperator op) {
 // A whole-number literal beside a decimal counts with the digits it has, not with the ten of an INT.
 Type OperandType(const BoundExpression& operand, const Type& other) {
   const auto* constant = operand.As<BoundConstant>();
-  if (constant && constant->kind == Literal::Kind::kInteger && other.kind == TypeKind::kDecimal)
+  if (constant && !constant->converted && constant->kind == Literal::Kind::kInteger &&
+      other.kind == TypeKind::kDecimal)
     return Type::Decimal(static_cast<int>(ScaledDigits(constant->text, 0).size()), 0);
   return operand.type;
 }
@@ -61,11 +62,39 @@ double ResultLimit(BinaryOperator op, const BoundExpression& left, const BoundEx
   }
 }
 
-[[noreturn]] void InvalidOperand(const Type& type, BinaryOperator op, Position at) {
-  throw Error(kOperandType,
-              "Operand data type " + std::string(NameOf(type.kind)) + " is invalid for " +
+[[noreturn]] void Incompatible(const Type& left, const Type& right, BinaryOperator op, Position at) {
+  throw Error(kIncompatibleTypes,
+              "The data types " + NameOf(left) + " and " + NameOf(right) + " are incompatible in the " +
                   std::string(NameOf(op)) + " operator.",
               at);
+}
+
+[[noreturn]] void InvalidOperand(const Type& type, BinaryOperator op, Position at) {
+  throw Error(
+      kOperandType,
+      "Operand data type " + NameOf(type) + " is invalid for " + std::string(NameOf(op)) + " operator.", at);
+}
+
+// What an operator does not take at all, of one type or of two.
+[[noreturn]] void RefuseOperands(const Type& left, const Type& right, BinaryOperator op, Position at) {
+  if (NameOf(left) != NameOf(right)) Incompatible(left, right, op, at);
+  InvalidOperand(left, op, at);
+}
+
+// A server does not pad what ISNULL puts in the place of a CHAR where that becomes part of a Unicode text.
+void LeaveUnpadded(BoundExpression& text) {
+  if (auto* concat = text.As<BoundConcat>()) LeaveUnpadded(*concat->left), LeaveUnpadded(*concat->right);
+  auto* call = text.As<BoundCall>();
+  if (call == nullptr || call->function != Function::kIsNull || text.type.kind != TypeKind::kChar) return;
+  BoundPtr& second = call->arguments[1];
+  if (second->As<BoundConvert>()) second->type.kind = TypeKind::kVarChar;
+}
+
+// A DATE knows no arithmetic.
+[[noreturn]] void RefuseDay(const Type& left, const Type& right, BinaryOperator op, Position at) {
+  const Type& other = left.IsDay() ? right : left;
+  if (!other.IsNumeric()) RefuseOperands(left, right, op, at);
+  throw Error(kTypeClash, "Operand type clash: " + NameOf(other) + " is incompatible with date.", at);
 }
 
 }  // namespace
@@ -74,10 +103,14 @@ BoundPtr ExpressionBinder::BindArithmetic(BinaryOperator op, BoundPtr left, Boun
   const Type common = CommonType(left->type, right->type);
   if (common.IsDate()) return BindDateArithmetic(op, std::move(left), std::move(right), at);
   if (common.IsText()) {
-    if (op != BinaryOperator::kAdd) InvalidOperand(common, op, at);
-    const int length = std::min(left->type.length + right->type.length, Type::kMaxLength);
-    return MakeValue(at, Type::VarChar(length), 0, BoundConcat{std::move(left), std::move(right)});
+    if (op != BinaryOperator::kAdd) RefuseOperands(left->type, right->type, op, at);
+    const Type type = ConcatenationType(left->type, right->type);
+    if (!type.ansi) LeaveUnpadded(*left), LeaveUnpadded(*right);
+    return MakeValue(at, type, 0, BoundConcat{std::move(left), std::move(right)});
   }
+  if (common.kind == TypeKind::kBit && left->type == right->type) InvalidOperand(common, op, at);
+  if (common.kind == TypeKind::kFloat && op == BinaryOperator::kModulo)
+    RefuseOperands(left->type, right->type, op, at);
   if (left->type.IsText()) left = ConvertTo(std::move(left), common);
   if (right->type.IsText()) right = ConvertTo(std::move(right), common);
   PinLiteral(*left);
@@ -94,13 +127,15 @@ BoundPtr ExpressionBinder::BindArithmetic(BinaryOperator op, BoundPtr left, Boun
 }
 
 BoundPtr ExpressionBinder::BindDateArithmetic(BinaryOperator op, BoundPtr left, BoundPtr right, Position at) {
+  if (left->type.IsDay() || right->type.IsDay()) RefuseDay(left->type, right->type, op, at);
   if (op != BinaryOperator::kAdd && op != BinaryOperator::kSubtract) InvalidOperand(Type::DateTime(), op, at);
   if (!left->type.IsDate() && op == BinaryOperator::kAdd) std::swap(left, right);
   if (!left->type.IsDate() || !(right->type.IsNumeric() || right->type.IsNull()))
     throw Error(kUnsupported, "Of a date only a number of days can be added or subtracted.", at);
   right = ConvertTo(std::move(right), Type::Float());
   const bool subtract = op == BinaryOperator::kSubtract;
-  return MakeValue(at, Type::DateTime(), 0, BoundDateAdd{std::move(left), std::move(right), subtract});
+  const Type type = left->type;
+  return MakeValue(at, type, 0, BoundDateAdd{std::move(left), std::move(right), subtract});
 }
 
 }  // namespace tarvoni::tsql

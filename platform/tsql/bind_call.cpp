@@ -37,27 +37,10 @@ constexpr std::array kFunctions{
     FunctionRow{"DAY", Function::kDay, 1, 1},
 };
 
-struct AggregateRow {
-  std::string_view name;
-  Aggregate function;
-};
-
-constexpr std::array kAggregates{
-    AggregateRow{"COUNT", Aggregate::kCount}, AggregateRow{"SUM", Aggregate::kSum},
-    AggregateRow{"AVG", Aggregate::kAvg},     AggregateRow{"MIN", Aggregate::kMin},
-    AggregateRow{"MAX", Aggregate::kMax},
-};
-
-void RequireCount(const Call& call, size_t fewest, size_t most, Position at) {
-  const size_t count = call.arguments.size();
-  if (count >= fewest && count <= most) return;
-  throw Error(kArgumentCount,
-              "The " + call.function + " function requires " + std::to_string(fewest) + " argument(s).", at);
-}
-
-// Sums are kept in 64 bits unless their terms are wider: a sum beyond that is an overflow, not a wider value.
-double SumLimit(const Type& type, const BoundExpression& argument) {
-  return IsWide(argument) ? LimitOf(type) : LimitOf(Type::BigInt());
+Type AnsiText() {
+  Type type = Type::VarChar(Type::kMaxLength);
+  type.ansi = true;
+  return type;
 }
 
 double YearLimit(Function part) {
@@ -67,13 +50,19 @@ double YearLimit(Function part) {
 
 }  // namespace
 
+void RequireCount(const Call& call, size_t fewest, size_t most, Position at) {
+  const size_t count = call.arguments.size();
+  if (count >= fewest && count <= most) return;
+  throw Error(kArgumentCount,
+              "The " + call.function + " function requires " + std::to_string(fewest) + " argument(s).", at);
+}
+
 BoundPtr ExpressionBinder::BindNode(const Call& call, Position at) {
   if (SameName(call.function, "GETDATE")) {
     RequireCount(call, 0, 0, at);
     return MakeValue(at, Type::DateTime(), 0, BoundNow{});
   }
-  for (const AggregateRow& row : kAggregates)
-    if (SameName(row.name, call.function)) return BindAggregate(row.function, call, at);
+  if (const auto aggregate = AggregateNamed(call.function)) return BindAggregate(*aggregate, call, at);
   for (const FunctionRow& row : kFunctions) {
     if (!SameName(row.name, call.function)) continue;
     RequireCount(call, row.fewest, row.most, at);
@@ -82,34 +71,20 @@ BoundPtr ExpressionBinder::BindNode(const Call& call, Position at) {
   throw Error(kUnknownFunction, "'" + call.function + "' is not a recognized built-in function name.", at);
 }
 
-BoundPtr ExpressionBinder::BindAggregate(Aggregate function, const Call& call, Position at) {
-  if (!rules_.aggregates || inside_aggregate_)
-    throw Error(kAggregateInWhere, "An aggregate may not appear here.", at);
-  saw_aggregate_ = true;
-  if (call.star)
-    return MakeValue(at, Type::Int(), LimitOf(Type::Int()),
-                     BoundAggregate{Aggregate::kCountRows, false, nullptr});
-  RequireCount(call, 1, 1, at);
-  inside_aggregate_ = true;
-  BoundPtr argument = Value(*call.arguments.front());
-  inside_aggregate_ = false;
-  const Type& type = argument->type;
-  const bool sums = function == Aggregate::kSum || function == Aggregate::kAvg;
-  const bool orders = function == Aggregate::kMin || function == Aggregate::kMax;
-  if ((sums && (!type.IsNumeric() || type.kind == TypeKind::kBit)) || (orders && type.kind == TypeKind::kBit))
-    throw Error(kOperandType,
-                "Operand data type " + std::string(NameOf(type.kind)) + " is invalid for " + call.function +
-                    " operator.",
-                at);
-  Type result = Type::Int();
-  double limit = LimitOf(result);
-  if (function == Aggregate::kSum) result = SumType(type), limit = SumLimit(result, *argument);
-  if (function == Aggregate::kAvg) result = AverageType(type), limit = SumLimit(result, *argument);
-  if (orders) result = type, limit = argument->limit;
-  return MakeValue(at, result, limit, BoundAggregate{function, call.distinct, std::move(argument)});
-}
-
 BoundPtr ExpressionBinder::BindFunction(Function function, const Call& call, Position at) {
+  switch (function) {
+    case Function::kIsNull:
+      return BindIsNullFunction(call, at);
+    case Function::kCoalesce:
+      return BindCoalesce(call, at);
+    case Function::kNullIf:
+      return BindNullIf(call, at);
+    case Function::kRound:
+    case Function::kAbs:
+      return BindRounding(function, call, at);
+    default:
+      break;
+  }
   BoundCall bound{function, {}};
   bound.arguments.reserve(call.arguments.size());
   for (const ExpressionPtr& argument : call.arguments) bound.arguments.push_back(Value(*argument));
@@ -118,38 +93,12 @@ BoundPtr ExpressionBinder::BindFunction(Function function, const Call& call, Pos
     bound.arguments[argument] = ConvertTo(std::move(bound.arguments[argument]), type);
   };
   const auto text = [&] {
-    if (!first->type.IsText()) as(0, Type::VarChar(Type::kMaxLength));
-    return Type::VarChar(first->type.length);
+    if (!first->type.IsText()) as(0, AnsiText());
+    Type type = first->type;
+    type.kind = TypeKind::kVarChar;
+    return type;
   };
   switch (function) {
-    case Function::kIsNull:
-      return BindIsNullFunction(std::move(bound), at);
-    case Function::kCoalesce: {
-      Type common;
-      double limit = 0;
-      for (const BoundPtr& argument : bound.arguments) common = CommonType(common, argument->type);
-      for (size_t i = 0; i < bound.arguments.size(); ++i)
-        as(i, common), limit = std::max(limit, bound.arguments[i]->limit);
-      return MakeValue(at, common, limit, std::move(bound));
-    }
-    case Function::kNullIf: {
-      const Type common = CommonType(first->type, bound.arguments[1]->type);
-      as(0, common), as(1, common);
-      const double limit = first->limit;
-      return MakeValue(at, common, limit, std::move(bound));
-    }
-    case Function::kRound:
-      if (first->type.IsText()) as(0, Type::Float());
-      if (first->type.IsInteger())
-        as(0, first->type.kind == TypeKind::kBigInt ? Type::BigInt() : Type::Int());
-      as(1, Type::Int());
-      [[fallthrough]];
-    case Function::kAbs: {
-      const Type type = first->type;
-      // Rounding up may add a unit of the highest place.
-      const double limit = std::min(first->limit * (function == Function::kRound ? 10 : 1), LimitOf(type));
-      return MakeValue(at, type, limit, std::move(bound));
-    }
     case Function::kIsNumeric:
       return MakeValue(at, Type::Int(), 1, std::move(bound));
     case Function::kIdentCurrent:
@@ -176,20 +125,25 @@ BoundPtr ExpressionBinder::BindFunction(Function function, const Call& call, Pos
   }
 }
 
-// ISNULL keeps the type of its first argument; the second is cut or rounded to it.
-BoundPtr ExpressionBinder::BindIsNullFunction(BoundCall call, Position at) {
-  BoundPtr& first = call.arguments[0];
-  BoundPtr& second = call.arguments[1];
-  if (first->type.IsNull()) first->type = second->type;
-  Type type = first->type;
-  if (type.IsText()) {
-    PinLiteral(*second);
-    type = Type::VarChar(type.length);
+BoundPtr ExpressionBinder::BindRounding(Function function, const Call& call, Position at) {
+  BoundCall bound{function, {}};
+  for (const ExpressionPtr& argument : call.arguments) bound.arguments.push_back(Value(*argument));
+  BoundPtr& first = bound.arguments.front();
+  if (first->type.IsDate() || first->type.kind == TypeKind::kBit)
+    throw Error(kArgumentType,
+                "Argument data type " + NameOf(first->type) + " is invalid for argument 1 of " +
+                    call.function + " function.",
+                at);
+  if (first->type.IsText()) first = ConvertTo(std::move(first), Type::Float());
+  double limit = first->limit;
+  if (function == Function::kRound) {
+    if (first->type.IsInteger() && first->type.kind != TypeKind::kBigInt)
+      first = ConvertTo(std::move(first), Type::Int());
+    bound.arguments[1] = ConvertTo(std::move(bound.arguments[1]), Type::Int());
+    limit *= 10;  // rounding up may add a unit of the highest place
   }
-  second = ConvertTo(std::move(second), type,
-                     type.IsText() ? BoundConvert::Mode::kCast : BoundConvert::Mode::kImplicit);
-  const double limit = std::max(first->limit, second->limit);
-  return MakeValue(at, type, limit, std::move(call));
+  const Type type = first->type.IsReal() && function == Function::kRound ? Type::Float() : first->type;
+  return MakeValue(at, type, std::min(limit, LimitOf(type)), std::move(bound));
 }
 
 }  // namespace tarvoni::tsql

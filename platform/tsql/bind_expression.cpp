@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "platform/tsql/convert.h"
 #include "platform/tsql/expression_binder.h"
@@ -11,6 +12,17 @@ namespace {
 
 bool IsComparison(BinaryOperator op) {
   return op >= BinaryOperator::kEqual && op <= BinaryOperator::kGreaterEqual;
+}
+
+// Of a text in UTF-8.
+int CountCharacters(std::string_view text) {
+  return static_cast<int>(
+      std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+// An unsigned type becomes a signed one.
+Type NegatedType(const Type& type) {
+  return type.kind == TypeKind::kTinyInt ? Type{TypeKind::kSmallInt, 5, 0, 0} : type;
 }
 
 bool IsLogical(BinaryOperator op) {
@@ -35,6 +47,11 @@ BoundPtr MakeComparison(BinaryOperator op, BoundPtr left, BoundPtr right, Positi
   if (common.IsText())
     return MakeCondition(at,
                          BoundCompare{op, WithoutFolding(std::move(left)), WithoutFolding(std::move(right))});
+  // Without room for the digits of both they are compared as they are.
+  const int places = std::max(left->type.scale, right->type.scale);
+  if (common.kind == TypeKind::kDecimal && common.scale < places && left->type.IsExact() &&
+      right->type.IsExact())
+    return MakeCondition(at, BoundCompare{op, std::move(left), std::move(right)});
   left = ConvertTo(std::move(left), common);
   right = ConvertTo(std::move(right), common);
   return MakeCondition(at, BoundCompare{op, std::move(left), std::move(right)});
@@ -63,10 +80,11 @@ BoundPtr ExpressionBinder::Bind(const Expression& expression) {
 BoundPtr ExpressionBinder::BindNode(const Literal& literal, Position at) {
   if (literal.kind == Literal::Kind::kNull)
     return MakeValue(at, {}, 0, BoundConstant{"", Literal::Kind::kNull});
-  const std::string& text = state_->LiteralText(literal.index);
-  const Type type = NaturalType(literal.kind, text);
-  auto value = MakeValue(at, type, LimitOf(type), BoundParameter{literal.index, literal.kind});
-  if (rules_.pin_literals) PinLiteral(*value);
+  const BoundParameter parameter{literal.index, literal.kind};
+  const Type type = state_->NaturalType(parameter);
+  auto value = MakeValue(at, type, LimitOf(type), parameter);
+  const bool pinned = rules_.pin_literals || (rules_.pin_texts && literal.kind == Literal::Kind::kText);
+  if (pinned) PinLiteral(*value);
   return value;
 }
 
@@ -75,10 +93,10 @@ void ExpressionBinder::PinLiteral(BoundExpression& value) {
   const auto* parameter = value.As<BoundParameter>();
   if (parameter == nullptr) return;
   const std::string& text = state_->LiteralText(parameter->literal);
-  if (value.type != NaturalType(parameter->kind, text)) return;
+  if (value.type != state_->NaturalType(*parameter)) return;
   if (parameter->kind == Literal::Kind::kInteger)
     std::from_chars(text.data(), text.data() + text.size(), value.limit);
-  if (parameter->kind == Literal::Kind::kText) value.type.length = static_cast<int>(text.size());
+  if (parameter->kind == Literal::Kind::kText) value.type.length = CountCharacters(text);
   value.node = state_->Pin(*parameter);
 }
 
@@ -93,15 +111,12 @@ BoundPtr ExpressionBinder::BindNode(const Star&, Position at) {
 BoundPtr ExpressionBinder::BindNode(const Unary& unary, Position at) {
   if (unary.op == UnaryOperator::kNot) return MakeCondition(at, BoundNot{Condition(*unary.operand)});
   BoundPtr operand = Value(*unary.operand);
-  if (operand->type.IsText() || operand->type.IsDate())
-    throw Error(
-        kOperandType,
-        "Operand data type " + std::string(NameOf(operand->type.kind)) + " is invalid for minus operator.",
-        at);
   if (unary.op == UnaryOperator::kPlus) return operand;
-  const Type type = operand->type;
+  const Type& type = operand->type;
+  if (type.IsText() || type.IsDate() || type.kind == TypeKind::kBit)
+    throw Error(kOperandType, "Operand data type " + NameOf(type) + " is invalid for minus operator.", at);
   const double limit = operand->limit;
-  return MakeValue(at, type, limit, BoundNegate{std::move(operand)});
+  return MakeValue(at, NegatedType(type), limit, BoundNegate{std::move(operand)});
 }
 
 BoundPtr ExpressionBinder::BindNode(const Binary& binary, Position at) {
@@ -160,9 +175,27 @@ BoundPtr ExpressionBinder::BindNode(const InList& list, Position at) {
   return MakeCondition(at, std::move(in));
 }
 
+BoundQueryPtr ExpressionBinder::Subquery(const Query& query, int columns) {
+  if (inside_aggregate_)
+    throw Error(
+        kAggregateInAggregate,
+        "Cannot perform an aggregate function on an expression containing an aggregate or a subquery.",
+        query.at);
+  if (!rules_.queries)
+    throw Error(
+        kAggregateInGroupBy,
+        "Cannot use an aggregate or a subquery in an expression used for the group by list of a GROUP BY "
+        "clause.",
+        query.at);
+  ExpressionBinder* const before = std::exchange(scope_->asking, this);
+  BoundQueryPtr bound = BindSubquery(*state_, *scope_, query, columns);
+  scope_->asking = before;
+  return bound;
+}
+
 BoundPtr ExpressionBinder::BindNode(const InQuery& in, Position at) {
   BoundPtr operand = Value(*in.operand);
-  BoundQueryPtr query = BindSubquery(*state_, *scope_, *in.query, 1);
+  BoundQueryPtr query = Subquery(*in.query, 1);
   const Type common = CommonType(operand->type, query->selects.front().items.front().value->type);
   if (common.IsText())
     operand = WithoutFolding(std::move(operand));
@@ -173,22 +206,27 @@ BoundPtr ExpressionBinder::BindNode(const InQuery& in, Position at) {
 }
 
 BoundPtr ExpressionBinder::BindNode(const Like& like, Position at) {
-  BoundCall call{Function::kLike, {}};
-  call.arguments.push_back(ConvertTo(Value(*like.operand), Type::VarChar(Type::kMaxLength)));
-  call.arguments.push_back(ConvertTo(Value(*like.pattern), Type::VarChar(Type::kMaxLength)));
+  BoundPtr operand = Value(*like.operand);
+  BoundPtr pattern = Value(*like.pattern);
+  const auto wide = [](const Type& type) { return type.IsText() && !type.ansi; };
+  const bool unicode = wide(operand->type) || wide(pattern->type);
+  BoundCall call{unicode ? Function::kLikeUnicode : Function::kLike, {}};
+  call.arguments.push_back(ConvertTo(std::move(operand), Type::VarChar(Type::kMaxLength)));
+  call.arguments.push_back(ConvertTo(std::move(pattern), Type::VarChar(Type::kMaxLength)));
   BoundPtr condition = MakeCondition(at, std::move(call));
   return like.negated ? MakeCondition(at, BoundNot{std::move(condition)}) : std::move(condition);
 }
 
 BoundPtr ExpressionBinder::BindNode(const Exists& exists, Position at) {
-  return MakeCondition(at, BoundExists{BindSubquery(*state_, *scope_, *exists.query, 0)});
+  return MakeCondition(at, BoundExists{Subquery(*exists.query, 0)});
 }
 
 BoundPtr ExpressionBinder::BindNode(const ScalarQuery& scalar, Position at) {
-  BoundQueryPtr query = BindSubquery(*state_, *scope_, *scalar.query, 1);
+  BoundQueryPtr query = Subquery(*scalar.query, 1);
   double limit = 0;
   for (const BoundSelect& select : query->selects) limit = std::max(limit, select.items.front().value->limit);
-  const Type type = query->selects.front().items.front().value->type;
+  const Type column = query->selects.front().items.front().value->type;
+  const Type type = column.IsNull() ? Type::Int() : column;
   const bool single = HasOneRowAtMost(*query);
   return MakeValue(at, type, limit, BoundScalarQuery{std::move(query), single});
 }
@@ -215,6 +253,11 @@ BoundPtr ExpressionBinder::BindNode(const Case& branches, Position at) {
     bound.otherwise = Value(*branches.otherwise);
     type = CommonType(type, bound.otherwise->type);
   }
+  if (type.IsNull())
+    throw Error(kCaseOfNulls,
+                "At least one of the result expressions in a CASE must be an expression other than the NULL "
+                "constant.",
+                at);
   if (bound.operand) {
     compared = CommonType(compared, bound.operand->type);
     const auto align = [&](BoundPtr& value) {

@@ -6,6 +6,7 @@
 #include "platform/tsql/grouping.h"
 #include "platform/tsql/query_binder.h"
 #include "platform/tsql/type_rules.h"
+#include "platform/tsql/walk.h"
 
 namespace tarvoni::tsql {
 namespace {
@@ -15,11 +16,12 @@ class SelectBinder {
  public:
   SelectBinder(BindState& state, const Scope* outer) : state_(state), scope_{outer, {}} {}
 
-  BoundSelect Bind(const Select& select);
-  // Items of the select come first, then what they are made of.
-  BoundOrder BindOrder(const OrderItem& item, BoundSelect& select);
+  // `compared`: the items are compared with those of an ORDER BY.
+  BoundSelect Bind(const Select& select, bool compared);
+  // Items of the select come first, then what they are made of. `place` counts from 1.
+  BoundOrder BindOrder(const OrderItem& item, size_t place, BoundSelect& select);
   void CheckGrouping(const BoundSelect& select, const std::vector<BoundOrder>& order) {
-    if (select.aggregated) grouping::Check(state_, select, order, own_sources_);
+    if (select.aggregated) grouping::Check(select, order, scope_.sources);
   }
 
  private:
@@ -27,28 +29,23 @@ class SelectBinder {
   BoundSourcePtr BindTable(const NamedTable& named, Position at);
   BoundSourcePtr BindDerived(const DerivedTable& derived, Position at);
   BoundSourcePtr BindJoin(const Join& join);
-  void BindItems(const Select& select, BoundSelect& bound);
+  void BindItems(const Select& select, bool pinned, BoundSelect& bound);
   void AddStar(const Star& star, Position at, BoundSelect& bound);
   void BindGroups(const Select& select, BoundSelect& bound);
   std::optional<long long> BindTop(const Expression& top);
-  void Show(VisibleSource source, Position at) {
-    own_sources_.push_back(source.id);
-    scope_.Add(source, at);
-  }
 
   BindState& state_;
   Scope scope_;
-  std::vector<int> own_sources_;
 };
 
-BoundSelect SelectBinder::Bind(const Select& select) {
+BoundSelect SelectBinder::Bind(const Select& select, bool compared) {
   BoundSelect bound;
   bound.distinct = select.distinct;
   if (select.top) bound.top = BindTop(*select.top);
   if (select.from) bound.from = BindSource(*select.from);
   if (select.where) bound.where = ExpressionBinder(state_, scope_, {}).Condition(*select.where);
   BindGroups(select, bound);
-  BindItems(select, bound);
+  BindItems(select, compared || !select.group_by.empty(), bound);
   if (select.having) {
     bound.having = ExpressionBinder(state_, scope_, {.aggregates = true, .pin_literals = true})
                        .Condition(*select.having);
@@ -77,7 +74,9 @@ BoundSourcePtr SelectBinder::BindTable(const NamedTable& named, Position at) {
   auto table = state_.tables->Find(named.name);
   if (!table) throw Error(kUnknownTable, "Invalid object name '" + named.name + "'.", at);
   const int id = state_.next_source++;
-  Show({id, named.alias.empty() ? std::string_view(named.name) : named.alias, table.get(), nullptr}, at);
+  state_.read.push_back(table);
+  scope_.Add({id, named.alias.empty() ? std::string_view(named.name) : named.alias, table.get(), nullptr},
+             at);
   return std::make_unique<BoundSource>(
       BoundSource{BoundTable{id, table, state_.tables->StoredName(named.name)}});
 }
@@ -85,30 +84,42 @@ BoundSourcePtr SelectBinder::BindTable(const NamedTable& named, Position at) {
 BoundSourcePtr SelectBinder::BindDerived(const DerivedTable& derived, Position at) {
   BoundQueryPtr query = BindQuery(state_, scope_.outer, *derived.query, QueryPlace::kDerived);
   const int id = state_.next_source++;
-  Show({id, derived.alias, nullptr, query.get()}, at);
+  scope_.Add({id, derived.alias, nullptr, query.get()}, at);
   return std::make_unique<BoundSource>(BoundSource{BoundDerived{id, std::move(query)}});
 }
 
 BoundSourcePtr SelectBinder::BindJoin(const Join& join) {
+  const auto before = static_cast<std::ptrdiff_t>(scope_.sources.size());
   BoundJoin bound{join.kind, BindSource(*join.left), BindSource(*join.right), nullptr};
-  if (join.on) bound.on = ExpressionBinder(state_, scope_, {}).Condition(*join.on);
+  if (join.on) {
+    // It sees the tables of its own join only.
+    const Scope joined{scope_.outer, {scope_.sources.begin() + before, scope_.sources.end()}};
+    bound.on = ExpressionBinder(state_, joined, {.aggregate_error = kAggregateInOn}).Condition(*join.on);
+  }
   return std::make_unique<BoundSource>(BoundSource{std::move(bound)});
 }
 
 void SelectBinder::BindGroups(const Select& select, BoundSelect& bound) {
-  for (const ExpressionPtr& group : select.group_by)
-    bound.group_by.push_back(ExpressionBinder(state_, scope_, {.pin_literals = true}).Value(*group));
+  constexpr ClauseRules kRules{
+      .aggregate_error = kAggregateInGroupBy, .queries = false, .pin_literals = true};
+  for (const ExpressionPtr& group : select.group_by) {
+    bound.group_by.push_back(ExpressionBinder(state_, scope_, kRules).Value(*group));
+    if (!Mentions(*bound.group_by.back(),
+                  [&](const BoundColumn& column) { return scope_.Owns(column.source); }))
+      throw Error(kNoGroupColumn,
+                  "Each GROUP BY expression must contain at least one column that is not an outer reference.",
+                  group->at);
+  }
   bound.aggregated = !bound.group_by.empty();
 }
 
-void SelectBinder::BindItems(const Select& select, BoundSelect& bound) {
-  const bool grouped = !select.group_by.empty();
+void SelectBinder::BindItems(const Select& select, bool pinned, BoundSelect& bound) {
   for (const SelectItem& item : select.items) {
     if (const auto* star = std::get_if<Star>(&item.value->node)) {
       AddStar(*star, item.at, bound);
       continue;
     }
-    ExpressionBinder binder(state_, scope_, {.aggregates = true, .pin_literals = grouped});
+    ExpressionBinder binder(state_, scope_, {.aggregates = true, .pin_literals = pinned});
     BoundPtr value = binder.Value(*item.value);
     bound.aggregated |= binder.SawAggregate();
     std::string name = item.alias;
@@ -144,22 +155,45 @@ int OrdinalOf(BindState& state, const Literal& literal, size_t columns, Position
   return ordinal;
 }
 
-// The item an ORDER BY names by its alias or column name; 0 if there is none.
+// The item of that name; 0 if there is none.
 int ItemNamed(const BoundSelect& select, std::string_view name) {
-  for (size_t index = 0; index < select.items.size(); ++index)
-    if (SameName(select.items[index].name, name)) return static_cast<int>(index + 1);
-  return 0;
+  const auto found =
+      std::ranges::find_if(select.items, [&](const BoundItem& item) { return SameName(item.name, name); });
+  return found == select.items.end() ? 0 : static_cast<int>(found - select.items.begin()) + 1;
 }
 
-BoundOrder SelectBinder::BindOrder(const OrderItem& item, BoundSelect& select) {
+// The item an ORDER BY names by its alias or column name; 0 if there is none.
+int ItemOrdered(const BoundSelect& select, const std::string& name, Position at) {
+  const auto named = [&](const BoundItem& item) { return SameName(item.name, name); };
+  if (std::ranges::count_if(select.items, named) > 1)
+    throw Error(kAmbiguousColumn, "Ambiguous column name '" + name + "'.", at);
+  return ItemNamed(select, name);
+}
+
+bool IsConstant(const BoundExpression& value) {
+  if (value.As<BoundColumn>() || value.As<BoundAggregate>() || value.As<BoundNow>() || QueryOf(value))
+    return false;
+  const auto* call = value.As<BoundCall>();
+  bool constant = call == nullptr || call->function != Function::kIdentCurrent;
+  ForEachChild(value, [&](const BoundExpression& child) { constant = constant && IsConstant(child); });
+  return constant;
+}
+
+BoundOrder SelectBinder::BindOrder(const OrderItem& item, size_t place, BoundSelect& select) {
   const Position at = item.value->at;
   if (const auto* literal = std::get_if<Literal>(&item.value->node);
       literal && literal->kind == Literal::Kind::kInteger)
     return {OrdinalOf(state_, *literal, select.items.size(), at), nullptr, item.descending};
   if (const auto* name = std::get_if<ColumnName>(&item.value->node); name && name->table.empty())
-    if (const int ordinal = ItemNamed(select, name->column)) return {ordinal, nullptr, item.descending};
-  ExpressionBinder binder(state_, scope_, {.aggregates = true, .pin_literals = select.aggregated});
+    if (const int ordinal = ItemOrdered(select, name->column, at)) return {ordinal, nullptr, item.descending};
+  ExpressionBinder binder(state_, scope_,
+                          {.aggregates = true, .pin_literals = select.aggregated || select.distinct});
   BoundPtr value = binder.Value(*item.value);
+  if (IsConstant(*value))
+    throw Error(
+        kConstantOrder,
+        "A constant expression was encountered in the ORDER BY list, position " + std::to_string(place) + ".",
+        at);
   select.aggregated |= binder.SawAggregate();
   for (size_t index = 0; index < select.items.size(); ++index)
     if (SameExpression(*select.items[index].value, *value))
@@ -176,7 +210,7 @@ BoundOrder BindUnionOrder(BindState& state, const OrderItem& item, const BoundSe
       literal && literal->kind == Literal::Kind::kInteger)
     return {OrdinalOf(state, *literal, first.items.size(), at), nullptr, item.descending};
   const auto* name = std::get_if<ColumnName>(&item.value->node);
-  const int ordinal = name ? ItemNamed(first, name->column) : 0;
+  const int ordinal = name ? ItemOrdered(first, name->column, at) : 0;
   if (ordinal == 0)
     throw Error(
         104, "ORDER BY items must appear in the select list if the statement contains a UNION operator.", at);
@@ -223,13 +257,15 @@ BoundQueryPtr BindQuery(BindState& state, const Scope* outer, const Query& query
   bound->union_all = query.union_all;
   if (query.selects.size() == 1) {
     SelectBinder binder(state, outer);
-    BoundSelect& select = bound->selects.emplace_back(binder.Bind(query.selects.front()));
-    for (const OrderItem& item : query.order_by) bound->order_by.push_back(binder.BindOrder(item, select));
+    const bool compared = query.selects.front().distinct && !query.order_by.empty();
+    BoundSelect& select = bound->selects.emplace_back(binder.Bind(query.selects.front(), compared));
+    for (const OrderItem& item : query.order_by)
+      bound->order_by.push_back(binder.BindOrder(item, bound->order_by.size() + 1, select));
     binder.CheckGrouping(select, bound->order_by);
   } else {
     for (const Select& select : query.selects) {
       SelectBinder binder(state, outer);
-      bound->selects.push_back(binder.Bind(select));
+      bound->selects.push_back(binder.Bind(select, false));
       binder.CheckGrouping(bound->selects.back(), {});
     }
     UnifyColumns(*bound, query.at);

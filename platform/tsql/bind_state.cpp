@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/tsql/convert.h"
+
 namespace tarvoni::tsql {
 
 std::string QuoteName(std::string_view name) {
@@ -38,8 +40,22 @@ void BatchCatalogue::Create(TableDefinition table) {
   created_.push_back({std::make_shared<const TableDefinition>(std::move(table)), std::move(stored)});
 }
 
+void BatchCatalogue::AddKey(std::string_view name, std::vector<int> columns) {
+  TableDefinition table = *Find(name);
+  std::string stored_name = StoredName(name);
+  table.unique_keys.push_back(std::move(columns));
+  Drop(name);
+  created_.push_back({std::make_shared<const TableDefinition>(std::move(table)), std::move(stored_name)});
+}
+
 void BatchCatalogue::Drop(std::string_view name) {
   std::erase_if(created_, [&](const Created& created) { return SameName(created.table->name, name); });
+}
+
+Type BindState::NaturalType(const BoundParameter& parameter) const {
+  Type type = tsql::NaturalType(parameter.kind, LiteralText(parameter.literal));
+  if (lexed->literals[static_cast<size_t>(parameter.literal)].national) type.ansi = false;
+  return type;
 }
 
 BoundConstant BindState::Pin(const BoundParameter& parameter) {
@@ -48,7 +64,7 @@ BoundConstant BindState::Pin(const BoundParameter& parameter) {
   auto known = is_pinned[static_cast<size_t>(parameter.literal)];
   if (!known) pinned.push_back({parameter.literal, text});
   known = true;
-  return {text, parameter.kind};
+  return {text, parameter.kind, parameter.converted};
 }
 
 }  // namespace tarvoni::tsql

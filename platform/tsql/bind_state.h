@@ -23,6 +23,8 @@ class BatchCatalogue {
 
   void Create(TableDefinition table);
   void Drop(std::string_view name);
+  // The table has one more unique key from here on.
+  void AddKey(std::string_view name, std::vector<int> columns);
 
  private:
   struct Created {
@@ -45,8 +47,13 @@ struct BindState {
   std::string identity_insert;
   int next_source = 1;
   std::vector<bool> is_pinned = {};  // by the place of the literal
+  int repeated = 0;                  // NULLIFs around the current one whose first argument is bound twice
+  std::vector<std::shared_ptr<const TableDefinition>> read =
+      {};  // the tables that queries of a statement name
 
   const std::string& LiteralText(int index) const { return lexed->literals[static_cast<size_t>(index)].text; }
+  // INT, the smallest DECIMAL that holds it, FLOAT, or text.
+  Type NaturalType(const BoundParameter& parameter) const;
   // Makes the literal's value part of the plan.
   BoundConstant Pin(const BoundParameter& parameter);
 };

@@ -143,6 +143,7 @@ enum class Function {
   kMonth,
   kDay,
   kLike,
+  kLikeUnicode,
 };
 struct BoundCall {
   Function function;
@@ -250,6 +251,9 @@ BoundPtr MakeCondition(Position at, Node node) {
 
 // The largest exact value SQLite's integers hold; beyond it an exact value is a wide one.
 inline constexpr double kNarrowLimit = 9.2233720368547758e18;
+
+// No table has more rows. A sum that cannot exceed 64 bits with so many is kept in them.
+inline constexpr double kMostRows = 2147483648.0;
 
 inline bool IsWide(const BoundExpression& value) {
   return value.type.kind == TypeKind::kDecimal && value.limit >= kNarrowLimit;

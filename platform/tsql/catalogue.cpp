@@ -27,6 +27,11 @@ bool SameLetters(std::string_view a, std::string_view b) {
   return true;
 }
 
+bool IsConstraintIndex(std::string_view name) {
+  const size_t end = name.find_last_not_of("0123456789") + 1;
+  return end < name.size() && name.substr(0, end).ends_with("." + std::string(kConstraintIndex));
+}
+
 int TableDefinition::Find(std::string_view column) const {
   const auto found =
       std::ranges::find_if(columns, [&](const ColumnDefinition& c) { return SameName(c.name, column); });

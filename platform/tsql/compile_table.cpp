@@ -32,6 +32,11 @@ TableDefinition Define(const CreateTableStatement& create) {
                   "Column names in each table must be unique. Column name '" + column.name +
                       "' is specified more than once.",
                   column.at);
+    if (column.identity && table.IdentityColumn() >= 0)
+      throw Error(kSecondIdentity,
+                  "Multiple identity columns specified for table '" + create.table +
+                      "'. Only one identity column per table is allowed.",
+                  column.at);
     const bool nullable = column.nullable.value_or(!column.identity);
     table.columns.push_back({column.name, column.type, nullable, column.identity, column.seed, column.step,
                              column.default_value != nullptr});
@@ -83,7 +88,7 @@ std::string SchemaOf(const std::string& stored_name) {
 // The declared type as SQLite can read it and the catalogue reads it back: its syntax knows no (MAX).
 std::string StoredType(const Type& type) {
   if (!type.IsText() || type.length < Type::kMaxLength) return ToSql(type);
-  return "NVARCHAR(" + std::to_string(Type::kMaxLength) + ")";
+  return (type.ansi ? "VARCHAR(" : "NVARCHAR(") + std::to_string(Type::kMaxLength) + ")";
 }
 
 class TableWriter {
@@ -144,7 +149,7 @@ class TableWriter {
     for (const std::string& name : key.columns)
       terms +=
           (terms.empty() ? "" : ",") + UniqueTerm(table_.columns[static_cast<size_t>(table_.Find(name))]);
-    const std::string name = "UQ" + std::to_string(indexes_.size() + 1);
+    const std::string name = kConstraintIndex + std::to_string(indexes_.size() + 1);
     indexes_.push_back("CREATE UNIQUE INDEX " + StoredIndexName(SchemaOf(stored_name_), create_.table, name) +
                        " ON " + stored_name_.substr(SchemaOf(stored_name_).size()) + "(" + terms + ")");
     return "";
@@ -177,15 +182,17 @@ void StatementCompiler::Compile(const CreateIndexStatement& create, Position at)
   const auto table = RequireTable(create.table, create.table_at);
   const std::string stored = state_.tables->StoredName(create.table);
   std::string terms;
+  std::vector<int> columns;
   for (const auto& [name, descending] : create.columns) {
-    const ColumnDefinition& column =
-        table->columns[static_cast<size_t>(RequireColumn(*table, name, create.table_at))];
+    columns.push_back(RequireColumn(*table, name, create.table_at));
+    const ColumnDefinition& column = table->columns[static_cast<size_t>(columns.back())];
     terms += (terms.empty() ? "" : ",") + (create.unique ? UniqueTerm(column) : QuoteName(column.name)) +
              (descending ? " DESC" : "");
   }
   Add(at, CreateIndexStep{"CREATE " + std::string(create.unique ? "UNIQUE " : "") + "INDEX " +
                           StoredIndexName(SchemaOf(stored), table->name, create.name) + " ON " +
                           stored.substr(SchemaOf(stored).size()) + "(" + terms + ")"});
+  if (create.unique) state_.tables->AddKey(create.table, std::move(columns));
   plan_.reusable = false;
 }
 

@@ -6,39 +6,22 @@
 #include "platform/tsql/query_binder.h"
 #include "platform/tsql/statement_compiler.h"
 #include "platform/tsql/type_rules.h"
+#include "platform/tsql/write_rules.h"
 
-// INSERT, UPDATE and DELETE.
+// INSERT.
 namespace tarvoni::tsql {
 namespace {
 
-constexpr int kNotNull = 515;
-
-int RequireColumn(const TableDefinition& table, const std::string& name, Position at) {
-  const int column = table.Find(name);
-  if (column < 0) throw Error(kUnknownColumn, "Invalid column name '" + name + "'.", at);
-  return column;
-}
-
-const ColumnDefinition& ColumnAt(const TableDefinition& table, int index) {
-  return table.columns[static_cast<size_t>(index)];
-}
-
-// The key that SQLite fills in by itself where a server complains of the missing value.
-bool IsRowNumber(const TableDefinition& table, int column) {
-  return !table.unique_keys.empty() && table.unique_keys.front() == std::vector<int>{column} &&
-         ColumnAt(table, column).type.kind == TypeKind::kInt && !ColumnAt(table, column).nullable;
-}
-
-std::vector<int> TargetColumns(const InsertStatement& insert, const TableDefinition& table,
-                               bool with_identity) {
+// Without a list all columns but the identity.
+std::vector<int> TargetColumns(const InsertStatement& insert, const TableDefinition& table) {
   std::vector<int> targets;
   if (insert.columns.empty()) {
     for (int column = 0; column < static_cast<int>(table.columns.size()); ++column)
-      if (with_identity || !ColumnAt(table, column).identity) targets.push_back(column);
+      if (!ColumnAt(table, column).identity) targets.push_back(column);
     return targets;
   }
   for (const auto& [name, at] : insert.columns) {
-    const int column = RequireColumn(table, name, at);
+    const int column = RequireTarget(table, name, at);
     if (std::find(targets.begin(), targets.end(), column) != targets.end())
       throw Error(kDuplicateColumn,
                   "The column name '" + name + "' is specified more than once in the column list.", at);
@@ -47,7 +30,13 @@ std::vector<int> TargetColumns(const InsertStatement& insert, const TableDefinit
   return targets;
 }
 
-[[noreturn]] void WrongWidth(const InsertStatement& insert, size_t values, size_t columns, Position at) {
+[[noreturn]] void WrongWidth(const InsertStatement& insert, const TableDefinition& table, size_t values,
+                             size_t columns, Position at) {
+  if (insert.columns.empty() && values == table.columns.size() && table.IdentityColumn() >= 0)
+    throw Error(kIdentityWithoutList,
+                "An explicit value for the identity column in table '" + table.name +
+                    "' can only be specified when a column list is used and IDENTITY_INSERT is ON.",
+                at);
   if (insert.columns.empty())
     throw Error(kWrongInsertWidth,
                 "Column name or number of supplied values does not match table definition.", at);
@@ -58,12 +47,6 @@ std::vector<int> TargetColumns(const InsertStatement& insert, const TableDefinit
               fewer ? "There are more columns in the INSERT statement than values given."
                     : "There are fewer columns in the INSERT statement than values given.",
               at);
-}
-
-void EmitStored(Emitter& emitter, const BoundExpression& value, bool row_number) {
-  if (row_number) emitter.Text("IFNULL(");
-  emitter.Expression(value);
-  if (row_number) emitter.Text(",ts_raise(").Number(kNotNull).Text("))");
 }
 
 std::string QuotedForSql(std::string_view text) {
@@ -112,7 +95,7 @@ class InsertEmitter {
           .Text(row_number ? "IFNULL(" : "")
           .Text("q.c")
           .Number(static_cast<long long>(i + 1));
-      if (row_number) emitter_.Text(",ts_raise(").Number(kNotNull).Text("))");
+      if (row_number) emitter_.Text(",ts_raise(").Number(kNullRefused).Text("))");
     }
     Identity(targets_.empty());
     const bool limited = query.selects.size() == 1 && query.selects.front().top.has_value();
@@ -149,13 +132,9 @@ RaiseStep RefusalOf(const TableDefinition& table, const std::vector<int>& target
                                   "' when IDENTITY_INSERT is set to ON."};
   for (int column = 0; column < static_cast<int>(table.columns.size()); ++column)
     if (column != identity && !given(column) && IsRowNumber(table, column))
-      return {kNotNull, "Cannot insert the value NULL into column '" + ColumnAt(table, column).name +
-                            "', table '" + table.name + "'; column does not allow nulls. INSERT fails."};
+      return {kNullRefused, "Cannot insert the value NULL into column '" + ColumnAt(table, column).name +
+                                "', table '" + table.name + "'; column does not allow nulls. INSERT fails."};
   return {};
-}
-
-void EmitWhere(BindState& state, const Scope& scope, const Expression* where, Emitter& emitter) {
-  if (where) emitter.Text(" WHERE ").Expression(*ExpressionBinder(state, scope, {}).Condition(*where));
 }
 
 }  // namespace
@@ -163,7 +142,7 @@ void EmitWhere(BindState& state, const Scope& scope, const Expression* where, Em
 void StatementCompiler::Compile(const InsertStatement& insert, Position at) {
   const auto table = RequireTable(insert.table, insert.table_at);
   const bool identity_insert = SameName(state_.identity_insert, table->name);
-  const std::vector<int> targets = TargetColumns(insert, *table, identity_insert && insert.columns.empty());
+  const std::vector<int> targets = TargetColumns(insert, *table);
   const bool next_identity =
       table->IdentityColumn() >= 0 &&
       std::find(targets.begin(), targets.end(), table->IdentityColumn()) == targets.end();
@@ -173,14 +152,15 @@ void StatementCompiler::Compile(const InsertStatement& insert, Position at) {
   if (insert.query) {
     BoundQueryPtr query = BindQuery(state_, nullptr, *insert.query, QueryPlace::kInsert);
     const size_t width = query->selects.front().items.size();
-    if (width != targets.size()) WrongWidth(insert, width, targets.size(), insert.values_at);
+    if (width != targets.size()) WrongWidth(insert, *table, width, targets.size(), insert.values_at);
     for (size_t i = 0; i < width; ++i) ConvertColumn(*query, i, type_of(i), BoundConvert::Mode::kStore);
     sql = emitter.Rows(*query);
   } else {
     const Scope no_names;
     std::vector<std::vector<BoundPtr>> rows;
     for (const auto& row : insert.rows) {
-      if (row.size() != targets.size()) WrongWidth(insert, row.size(), targets.size(), insert.values_at);
+      if (row.size() != targets.size())
+        WrongWidth(insert, *table, row.size(), targets.size(), insert.values_at);
       auto& bound = rows.emplace_back();
       for (size_t i = 0; i < row.size(); ++i)
         bound.push_back(ConvertTo(ExpressionBinder(state_, no_names, {}).Value(*row[i]), type_of(i),
@@ -193,43 +173,6 @@ void StatementCompiler::Compile(const InsertStatement& insert, Position at) {
     return;
   }
   Add(at, WriteStep{std::move(sql), table->name});
-}
-
-void StatementCompiler::Compile(const UpdateStatement& update, Position at) {
-  const auto table = RequireTable(update.table, update.table_at);
-  const int id = state_.next_source++;
-  Scope scope;
-  scope.Add({id, update.table, table.get(), nullptr}, update.table_at);
-  Emitter emitter;
-  emitter.Text("UPDATE ")
-      .Text(state_.tables->StoredName(update.table))
-      .Text(" AS t")
-      .Number(id)
-      .Text(" SET ");
-  for (size_t i = 0; i < update.assignments.size(); ++i) {
-    const Assignment& assignment = update.assignments[i];
-    const int column = RequireColumn(*table, assignment.column, assignment.at);
-    if (ColumnAt(*table, column).identity)
-      throw Error(kIdentityUpdate, "Cannot update identity column '" + assignment.column + "'.",
-                  assignment.at);
-    const BoundPtr value = ConvertTo(ExpressionBinder(state_, scope, {}).Value(*assignment.value),
-                                     ColumnAt(*table, column).type, BoundConvert::Mode::kStore);
-    emitter.Text(i > 0 ? "," : "").Name(ColumnAt(*table, column).name).Text("=");
-    EmitStored(emitter, *value, IsRowNumber(*table, column));
-  }
-  EmitWhere(state_, scope, update.where.get(), emitter);
-  Add(at, WriteStep{emitter.Take(), table->name});
-}
-
-void StatementCompiler::Compile(const DeleteStatement& erase, Position at) {
-  const auto table = RequireTable(erase.table, erase.table_at);
-  const int id = state_.next_source++;
-  Scope scope;
-  scope.Add({id, erase.table, table.get(), nullptr}, erase.table_at);
-  Emitter emitter;
-  emitter.Text("DELETE FROM ").Text(state_.tables->StoredName(erase.table)).Text(" AS t").Number(id);
-  EmitWhere(state_, scope, erase.where.get(), emitter);
-  Add(at, WriteStep{emitter.Take(), table->name});
 }
 
 }  // namespace tarvoni::tsql

@@ -36,15 +36,36 @@ bool TakesType(const BoundConstant& constant, const Type& to) {
          to.kind != TypeKind::kBit;
 }
 
+bool IsPaddedAlike(const Type& a, const Type& b) {
+  return a.kind == b.kind && a.length == b.length;
+}
+
+// Whether a value of one type is one of the other: every DATE is a DATETIME.
+bool IsFiner(const Type& type, const Type& than) {
+  const bool graded = type.IsDate() || type.kind == TypeKind::kFloat;
+  return type == than || (graded && type.kind == than.kind && type.precision <= than.precision);
+}
+
 bool StoresAsIs(const BoundExpression& value, const Type& to) {
-  if (!to.IsText()) return value.type == to;
-  const bool padded_alike = to.kind == TypeKind::kVarChar || value.type == to;
+  if (!to.IsText()) return IsFiner(value.type, to);
+  const bool padded_alike = to.kind == TypeKind::kVarChar || IsPaddedAlike(value.type, to);
   return padded_alike && value.type.IsText() && value.type.length <= to.length;
 }
 
 bool NothingToDo(const BoundExpression& value, const Type& to, BoundConvert::Mode mode) {
   if (mode != BoundConvert::Mode::kImplicit) return StoresAsIs(value, to);
-  return value.type == to || (value.type.IsText() && to.IsText());
+  if (value.type.IsText() && to.IsText())
+    return to.kind == TypeKind::kVarChar || IsPaddedAlike(value.type, to);
+  return IsFiner(value.type, to);
+}
+
+// A literal that was cast to its own type counts with that type's digits.
+void MarkConverted(BoundExpression& value) {
+  std::visit(
+      [](auto& node) {
+        if constexpr (requires { node.converted; }) node.converted = true;
+      },
+      value.node);
 }
 
 }  // namespace
@@ -57,8 +78,11 @@ Type NaturalType(Literal::Kind kind, std::string_view text) {
       return Type::Int();
     case Literal::Kind::kFloat:
       return Type::Float();
-    case Literal::Kind::kText:
-      return Type::VarChar(kLiteralLength);
+    case Literal::Kind::kText: {
+      Type type = Type::VarChar(kLiteralLength);
+      type.ansi = true;
+      return type;
+    }
     case Literal::Kind::kDecimal:
       break;
   }
@@ -90,7 +114,11 @@ BoundPtr ConvertTo(BoundPtr value, const Type& to, BoundConvert::Mode mode) {
     value->type = to;
     return value;
   }
-  if (to.IsNull() || NothingToDo(*value, to, mode)) return value;
+  if (to.IsNull()) return value;
+  if (NothingToDo(*value, to, mode)) {
+    if (mode == BoundConvert::Mode::kCast) MarkConverted(*value);
+    return value;
+  }
   const double limit = ConvertedLimit(*value, to);
   const bool taken = std::visit(
       [&](auto& node) {

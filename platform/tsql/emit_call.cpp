@@ -1,5 +1,6 @@
 #include "platform/tsql/emitter.h"
 #include "platform/tsql/public/runtime.h"
+#include "platform/tsql/type_rules.h"
 
 namespace tarvoni::tsql {
 
@@ -22,15 +23,9 @@ void Emitter::Node(const BoundCall& node, const BoundExpression& self) {
       Text(")");
       return;
     case tsql::Function::kRound:
-      if (!self.type.IsExact()) return plain("ts_round_float");
-      Text("ts_round(");
-      Expression(first);
-      Text(",").Number(self.type.scale).Text(",");
-      Expression(*node.arguments[1]);
-      Text(")");
-      return;
+      return self.type.IsExact() ? Round(node, self) : plain("ts_round_float");
     case tsql::Function::kAbs:
-      return plain("abs");
+      return Abs(first, self);
     case tsql::Function::kIsNumeric:
       if (first.type.IsText()) return plain("ts_isnumeric");
       if (!first.type.IsNumeric()) return void(Text("0"));
@@ -56,6 +51,8 @@ void Emitter::Node(const BoundCall& node, const BoundExpression& self) {
       return plain("ts_lower");
     case tsql::Function::kLike:
       return plain("ts_like");
+    case tsql::Function::kLikeUnicode:
+      return plain("ts_like_unicode");
     // Dates are ISO text: its first digits are the year.
     case tsql::Function::kYear:
       Text("CAST(");
@@ -69,6 +66,30 @@ void Emitter::Node(const BoundCall& node, const BoundExpression& self) {
       Text(node.function == tsql::Function::kMonth ? ",6,2" : ",9,2").Text(") AS INTEGER)");
       return;
   }
+}
+
+// The result has the type of the number, and may have outgrown it.
+void Emitter::Round(const BoundCall& node, const BoundExpression& self) {
+  const bool money = self.type.kind == TypeKind::kMoney;
+  if (money) Text("ts_exact_money(");
+  if (self.type.IsInteger()) Text("ts_int_range(");
+  Text("ts_round(");
+  Expression(*node.arguments.front());
+  Text(",").Number(self.type.scale).Text(",");
+  Expression(*node.arguments[1]);
+  Text(",")
+      .Number(self.type.kind == TypeKind::kDecimal ? self.type.precision : Type::kMaxPrecision)
+      .Text(")");
+  if (self.type.IsInteger()) Text(",").Number(static_cast<int>(self.type.kind)).Text(")");
+  if (money) Text(")");
+}
+
+void Emitter::Abs(const BoundExpression& number, const BoundExpression& self) {
+  if (IsWide(number)) return Function("ts_exact_abs", number);
+  const bool unsure = self.type.IsInteger() && number.limit >= LimitOf(self.type);
+  if (unsure) Text("ts_int_range(");
+  Function("abs", number);
+  if (unsure) Text(",").Number(static_cast<int>(self.type.kind)).Text(")");
 }
 
 void Emitter::AggregateCall(std::string_view name, const BoundAggregate& node, bool collated) {
@@ -97,9 +118,14 @@ void Emitter::Node(const BoundAggregate& node, const BoundExpression& self) {
   }
 }
 
+std::string_view Emitter::SumFunction(const BoundAggregate& node) {
+  const bool wide =
+      node.argument->type.kind == TypeKind::kDecimal && node.argument->limit * kMostRows >= kNarrowLimit;
+  return wide ? "ts_exact_sum" : "SUM";
+}
+
 void Emitter::Sum(const BoundAggregate& node, const BoundExpression& self) {
-  if (self.type.kind != TypeKind::kInt)
-    return AggregateCall(IsWide(*node.argument) ? "ts_exact_sum" : "SUM", node);
+  if (self.type.kind != TypeKind::kInt) return AggregateCall(SumFunction(node), node);
   Text("ts_int_range(");
   AggregateCall("SUM", node);
   Text(",").Number(static_cast<int>(TypeKind::kInt)).Text(")");
@@ -109,7 +135,7 @@ void Emitter::Average(const BoundAggregate& node, const BoundExpression& self) {
   if (!self.type.IsExact()) return AggregateCall("AVG", node);
   const bool decimal = self.type.kind == TypeKind::kDecimal;
   Text(decimal ? "ts_exact_div(" : "(");
-  AggregateCall(IsWide(*node.argument) ? "ts_exact_sum" : "SUM", node);
+  AggregateCall(SumFunction(node), node);
   Text(decimal ? "," : "/");
   AggregateCall("COUNT", node);
   if (decimal) Text(",").Number(self.type.scale - node.argument->type.scale);

@@ -14,6 +14,17 @@ bool IsUnsigned(const Type& type) {
   return type.kind == TypeKind::kTinyInt || type.kind == TypeKind::kBit;
 }
 
+// A number is no DATE, whether the statement says CAST or not.
+[[noreturn]] void NoConversion(const BoundExpression& from, const Type& to, BoundConvert::Mode mode) {
+  if (mode == BoundConvert::Mode::kCast)
+    throw Error(
+        kNoCast,
+        "Explicit conversion from data type " + NameOf(from.type) + " to " + NameOf(to) + " is not allowed.",
+        from.at);
+  throw Error(kTypeClash, "Operand type clash: " + NameOf(from.type) + " is incompatible with " + NameOf(to),
+              from.at);
+}
+
 [[noreturn]] void NoConversion(const BoundExpression& from, const Type& to) {
   throw Error(kUnsupported,
               "A conversion from " + std::string(NameOf(from.type.kind)) + " to " +
@@ -29,8 +40,9 @@ void Emitter::Node(const BoundConvert& node, const BoundExpression& self) {
   if (from.type.IsNull()) return Expression(from);
   if (to.IsInteger()) return ToInteger(from, to);
   if (to.IsExact()) return ToExact(from, to);
+  if (to.IsReal()) return ToReal(from);
   if (to.kind == TypeKind::kFloat) return ToFloat(from);
-  if (to.IsDate()) return ToDate(from);
+  if (to.IsDate()) return ToDate(from, to, node.mode);
   ToText(from, to, node.mode);
 }
 
@@ -86,6 +98,7 @@ void Emitter::ToFloat(const BoundExpression& from) {
 // The digits or letters of any value, of whatever length they are.
 void Emitter::TextOf(const BoundExpression& from) {
   if (from.type.IsText()) return Expression(from);
+  if (from.type.IsDay()) return Expression(from);
   if (from.type.IsDate()) return Function("ts_text_from_date", from);
   if (from.type.kind == TypeKind::kMoney) return Function("ts_text_from_money", from);
   if (from.type.kind == TypeKind::kDecimal) return Function("ts_text_from_exact", from, {from.type.scale});
@@ -97,21 +110,38 @@ void Emitter::TextOf(const BoundExpression& from) {
 
 void Emitter::ToText(const BoundExpression& from, const Type& to, BoundConvert::Mode mode) {
   const int fixed = to.kind == TypeKind::kChar ? 1 : 0;
-  if (mode != BoundConvert::Mode::kStore) {
-    if (to.length >= Type::kMaxLength && fixed == 0) return TextOf(from);
-    if (from.type.IsInteger()) return Function("ts_int_text_cast", from, {to.length, fixed});
-  }
   const bool number = from.type.IsNumeric();
-  Text(mode == BoundConvert::Mode::kStore ? "ts_text_store("
-       : number                           ? "ts_number_text_cast("
-                                          : "ts_text_cast(");
+  if (!number || mode != BoundConvert::Mode::kStore) {
+    if (to.length >= Type::kMaxLength && fixed == 0) return TextOf(from);
+  }
+  // Only CHAR and VARCHAR have the asterisk for digits that do not fit.
+  if (from.type.IsInteger() && to.ansi) return Function("ts_int_text_cast", from, {to.length, fixed});
+  Text(number                               ? "ts_number_text_cast("
+       : mode == BoundConvert::Mode::kStore ? "ts_text_store("
+                                            : "ts_text_cast(");
   TextOf(from);
   Text(",").Number(to.length).Text(",").Number(fixed).Text(")");
 }
 
-void Emitter::ToDate(const BoundExpression& from) {
-  if (from.type.IsText()) return Function("ts_date_from_text", from);
-  Text("ts_date_from_days(");
+// The time that a DATE or a SMALLDATETIME has no room for goes.
+void Emitter::ToDate(const BoundExpression& from, const Type& to, BoundConvert::Mode mode) {
+  if (to.IsDay() && from.type.IsNumeric()) NoConversion(from, to, mode);
+  const bool minutes = to == Type::SmallDateTime();
+  Text(to.IsDay() ? "substr(" : minutes ? "ts_date_minutes(" : "");
+  if (from.type.IsDate()) {
+    Expression(from);
+  } else if (from.type.IsText()) {
+    Function("ts_date_from_text", from);
+  } else {
+    Text("ts_date_from_days(");
+    ToFloat(from);
+    Text(")");
+  }
+  Text(to.IsDay() ? ",1," + std::to_string(Type::kDayPrecision) + ")" : minutes ? ")" : "");
+}
+
+void Emitter::ToReal(const BoundExpression& from) {
+  Text("ts_real(");
   ToFloat(from);
   Text(")");
 }

@@ -1,9 +1,12 @@
 #include <cassert>
+#include <ranges>
+#include <vector>
 
 #include "platform/tsql/bind_state.h"
 #include "platform/tsql/convert.h"
 #include "platform/tsql/emitter.h"
 #include "platform/tsql/public/runtime.h"
+#include "platform/tsql/walk.h"
 
 namespace tarvoni::tsql {
 namespace {
@@ -47,9 +50,25 @@ std::string_view Symbol(BinaryOperator op) {
   return "";
 }
 
-bool IsStoredColumn(const BoundExpression& expression) {
-  const auto* column = expression.As<BoundColumn>();
-  return column != nullptr && column->stored;
+// SQLite's parser keeps a hundred symbols at most; the statement around an expression takes some of them.
+constexpr int kMostLevels = 70;
+
+// How many symbols wait at most while what stands inside the expression is read.
+int LevelsOf(const BoundExpression& expression) {
+  constexpr int kBrackets = 3;
+  constexpr int kArguments = 6;
+  constexpr int kQuery = 12;
+  if (QueryOf(expression)) return kQuery;
+  const auto& node = expression.node;
+  if (std::holds_alternative<BoundCase>(node) || std::holds_alternative<BoundCall>(node) ||
+      std::holds_alternative<BoundConvert>(node) || std::holds_alternative<BoundArithmetic>(node) ||
+      std::holds_alternative<BoundNegate>(node))
+    return kArguments;
+  const bool leaf = std::holds_alternative<BoundColumn>(node) ||
+                    std::holds_alternative<BoundParameter>(node) ||
+                    std::holds_alternative<BoundConstant>(node) || std::holds_alternative<BoundNow>(node) ||
+                    std::holds_alternative<BoundAggregate>(node);
+  return leaf ? 0 : kBrackets;
 }
 
 }  // namespace
@@ -66,12 +85,29 @@ Emitter& Emitter::Name(std::string_view name) {
 }
 
 void Emitter::Expression(const BoundExpression& expression) {
-  std::visit([&](const auto& node) { Node(node, expression); }, expression.node);
+  for (const auto& [choice, branch] : standing_)
+    if (choice == &expression) return Expression(*branch);
+  if (part_ != nullptr)
+    if (const auto argument = ArgumentOf(expression)) return Outside(*argument, expression.type);
+  const int before = levels_;
+  levels_ += LevelsOf(expression);
+  if (levels_ > kMostLevels && style_ == ColumnStyle::kQualified && LevelsOf(expression) > 0) {
+    Part(expression);
+  } else {
+    std::visit([&](const auto& node) { Node(node, expression); }, expression.node);
+  }
+  levels_ = before;
+}
+
+// A stored column does, unless it is an argument of the part it is read in.
+bool Emitter::BringsCollation(const BoundExpression& expression) const {
+  const auto* column = expression.As<BoundColumn>();
+  return column != nullptr && column->stored && (part_ == nullptr || part_->sources.contains(column->source));
 }
 
 void Emitter::Collated(const BoundExpression& expression) {
   Expression(expression);
-  if (expression.type.IsText() && !IsStoredColumn(expression)) Text(" COLLATE ").Text(kCollation);
+  if (expression.type.IsText() && !BringsCollation(expression)) Text(" COLLATE ").Text(kCollation);
 }
 
 void Emitter::Infix(const BoundExpression& left, std::string_view op, const BoundExpression& right) {
@@ -124,7 +160,7 @@ void Emitter::Node(const BoundConstant& node, const BoundExpression& self) {
   else if (self.type.IsText())
     Text(QuoteText(node.text));
   else if (self.type.IsExact())
-    Text(ScaledDigits(node.text, self.type.scale));
+    Digits(node, self.type.scale);
   else
     Text(FloatDigits(node.text));
 }
@@ -138,19 +174,46 @@ void Emitter::Node(const BoundColumn& node, const BoundExpression&) {
 }
 
 void Emitter::Node(const BoundConcat& node, const BoundExpression&) {
-  Infix(*node.left, "||", *node.right);
+  std::vector<const BoundExpression*> operands{node.right.get()};
+  const BoundExpression* left = node.left.get();
+  for (; const auto* inner = left->As<BoundConcat>(); left = inner->left.get())
+    operands.push_back(inner->right.get());
+  Text("(");
+  Expression(*left);
+  for (const BoundExpression* operand : std::views::reverse(operands)) {
+    Text("||");
+    Expression(*operand);
+  }
+  Text(")");
+}
+
+// SQLite goes on with an infinite number where a server finds an overflow.
+void Emitter::Finite(const BoundExpression& value) {
+  if (value.type.kind != TypeKind::kFloat || !value.As<BoundArithmetic>()) return Expression(value);
+  Function("ts_float_range", value);
 }
 
 void Emitter::Node(const BoundDateAdd& node, const BoundExpression&) {
-  Text("ts_date_add(");
-  Expression(*node.date);
-  Text(node.subtract ? ",-" : ",");
-  Expression(*node.days);
+  std::vector<const BoundDateAdd*> moves{&node};
+  while (const auto* inner = moves.back()->date->As<BoundDateAdd>()) moves.push_back(inner);
+  // SQLite takes 127 arguments.
+  constexpr size_t kMostMoves = 100;
+  const size_t calls = (moves.size() - 1) / kMostMoves + 1;
+  for (size_t call = 0; call < calls; ++call) Text("ts_date_add(");
+  Expression(*moves.back()->date);
+  for (size_t i = 0; i < moves.size(); ++i) {
+    if (i > 0 && i % kMostMoves == 0) Text(")");
+    const BoundDateAdd& move = *moves[moves.size() - 1 - i];
+    Text(move.subtract ? ",-" : ",");
+    Expression(*move.days);
+  }
   Text(")");
 }
 
 void Emitter::Node(const BoundCompare& node, const BoundExpression&) {
-  if (IsWide(*node.left) || IsWide(*node.right)) {
+  const bool other_places = node.left->type.IsExact() && node.right->type.IsExact() &&
+                            node.left->type.scale != node.right->type.scale;
+  if (IsWide(*node.left) || IsWide(*node.right) || other_places) {
     Text("(ts_exact_cmp(");
     Expression(*node.left);
     Text(",").Number(node.left->type.scale).Text(",");
@@ -159,8 +222,15 @@ void Emitter::Node(const BoundCompare& node, const BoundExpression&) {
     return;
   }
   Text("(");
+  if (node.left->type.kind == TypeKind::kFloat) {
+    Finite(*node.left);
+    Text(Symbol(node.op));
+    Finite(*node.right);
+    Text(")");
+    return;
+  }
   // A column of a derived table would bring SQLite's own collation along.
-  const bool right_decides = IsStoredColumn(*node.right) && !node.left->As<BoundColumn>();
+  const bool right_decides = BringsCollation(*node.right) && !node.left->As<BoundColumn>();
   if (right_decides)
     Expression(*node.left);
   else
@@ -202,48 +272,35 @@ void Emitter::Node(const BoundIn& node, const BoundExpression&) {
 void Emitter::Node(const BoundInQuery& node, const BoundExpression&) {
   Text("(");
   Collated(*node.operand);
-  Text(node.negated ? " NOT IN (" : " IN (");
-  WholeQuery(*node.query, Naming::kNone);
-  Text("))");
+  Text(node.negated ? " NOT IN " : " IN ");
+  Subquery(*node.query, Naming::kNone);
+  Text(")");
 }
 
 void Emitter::Node(const BoundExists& node, const BoundExpression&) {
-  Text("EXISTS(");
-  WholeQuery(*node.query, Naming::kNone);
-  Text(")");
+  Text("EXISTS");
+  Subquery(*node.query, Naming::kNone);
 }
 
 void Emitter::Node(const BoundScalarQuery& node, const BoundExpression&) {
   if (!node.single) return SingleValue(*node.query);
-  Text("(");
-  WholeQuery(*node.query, Naming::kNone);
-  Text(")");
+  Subquery(*node.query, Naming::kNone);
 }
 
 // A query of several rows where one value belongs is an error, not its first row.
 void Emitter::SingleValue(const BoundQuery& query) {
-  Text("(SELECT CASE WHEN COUNT(*)>1 THEN ts_raise(512) ELSE MAX(c1) END FROM (");
-  WholeQuery(query, Naming::kNumbered);
-  Text("))");
-}
-
-void Emitter::Node(const BoundCase& node, const BoundExpression&) {
-  Text("CASE");
-  if (node.operand) {
-    Text(" ");
-    Collated(*node.operand);
+  // SQLite takes no aggregate of the query outside in another aggregate.
+  if (HasOuterAggregate(query)) {
+    Text("(CASE WHEN EXISTS(");
+    WholeQuery(query, Naming::kNone);
+    Text(" LIMIT 1 OFFSET 1) THEN ts_raise(512) ELSE (");
+    WholeQuery(query, Naming::kNone);
+    Text(") END)");
+    return;
   }
-  for (const BoundCase::Branch& branch : node.branches) {
-    Text(" WHEN ");
-    Expression(*branch.when);
-    Text(" THEN ");
-    Expression(*branch.then);
-  }
-  if (node.otherwise) {
-    Text(" ELSE ");
-    Expression(*node.otherwise);
-  }
-  Text(" END");
+  Text("(SELECT CASE WHEN COUNT(*)>1 THEN ts_raise(512) ELSE MAX(c1) END FROM ");
+  Subquery(query, Naming::kNumbered);
+  Text(")");
 }
 
 }  // namespace tarvoni::tsql

@@ -9,8 +9,11 @@ namespace tarvoni::tsql {
 // What an expression may contain depends on the clause it stands in.
 struct ClauseRules {
   bool aggregates = false;
+  int aggregate_error = kAggregateInWhere;  // where they may not stand
+  bool queries = true;                      // else kAggregateInGroupBy
   // Literals become part of the plan: where two expressions are compared (GROUP BY) or text is stored (DDL).
   bool pin_literals = false;
+  bool pin_texts = false;  // the same for texts alone, where their length counts
 };
 
 // Gives the expressions of one clause their meaning.
@@ -25,6 +28,8 @@ class ExpressionBinder {
   BoundPtr Condition(const Expression& expression);
 
   bool SawAggregate() const { return saw_aggregate_; }
+  // An aggregate over columns of this clause's own tables stands in a query inside it.
+  void TakeOuterAggregate(Position at);
 
  private:
   BoundPtr Bind(const Expression& expression);
@@ -49,8 +54,15 @@ class ExpressionBinder {
   BoundPtr BindArithmetic(BinaryOperator op, BoundPtr left, BoundPtr right, Position at);
   BoundPtr BindDateArithmetic(BinaryOperator op, BoundPtr left, BoundPtr right, Position at);
   BoundPtr BindAggregate(Aggregate function, const Call& call, Position at);
+  void RequireAggregates(Position at) const;
+  void ClaimAggregate(const BoundExpression& argument, Position at);
+  BoundQueryPtr Subquery(const Query& query, int columns);
   BoundPtr BindFunction(Function function, const Call& call, Position at);
-  BoundPtr BindIsNullFunction(BoundCall call, Position at);
+  BoundPtr BindIsNullFunction(const Call& call, Position at);
+  BoundPtr BindCoalesce(const Call& call, Position at);
+  BoundPtr BindNullIf(const Call& call, Position at);
+  BoundPtr NullIfEqual(BoundPtr first, BoundPtr second, const Expression& again, Position at);
+  BoundPtr BindRounding(Function function, const Call& call, Position at);
   void PinLiteral(BoundExpression& value);
 
   BindState* state_;
@@ -59,6 +71,10 @@ class ExpressionBinder {
   bool saw_aggregate_ = false;
   bool inside_aggregate_ = false;
 };
+
+// The aggregate of that name, if it is one.
+std::optional<Aggregate> AggregateNamed(std::string_view name);
+void RequireCount(const Call& call, size_t fewest, size_t most, Position at);  // error 174
 
 // `left op right` in the type both meet in; on text without what the collation ignores anyway.
 BoundPtr MakeComparison(BinaryOperator op, BoundPtr left, BoundPtr right, Position at);

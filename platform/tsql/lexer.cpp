@@ -205,8 +205,10 @@ size_t Lexer::FindClosing(size_t open, char closing) {
 void Lexer::LexText(size_t quote) {
   const size_t end = FindClosing(quote, '\'');
   const std::string_view inside = text_.substr(quote + 1, end - quote - 1);
-  AddToShape("?t");
+  const bool national = quote > offset_;
+  AddToShape(national ? "?n" : "?t");
   AddLiteral(TokenKind::kText, inside, MakeSingle(inside, '\''));
+  batch_.literals.back().national = national;
   offset_ = end + 1;
 }
 

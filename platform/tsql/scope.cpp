@@ -38,7 +38,9 @@ BoundPtr VisibleSource::Column(int index, Position at) const {
   const BoundItem& item = query->selects.front().items[place];
   double limit = 0;
   for (const BoundSelect& select : query->selects) limit = std::max(limit, select.items[place].value->limit);
-  return MakeValue(at, item.value->type, limit, BoundColumn{id, index, item.name, false});
+  // A column of nothing but NULL is an INT.
+  const Type type = item.value->type.IsNull() ? Type::Int() : item.value->type;
+  return MakeValue(at, type, limit, BoundColumn{id, index, item.name, false});
 }
 
 void Scope::Add(VisibleSource source, Position at) {
@@ -55,6 +57,10 @@ const VisibleSource* Scope::FindSource(std::string_view name) const {
   for (const VisibleSource& source : sources)
     if (SameName(source.exposed_name, name)) return &source;
   return nullptr;
+}
+
+bool Scope::Owns(int source) const {
+  return std::ranges::find(sources, source, &VisibleSource::id) != sources.end();
 }
 
 BoundPtr Scope::Resolve(const ColumnName& name, Position at) const {

@@ -7,6 +7,8 @@
 
 namespace tarvoni::tsql {
 
+class ExpressionBinder;
+
 // A table, or a query in place of one, under the name by which its columns are called.
 struct VisibleSource {
   int id = 0;
@@ -24,11 +26,14 @@ struct VisibleSource {
 struct Scope {
   const Scope* outer = nullptr;
   std::vector<VisibleSource> sources;
+  // Who binds the query inside a clause of this SELECT for which this is the outer scope.
+  mutable ExpressionBinder* asking = nullptr;
 
   void Add(VisibleSource source, Position at);
   // Throws Error 207, 209 or 4104.
   BoundPtr Resolve(const ColumnName& name, Position at) const;
   const VisibleSource* FindSource(std::string_view name) const;
+  bool Owns(int source) const;
 };
 
 }  // namespace tarvoni::tsql

@@ -27,9 +27,17 @@ constexpr Type kDecimal{TypeKind::kDecimal, kDefaultPrecision, 0, 0};
 constexpr Type kMoney{TypeKind::kMoney, 19, Type::kMoneyScale, 0};
 constexpr Type kFloat{TypeKind::kFloat, 53, 0, 0};
 constexpr Type kDateTime{TypeKind::kDateTime, 23, 3, 0};
-constexpr Type kChar{TypeKind::kChar, 0, 0, 1};
-constexpr Type kVarChar{TypeKind::kVarChar, 0, 0, 1};
-constexpr Type kLongText{TypeKind::kVarChar, 0, 0, Type::kMaxLength};
+constexpr Type kReal{TypeKind::kFloat, Type::kRealPrecision, 0, 0};
+constexpr Type kDate{TypeKind::kDateTime, Type::kDayPrecision, 0, 0};
+constexpr Type kSmallDateTime{TypeKind::kDateTime, Type::kMinutesPrecision, 0, 0};
+constexpr Type kNChar{TypeKind::kChar, 0, 0, 1};
+constexpr Type kNVarChar{TypeKind::kVarChar, 0, 0, 1};
+constexpr Type kNText{TypeKind::kVarChar, 0, 0, Type::kMaxLength};
+
+constexpr Type Ansi(Type text) {
+  text.ansi = true;
+  return text;
+}
 
 constexpr NamedType kTypes[] = {
     {"INT", kInt},
@@ -44,18 +52,18 @@ constexpr NamedType kTypes[] = {
     {"MONEY", kMoney},
     {"SMALLMONEY", kMoney},
     {"FLOAT", kFloat, Numbers::kDigits},
-    {"REAL", kFloat},
+    {"REAL", kReal},
     {"DOUBLE PRECISION", kFloat},
     {"DATETIME", kDateTime},
-    {"SMALLDATETIME", kDateTime},
-    {"DATE", kDateTime},
+    {"SMALLDATETIME", kSmallDateTime},
+    {"DATE", kDate},
     {"DATETIME2", kDateTime, Numbers::kDigits},
-    {"CHAR", kChar, Numbers::kLength},
-    {"NCHAR", kChar, Numbers::kLength},
-    {"VARCHAR", kVarChar, Numbers::kLengthOrMax},
-    {"NVARCHAR", kVarChar, Numbers::kLengthOrMax},
-    {"TEXT", kLongText},
-    {"NTEXT", kLongText},
+    {"CHAR", Ansi(kNChar), Numbers::kLength},
+    {"NCHAR", kNChar, Numbers::kLength},
+    {"VARCHAR", Ansi(kNVarChar), Numbers::kLengthOrMax},
+    {"NVARCHAR", kNVarChar, Numbers::kLengthOrMax},
+    {"TEXT", Ansi(kNText)},
+    {"NTEXT", kNText},
 };
 
 std::optional<Type> WithPrecision(Type type, int precision, int scale) {
@@ -113,13 +121,16 @@ std::string ToSql(const Type& type) {
     case TypeKind::kMoney:
       return "MONEY";
     case TypeKind::kFloat:
-      return "FLOAT";
+      return type.IsReal() ? "REAL" : "FLOAT";
     case TypeKind::kDateTime:
-      return "DATETIME";
+      if (type.IsDay()) return "DATE";
+      return type == kSmallDateTime ? "SMALLDATETIME" : "DATETIME";
     case TypeKind::kChar:
-      return numbered("CHAR", type.length);
-    case TypeKind::kVarChar:
-      return type.length > kLongestDeclared ? "NVARCHAR(MAX)" : numbered("NVARCHAR", type.length);
+      return numbered(type.ansi ? "CHAR" : "NCHAR", type.length);
+    case TypeKind::kVarChar: {
+      const std::string name = type.ansi ? "VARCHAR" : "NVARCHAR";
+      return type.length > kLongestDeclared ? name + "(MAX)" : numbered(name, type.length);
+    }
   }
   return {};
 }
@@ -154,6 +165,15 @@ std::string_view NameOf(TypeKind kind) {
   return {};
 }
 
+std::string NameOf(const Type& type) {
+  if (!type.IsText() && !type.IsDate() && type.kind != TypeKind::kFloat)
+    return std::string(NameOf(type.kind));
+  std::string name = ToSql(type);
+  name.resize(std::min(name.find('('), name.size()));
+  for (char& c : name) c = static_cast<char>(c | 0x20);
+  return name;
+}
+
 std::optional<Type> TypeFromName(std::string_view name, int first, int second) {
   const auto found = std::ranges::find_if(kTypes, [&](const NamedType& t) { return SameName(t.name, name); });
   if (found == std::end(kTypes)) return std::nullopt;
@@ -163,7 +183,8 @@ std::optional<Type> TypeFromName(std::string_view name, int first, int second) {
     case Numbers::kNone:
       return std::nullopt;
     case Numbers::kDigits:
-      return first <= found->type.precision ? std::optional(found->type) : std::nullopt;
+      if (first > found->type.precision) return std::nullopt;
+      return found->type == kFloat && first <= Type::kRealPrecision ? kReal : found->type;
     case Numbers::kPrecisionAndScale:
       return WithPrecision(found->type, first, second);
     case Numbers::kLength:

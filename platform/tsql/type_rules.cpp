@@ -49,9 +49,10 @@ Type FitProduct(int precision, int scale) {
   return Type::Decimal(precision, scale);
 }
 
-Type FitSum(int whole, int scale) {
-  if (whole + scale > Type::kMaxPrecision) scale = std::max(0, Type::kMaxPrecision - whole);
-  return Type::Decimal(std::min(whole + scale, Type::kMaxPrecision), scale);
+// Sums give up places beyond 38 digits; the digit that they may carry takes none away.
+Type FitSum(int whole, int scale, int carry) {
+  if (whole + carry + scale > Type::kMaxPrecision) scale = std::min(scale, Type::kMaxPrecision - whole);
+  return Type::Decimal(std::min(whole + carry + scale, Type::kMaxPrecision), scale);
 }
 
 Type DecimalArithmetic(BinaryOperator op, const Type& a, const Type& b) {
@@ -64,12 +65,16 @@ Type DecimalArithmetic(BinaryOperator op, const Type& a, const Type& b) {
       return FitProduct(a.precision - a.scale + b.scale + scale, scale);
     }
     default:
-      return FitSum(whole + 1, std::max(a.scale, b.scale));
+      return FitSum(whole, std::max(a.scale, b.scale), 1);
   }
 }
 
 Type CommonDecimal(const Type& a, const Type& b) {
-  return FitSum(std::max(a.precision - a.scale, b.precision - b.scale), std::max(a.scale, b.scale));
+  return FitSum(std::max(a.precision - a.scale, b.precision - b.scale), std::max(a.scale, b.scale), 0);
+}
+
+Type TextOf(bool fixed, int length, bool ansi) {
+  return {fixed ? TypeKind::kChar : TypeKind::kVarChar, 0, 0, length, ansi};
 }
 
 }  // namespace
@@ -99,11 +104,16 @@ Type CommonType(const Type& a, const Type& b) {
   if (low.IsNull()) return high;
   if (high.kind == TypeKind::kDecimal && low.IsExact()) return CommonDecimal(AsDecimal(a), AsDecimal(b));
   if (high.IsText() && low.IsText()) {
-    const bool fixed = a.kind == TypeKind::kChar && b.kind == TypeKind::kChar && a.length == b.length;
-    const int length = std::max(a.length, b.length);
-    return fixed ? Type::Char(length) : Type::VarChar(length);
+    const bool fixed = a.kind == TypeKind::kChar && b.kind == TypeKind::kChar;
+    return TextOf(fixed, std::max(a.length, b.length), a.ansi && b.ansi);
   }
-  return high;
+  // Of two kinds of date, or of float, the finer one.
+  return high.kind == low.kind && low.precision > high.precision ? low : high;
+}
+
+Type ConcatenationType(const Type& a, const Type& b) {
+  const bool fixed = a.kind == TypeKind::kChar && b.kind == TypeKind::kChar;
+  return TextOf(fixed, std::min(a.length + b.length, Type::kMaxLength), a.ansi && b.ansi);
 }
 
 Type ArithmeticType(BinaryOperator op, const Type& a, const Type& b) {
@@ -116,7 +126,7 @@ Type ArithmeticType(BinaryOperator op, const Type& a, const Type& b) {
 Type SumType(const Type& argument) {
   if (argument.kind == TypeKind::kDecimal) return Type::Decimal(Type::kMaxPrecision, argument.scale);
   if (argument.IsInteger() && argument.kind != TypeKind::kBigInt) return Type::Int();
-  return argument;
+  return argument.IsReal() ? Type::Float() : argument;
 }
 
 Type AverageType(const Type& argument) {

@@ -10,6 +10,9 @@ namespace tarvoni::tsql {
 // The type two values meet in (CASE, UNION, comparison): the one of higher precedence, wide enough for both.
 Type CommonType(const Type& a, const Type& b);
 
+// The result of `a + b` on texts.
+Type ConcatenationType(const Type& a, const Type& b);
+
 // The result of `a op b` on numbers; both are numeric or NULL.
 Type ArithmeticType(BinaryOperator op, const Type& a, const Type& b);
 

@@ -6,10 +6,21 @@
 namespace tarvoni::tsql {
 namespace {
 
+// Whether unlike values stay unlike. Many texts are the same number.
+bool KeepsApart(const Type& from, const Type& to) {
+  const bool exact = from.IsExact() && to.IsExact() && to.kind != TypeKind::kBit;
+  const bool counted = from.IsInteger() && from.kind != TypeKind::kBigInt && to == Type::Float();
+  return counted || (exact && from.scale <= to.scale) || (from.IsText() && to.IsText()) ||
+         (from.IsDate() && to == Type::DateTime());
+}
+
 // The column of `source` that the expression is, apart from silent conversions; -1 if it is none.
 int ColumnOf(const BoundExpression& expression, int source) {
   const BoundExpression* inner = &expression;
-  while (const auto* convert = inner->As<BoundConvert>()) inner = convert->operand.get();
+  while (const auto* convert = inner->As<BoundConvert>()) {
+    if (!KeepsApart(convert->operand->type, inner->type)) return -1;
+    inner = convert->operand.get();
+  }
   const auto* column = inner->As<BoundColumn>();
   return column && column->source == source ? column->index : -1;
 }

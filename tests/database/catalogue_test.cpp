@@ -28,7 +28,7 @@ TEST_F(CatalogueTest, ReadsBackWhatWasDeclared) {
   std::string types;
   for (const auto& column : table.columns) types += ToSql(column.type) + " ";
   EXPECT_EQ(types,
-            "INT SMALLINT CHAR(4) NVARCHAR(30) NVARCHAR(MAX) DECIMAL(9,4) MONEY FLOAT DATETIME BIT TINYINT "
+            "INT SMALLINT NCHAR(4) NVARCHAR(30) NVARCHAR(MAX) DECIMAL(9,4) MONEY FLOAT DATETIME BIT TINYINT "
             "BIGINT ");
   EXPECT_EQ(table.IdentityColumn(), 0);
   EXPECT_EQ(table.columns[0].seed, 5);

@@ -401,5 +401,22 @@ TEST_F(ConnectionTest, NoticesTablesThatAnotherProgramChanges) {
   EXPECT_EQ(ErrorNumber([&] { connection->Open("SELECT A FROM NEU"); }), 208);
 }
 
+// SQLite prepares a known statement again by itself, and would read the new column in the old way.
+TEST_F(ConnectionTest, AKnownPlanServesNoOtherTables) {
+  const auto connection = Create();
+  connection->Execute("CREATE TABLE ORT (N DECIMAL(9,2)) INSERT INTO ORT (N) VALUES (250)");
+  OtherProgram other(path_);
+  bool more_places = false;
+  for (const std::string query : {"SELECT N*1 AS A FROM ORT", "SELECT COUNT(*) AS A FROM ORT WHERE N < 300",
+                                  "IF (SELECT SUM(N) FROM ORT) = 250 SELECT 1 AS A ELSE SELECT 2 AS A"}) {
+    const std::string before = Rows(*connection, query);
+    more_places = !more_places;
+    const std::string table = more_places ? "(N DECIMAL(9,4)); INSERT INTO ORT VALUES (2500000)"
+                                          : "(N DECIMAL(9,2)); INSERT INTO ORT VALUES (25000)";
+    ASSERT_EQ(other.Run("DROP TABLE ORT; CREATE TABLE ORT " + table), SQLITE_OK);
+    EXPECT_EQ(Rows(*connection, query), before) << query;
+  }
+}
+
 }  // namespace
 }  // namespace tarvoni::sqlite

@@ -92,8 +92,8 @@ TEST_F(ExactnessTest, NoLineDiffersByACent) {
   sqlite3_stmt* statement = nullptr;
   sqlite3_prepare_v2(
       work->database.Raw(),
-      "SELECT ts_round(hours*rate,6,2)/10000,ts_exact_mul(hours,rate,4),"
-      "ts_round(ts_exact_div(ts_exact_mul(amount,percent,0),100,2),6,2)/10000 FROM work ORDER BY rowid",
+      "SELECT ts_round(hours*rate,6,2,38)/10000,ts_exact_mul(hours,rate,4),"
+      "ts_round(ts_exact_div(ts_exact_mul(amount,percent,0),100,2),6,2,38)/10000 FROM work ORDER BY rowid",
       -1, &statement, nullptr);
   int halves = 0;
   for (const Line& line : work->lines) {
@@ -122,8 +122,8 @@ TEST_F(ExactnessTest, SumsAreExact) {
     return row;
   };
   EXPECT_EQ(work->database.Ask(
-                "SELECT SUM(ts_round(hours*rate,6,2))/10000,ts_exact_sum(ts_exact_mul(amount,percent,4)),"
-                "SUM(hours*rate),ts_exact_sum(hours*rate),SUM(amount),ts_round(SUM(hours*rate),6,2)/10000 "
+                "SELECT SUM(ts_round(hours*rate,6,2,38))/10000,ts_exact_sum(ts_exact_mul(amount,percent,4)),"
+                "SUM(hours*rate),ts_exact_sum(hours*rate),SUM(amount),ts_round(SUM(hours*rate),6,2,38)/10000 "
                 "FROM work"),
             texts({wages, shares, products, products, amounts, HalfAwayFromZero(products, 10'000)}));
 }

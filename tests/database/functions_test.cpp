@@ -161,10 +161,10 @@ TEST(FunctionsTest, WideValuesStayExact) {
   Check(database,
         {
             {"ts_exact_add(9223372036854775807,9223372036854775807)", "wide 18446744073709551614"},
-            {"ts_exact_sub(ts_exact_add(9223372036854775807,1),1)", "9223372036854775807"},
-            {"ts_exact_sub(-9223372036854775807,2)", "wide -9223372036854775809"},
+            {"ts_exact_add(ts_exact_add(9223372036854775807,1),-1)", "9223372036854775807"},
+            {"ts_exact_add(-9223372036854775807,-1,-1)", "wide -9223372036854775809"},
             {"ts_exact_add(" + most + ",1)", "error 8115"},
-            {"ts_exact_sub(ts_exact_neg(" + most + "),1)", "error 8115"},
+            {"ts_exact_add(ts_exact_neg(" + most + "),-1)", "error 8115"},
             {"ts_exact_mul(" + most + "," + most + ",38)", "wide 99999999999999999999999999999999999998"},
             {"ts_exact_mul(" + most + "," + most + ",76)", "1"},
             {"ts_exact_mul(5,-1,1)", "-1"},
@@ -174,22 +174,22 @@ TEST(FunctionsTest, WideValuesStayExact) {
             {"ts_exact_cmp(1250,2,125,1)", "0"},
             {"ts_exact_cmp(1,0,-" + most + ",0)", "1"},
             {"ts_exact_add(x'00',1)", "error 50005"},
-            {"ts_round(" + most + ",0,-1)", "error 8115"},
+            {"ts_round(" + most + ",0,-1,38)", "error 8115"},
         });
 }
 
 TEST(FunctionsTest, RoundsHalfAwayFromZero) {
   FunctionDatabase database;
   Check(database, {
-                      {"ts_round(1005,3,2)", "1010"},
-                      {"ts_round(-1005,3,2)", "-1010"},
-                      {"ts_round(1004,3,2)", "1000"},
-                      {"ts_round(1250,0,-2)", "1300"},
-                      {"ts_round(4495,1,-2)", "4000"},
-                      {"ts_round(7,0,2)", "7"},
-                      {"ts_round(1005,3,-9223372036854775807)", "0"},
-                      {"ts_round(1005,3,9223372036854775807)", "1005"},
-                      {"ts_round(1005,3,NULL)", "NULL"},
+                      {"ts_round(1005,3,2,38)", "1010"},
+                      {"ts_round(-1005,3,2,38)", "-1010"},
+                      {"ts_round(1004,3,2,38)", "1000"},
+                      {"ts_round(1250,0,-2,38)", "1300"},
+                      {"ts_round(4495,1,-2,38)", "4000"},
+                      {"ts_round(7,0,2,38)", "7"},
+                      {"ts_round(1005,3,-9223372036854775807,38)", "0"},
+                      {"ts_round(1005,3,9223372036854775807,38)", "1005"},
+                      {"ts_round(1005,3,NULL,38)", "NULL"},
                       {"ts_round_float(0.125,2)", "1.3e-1"},
                       {"ts_round_float(-2.5,0)", "-3e0"},
                       {"ts_round_float(1250,-2)", "1.3e3"},
@@ -228,11 +228,13 @@ TEST(FunctionsTest, ExactArithmeticAgreesWithSchoolArithmetic) {
     const BigNumber x = BigNumber::Of(a), y = BigNumber::Of(b);
     const std::string pair = literal(a) + "," + literal(b);
     ASSERT_EQ(database.Value("ts_exact_add(" + pair + ")"), limited(x + y)) << pair;
-    ASSERT_EQ(database.Value("ts_exact_sub(" + pair + ")"), limited(x + y.Negated())) << pair;
+    ASSERT_EQ(database.Value("ts_exact_add(" + literal(a) + ",ts_exact_neg(" + literal(b) + "))"),
+              limited(x + y.Negated()))
+        << pair;
     ASSERT_EQ(database.Value("ts_exact_mul(" + pair + "," + std::to_string(drop) + ")"),
               limited((x * y).Rounded(drop)))
         << pair << drop;
-    ASSERT_EQ(database.Value("ts_round(" + literal(a) + "," + std::to_string(scale) + ",2)"),
+    ASSERT_EQ(database.Value("ts_round(" + literal(a) + "," + std::to_string(scale) + ",2,38)"),
               limited(scale <= 2 ? x : x.Rounded(scale - 2).Shifted(scale - 2)))
         << a << ' ' << scale;
   }
@@ -287,8 +289,8 @@ TEST(FunctionsTest, KeysSortAsTheirValues) {
               "1")
         << a << b;
   }
-  EXPECT_EQ(database.Value("ts_exact_key(5)=ts_exact_key(ts_exact_sub(ts_exact_add(9223372036854775807,5),"
-                           "9223372036854775807))"),
+  EXPECT_EQ(database.Value("ts_exact_key(5)=ts_exact_key(ts_exact_add(9223372036854775807,5,"
+                           "-9223372036854775807))"),
             "1");
   EXPECT_EQ(database.Value("ts_exact_key(NULL)"), "NULL");
 }
@@ -467,7 +469,8 @@ TEST(FunctionsTest, AllThatIsPromisedIsThere) {
   std::set<std::string> promised;
   for (std::sregex_iterator it(header.begin(), header.end(), call), end; it != end; ++it) {
     const std::string arguments = (*it)[2];
-    const auto count = std::count(arguments.begin(), arguments.end(), ',') + 1;
+    const bool any = arguments.ends_with("…");
+    const auto count = any ? -1 : std::count(arguments.begin(), arguments.end(), ',') + 1;
     promised.insert((*it)[1]);
     const std::string row =
         database.Ask("SELECT narg FROM pragma_function_list WHERE name='" + (*it)[1].str() + "'");

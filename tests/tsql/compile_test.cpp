@@ -167,9 +167,10 @@ TEST_F(CompileTest, WhatAServerRefuses) {
   EXPECT_EQ(ErrorOf("SELECT A.ID FROM POSTEN A,POSTEN A"), kExposedNames);
   EXPECT_EQ(ErrorOf("SELECT NAME FROM POSTEN A,POSTEN B"), kAmbiguousColumn);
   EXPECT_EQ(ErrorOf("SELECT NAME,COUNT(*) FROM POSTEN GROUP BY TAG"), kNotGrouped);
-  EXPECT_EQ(ErrorOf("SELECT SUM(COUNT(*)) FROM POSTEN"), kAggregateInWhere);
+  EXPECT_EQ(ErrorOf("SELECT SUM(COUNT(*)) FROM POSTEN"), kAggregateInAggregate);
   EXPECT_EQ(ErrorOf("SELECT NAME-TAG FROM POSTEN"), kUnsupported);
-  EXPECT_EQ(ErrorOf("SELECT NAME*'2' FROM POSTEN"), kOperandType);
+  EXPECT_EQ(ErrorOf("SELECT NAME*N'2' FROM POSTEN"), kOperandType);
+  EXPECT_EQ(ErrorOf("SELECT NAME*'2' FROM POSTEN"), kIncompatibleTypes);
 }
 
 }  // namespace

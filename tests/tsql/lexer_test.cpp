@@ -100,7 +100,8 @@ TEST(Lexer, ShapesLeaveOutValuesAndLayout) {
   EXPECT_EQ(Shape("select Id,[x y] from T where A='b' AND c in (1,2.50,1e3)"),
             "SELECT Id , [x y] FROM T WHERE A = ?t AND c IN ( ?i , ?d(3,2) , ?f )");
   EXPECT_EQ(Shape("SELECT  1 -- one\n"), Shape("select/**/2"));
-  EXPECT_EQ(Shape("SELECT N'a',n'b'"), Shape("SELECT 'it''s',''"));
+  EXPECT_EQ(Shape("SELECT 'a',n'b'"), Shape("SELECT 'it''s',N''"));
+  EXPECT_NE(Shape("SELECT 'a'"), Shape("SELECT N'a'"));
   EXPECT_NE(Shape("SELECT 1"), Shape("SELECT 2147483648"));
   EXPECT_NE(Shape("SELECT 1.5"), Shape("SELECT 1.50"));
   EXPECT_NE(Shape("SELECT a AS Nr"), Shape("SELECT a AS NR"));

@@ -13,6 +13,11 @@ struct Declared {
   std::string_view canonical;
 };
 
+Type Ansi(Type text) {
+  text.ansi = true;
+  return text;
+}
+
 TEST(Type, ReadsWhatIsDeclaredAndWritesItInOneSpelling) {
   const Declared kTable[] = {
       {"int", Type::Int(), "INT"},
@@ -25,17 +30,19 @@ TEST(Type, ReadsWhatIsDeclaredAndWritesItInOneSpelling) {
       {"NUMERIC(9)", Type::Decimal(9, 0), "DECIMAL(9,0)"},
       {" dec ( 38 , 38 ) ", Type::Decimal(38, 38), "DECIMAL(38,38)"},
       {"SMALLMONEY", Type::Money(), "MONEY"},
-      {"REAL", Type::Float(), "FLOAT"},
-      {"FLOAT(24)", Type::Float(), "FLOAT"},
+      {"REAL", Type::Real(), "REAL"},
+      {"FLOAT(24)", Type::Real(), "REAL"},
+      {"FLOAT(25)", Type::Float(), "FLOAT"},
       {"DOUBLE PRECISION", Type::Float(), "FLOAT"},
-      {"SMALLDATETIME", Type::DateTime(), "DATETIME"},
-      {"DATE", Type::DateTime(), "DATETIME"},
+      {"SMALLDATETIME", Type::SmallDateTime(), "SMALLDATETIME"},
+      {"DATE", Type::Date(), "DATE"},
       {"DATETIME2(7)", Type::DateTime(), "DATETIME"},
-      {"NCHAR", Type::Char(1), "CHAR(1)"},
-      {"CHAR(8000)", Type::Char(8000), "CHAR(8000)"},
-      {"VARCHAR", Type::VarChar(1), "NVARCHAR(1)"},
+      {"NCHAR", Type::Char(1), "NCHAR(1)"},
+      {"CHAR(8000)", Ansi(Type::Char(8000)), "CHAR(8000)"},
+      {"VARCHAR", Ansi(Type::VarChar(1)), "VARCHAR(1)"},
       {"nvarchar(20)", Type::VarChar(20), "NVARCHAR(20)"},
       {"NVARCHAR(max)", Type::VarChar(Type::kMaxLength), "NVARCHAR(MAX)"},
+      {"TEXT", Ansi(Type::VarChar(Type::kMaxLength)), "VARCHAR(MAX)"},
       {"NTEXT", Type::VarChar(Type::kMaxLength), "NVARCHAR(MAX)"},
   };
   for (const auto& [written, type, canonical] : kTable) {

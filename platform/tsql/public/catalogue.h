@@ -25,10 +25,15 @@ struct TableDefinition {
   std::vector<ColumnDefinition> columns;
   // Sets of columns (by index) of which a row has a combination of its own; the primary key, if any, first.
   std::vector<std::vector<int>> unique_keys;
+  bool has_other_keys = false;  // there are unique keys that are not told here
 
   int Find(std::string_view column) const;  // index without regard to case, -1 if there is none
   int IdentityColumn() const;               // index, -1 if there is none
 };
+
+// Keys of columns that may be NULL are indexes in the file, with a name made for them: "TABLE.UQ1".
+inline constexpr const char* kConstraintIndex = "UQ";
+bool IsConstraintIndex(std::string_view name);
 
 // Where the binder looks up tables. Names compare without regard to case.
 class Catalogue {

@@ -35,6 +35,7 @@ struct LiteralToken {
   TokenKind kind = TokenKind::kInteger;
   std::string text;  // digits as written, or the text with doubled quotes made one
   Position at;
+  bool national = false;  // N'…'
 };
 
 // The words of one batch. Tokens point into the text that was lexed, which must outlive them, and into `unescaped`.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -17,15 +18,18 @@ struct Parameter {
   enum class Source {
     kLiteral,  // a literal of the batch, converted to `type`
     kNow,      // GETDATE(), the same moment for the whole statement
+    kOuter,    // an argument of the ts_part that asks for this part
   };
   Source source = Source::kLiteral;
-  int literal = -1;  // LexedBatch::literals
+  int literal = -1;  // LexedBatch::literals; of kOuter the place among the arguments
   Type type;
 };
 
 struct Sql {
   std::string text;
   std::vector<Parameter> parameters;
+  // Queries of one value each that ts_part(n, …) asks for: what lies too deep for SQLite's parser.
+  std::vector<Sql> parts = {};
 };
 
 struct ResultColumn {
@@ -39,10 +43,19 @@ struct QueryStep {
   std::vector<ResultColumn> columns;
 };
 
+// Rows taken out and put back with new values: how an UPDATE may exchange the values of a unique key, which SQLite
+// itself tests after each row.
+struct RowRewrite {
+  Sql rows;            // of each row its number and its columns as they shall be
+  std::string erase;   // the row of a number
+  std::string insert;  // a row of a number and its columns
+};
+
 // Changes rows and reports how many.
 struct WriteStep {
   Sql sql;
   std::string table;
+  std::optional<RowRewrite> rewrite = {};  // to be tried when `sql` meets a duplicate
 };
 
 // Creates a table, its indexes and the note of its identity column. A temporary table has a name of its own

@@ -25,6 +25,9 @@ enum class TypeKind {
 // their last place (12.35 as MONEY is 123500), floats are REAL, texts are TEXT, dates are ISO text.
 struct Type {
   static constexpr int kMaxPrecision = 38;
+  static constexpr int kRealPrecision = 24;     // bits of a REAL; a FLOAT has 53
+  static constexpr int kDayPrecision = 10;      // characters of a DATE, which has no time
+  static constexpr int kMinutesPrecision = 16;  // of a SMALLDATETIME
   static constexpr int kMoneyScale = 4;
   static constexpr int kMaxLength = 1'000'000'000;  // of NVARCHAR(MAX) and of texts of unknown length
 
@@ -32,13 +35,17 @@ struct Type {
   int precision = 0;  // of a decimal
   int scale = 0;      // of a decimal; 4 of money
   int length = 0;     // of a text, in characters
+  bool ansi = false;  // a text of CHAR or VARCHAR, not of NCHAR or NVARCHAR
 
   static Type Int() { return {TypeKind::kInt, 10, 0, 0}; }
   static Type Bit() { return {TypeKind::kBit, 1, 0, 0}; }
   static Type BigInt() { return {TypeKind::kBigInt, 19, 0, 0}; }
   static Type Float() { return {TypeKind::kFloat, 53, 0, 0}; }
+  static Type Real() { return {TypeKind::kFloat, kRealPrecision, 0, 0}; }
   static Type Money() { return {TypeKind::kMoney, 19, kMoneyScale, 0}; }
   static Type DateTime() { return {TypeKind::kDateTime, 23, 3, 0}; }
+  static Type Date() { return {TypeKind::kDateTime, kDayPrecision, 0, 0}; }
+  static Type SmallDateTime() { return {TypeKind::kDateTime, kMinutesPrecision, 0, 0}; }
   static Type Decimal(int precision, int scale) { return {TypeKind::kDecimal, precision, scale, 0}; }
   static Type VarChar(int length) { return {TypeKind::kVarChar, 0, 0, length}; }
   static Type Char(int length) { return {TypeKind::kChar, 0, 0, length}; }
@@ -51,6 +58,8 @@ struct Type {
   bool IsNumeric() const { return IsExact() || kind == TypeKind::kFloat; }
   bool IsText() const { return kind == TypeKind::kChar || kind == TypeKind::kVarChar; }
   bool IsDate() const { return kind == TypeKind::kDateTime; }
+  bool IsDay() const { return IsDate() && precision == kDayPrecision; }
+  bool IsReal() const { return kind == TypeKind::kFloat && precision == kRealPrecision; }
   bool IsNull() const { return kind == TypeKind::kNull; }
 
   friend bool operator==(const Type&, const Type&) = default;
@@ -60,6 +69,8 @@ struct Type {
 std::string ToSql(const Type& type);
 // For messages: "int", "numeric", "money", "nvarchar", "datetime".
 std::string_view NameOf(TypeKind kind);
+// The same, by the declared name: "varchar", "smalldatetime".
+std::string NameOf(const Type& type);
 // Reads a declared type (also INTEGER, NUMERIC, NCHAR, TEXT, REAL, SMALLDATETIME …); nothing if it is none.
 std::optional<Type> ParseType(std::string_view declared);
 // The type of a name and its bracketed numbers: -1 where there is none, kMaxLength for MAX. Nothing if there is
