@@ -92,12 +92,6 @@ bool IsWide(sqlite3_stmt* statement, int column) {
          sqlite3_column_bytes(statement, column) == static_cast<int>(WideExact().size());
 }
 
-double FloatOf(sqlite3_stmt* statement, int column) {
-  const double value = sqlite3_column_double(statement, column);
-  if (!std::isfinite(value)) RaiseOverflow(TypeKind::kFloat);
-  return value;
-}
-
 std::string_view TextOf(sqlite3_stmt* statement, int column) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
   return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
@@ -127,7 +121,7 @@ Value FloatOf(sqlite3_stmt* statement, int column) {
   const int found = sqlite3_column_type(statement, column);
   const double number = sqlite3_column_double(statement, column);
   if ((found == SQLITE_FLOAT || found == SQLITE_INTEGER) && std::isfinite(number)) return number;
-  return std::string(kDamagedMark) + ShownCell(statement, column);
+  return Damaged(statement, column, TypeKind::kFloat);
 }
 
 Value DateOf(sqlite3_stmt* statement, int column) {

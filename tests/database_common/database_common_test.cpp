@@ -136,21 +136,6 @@ TEST_P(DatabaseCommon, WhatAHandlerWroteIsThereForTheOthersWhenItEnds) {
   EXPECT_EQ(dbtest::Rows(*second, "SELECT ID FROM PROBE"), "3");
 }
 
-TEST_P(DatabaseCommon, AllResultsOfABatchComeInOrderAlsoBeforeItsError) {
-  MakeProbe();
-  std::vector<std::string> results;
-  const auto take = [&results](const BatchPart& part) {
-    results.push_back(part.rows.IsOpen() ? ToDisplayText(part.rows.Fields()[0].Value()) + " row"
-                                         : std::to_string(part.affected) + " changed");
-  };
-  connection_->OpenAll("SELECT 7; UPDATE PROBE SET NAME = 'x' WHERE ID < 3; SELECT 8;", take);
-  EXPECT_THAT(results, ElementsAre("7 row", "2 changed", "8 row"));
-  results.clear();
-  EXPECT_NE(ErrorNumber([&] { connection_->OpenAll("SELECT 9; INSERT INTO PROBE (ID) VALUES (1);", take); }),
-            0);
-  EXPECT_THAT(results, ElementsAre("9 row"));
-}
-
 TEST_P(DatabaseCommon, TheTraceHearsEveryStatement) {
   struct Heard {
     std::string statement;

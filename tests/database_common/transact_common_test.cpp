@@ -56,5 +56,20 @@ TEST_P(TransactCommon, ANewRowTellsItsKey) {
   EXPECT_EQ(Rows(kInsert), "2");
 }
 
+TEST_P(TransactCommon, AllResultsOfABatchComeInOrderAlsoBeforeItsError) {
+  MakeProbe();
+  std::vector<std::string> results;
+  const auto take = [&results](const BatchPart& part) {
+    results.push_back(part.rows.IsOpen() ? ToDisplayText(part.rows.Fields()[0].Value()) + " row"
+                                         : std::to_string(part.affected) + " changed");
+  };
+  connection_->OpenAll("SELECT 7; UPDATE PROBE SET NAME = 'x' WHERE ID < 3; SELECT 8;", take);
+  EXPECT_THAT(results, testing::ElementsAre("7 row", "2 changed", "8 row"));
+  results.clear();
+  EXPECT_NE(ErrorNumber([&] { connection_->OpenAll("SELECT 9; INSERT INTO PROBE (ID) VALUES (1);", take); }),
+            0);
+  EXPECT_THAT(results, testing::ElementsAre("9 row"));
+}
+
 }  // namespace
 }  // namespace tarvoni::dbtest

@@ -143,8 +143,8 @@ TEST_F(Actions, PressedButtonIsKnownInsideTheClick) {
 TEST_F(Actions, KeysPassTheFilterBeforeTheTextChanges) {
   UserActions& user = Open();
   std::vector<std::string> changes;
-  form.txtA.KeyPress = [](int& key) { key = key == '.' ? 0 : key == 'a' ? 'A' : key; };
-  form.txtA.Change = [&] { changes.push_back(form.txtA.Text()); };
+  Replace(form.txtA.KeyPress, [](int& key) { key = key == '.' ? 0 : key == 'a' ? 'A' : key; });
+  Replace(form.txtA.Change, [&] { changes.push_back(form.txtA.Text()); });
   user.Type("a.ü");
   EXPECT_EQ(form.txtA.Text(), "Aü");
   EXPECT_THAT(changes, ElementsAre("A", "Aü"));
@@ -185,7 +185,7 @@ TEST_F(Actions, LockedAndFullBoxesTakeNothing) {
 
 TEST_F(Actions, PasteIsAllOrNothing) {
   UserActions& user = Open();
-  form.txtA.KeyPress = [](int& key) { key = key >= '0' && key <= '9' ? key : 0; };
+  Replace(form.txtA.KeyPress, [](int& key) { key = key >= '0' && key <= '9' ? key : 0; });
   form.txtA.SetText("5");
   form.txtA.SelectAll();
   EXPECT_FALSE(user.Paste("8.765"));
@@ -203,7 +203,7 @@ TEST_F(Actions, PasteKeepsTabsAndLineBreaksApart) {
     EXPECT_TRUE(user.Paste(text));
     return box.Text();
   };
-  form.txtA.KeyPress = [](int& key) { EXPECT_NE(key, kKeyEnter); };
+  Replace(form.txtA.KeyPress, [](int& key) { EXPECT_NE(key, kKeyEnter); });
   EXPECT_EQ(pasted(form.txtA, "4300\r\n\n"), "4300") << "a copied cell ends in a line break";
   EXPECT_EQ(pasted(form.txtA, "43\t00\r\n4\n5\r6"), "43 00 4 5 6");
   form.txtB.SetMultiLine(true);
@@ -213,9 +213,9 @@ TEST_F(Actions, PasteKeepsTabsAndLineBreaksApart) {
 // Digits and the German separator.
 void AdmitNumbers(TextBox& box, Entry entry) {
   box.SetTakes(entry);
-  box.KeyPress = [](int& key) {
+  Replace(box.KeyPress, [](int& key) {
     if (key >= ' ' && key != ',' && (key < '0' || key > '9')) key = 0;
-  };
+  });
 }
 
 TEST_F(Actions, BothPointsSeparateWhereDecimalsStand) {
@@ -245,13 +245,13 @@ TEST_F(Actions, PointsLeadFromDayToMonth) {
 
 TEST_F(Actions, OnlyWhatABoxDoesNotTakeIsRefused) {
   UserActions& user = Open();
-  form.txtA.KeyPress = [&](int& key) {
+  Replace(form.txtA.KeyPress, [&](int& key) {
     if (key == kKeyEnter || key == 'x') key = 0;
     if (key == 't') {
       key = 0;
       form.txtB.SetFocus();
     }
-  };
+  });
   user.Key(kKeyEnter);
   user.Type("t");
   EXPECT_THAT(toolkit.refusals, IsEmpty()) << "Enter was answered, t moved on";
@@ -288,11 +288,11 @@ TEST_F(Actions, PastedNumbersComeAsTheyAreOrAreToldOf) {
 TEST_F(Actions, PasteIsOneChangeAndTheFilterSeesItGrow) {
   UserActions& user = Open();
   std::vector<std::string> seen, changes;
-  form.txtA.KeyPress = [&](int& key) {
+  Replace(form.txtA.KeyPress, [&](int& key) {
     seen.push_back(form.txtA.Text());
     if (key == 'x') key = 0;
-  };
-  form.txtA.Change = [&] { changes.push_back(form.txtA.Text()); };
+  });
+  Replace(form.txtA.Change, [&] { changes.push_back(form.txtA.Text()); });
   form.txtA.SetText("aöe");
   form.txtA.Select(1, 1);
   EXPECT_TRUE(user.Paste("üb\x01"));
@@ -307,12 +307,12 @@ TEST_F(Actions, PasteIsOneChangeAndTheFilterSeesItGrow) {
 
 TEST_F(Actions, PostedTabRunsAfterTheEvent) {
   UserActions& user = Open();
-  form.txtA.KeyPress = [&](int& key) {
+  Replace(form.txtA.KeyPress, [&](int& key) {
     if (key != kKeyEnter) return;
     key = 0;
     form.PostTab();
     form.log.push_back("enter handled");
-  };
+  });
   user.Key(kKeyEnter);
   EXPECT_THAT(form.log, ElementsAre("enter handled", "validate txtA", "lost txtA", "got txtB"));
 }
@@ -320,7 +320,7 @@ TEST_F(Actions, PostedTabRunsAfterTheEvent) {
 TEST_F(Actions, LookupKeysRaiseTheCtrlCode) {
   UserActions& user = Open();
   std::vector<int> keys;
-  form.txtA.KeyDown = [&](int key, int) { keys.push_back(key); };
+  Replace(form.txtA.KeyDown, [&](int key, int) { keys.push_back(key); });
   user.Lookup();
   user.Key(kKeyCtrl, 2);
   user.Key(kKeyF4);
@@ -353,7 +353,7 @@ class Editing : public Actions {
   Editing() {
     form.btnOk.SetDoes(Command::kSave);
     form.btnAbbrechen.SetDoes(Command::kCancel);
-    form.Form_Unload = [this](bool& refused) { refused = form.btnAbbrechen.Enabled(); };
+    Replace(form.Form_Unload, [this](bool& refused) { refused = form.btnAbbrechen.Enabled(); });
     form.btnAbbrechen.SetEnabled(false);
     form.btnOk.SetEnabled(false);
   }
@@ -365,7 +365,7 @@ class Editing : public Actions {
 
 TEST_F(Editing, EscapeAsksBeforeAnythingTypedIsLost) {
   UserActions& user = Open();
-  form.btnAbbrechen.Click = [&] { Edit(false); };
+  Replace(form.btnAbbrechen.Click, [&] { Edit(false); });
   Edit(true);
   user.Key(kKeyEscape);
   EXPECT_THAT(toolkit.prompts, IsEmpty()) << "nothing was typed";
@@ -393,10 +393,10 @@ TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
   Edit(true);
   EXPECT_FALSE(user.Close());
   EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.");
-  form.btnOk.Click = [] {};
+  Replace(form.btnOk.Click, [] {});
   user.Key('S', 2);
   EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.") << "the save was refused";
-  form.btnOk.Click = [&] { Edit(false); };
+  Replace(form.btnOk.Click, [&] { Edit(false); });
   user.Key('S', 2);
   EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Auftrag 1.");
   user.Key(kKeyF1);
@@ -467,7 +467,7 @@ TEST_F(Actions, HandlersInsideANestedScreenCommitOnTheirOwn) {
 TEST_F(Actions, VetoHoldsAgainstCloseAndEscape) {
   UserActions& user = Open();
   bool editing = true;
-  form.Form_Unload = [&](bool& cancel) { cancel = editing; };
+  Replace(form.Form_Unload, [&](bool& cancel) { cancel = editing; });
   EXPECT_FALSE(user.Close());
   user.Key(kKeyEscape);
   EXPECT_TRUE(form.IsLoaded());

@@ -212,7 +212,7 @@ TEST_F(Program, AnOutputThatIsFullAndAFolderForAFileAreErrors) {
   for (const std::string& command :
        {"check " + file_.string(), "sql --csv " + file_.string() + " \"SELECT 1\"", std::string("schema"),
         std::string("--help")}) {
-    const Outcome full = RunProgram(command + " 2>&1 > /dev/full");
+    const Outcome full = RunProgram(command + " > /dev/full");
     EXPECT_EQ(full.exit_code, 1) << command;
     EXPECT_THAT(full.output, HasSubstr("lässt sich nicht schreiben")) << command;
   }
