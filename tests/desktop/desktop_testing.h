@@ -29,7 +29,7 @@ class Typist {
         } else if (key == '\n') {
           Press(Qt::Key_Return);
         } else {
-          QTest::keyClick(Window()->windowHandle(), key.toLatin1());
+          QTest::keyClick(Target(), key.toLatin1());
         }
       }
     });
@@ -58,13 +58,27 @@ class Typist {
   }
 
  private:
-  static QWidget* Window() { return QApplication::activeWindow(); }
+  // A key sent to a widget arrives at once; one sent to its window may come behind the next step.
+  static QWidget* Target() {
+    QWidget* const focused = QApplication::focusWidget();
+    return focused ? focused : QApplication::activeWindow();
+  }
   static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(Window()->windowHandle(), key, modifiers);
+    QTest::keyClick(Target(), key, modifiers);
+  }
+  // A window that was just shown gets its keys only when it is the active one.
+  static bool Opening() {
+    QWidget* top = QApplication::activeModalWidget();
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (!top && window->isVisible()) top = window;
+    if (!top || top == QApplication::activeWindow()) return false;
+    top->activateWindow();
+    return true;
   }
   void Schedule() {
     QTimer::singleShot(0, qApp, [this] {
       if (next_ == steps_.size()) return;
+      if (Opening()) return Schedule();
       const auto step = steps_[next_++];
       Schedule();
       step();

@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "host/open_database.h"
+#include "src/context/data/statement.h"
 #include "tests/database/database_testing.h"
 #include "tests/host/demo_database.h"
 #include "tests/host/run_program.h"
@@ -178,8 +179,7 @@ TEST_F(Program, CheckFinishesWhatAKilledProgramLeft) {
     const auto connection = OpenDatabase(file_.string());
     connection->BeginHandler();
     // More than the cache holds, so that the file stands half done on the disk.
-    for (int i = 0; i < 9; ++i)
-      connection->Execute("UPDATE ARBEITSAUFTRAG SET MENGE = 1 UPDATE LOGS SET STK = 3");
+    connection->Execute(Compose("UPDATE ARA_KOPF SET BESCHREIBUNG = '{}'", Quoted(std::string(20'000, 'x'))));
     raise(SIGKILL);
   }
   const std::string journal = file_.string() + "-journal";

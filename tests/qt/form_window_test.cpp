@@ -278,7 +278,7 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
     EXPECT_FALSE(shown(0).data(Qt::FontRole).value<QFont>().strikeOut());
     stage.driver.ClickRow(grid, 1);
     stage.Press(Qt::Key_Down, Qt::ShiftModifier);
-    QCoreApplication::processEvents();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !told("sum").empty(); }));
     EXPECT_EQ(grid.Row(), 2);
     EXPECT_EQ(told("sum"), "Summe 21,75 (2 Zahlen)");
     stage.Press(Qt::Key_F, Qt::ControlModifier);

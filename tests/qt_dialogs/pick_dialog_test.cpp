@@ -143,7 +143,7 @@ TEST_F(PickDialogTest, CopiesFromTheFilterAndSums) {
     Press(dialog, Qt::Key_C, Qt::ControlModifier);
     dialog.reject();
   });
-  EXPECT_EQ(QApplication::clipboard()->text(), "MENGE\r\n12,55\r\n7,50\r\n\r\n-3,00\r\n100,00\r\n");
+  EXPECT_EQ(QApplication::clipboard()->text(), "Menge\r\n12,55\r\n7,50\r\n\r\n-3,00\r\n100,00\r\n");
 }
 
 TEST_F(PickDialogTest, APersonIsShownInFull) {
