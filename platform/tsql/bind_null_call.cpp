@@ -94,8 +94,8 @@ BoundPtr ExpressionBinder::NullIfEqual(BoundPtr first, BoundPtr second, const Ex
   choice.otherwise = Value(again);
   const Type type = first->type;
   // A text may be a number of more digits than the one it is compared with.
-  if (type.IsText() && second->type.kind == TypeKind::kDecimal)
-    second = ConvertTo(std::move(second), Type::Decimal(Type::kMaxPrecision, second->type.scale));
+  const Type widest = Type::Decimal(Type::kMaxPrecision, second->type.scale);
+  if (type.IsText() && second->type.kind == TypeKind::kDecimal) second = ConvertTo(std::move(second), widest);
   choice.branches.push_back(
       {MakeComparison(BinaryOperator::kEqual, std::move(first), std::move(second), at), std::move(null)});
   --state_->repeated;

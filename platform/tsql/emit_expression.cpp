@@ -1,5 +1,4 @@
 #include <cassert>
-#include <ranges>
 #include <vector>
 
 #include "platform/tsql/bind_state.h"
@@ -180,9 +179,9 @@ void Emitter::Node(const BoundConcat& node, const BoundExpression&) {
     operands.push_back(inner->right.get());
   Text("(");
   Expression(*left);
-  for (const BoundExpression* operand : std::views::reverse(operands)) {
+  for (auto operand = operands.rbegin(); operand != operands.rend(); ++operand) {
     Text("||");
-    Expression(*operand);
+    Expression(**operand);
   }
   Text(")");
 }
