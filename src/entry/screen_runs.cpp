@@ -12,6 +12,7 @@
 #include "src/orders/f_new_arbeitsauftrag.h"
 #include "src/orders/f_new_rechnung.h"
 #include "src/orders/f_pa_gruppe.h"
+#include "src/vouchers/f_belege_new.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
 
@@ -55,6 +56,11 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {},
        RunOf<F_MaschineStamm>(
            [](F_MaschineStamm& screen, const TvnVar_Dll& tvnvar, Arguments&) { screen.Run(tvnvar); })},
+      {"F_Belege_New",
+       {{"strPersonal_dll", kText}, {"mode_dll", kByte}},
+       RunOf<F_Belege_New>([](F_Belege_New& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Text("strPersonal_dll"), arguments.Byte("mode_dll"));
+       })},
       {"F_ListeSelect",
        {{"strSQLAll", kText}, {"strSQLSel", kText}},
        RunOf<F_ListeSelect>([](F_ListeSelect& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
