@@ -240,7 +240,13 @@ void TablePane::FitColumns() {
 std::vector<CellRange> TablePane::SelectedCells() const {
   std::vector<CellRange> cells;
   for (const QItemSelectionRange& range : table_->selectionModel()->selection()) {
-    cells.push_back({range.top(), range.left(), range.bottom(), range.right()});
+    bool goes_on = false;
+    for (int row = range.top(); row <= range.bottom(); ++row) {
+      const bool hidden = table_->isRowHidden(row);
+      if (!hidden && !goes_on) cells.push_back({row, range.left(), row, range.right()});
+      if (!hidden) cells.back().bottom = row;
+      goes_on = !hidden;
+    }
   }
   return cells;
 }

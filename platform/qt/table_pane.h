@@ -66,6 +66,7 @@ class TablePane : public QWidget {
   void CopySelection() { Copy(); }
   void SelectAll() { table_->selectAll(); }
   void ShowSum();
+  // Without what a search hides.
   std::vector<CellRange> SelectedCells() const;
   void CloseSearch();
 
