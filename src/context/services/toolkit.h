@@ -102,6 +102,8 @@ class Toolkit {
   std::string Titled(const std::string& title, const Form& form) const;
 
   int MessageBox(const std::string& prompt, int style, const std::string& title);
+  // How many were shown so far.
+  int MessageBoxes() const { return message_boxes_; }
   // "" on cancel.
   std::string InputBox(const std::string& prompt, const std::string& title, const std::string& initial = {});
   PickResult PickList(const PickRequest& request);
@@ -157,6 +159,7 @@ class Toolkit {
  private:
   std::string told_;
   std::vector<Form*> open_forms_;
+  int message_boxes_ = 0;
   int waits_ = 0;
 };
 
