@@ -132,7 +132,7 @@ TEST_F(Desktop, OpensAScreenWithTheChosenClient) {
   window.Open(DemoFile());
   Open(window, 2);
   Open(window, 0);
-  EXPECT_THAT(opened_, ElementsAre(QString("Maschine-Stammdaten"),
+  EXPECT_THAT(opened_, ElementsAre(QString("Maschine-Stammdaten – Kostenarten der Maschinen"),
                                    testing::Property(&QString::toStdString,
                                                      testing::StartsWith("Arbeitsaufträge – "))));
 }
