@@ -5,6 +5,7 @@
 #include "host/open_database.h"
 #include "platform/sqlite/public/partial_file.h"
 #include "platform/sqlite/public/sqlite_database.h"
+#include "src/context/data/password.h"
 #include "src/context/values/call_error.h"
 
 namespace tarvoni::host {
@@ -30,7 +31,7 @@ bool HoldsSomething(const std::string& file) {
 }
 
 [[noreturn]] void Refuse(const std::string& database) {
-  throw CallError(database + " ist nicht leer; gebraucht wird eine neue Datenbank.");
+  throw CallError("„" + WithoutPassword(database) + "“ ist nicht leer; gebraucht wird eine neue Datenbank.");
 }
 
 void Fill(const std::string& database, const std::function<void(Connection&)>& fill) {

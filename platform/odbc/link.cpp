@@ -10,6 +10,7 @@
 #include "platform/odbc/driver_text.h"
 #include "platform/odbc/error_number.h"
 #include "src/context/data/database_error.h"
+#include "src/context/data/password.h"
 
 namespace tarvoni::odbc {
 namespace {
@@ -26,7 +27,7 @@ bool IsRefusedLogin(const Diagnostic& diagnostic) {
 }
 
 // Drivers tell the cause in several records, the manager's own first.
-DatabaseError OpenError(const Respondent& connection) {
+DatabaseError OpenError(const Respondent& connection, const std::vector<std::string>& passwords) {
   const std::vector<Diagnostic> found = DiagnosticsOf(connection);
   std::string text =
       std::any_of(found.begin(), found.end(), IsRefusedLogin)
@@ -37,7 +38,7 @@ DatabaseError OpenError(const Respondent& connection) {
     text += separator + PlainMessage(diagnostic);
     separator = "; ";
   }
-  return {kErrorConnection, text};
+  return {kErrorConnection, WithoutPassword(text, passwords)};
 }
 
 }  // namespace
@@ -57,7 +58,7 @@ Link::Link(const std::string& driver_text, std::chrono::seconds login_timeout)
         return SQLDriverConnectW(Get(), nullptr, text, static_cast<SQLSMALLINT>(size), nullptr, 0, nullptr,
                                  SQL_DRIVER_NOPROMPT);
       });
-  if (!SQL_SUCCEEDED(result)) throw OpenError({SQL_HANDLE_DBC, Get(), traits_.wide_text});
+  if (!SQL_SUCCEEDED(result)) throw OpenError({SQL_HANDLE_DBC, Get(), traits_.wide_text}, PasswordsIn(driver_text));
   traits_ = TraitsOf(Info(SQL_DRIVER_NAME), Info(SQL_DBMS_NAME));
 }
 

@@ -5,9 +5,10 @@
 #include "platform/odbc/application_lock.h"
 #include "platform/odbc/connection_text.h"
 #include "platform/odbc/error_number.h"
-#include "platform/odbc/public/password.h"
 #include "platform/odbc/server_batch.h"
 #include "platform/odbc/session.h"
+#include "src/context/data/batch_words.h"
+#include "src/context/data/password.h"
 
 namespace tarvoni::odbc {
 namespace {
@@ -32,6 +33,7 @@ std::string TimeoutText(std::chrono::seconds limit) {
 
 OdbcConnection::OdbcConnection(const std::string& connection_string, const OdbcOptions& options)
     : connection_string_(connection_string),
+      passwords_(PasswordsIn(connection_string)),
       options_(options),
       link_(DriverText(connection_string), options.login_timeout),
       uses_lock_(IsServer() && WantsApplicationLock(connection_string)) {
@@ -47,7 +49,7 @@ Recordset OdbcConnection::Open(const SqlText& text) {
 }
 
 void OdbcConnection::OpenAll(const SqlText& text, const std::function<void(const BatchPart&)>& take) {
-  const std::string statement = WithoutPassword(text.Text());
+  const std::string statement = WithoutPassword(text.Text(), passwords_);
   const Batch batch = RunAlone(text.Text(), statement);
   for (const BatchPart& part : batch.Parts()) take(part);
   if (batch.Failure()) throw ErrorOf(*batch.Failure(), statement);
@@ -58,7 +60,7 @@ void OdbcConnection::EndHandler() {
 }
 
 Batch OdbcConnection::Run(std::string_view text) {
-  const std::string statement = WithoutPassword(text);
+  const std::string statement = WithoutPassword(text, passwords_);
   Batch batch = RunAlone(text, statement);
   if (batch.Failure()) throw ErrorOf(*batch.Failure(), statement);
   return batch;
@@ -108,7 +110,7 @@ void OdbcConnection::RequireLink(const std::string& statement) const {
 }
 
 DatabaseError OdbcConnection::ErrorOf(const Diagnostic& diagnostic, const std::string& statement) {
-  const std::string message = PlainMessage(diagnostic);
+  const std::string message = WithoutPassword(PlainMessage(diagnostic), passwords_);
   if (diagnostic.IsLostConnection() || link_.IsDead()) {
     lost_ = true;
     return {kErrorConnection, std::string(kLost) + " Meldung: " + message, 0, 0, statement};

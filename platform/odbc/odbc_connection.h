@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/odbc/batch.h"
 #include "platform/odbc/link.h"
@@ -39,6 +40,7 @@ class OdbcConnection : public Connection {
   DatabaseError ErrorOf(const Diagnostic& diagnostic, const std::string& statement);
 
   std::string connection_string_;
+  std::vector<std::string> passwords_;  // of the text, that no message shows them
   OdbcOptions options_;
   Link link_;
   bool lost_ = false;
