@@ -237,6 +237,15 @@ TEST_F(Program, ShowsNoPassword) {
   std::filesystem::remove(trace);
 }
 
+TEST_F(Program, RefusesATakenServerWithoutItsPassword) {
+  const std::string server =
+      ForShell("odbc:Driver=" SQLITE_ODBC_DRIVER ";Database=" + file_.string() + ";PWD = {a;Fichte}");
+  EXPECT_EQ(RunProgram(fmt::format("sql {} 'CREATE TABLE ara_kopf (A INT)'", server)).exit_code, 0);
+  const Outcome outcome = RunProgram("demo " + server);
+  EXPECT_EQ(outcome.exit_code, 1);
+  EXPECT_THAT(outcome.output, HasSubstr("PWD =***“ ist nicht leer"));
+}
+
 TEST_F(Program, ShowsNoPasswordOfAMisplacedText) {
   Sql("CREATE TABLE T (A INT)");
   const std::string text = ForShell("odbc:Driver=Keiner;PWD={a;Fichte}");
