@@ -5,9 +5,13 @@
 #include <vector>
 
 #include "src/context/values/call_error.h"
+#include "src/context/values/number_text.h"
 #include "src/entry/slot_call.h"
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/piecework/f_naturalvollzug.h"
+#include "src/piecework/f_sonst_stucklohn.h"
+#include "src/piecework/f_zeilohn.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
 
@@ -51,6 +55,26 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {},
        RunOf<F_MaschineStamm>(
            [](F_MaschineStamm& screen, const TvnVar_Dll& tvnvar, Arguments&) { screen.Run(tvnvar); })},
+      {"F_Naturalvollzug",
+       {{"strConString_dll", kText},
+        {"bolOnlyRead_dll", kBoolean},
+        {"ID_ARBEITSAUFTRAG_DLL", kLong},
+        {"intLeistungsart_Dll", kLong}},
+       RunOf<F_Naturalvollzug>([](F_Naturalvollzug& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Text("strConString_dll"), arguments.Boolean("bolOnlyRead_dll"),
+                    arguments.Long("ID_ARBEITSAUFTRAG_DLL"), ToInt16(arguments.Long("intLeistungsart_Dll")));
+       })},
+      {"F_Sonst_Stucklohn",
+       {{"ID_Mandant_dll", kLong}, {"ID_ARA_Kopf_dll", kLong}},
+       RunOf<F_Sonst_Stucklohn>(
+           [](F_Sonst_Stucklohn& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+             screen.Run(tvnvar, arguments.Long("ID_Mandant_dll"), arguments.Long("ID_ARA_Kopf_dll"));
+           })},
+      {"F_Zeilohn",
+       {{"ID_Mandant_dll", kLong}, {"ID_ARA_Kopf_dll", kLong}},
+       RunOf<F_Zeilohn>([](F_Zeilohn& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("ID_Mandant_dll"), arguments.Long("ID_ARA_Kopf_dll"));
+       })},
   };
   return runs;
 }
