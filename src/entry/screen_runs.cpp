@@ -8,6 +8,7 @@
 #include "src/entry/slot_call.h"
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/piecework/f_est_stucklohn.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
 
@@ -41,6 +42,11 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {{"curAraId", kLong}},
        RunOf<F_Arbeitnehmer>([](F_Arbeitnehmer& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Long("curAraId"));
+       })},
+      {"F_EST_Stucklohn",
+       {{"ID_Mandant_dll", kLong}, {"ID_ARA_Kopf_dll", kLong}},
+       RunOf<F_EST_Stucklohn>([](F_EST_Stucklohn& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("ID_Mandant_dll"), arguments.Long("ID_ARA_Kopf_dll"));
        })},
       {"F_Kostenart",
        {{"strParam", kText}},
