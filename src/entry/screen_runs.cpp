@@ -12,6 +12,7 @@
 #include "src/piecework/f_naturalvollzug.h"
 #include "src/piecework/f_sonst_stucklohn.h"
 #include "src/piecework/f_zeilohn.h"
+#include "src/piecework/f_est_stucklohn.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
 
@@ -45,6 +46,11 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {{"curAraId", kLong}},
        RunOf<F_Arbeitnehmer>([](F_Arbeitnehmer& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Long("curAraId"));
+       })},
+      {"F_EST_Stucklohn",
+       {{"ID_Mandant_dll", kLong}, {"ID_ARA_Kopf_dll", kLong}},
+       RunOf<F_EST_Stucklohn>([](F_EST_Stucklohn& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("ID_Mandant_dll"), arguments.Long("ID_ARA_Kopf_dll"));
        })},
       {"F_Kostenart",
        {{"strParam", kText}},
