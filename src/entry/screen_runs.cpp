@@ -10,6 +10,7 @@
 #include "src/machines/f_maschine_stamm.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
+#include "src/wage/f_bruttolohn.h"
 
 namespace tarvoni {
 namespace {
@@ -41,6 +42,11 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {{"curAraId", kLong}},
        RunOf<F_Arbeitnehmer>([](F_Arbeitnehmer& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Long("curAraId"));
+       })},
+      {"F_Bruttolohn",
+       {{"Id_StundenBuch", kLong}},
+       RunOf<F_Bruttolohn>([](F_Bruttolohn& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("Id_StundenBuch"));
        })},
       {"F_Kostenart",
        {{"strParam", kText}},
