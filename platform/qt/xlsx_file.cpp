@@ -36,11 +36,12 @@ void WriteTable(Workbook& book, const TableSource& table) {
     book.WriteText(0, static_cast<lxw_col_t>(i), table.ColumnAt(columns[i]).caption, kCaption);
   }
   book.FreezeBelow(0);
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    const std::string format = table.ColumnAt(columns[i]).format;
-    for (int row = 0; row < table.RowCount(); ++row) {
+  std::vector<std::string> formats;
+  for (const int column : columns) formats.push_back(table.ColumnAt(column).format);
+  for (int row = 0; row < table.RowCount(); ++row) {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
       book.WriteCell(static_cast<lxw_row_t>(row + 1), static_cast<lxw_col_t>(i),
-                     table.ValueAt(row, columns[i]), format);
+                     table.ValueAt(row, columns[i]), formats[i]);
     }
   }
 }

@@ -281,7 +281,7 @@ std::optional<std::string> ScriptPlayer::EditText(const TextRequest& request) {
 void ScriptPlayer::PreviewPrint(const PrintDocument& document) {
   AnswerTo(*run_, {.kind = "eine Druckvorschau",
                    .text = document.title,
-                   .title = document.issuer,
+                   .title = document.title,
                    .answers = "answer",
                    .rows = PaperRows(document),
                    .closes_itself = true,

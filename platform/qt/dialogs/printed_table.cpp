@@ -98,17 +98,20 @@ void PrintedTable::ShareWidth() {
   }
 }
 
-// The width that is left goes to the columns with texts, or to all where there are none.
+// The width that is left goes to the columns with texts, to wide ones most, or to all where there are none.
 void PrintedTable::StretchTexts() {
-  std::vector<std::size_t> wide;
+  const auto is_text = [&](const PrintDocument::Column& column) {
+    return column.alignment == Alignment::kLeft;
+  };
+  const bool any_text = std::ranges::any_of(table_.columns, is_text);
+  double texts = 0;
   for (std::size_t i = 0; i < widths_.size(); ++i) {
-    if (table_.columns[i].alignment == Alignment::kLeft) wide.push_back(i);
+    if (!any_text || is_text(table_.columns[i])) texts += widths_[i];
   }
-  if (wide.empty()) {
-    for (std::size_t i = 0; i < widths_.size(); ++i) wide.push_back(i);
+  const double factor = 1 + (width_ - Sum(widths_)) / texts;
+  for (std::size_t i = 0; i < widths_.size(); ++i) {
+    if (!any_text || is_text(table_.columns[i])) widths_[i] *= factor;
   }
-  const double left = width_ - Sum(widths_);
-  for (const std::size_t i : wide) widths_[i] += left / static_cast<double>(wide.size());
 }
 
 double PrintedTable::HeightOf(const Texts& cells, bool bold) const {
