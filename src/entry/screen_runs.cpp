@@ -9,12 +9,13 @@
 #include "src/entry/slot_call.h"
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/piecework/f_est_stucklohn.h"
 #include "src/piecework/f_naturalvollzug.h"
 #include "src/piecework/f_sonst_stucklohn.h"
 #include "src/piecework/f_zeilohn.h"
-#include "src/piecework/f_est_stucklohn.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
+#include "src/wage/f_bruttolohn.h"
 
 namespace tarvoni {
 namespace {
@@ -46,6 +47,11 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {{"curAraId", kLong}},
        RunOf<F_Arbeitnehmer>([](F_Arbeitnehmer& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Long("curAraId"));
+       })},
+      {"F_Bruttolohn",
+       {{"Id_StundenBuch", kLong}},
+       RunOf<F_Bruttolohn>([](F_Bruttolohn& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("Id_StundenBuch"));
        })},
       {"F_EST_Stucklohn",
        {{"ID_Mandant_dll", kLong}, {"ID_ARA_Kopf_dll", kLong}},

@@ -3,6 +3,7 @@
 #include "src/entry/c_lohn.h"
 #include "src/machines/f_maschine_stamm.h"
 #include "src/wage/f_ara.h"
+#include "src/wage/f_bruttolohn.h"
 
 namespace tarvoni {
 
@@ -11,7 +12,7 @@ struct Screens {
   using F_ARA = tarvoni::F_ARA;
   using F_Arbeitsauftrag = NotBuilt;
   using F_Belege_New = NotBuilt;
-  using F_Bruttolohn = NotBuilt;
+  using F_Bruttolohn = tarvoni::F_Bruttolohn;
   using F_Lager = NotBuilt;
   using F_MaschineStamm = tarvoni::F_MaschineStamm;
   using F_Maschinenbuch = NotBuilt;

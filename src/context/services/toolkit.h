@@ -10,6 +10,8 @@
 
 namespace tarvoni {
 
+struct PrintDocument;
+
 // Styles and results of message boxes; a style is a sum of buttons, icon and default.
 inline constexpr int kBoxOk = 0;
 inline constexpr int kBoxOkCancel = 1;
@@ -71,20 +73,6 @@ struct YearMonth {
   int year = 0;
   int month = 0;
   friend bool operator==(const YearMonth&, const YearMonth&) = default;
-};
-
-// One table with a head, as the print preview shows it.
-struct PrintDocument {
-  struct Column {
-    std::string caption;
-    Alignment alignment = Alignment::kLeft;
-  };
-  std::string title;
-  std::vector<std::string> head;
-  std::vector<Column> columns;
-  std::vector<std::vector<std::string>> rows;
-  std::vector<std::string> foot;
-  bool landscape = false;
 };
 
 // Shows Screens and asks the user. Everything modal goes through here; what a running handler has written is
