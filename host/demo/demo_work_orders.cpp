@@ -38,7 +38,7 @@ std::size_t ProductIndex(int number) {
   return index;
 }
 
-// Groups by product, and some whose number is the number of their work order.
+// Groups by product, some whose number is the number of their work order, and one that has no orders yet.
 void WriteGroups(Enterprise& enterprise) {
   RowWriter writer(
       enterprise.connection, "PA_GRUPPE",
@@ -54,6 +54,8 @@ void WriteGroups(Enterprise& enterprise) {
     int number = 7000;
     for (const auto name : kCentralGroups)
       writer.Add(++id, name, "2023", client.id, products.back(), kCentralCategory, ++number, Null{}, false);
+    writer.Add(++id, "Firmeneinsatz", "2024", client.id, Null{}, kContractorCategory, Null{},
+               "Vergaben an Unternehmer, Produkt je Auftrag", false);
   }
   writer.Finish();
 }

@@ -35,8 +35,8 @@ bool HeadlessToolkit::Focus(Control& control) {
   return control.HasFocus();
 }
 
-void HeadlessToolkit::Key(Control&, int key) {
-  As([&](UserActions& user) { user.Key(key); });
+void HeadlessToolkit::Key(Control&, int key, int shift) {
+  As([&](UserActions& user) { user.Key(key, shift); });
 }
 
 void HeadlessToolkit::Type(Control&, std::string_view text) {

@@ -72,6 +72,14 @@ int ShiftState(Qt::KeyboardModifiers modifiers) {
          (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
 }
 
+Qt::KeyboardModifiers Modifiers(int shift) {
+  Qt::KeyboardModifiers modifiers;
+  modifiers.setFlag(Qt::ShiftModifier, (shift & 1) != 0);
+  modifiers.setFlag(Qt::ControlModifier, (shift & 2) != 0);
+  modifiers.setFlag(Qt::AltModifier, (shift & 4) != 0);
+  return modifiers;
+}
+
 std::u32string TypedText(const QKeyEvent& event, const Locale& locale) {
   if (IsCommand(event.modifiers())) return {};
   if (IsKeypadDecimal(event)) return {static_cast<char32_t>(locale.decimal_separator)};

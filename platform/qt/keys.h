@@ -16,6 +16,7 @@ int CommandCode(const QKeyEvent& event);
 int QtKey(int code);
 // 1 Shift, 2 Ctrl, 4 Alt.
 int ShiftState(Qt::KeyboardModifiers modifiers);
+Qt::KeyboardModifiers Modifiers(int shift);
 // The characters a key types; "" for a command. The keypad's decimal key types the locale's separator.
 std::u32string TypedText(const QKeyEvent& event, const Locale& locale);
 // Shift, Ctrl, Alt and the locks by themselves.

@@ -14,25 +14,25 @@ void ItemListView::Choose(int index) {
   Window().Act([&](UserActions& user) { user.SelectItem(list_, index); });
 }
 
-bool ItemListView::Navigate(const QKeyEvent& event) {
+int ItemListView::Target(const QKeyEvent& event) const {
   constexpr int kPage = 10;
   const int last = list_.ListCount() - 1;
   switch (event.key()) {
     case Qt::Key_Home:
-      Choose(0);
-      break;
+      return std::min(0, last);
     case Qt::Key_End:
-      Choose(last);
-      break;
+      return last;
     case Qt::Key_PageUp:
-      Choose(std::max(list_.ListIndex() - kPage, 0));
-      break;
+      return std::max(list_.ListIndex() - kPage, std::min(0, last));
     case Qt::Key_PageDown:
-      Choose(std::min(list_.ListIndex() + kPage, last));
-      break;
+      return std::min(list_.ListIndex() + kPage, last);
     default:
-      break;
+      return list_.ListIndex();
   }
+}
+
+bool ItemListView::Navigate(const QKeyEvent& event) {
+  Choose(Target(event));
   return true;
 }
 
@@ -60,13 +60,35 @@ QWidget* ListBoxView::Widget() const {
 
 void ListBoxView::Show(Aspect aspect) {
   ControlView::Show(aspect);
+  if (aspect == Aspect::kItems && widget_->count() > Items().ListCount() && !stale_) {
+    stale_ = true;
+    QMetaObject::invokeMethod(
+        widget_, [this] { ShowItemsAnew(); }, Qt::QueuedConnection);
+  }
+  if (stale_ || (aspect != Aspect::kItems && aspect != Aspect::kText)) return;
   if (aspect == Aspect::kItems) ShowItems(*widget_);
-  if (aspect != Aspect::kItems && aspect != Aspect::kText) return;
+  ShowChoice();
+}
+
+void ListBoxView::ShowItemsAnew() {
+  stale_ = false;
+  const int scrolled = widget_->verticalScrollBar()->value();
+  widget_->clear();
+  ShowItems(*widget_);
+  widget_->verticalScrollBar()->setValue(scrolled);
+  ShowChoice();
+}
+
+void ListBoxView::ShowChoice() {
   widget_->setCurrentRow(Items().ListIndex());
 }
 
+int ListBoxView::ItemAt(const QMouseEvent& event) const {
+  return widget_->row(widget_->itemAt(event.position().toPoint()));
+}
+
 bool ListBoxView::Press(const QMouseEvent& event, bool twice) {
-  const int row = widget_->row(widget_->itemAt(event.position().toPoint()));
+  const int row = ItemAt(event);
   if (event.button() != Qt::LeftButton || row < 0 || twice) return ControlView::Press(event, twice);
   Window().Act([&](UserActions& user) { user.SelectItem(Items(), row); });
   return true;
@@ -74,6 +96,56 @@ bool ListBoxView::Press(const QMouseEvent& event, bool twice) {
 
 bool ListBoxView::Other(QEvent& event) {
   return event.type() == QEvent::MouseMove;
+}
+
+MultiListBoxView::MultiListBoxView(MultiListBox& list, FormWindow& window, QWidget* parent)
+    : ListBoxView(list, window, parent), list_(list) {
+  Box().setSelectionMode(QAbstractItemView::ExtendedSelection);
+}
+
+void MultiListBoxView::Show(Aspect aspect) {
+  ListBoxView::Show(aspect);
+  if (aspect == Aspect::kSelection && Box().count() == list_.ListCount()) ShowChoice();
+}
+
+void MultiListBoxView::ShowChoice() {
+  const QAbstractItemModel& items = *Box().model();
+  QItemSelection marked;
+  for (const int item : list_.MarkedItems()) {
+    const QModelIndex index = items.index(item, 0);
+    const bool goes_on = !marked.isEmpty() && marked.back().bottom() == item - 1;
+    if (goes_on) {
+      marked.back() = QItemSelectionRange(marked.back().topLeft(), index);
+    } else {
+      marked.append(QItemSelectionRange(index));
+    }
+  }
+  Box().selectionModel()->setCurrentIndex(items.index(list_.ListIndex(), 0), QItemSelectionModel::NoUpdate);
+  Box().selectionModel()->select(marked, QItemSelectionModel::ClearAndSelect);
+}
+
+bool MultiListBoxView::Key(const QKeyEvent& event) {
+  if (!event.matches(QKeySequence::SelectAll)) return ListBoxView::Key(event);
+  Window().Act([&](UserActions& user) { user.MarkAll(list_); });
+  return true;
+}
+
+bool MultiListBoxView::Navigate(const QKeyEvent& event) {
+  const int target = Target(event);
+  if (!event.modifiers().testFlag(Qt::ShiftModifier) || target == list_.ListIndex())
+    return ListBoxView::Navigate(event);
+  Window().Act([&](UserActions& user) { user.MarkTo(list_, target); });
+  return true;
+}
+
+bool MultiListBoxView::Press(const QMouseEvent& event, bool twice) {
+  const int row = ItemAt(event);
+  const auto modifiers = event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
+  if (event.button() != Qt::LeftButton || row < 0 || twice || !modifiers)
+    return ListBoxView::Press(event, twice);
+  const bool to_here = modifiers.testFlag(Qt::ShiftModifier);
+  Window().Act([&](UserActions& user) { to_here ? user.MarkTo(list_, row) : user.ToggleMark(list_, row); });
+  return true;
 }
 
 }  // namespace tarvoni::qt

@@ -2,7 +2,7 @@
 
 #include "platform/qt/control_view.h"
 #include "platform/qt/public/text.h"
-#include "src/context/controls/lists.h"
+#include "src/context/controls/multi_list_box.h"
 
 class QComboBox;
 class QListWidget;
@@ -16,6 +16,8 @@ class ItemListView : public ControlView {
 
  protected:
   bool Navigate(const QKeyEvent& event) override;
+  // The item that a key of the list leads to; the present one for other keys.
+  int Target(const QKeyEvent& event) const;
   void Typed(const std::u32string& text) override;
   void Choose(int index);
   // Fills a list or combo box of Qt. Items mostly come one behind the other.
@@ -40,8 +42,33 @@ class ListBoxView : public ItemListView {
   bool Release(const QMouseEvent&) override { return true; }
   bool Other(QEvent& event) override;
 
+ protected:
+  QListWidget& Box() const { return *widget_; }
+  virtual void ShowChoice();
+  // The item under the pointer; -1 for none.
+  int ItemAt(const QMouseEvent& event) const;
+
  private:
+  void ShowItemsAnew();
+
   QListWidget* widget_;
+  bool stale_ = false;  // items went; the list is shown anew when the handler has taken all that it takes
+};
+
+// Shift marks from item to item, Ctrl one by one, Ctrl+A all.
+class MultiListBoxView : public ListBoxView {
+ public:
+  MultiListBoxView(MultiListBox& list, FormWindow& window, QWidget* parent);
+  void Show(Aspect aspect) override;
+  bool Key(const QKeyEvent& event) override;
+  bool Press(const QMouseEvent& event, bool twice) override;
+
+ protected:
+  bool Navigate(const QKeyEvent& event) override;
+  void ShowChoice() override;
+
+ private:
+  MultiListBox& list_;
 };
 
 class ComboBoxView : public ItemListView {

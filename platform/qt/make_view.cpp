@@ -58,9 +58,9 @@ Made MakeEditor(Control& control, FormWindow& window, QWidget* parent) {
 Made MakeView(Control& control, FormWindow& window, QWidget* parent) {
   static constexpr auto kKinds = std::to_array<Made (*)(Control&, FormWindow&, QWidget*)>(
       {MakeEditor, MakeButton<Button>, MakeButton<CheckBox>, MakeButton<OptionButton>,
-       MakeIf<Label, LabelView>, MakeIf<Frame, FrameView>, MakeIf<ListBox, ListBoxView>,
-       MakeIf<ComboBox, ComboBoxView>, MakeIf<DateControl, DateView>, MakeIf<TabControl, TabView>,
-       MakeIf<Grid, GridView>});
+       MakeIf<Label, LabelView>, MakeIf<Frame, FrameView>, MakeIf<MultiListBox, MultiListBoxView>,
+       MakeIf<ListBox, ListBoxView>, MakeIf<ComboBox, ComboBoxView>, MakeIf<DateControl, DateView>,
+       MakeIf<TabControl, TabView>, MakeIf<Grid, GridView>});
   for (const auto make : kKinds) {
     if (Made view = make(control, window, parent)) return view;
   }

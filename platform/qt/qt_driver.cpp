@@ -96,8 +96,8 @@ void QtDriver::SendKey(int key, Qt::KeyboardModifiers modifiers, const QString& 
   }
 }
 
-void QtDriver::Key(Control&, int key) {
-  SendKey(QtKey(key), Qt::NoModifier, {});
+void QtDriver::Key(Control&, int key, int shift) {
+  SendKey(QtKey(key), Modifiers(shift), {});
   Settle();
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/script/commands.h"
 #include "platform/script/looking.h"
+#include "src/context/services/command_keys.h"
 #include "src/context/values/date_text.h"
 #include "src/context/values/field_text.h"
 #include "src/context/values/utf8.h"
@@ -24,6 +25,14 @@ constexpr std::array<std::pair<std::string_view, int>, 15> kKeys = {{{"Enter", k
                                                                      {"F1", kKeyF1},
                                                                      {"F2", kKeyF2},
                                                                      {"F4", kKeyF4}}};
+
+// "Shift+Down" is Down with Shift.
+int TakeShift(std::string_view& name) {
+  constexpr std::string_view kPrefix = "Shift+";
+  if (!name.starts_with(kPrefix)) return 0;
+  name.remove_prefix(kPrefix.size());
+  return kShift;
+}
 
 Control& TheControl(const ScriptRun& run) {
   return run.ControlNamed(run.Word(1, "der Name des Feldes"));
@@ -73,14 +82,14 @@ void TypeInto(const ScriptRun& run, Control& control, const std::string& text) {
   if (auto* combo = dynamic_cast<ComboBox*>(&control); combo && !combo->Editable())
     return run.driver.SelectItem(*combo, FindItem(run, *combo, text));
   run.driver.SelectAll(control);
-  if (text.empty()) return run.driver.Key(control, kKeyDelete);
+  if (text.empty()) return run.driver.Key(control, kKeyDelete, 0);
   run.driver.Type(control, text);
 }
 
 void EnterInto(const ScriptRun& run, Control& control, const std::string& text) {
   TypeInto(run, control, text);
   FocusForKeys(run, control);
-  run.driver.Key(control, kKeyEnter);
+  run.driver.Key(control, kKeyEnter, 0);
 }
 
 void Focus(ScriptRun& run) {
@@ -97,7 +106,7 @@ void Enter(ScriptRun& run) {
   Control& control = TheControl(run);
   if (run.Line().words.size() > 2) return EnterInto(run, control, run.Text(2));
   FocusForKeys(run, control);
-  run.driver.Key(control, kKeyEnter);
+  run.driver.Key(control, kKeyEnter, 0);
 }
 
 // What a box opens is answered by the lines behind this one, so the words are taken first.
@@ -115,12 +124,14 @@ void Fill(ScriptRun& run) {
 
 void Key(ScriptRun& run) {
   Control& control = TheControl(run);
-  const std::string& name = run.Word(2, "die Taste");
+  std::string_view name = run.Word(2, "die Taste");
   FocusForKeys(run, control);
+  const int shift = TakeShift(name);
   for (const auto& [known, key] : kKeys) {
-    if (known == name) return run.driver.Key(control, key);
+    if (known == name) return run.driver.Key(control, key, shift);
   }
-  if (utf8::Length(name) != 1) run.Fail("Die Taste \"" + name + "\" gibt es nicht.");
+  if (utf8::Length(name) != 1 || shift != 0)
+    run.Fail("Die Taste \"" + std::string(name) + "\" gibt es nicht.");
   run.driver.Type(control, name);
 }
 
@@ -134,7 +145,7 @@ void Paste(ScriptRun& run) {
 void Leave(ScriptRun& run) {
   Control& control = TheControl(run);
   FocusForKeys(run, control);
-  run.driver.Key(control, kKeyTab);
+  run.driver.Key(control, kKeyTab, 0);
 }
 
 void Click(ScriptRun& run) {

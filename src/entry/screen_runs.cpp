@@ -9,6 +9,10 @@
 #include "src/entry/slot_call.h"
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/orders/f_liste_select.h"
+#include "src/orders/f_new_arbeitsauftrag.h"
+#include "src/orders/f_new_rechnung.h"
+#include "src/orders/f_pa_gruppe.h"
 #include "src/piecework/f_est_stucklohn.h"
 #include "src/piecework/f_naturalvollzug.h"
 #include "src/piecework/f_sonst_stucklohn.h"
@@ -63,6 +67,15 @@ const std::vector<ScreenRun>& ScreenRuns() {
        RunOf<F_Kostenart>([](F_Kostenart& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Text("strParam"));
        })},
+      {"F_ListeSelect",
+       {{"strSQLAll", kText}, {"strSQLSel", kText}},
+       RunOf<F_ListeSelect>([](F_ListeSelect& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.strSQLAll = SqlText::Verbatim(arguments.Text("strSQLAll"));
+         screen.strSQLSel = SqlText::Verbatim(arguments.Text("strSQLSel"));
+         screen.Run(tvnvar);
+         arguments.Give("SelectListe", screen.SelectListe);
+         arguments.Give("SelectListeDelete", screen.SelectListeDelete);
+       })},
       {"F_MaschineStamm",
        {},
        RunOf<F_MaschineStamm>(
@@ -75,6 +88,26 @@ const std::vector<ScreenRun>& ScreenRuns() {
        RunOf<F_Naturalvollzug>([](F_Naturalvollzug& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Text("strConString_dll"), arguments.Boolean("bolOnlyRead_dll"),
                     arguments.Long("ID_ARBEITSAUFTRAG_DLL"), ToInt16(arguments.Long("intLeistungsart_Dll")));
+       })},
+      {"F_NewArbeitsauftrag",
+       {{"curPersonal", kLong}},
+       RunOf<F_NewArbeitsauftrag>(
+           [](F_NewArbeitsauftrag& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+             std::int32_t header = 0, cost_centre = 0;
+             screen.Run(arguments.Long("curPersonal"), header, cost_centre, tvnvar);
+             arguments.Give("header", header);
+             arguments.Give("cost_centre", cost_centre);
+           })},
+      {"F_NewRechnung",
+       {{"RechName", kText, true}, {"intPersonal", kLong}, {"oldRechName", kText}},
+       RunOf<F_NewRechnung>([](F_NewRechnung& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Reference("RechName"), arguments.Long("intPersonal"),
+                    arguments.Text("oldRechName"));
+       })},
+      {"F_PA_Gruppe",
+       {{"Id_PA_Gruppe", kLong}, {"ID_Mandant", kLong}},
+       RunOf<F_PA_Gruppe>([](F_PA_Gruppe& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(arguments.Long("Id_PA_Gruppe"), arguments.Long("ID_Mandant"), tvnvar);
        })},
       {"F_Sonst_Stucklohn",
        {{"ID_Mandant_dll", kLong}, {"ID_ARA_Kopf_dll", kLong}},

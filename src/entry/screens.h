@@ -2,6 +2,8 @@
 
 #include "src/entry/c_lohn.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/orders/f_new_rechnung.h"
+#include "src/orders/f_pa_gruppe.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_bruttolohn.h"
 
@@ -16,8 +18,8 @@ struct Screens {
   using F_Lager = NotBuilt;
   using F_MaschineStamm = tarvoni::F_MaschineStamm;
   using F_Maschinenbuch = NotBuilt;
-  using F_NewRechnung = NotBuilt;
-  using F_PA_Gruppe = NotBuilt;
+  using F_NewRechnung = tarvoni::F_NewRechnung;
+  using F_PA_Gruppe = tarvoni::F_PA_Gruppe;
 };
 
 template <typename ScreenType>

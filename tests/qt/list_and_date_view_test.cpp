@@ -30,8 +30,43 @@ TEST(ListView, KeysChooseItems) {
     stage.Press(Qt::Key_F, {}, "f");
     EXPECT_EQ(list.Text(), "Fichte");
     list.RemoveItem(0);
+    QCoreApplication::sendPostedEvents();
     EXPECT_EQ(widget.count(), 2);
     EXPECT_EQ(widget.currentRow(), 0);
+  });
+}
+
+TEST(ListView, MarksSeveralItems) {
+  Stage stage;
+  auto& list = stage.form.lstAuswahl;
+  stage.Show(list, [&](FormWindow&) {
+    auto& widget = dynamic_cast<QListWidget&>(stage.WidgetOf(list));
+    const auto click = [&](int row, Qt::KeyboardModifiers modifiers) {
+      QTest::mouseClick(widget.viewport(), Qt::LeftButton, modifiers,
+                        widget.visualItemRect(widget.item(row)).center());
+    };
+    const auto expect_marked = [&](const std::vector<int>& items) {
+      EXPECT_EQ(list.MarkedItems(), items);
+      for (int i = 0; i < widget.count(); ++i)
+        EXPECT_EQ(widget.item(i)->isSelected(), std::ranges::count(items, i) == 1) << i;
+    };
+    click(2, {});
+    stage.Press(Qt::Key_Up, Qt::ShiftModifier);
+    expect_marked({1, 2});
+    stage.Press(Qt::Key_Home, Qt::ShiftModifier);
+    expect_marked({0, 1, 2});
+    click(1, Qt::ControlModifier);
+    expect_marked({0, 2});
+    EXPECT_EQ(widget.currentRow(), 1);
+    click(0, Qt::ShiftModifier);
+    expect_marked({0, 1});
+    stage.Press(Qt::Key_A, Qt::ControlModifier);
+    expect_marked({0, 1, 2});
+    stage.Press(Qt::Key_Up);
+    expect_marked({1});
+    list.RemoveItem(1);
+    QCoreApplication::sendPostedEvents();
+    expect_marked({});
   });
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "src/context/controls/form.h"
+#include "src/context/controls/multi_list_box.h"
 #include "src/context/services/environment.h"
 #include "tests/support/events.h"
 #include "tests/support/fake_connection.h"
@@ -123,7 +124,7 @@ struct ProbeForm : Form {
   OptionButton optZeit{*this, "optZeit"};
   OptionButton optStuck{*this, "optStuck"};
   CheckBox chkFertig{*this, "chkFertig"};
-  ListBox lstAuswahl{*this, "lstAuswahl"};
+  MultiListBox lstAuswahl{*this, "lstAuswahl"};
   TabControl tabSeiten{*this, "tabSeiten"};
   Button btnNeu{*this, "btnNeu"};
   Button btnBearbeiten{*this, "btnBearbeiten"};

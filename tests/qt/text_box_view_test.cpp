@@ -95,7 +95,7 @@ TEST(TextBoxView, FocusByMouseLeavesTheTextSelected) {
     EXPECT_EQ(FromQt(edit.selectedText()), "Windwurf");
     stage.driver.Click(box);
     EXPECT_EQ(box.SelLength(), 0) << "the next click places the caret";
-    stage.driver.Key(box, kKeyEnd);
+    stage.driver.Key(box, kKeyEnd, 0);
     EXPECT_EQ(box.SelStart(), 8);
     stage.driver.Type(box, "!");
     EXPECT_EQ(box.Text(), "Windwurf!");

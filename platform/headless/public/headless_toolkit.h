@@ -16,7 +16,7 @@ class HeadlessToolkit : public AnsweredToolkit<Toolkit>, public Driver {
   UserActions& Top() const;
 
   bool Focus(Control& control) override;
-  void Key(Control& control, int key) override;
+  void Key(Control& control, int key, int shift) override;
   void Type(Control& control, std::string_view text) override;
   void Paste(Control& control, std::string_view text) override;
   void SelectAll(Control& control) override;

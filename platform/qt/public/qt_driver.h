@@ -18,7 +18,7 @@ class QtDriver : public Driver {
       : toolkit_(toolkit), shots_(std::move(shots)) {}
 
   bool Focus(Control& control) override;
-  void Key(Control& control, int key) override;
+  void Key(Control& control, int key, int shift) override;
   void Type(Control& control, std::string_view text) override;
   void Paste(Control& control, std::string_view text) override;
   void SelectAll(Control& control) override;

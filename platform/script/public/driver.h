@@ -17,8 +17,8 @@ class Driver {
   virtual ~Driver() = default;
   // False if the focus does not arrive.
   virtual bool Focus(Control& control) = 0;
-  // Keys for the control that has the focus.
-  virtual void Key(Control& control, int key) = 0;
+  // Keys for the control that has the focus. `shift`: 1 Shift, 2 Ctrl, 4 Alt.
+  virtual void Key(Control& control, int key, int shift) = 0;
   virtual void Type(Control& control, std::string_view text) = 0;
   virtual void Paste(Control& control, std::string_view text) = 0;
   // Selects what stands in the control, so that typing replaces it.

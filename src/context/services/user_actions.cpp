@@ -202,6 +202,24 @@ void UserActions::SelectItem(ItemList& list, int index) {
   });
 }
 
+void UserActions::MarkTo(MultiListBox& list, int index) {
+  MarkItems(list, [&] { list.MarkTo(index); });
+}
+
+void UserActions::ToggleMark(MultiListBox& list, int index) {
+  MarkItems(list, [&] { list.Toggle(index); });
+}
+
+void UserActions::MarkAll(MultiListBox& list) {
+  MarkItems(list, [&] { list.MarkAll(); });
+}
+
+void UserActions::MarkItems(MultiListBox& list, const std::function<void()>& mark) {
+  Act([&] {
+    if (list.IsEnabled() && list.IsVisible() && Arrive(list) && !list.Locked()) Handle(mark);
+  });
+}
+
 void UserActions::ChooseDate(DateControl& control, std::optional<DateTime> date) {
   Act([&] {
     if (!control.IsEnabled() || !control.IsVisible() || !Arrive(control) || control.Locked()) return;

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "src/context/controls/form.h"
+#include "src/context/controls/multi_list_box.h"
 #include "src/context/services/toolkit.h"
 
 namespace tarvoni {
@@ -69,6 +70,10 @@ class UserActions : private FormHost {
   void MouseDown(Control& control, int button = 1);
 
   void SelectItem(ItemList& list, int index);
+  // Marking several items: Shift with a step or a click, Ctrl with a click, Ctrl+A.
+  void MarkTo(MultiListBox& list, int index);
+  void ToggleMark(MultiListBox& list, int index);
+  void MarkAll(MultiListBox& list);
   void ChooseDate(DateControl& control, std::optional<DateTime> date);
   void ChooseTab(TabControl& tabs, int tab);
   // A click on a row of the grid, counted from 0: the row moves, then Click.
@@ -121,7 +126,8 @@ class UserActions : private FormHost {
   bool MayGoTo(const Control& target);
   bool Insert(TextBox& box, char32_t character);
   void Erase(TextBox& box, int key);
-  void Step(Control& control, int rows);
+  void Step(Control& control, int rows, int shift);
+  void MarkItems(MultiListBox& list, const std::function<void()>& mark);
   struct Range {
     int start, length;
   };

@@ -139,18 +139,20 @@ void UserActions::ActOnKey(Control& control, int key, int shift) {
     case kKeyF4:
       return OpenLookup(control);
     case kKeyUp:
-      return Step(control, -1);
+      return Step(control, -1, shift);
     case kKeyDown:
-      return Step(control, 1);
+      return Step(control, 1, shift);
     default:
       return;
   }
 }
 
-void UserActions::Step(Control& control, int rows) {
+void UserActions::Step(Control& control, int rows, int shift) {
   if (auto* list = dynamic_cast<ItemList*>(&control)) {
     const int index = list->ListIndex() + rows;
-    if (index >= 0 && index < list->ListCount()) SelectItem(*list, index);
+    if (index < 0 || index >= list->ListCount()) return;
+    auto* const several = (shift & kShift) != 0 ? dynamic_cast<MultiListBox*>(list) : nullptr;
+    several ? MarkTo(*several, index) : SelectItem(*list, index);
   } else if (auto* grid = dynamic_cast<DataGrid*>(&control)) {
     MoveRow(*grid, grid->Row() + rows);
   } else if (auto* flex = dynamic_cast<FlexGrid*>(&control)) {
