@@ -2,6 +2,7 @@
 
 #include "src/entry/c_lohn.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/orders/f_arbeitsauftrag.h"
 #include "src/wage/f_ara.h"
 
 namespace tarvoni {
@@ -9,7 +10,7 @@ namespace tarvoni {
 // The Screens behind the methods of c_Lohn, a line each.
 struct Screens {
   using F_ARA = tarvoni::F_ARA;
-  using F_Arbeitsauftrag = NotBuilt;
+  using F_Arbeitsauftrag = tarvoni::F_Arbeitsauftrag;
   using F_Belege_New = NotBuilt;
   using F_Bruttolohn = NotBuilt;
   using F_Lager = NotBuilt;
