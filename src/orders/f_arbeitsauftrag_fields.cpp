@@ -13,6 +13,15 @@ namespace tarvoni {
 
 namespace sql = work_order_sql;
 
+namespace {
+
+bool IsOtherThanZero(const std::string& text) {
+  const auto number = ParseNumber(text, CurrentLocale());
+  return number && *number != Decimal();
+}
+
+}  // namespace
+
 void F_Arbeitsauftrag::ConnectFields() {
   ConnectBoxes(*this, [this] { NextOnEnter(); });
   Rules(txtKopfDatum).Date(kopfDatum_);
@@ -94,11 +103,14 @@ std::vector<Control*> F_Arbeitsauftrag::EnterOrder() {
   return order;
 }
 
-// The next open box, on whichever page it stands; behind the last one the save button.
+// The next open box, on whichever page it stands; behind the last one the save button. From a unit cost it passes over
+// the total, for leaving that would work the unit cost out anew.
 void F_Arbeitsauftrag::NextOnEnter() {
   const auto order = EnterOrder();
   auto next = std::ranges::find(order, ActiveControl());
-  const auto is_open = [](Control* control) {
+  const bool unit_cost_given = ActiveControl() == &txtKostenE && IsOtherThanZero(txtKostenE.Text());
+  const auto is_open = [&](Control* control) {
+    if (unit_cost_given && control == &txtKosten) return false;
     const auto* input = dynamic_cast<const InputControl*>(control);
     return control->IsEnabled() && control->Visible() && !(input && input->Locked());
   };
