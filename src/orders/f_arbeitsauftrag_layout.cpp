@@ -76,7 +76,7 @@ layout::Node F_Arbeitsauftrag::LayoutFreeFields() {
   for (std::size_t i = 0; i < kFree; ++i) {
     const std::string number = std::to_string(i + 1);
     texts.children.push_back(Row(lblTFrei.at(i), "T- Frei " + number, Box(txtTFrei.at(i))));
-    numbers.children.push_back(Row(lblNFrei.at(i), "N - Frei " + number, Box(txtNFrei.at(i))));
+    numbers.children.push_back(Row(lblNFrei.at(i), "N - Frei " + number, Box(txtNFrei.at(i), 12)));
   }
   return Group(Frame6, "Freie Felder", Side(std::move(texts), std::move(numbers)));
 }
