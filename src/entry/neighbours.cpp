@@ -1,15 +1,16 @@
 #include "src/entry/neighbours.h"
 
 #include "src/common/contracts.h"
-#include "src/common/query.h"
-#include "src/entry/slot_call.h"
-#include "src/piecework/f_naturalvollzug.h"
-#include "src/piecework/f_zeilohn.h"
 #include "src/common/m_common.h"
+#include "src/common/query.h"
 #include "src/common/slot.h"
 #include "src/context/services/toolkit.h"
+#include "src/entry/slot_call.h"
+#include "src/orders/f_arbeitsauftrag.h"
 #include "src/orders/f_liste_select.h"
 #include "src/orders/f_new_arbeitsauftrag.h"
+#include "src/piecework/f_naturalvollzug.h"
+#include "src/piecework/f_zeilohn.h"
 
 namespace tarvoni {
 namespace {
@@ -53,6 +54,20 @@ class ListSelectionDialog final : public ListSelection {
   }
 };
 
+class WorkOrdersAnswer final : public WorkOrders {
+  std::optional<std::int32_t> CurrentPosition() override {
+    if (!Slot<F_Arbeitsauftrag>::Holds()) return std::nullopt;
+    return Slot<F_Arbeitsauftrag>::Use()->CurrentPosition();
+  }
+};
+
+// Their Screen is still to come.
+class VouchersToCome final : public Vouchers {
+  void OpenOfCurrentPosition(const TvnVar_Dll& /*context*/, std::int32_t /*client*/) override {
+    AppMsgBox("Die Belege sind noch nicht verfügbar.", kBoxInformation);
+  }
+};
+
 }  // namespace
 
 void AnswerNeighbours() {
@@ -64,6 +79,10 @@ void AnswerNeighbours() {
   AnswerTo<NewWorkOrder>() = &new_work_order;
   thread_local ListSelectionDialog list_selection;
   AnswerTo<ListSelection>() = &list_selection;
+  thread_local WorkOrdersAnswer work_orders;
+  AnswerTo<WorkOrders>() = &work_orders;
+  thread_local VouchersToCome vouchers;
+  AnswerTo<Vouchers>() = &vouchers;
 }
 
 }  // namespace tarvoni

@@ -9,6 +9,7 @@
 #include "src/entry/slot_call.h"
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/orders/f_arbeitsauftrag.h"
 #include "src/orders/f_liste_select.h"
 #include "src/orders/f_new_arbeitsauftrag.h"
 #include "src/orders/f_new_rechnung.h"
@@ -51,6 +52,12 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {{"curAraId", kLong}},
        RunOf<F_Arbeitnehmer>([](F_Arbeitnehmer& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Long("curAraId"));
+       })},
+      {"F_Arbeitsauftrag",
+       {{"idPersonal_dll", kText}, {"ID", kLong}, {"Plan_dll", kBoolean}},
+       RunOf<F_Arbeitsauftrag>([](F_Arbeitsauftrag& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Text("idPersonal_dll"), arguments.Long("ID"),
+                    arguments.Boolean("Plan_dll"));
        })},
       {"F_Bruttolohn",
        {{"Id_StundenBuch", kLong}},

@@ -4,6 +4,7 @@
 #include "src/machines/f_maschine_stamm.h"
 #include "src/orders/f_new_rechnung.h"
 #include "src/orders/f_pa_gruppe.h"
+#include "src/orders/f_arbeitsauftrag.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_bruttolohn.h"
 
@@ -12,7 +13,7 @@ namespace tarvoni {
 // The Screens behind the methods of c_Lohn, a line each.
 struct Screens {
   using F_ARA = tarvoni::F_ARA;
-  using F_Arbeitsauftrag = NotBuilt;
+  using F_Arbeitsauftrag = tarvoni::F_Arbeitsauftrag;
   using F_Belege_New = NotBuilt;
   using F_Bruttolohn = tarvoni::F_Bruttolohn;
   using F_Lager = NotBuilt;
