@@ -8,6 +8,7 @@
 #include "src/entry/slot_call.h"
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/machines/f_maschinenbuch.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
 
@@ -51,6 +52,11 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {},
        RunOf<F_MaschineStamm>(
            [](F_MaschineStamm& screen, const TvnVar_Dll& tvnvar, Arguments&) { screen.Run(tvnvar); })},
+      {"F_Maschinenbuch",
+       {{"intNummer_dll", kLong}, {"bolNew", kBoolean}},
+       RunOf<F_Maschinenbuch>([](F_Maschinenbuch& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(arguments.Long("intNummer_dll"), arguments.Boolean("bolNew"), tvnvar);
+       })},
   };
   return runs;
 }

@@ -2,6 +2,7 @@
 
 #include "src/entry/c_lohn.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/machines/f_maschinenbuch.h"
 #include "src/wage/f_ara.h"
 
 namespace tarvoni {
@@ -14,7 +15,7 @@ struct Screens {
   using F_Bruttolohn = NotBuilt;
   using F_Lager = NotBuilt;
   using F_MaschineStamm = tarvoni::F_MaschineStamm;
-  using F_Maschinenbuch = NotBuilt;
+  using F_Maschinenbuch = tarvoni::F_Maschinenbuch;
   using F_NewRechnung = NotBuilt;
   using F_PA_Gruppe = NotBuilt;
 };
