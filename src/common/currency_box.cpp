@@ -1,7 +1,5 @@
 #include "src/common/currency_box.h"
 
-#include "src/common/m_common.h"
-
 namespace tarvoni {
 namespace {
 
@@ -9,18 +7,18 @@ constexpr const char* kEuro = "EUR";
 
 }  // namespace
 
-void FillCurrencies(ComboBox& combo, const TvnVar_Dll& context) {
-  combo.Clear();
-  combo.AddItem(kEuro);
-  combo.AddItem(context.strLocalCurrency);
+void FillCurrencies(ComboBox& box, const TvnVar_Dll& context) {
+  box.Clear();
+  box.AddItem(kEuro);
+  box.AddItem(context.strLocalCurrency);
 }
 
-void ShowCurrency(ComboBox& combo, const TvnVar_Dll& context, bool euro) {
-  FindComboText(combo, euro ? kEuro : context.strLocalCurrency);
+void ShowCurrency(ComboBox& box, bool euro, const TvnVar_Dll& context) {
+  box.SetText(euro ? kEuro : context.strLocalCurrency);
 }
 
-bool ShowsEuro(const ComboBox& combo) {
-  return combo.Text() == kEuro;
+bool IsEuro(const ComboBox& box) {
+  return box.Text() == kEuro;
 }
 
 }  // namespace tarvoni

@@ -1,7 +1,7 @@
 #include "src/machines/f_maschinenbuch.h"
 
 #include "src/common/amount.h"
-#include "src/common/box_rules.h"
+#include "src/common/box_chain.h"
 #include "src/common/column_writer.h"
 #include "src/common/number_keys.h"
 #include "src/context/data/database_error.h"
@@ -71,20 +71,8 @@ void F_Maschinenbuch::ConnectFields() {
     PlainNumberKeys(*box, Entry::kDecimal);
     box->SetMaxLength(kLongestNumber);
   }
-  for (Control* box : std::initializer_list<Control*>{&txtBezeichnung, &txtAnschaffjahr, &txtNutzungs,
-                                                      &txtFahrgestellnumer, &txtPolizeiliches, &txtObjektN,
-                                                      &txtMaschinenstunden, &txtAnschaffS, &txtSteuerS}) {
-    SelectOnFocus(*box);
-  }
-  OnEnter(txtBezeichnung, FocusOnEnter(txtAnschaffjahr));
-  OnEnter(txtAnschaffjahr, FocusOnEnter(txtNutzungs));
-  OnEnter(txtNutzungs, FocusOnEnter(txtFahrgestellnumer));
-  OnEnter(txtFahrgestellnumer, FocusOnEnter(txtPolizeiliches));
-  OnEnter(txtPolizeiliches, FocusOnEnter(txtObjektN));
-  OnEnter(txtObjektN, FocusOnEnter(txtMaschinenstunden));
-  OnEnter(txtMaschinenstunden, FocusOnEnter(txtAnschaffS));
-  OnEnter(txtAnschaffS, FocusOnEnter(txtSteuerS));
-  OnEnter(txtSteuerS, FocusOnEnter(cmdSpeichern));
+  ConnectChain({&txtBezeichnung, &txtAnschaffjahr, &txtNutzungs, &txtFahrgestellnumer, &txtPolizeiliches,
+                &txtObjektN, &txtMaschinenstunden, &txtAnschaffS, &txtSteuerS, &cmdSpeichern});
   txtObjektN.Click = [this] {
     if (!loading_) ShowObject();
   };
