@@ -2,6 +2,7 @@
 
 #include "src/common/contracts.h"
 #include "src/common/m_common.h"
+#include "src/common/voucher_document.h"
 #include "src/context/services/toolkit.h"
 
 namespace tarvoni {
@@ -14,11 +15,18 @@ class TimeWageToCome final : public TimeWage {
   }
 };
 
+// While there are no vouchers, no document belongs to one.
+class NoVouchers final : public VoucherDocument {
+  std::optional<std::int32_t> OfCurrentVoucher() override { return std::nullopt; }
+};
+
 }  // namespace
 
 void AnswerNeighbours() {
   thread_local TimeWageToCome time_wage;
   AnswerTo<TimeWage>() = &time_wage;
+  thread_local NoVouchers no_vouchers;
+  AnswerTo<VoucherDocument>() = &no_vouchers;
 }
 
 }  // namespace tarvoni

@@ -9,6 +9,7 @@
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"
 #include "src/machines/f_maschinenbuch.h"
+#include "src/stores/f_positionen.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
 
@@ -47,6 +48,12 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {{"strParam", kText}},
        RunOf<F_Kostenart>([](F_Kostenart& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Text("strParam"));
+       })},
+      {"F_Positionen",
+       {{"intPersonal", kLong}, {"Lager_ID", kLong}, {"mode_dll", kByte}},
+       RunOf<F_Positionen>([](F_Positionen& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("intPersonal"), arguments.Long("Lager_ID"),
+                    arguments.Byte("mode_dll"));
        })},
       {"F_MaschineStamm",
        {},

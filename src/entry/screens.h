@@ -3,6 +3,7 @@
 #include "src/entry/c_lohn.h"
 #include "src/machines/f_maschine_stamm.h"
 #include "src/machines/f_maschinenbuch.h"
+#include "src/stores/f_lager.h"
 #include "src/wage/f_ara.h"
 
 namespace tarvoni {
@@ -13,7 +14,7 @@ struct Screens {
   using F_Arbeitsauftrag = NotBuilt;
   using F_Belege_New = NotBuilt;
   using F_Bruttolohn = NotBuilt;
-  using F_Lager = NotBuilt;
+  using F_Lager = tarvoni::F_Lager;
   using F_MaschineStamm = tarvoni::F_MaschineStamm;
   using F_Maschinenbuch = tarvoni::F_Maschinenbuch;
   using F_NewRechnung = NotBuilt;
