@@ -29,6 +29,8 @@ constexpr auto kMachines = std::to_array<MachineRow>(
      {1, 601, "Traktor 90 PS mit Rückeanhänger", 2018, 10, "TRK18020618", "GM 61 AF"},
      {1, 602, "Geländewagen Betriebsleitung", 2022, 8, "GLW22010042", "GM 77 AF"},
      {2, 701, "Klosterschlepper mit Seilwinde", 2010, 15, "KLS10000077", "ZT 12 MW"}});
+// It has no cost object yet, so nothing is booked on it.
+constexpr MachineRow kWithoutObject = {0, 506, "Rückeanhänger 8 t", 2024, 12, "RAH24000318", ""};
 
 struct LabelRow {
   std::string_view label;
@@ -121,6 +123,8 @@ void BuildMachines(Enterprise& enterprise) {
     objects.Add(object, row.number, row.name, fmt::format("OBJ {}", client.number), false);
     book.Add(row.number, row.name, row.bought, row.years, row.chassis, row.plate, object++);
   }
+  const MachineRow& row = kWithoutObject;
+  book.Add(row.number, row.name, row.bought, row.years, row.chassis, row.plate, OrNull(0));
   objects.Finish();
   book.Finish();
 }
