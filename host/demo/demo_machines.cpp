@@ -44,7 +44,8 @@ constexpr auto kLabels = std::to_array<LabelRow>({{"ANS", kMachinePurchase},
                                                   {"VK", kFuel},
                                                   {"OI", kLubricants},
                                                   {"STE", kVehicleTax},
-                                                  {"STE", kInsurance}});
+                                                  {"STE", kInsurance},
+                                                  {"EIG", kSpareParts}});  // counts here and under UNT
 
 void WriteLabels(Enterprise& enterprise) {
   RowWriter writer(enterprise.connection, "MASCHINE_STAMM", "LABEL, KOSTENART_ID");
@@ -131,6 +132,23 @@ void BuildMachines(Enterprise& enterprise) {
 
 void BuildMachineCosts(Enterprise& enterprise) {
   MachineCostWriter(enterprise).Write();
+}
+
+// What the first machine cost, on the cost type of the group ANS; behind all that is drawn by lot.
+void BuildMachinePurchase(Enterprise& enterprise) {
+  Client& client = enterprise.clients.front();
+  const CodeSet& codes = enterprise.CodesOf(client);
+  const WorkType& type = codes.WorkTypeOf(kMachineRunning);
+  WorkOrder& order =
+      *client.WorkOrdersFor(kFirstDay.year, type.product, client.Centre(CentreType::kMachineYard)).front();
+  const CostType cost{codes.CostTypeId(kMachinePurchase), kMachinePurchase, false};
+  Position position(order, type, cost, {kFirstDay.year, 1, 25});
+  position.object = client.machines.front().object;
+  position.quantity = 100;
+  position.unit_price = position.amount = 18'600'000;
+  PositionWriter positions(enterprise);
+  positions.Write(position);
+  positions.Finish();
 }
 
 }  // namespace tarvoni::demo
