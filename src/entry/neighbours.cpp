@@ -4,6 +4,7 @@
 #include "src/common/m_common.h"
 #include "src/common/query.h"
 #include "src/common/slot.h"
+#include "src/common/voucher_document.h"
 #include "src/context/services/toolkit.h"
 #include "src/entry/slot_call.h"
 #include "src/orders/f_arbeitsauftrag.h"
@@ -68,6 +69,11 @@ class VouchersToCome final : public Vouchers {
   }
 };
 
+// While there are no vouchers, no document belongs to one.
+class NoVouchers final : public VoucherDocument {
+  std::optional<std::int32_t> OfCurrentVoucher() override { return std::nullopt; }
+};
+
 }  // namespace
 
 void AnswerNeighbours() {
@@ -83,6 +89,8 @@ void AnswerNeighbours() {
   AnswerTo<WorkOrders>() = &work_orders;
   thread_local VouchersToCome vouchers;
   AnswerTo<Vouchers>() = &vouchers;
+  thread_local NoVouchers no_vouchers;
+  AnswerTo<VoucherDocument>() = &no_vouchers;
 }
 
 }  // namespace tarvoni

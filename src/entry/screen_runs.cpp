@@ -9,6 +9,7 @@
 #include "src/entry/slot_call.h"
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/machines/f_maschinenbuch.h"
 #include "src/orders/f_arbeitsauftrag.h"
 #include "src/orders/f_liste_select.h"
 #include "src/orders/f_new_arbeitsauftrag.h"
@@ -18,6 +19,7 @@
 #include "src/piecework/f_naturalvollzug.h"
 #include "src/piecework/f_sonst_stucklohn.h"
 #include "src/piecework/f_zeilohn.h"
+#include "src/stores/f_positionen.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
 #include "src/wage/f_bruttolohn.h"
@@ -87,6 +89,11 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {},
        RunOf<F_MaschineStamm>(
            [](F_MaschineStamm& screen, const TvnVar_Dll& tvnvar, Arguments&) { screen.Run(tvnvar); })},
+      {"F_Maschinenbuch",
+       {{"intNummer_dll", kLong}, {"bolNew", kBoolean}},
+       RunOf<F_Maschinenbuch>([](F_Maschinenbuch& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(arguments.Long("intNummer_dll"), arguments.Boolean("bolNew"), tvnvar);
+       })},
       {"F_Naturalvollzug",
        {{"strConString_dll", kText},
         {"bolOnlyRead_dll", kBoolean},
@@ -115,6 +122,12 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {{"Id_PA_Gruppe", kLong}, {"ID_Mandant", kLong}},
        RunOf<F_PA_Gruppe>([](F_PA_Gruppe& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(arguments.Long("Id_PA_Gruppe"), arguments.Long("ID_Mandant"), tvnvar);
+       })},
+      {"F_Positionen",
+       {{"intPersonal", kLong}, {"Lager_ID", kLong}, {"mode_dll", kByte}},
+       RunOf<F_Positionen>([](F_Positionen& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("intPersonal"), arguments.Long("Lager_ID"),
+                    arguments.Byte("mode_dll"));
        })},
       {"F_Sonst_Stucklohn",
        {{"ID_Mandant_dll", kLong}, {"ID_ARA_Kopf_dll", kLong}},
