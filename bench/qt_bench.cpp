@@ -2,9 +2,12 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QPdfWriter>
+#include <QTemporaryDir>
 #include <memory>
 #include <string>
 
+#include "platform/qt/dialogs/print_pages.h"
 #include "platform/qt/public/pick_dialog.h"
 #include "platform/qt/public/table_view.h"
 
@@ -104,10 +107,36 @@ void TableOpens(benchmark::State& state) {
   state.SetLabel("50.000 Zeilen");
 }
 
+// A report of forty pages, as the journal of a large enterprise's year would be.
+void ReportAsPdf(benchmark::State& state) {
+  StartApplication();
+  constexpr int kReportRows = 1'500, kColumns = 12;
+  PrintDocument document{
+      .issuer = "2010 FB Kaltenwald", .title = "Bericht", .tables = {{}}, .landscape = true};
+  PrintDocument::Table& table = document.tables[0];
+  for (int i = 0; i < kColumns; ++i)
+    table.columns.push_back(
+        {"Spalte " + std::to_string(i), i < 3 ? Alignment::kLeft : Alignment::kRight, "0.00"});
+  for (int row = 0; row < kReportRows; ++row) {
+    auto& cells = table.rows.emplace_back().cells;
+    for (int i = 0; i < kColumns; ++i) {
+      cells.emplace_back(i < 3 ? Value("Kaltenwald/ Abteilung " + std::to_string(row + i))
+                               : Value(Decimal(row * 37 + i, 2)));
+    }
+  }
+  const QTemporaryDir folder;
+  for (auto _ : state) WritePdf(document, folder.filePath("bericht.pdf"));
+  QPdfWriter paper(folder.filePath("zahl.pdf"));
+  SetUpPage(paper, document);
+  const PrintPages pages(document, QRectF(0, 0, paper.width(), paper.height()), &paper);
+  state.SetLabel(std::to_string(pages.Count()) + " Seiten");
+}
+
 BENCHMARK(PickListOpens)->Unit(benchmark::kMillisecond);
 BENCHMARK(PickListKey)->Unit(benchmark::kMillisecond);
 BENCHMARK(PickListFirstKey)->Unit(benchmark::kMillisecond);
 BENCHMARK(TableOpens)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReportAsPdf)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tarvoni::qt

@@ -13,6 +13,10 @@ ExitCode RunBackup(const BackupCommand& command) {
     fmt::print(stderr, "Eine Datenbank auf einem Server sichert der Server selbst.\n");
     return kUsage;
   }
+  if (IsServer(command.target)) {
+    fmt::print(stderr, "Eine Sicherung ist eine Datei; auf einen Server führt keine.\n");
+    return kUsage;
+  }
   sqlite::Backup(*OpenDatabase(command.database), command.target, {.force = command.force});
   fmt::print("Gesichert nach {}.\n", command.target);
   return kOk;

@@ -15,6 +15,7 @@
 #include "host/desktop/desktop.h"
 #include "host/error_report.h"
 #include "platform/sqlite/public/system_reason.h"
+#include "src/context/data/password.h"
 
 namespace tarvoni::host {
 namespace {
@@ -50,7 +51,7 @@ std::string GermanMessage(const CLI::Error& error) {
 }
 
 std::string FailureMessage(const CLI::App* app, const CLI::Error& error) {
-  return GermanMessage(error) + "\nHilfe: " + app->get_name() + " --help\n";
+  return WithoutPassword(GermanMessage(error)) + "\nHilfe: " + app->get_name() + " --help\n";
 }
 
 std::string CheckScale(const std::string& text) {
@@ -229,7 +230,7 @@ int RunCommandLine(int argc, char** argv) {
     FinishOutput();
     return code;
   } catch (const std::exception& error) {
-    std::fputs(Describe(error).c_str(), stderr);
+    std::fputs(WithoutPassword(Describe(error)).c_str(), stderr);
   }
   return kFailed;
 }

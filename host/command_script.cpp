@@ -12,6 +12,7 @@
 #include "host/script/script_hooks.h"
 #include "host/script/script_stage.h"
 #include "host/script/trace_file.h"
+#include "src/context/data/password.h"
 #include "src/context/values/call_error.h"
 #include "src/entry/screen_runs.h"
 #include "suite/tarvoni_suite.h"
@@ -48,7 +49,7 @@ class ScriptSession {
       if (player.Changed()) WriteLines(file, player.UpdatedLines());
       return true;
     } catch (const ScriptFailure& failure) {
-      fmt::print(stderr, "{}\n", failure.Text());
+      fmt::print(stderr, "{}\n", WithoutPassword(failure.Text()));
       ForgetScreens();
       return false;
     }
@@ -57,7 +58,8 @@ class ScriptSession {
  private:
   ScriptOptions Options() const {
     ScriptOptions options{.update = command_.update, .all = command_.all, .database = command_.database};
-    if (command_.tell) options.narrator = [](const std::string& remark) { fmt::print("{}\n", remark); };
+    if (command_.tell)
+      options.narrator = [](const std::string& remark) { fmt::print("{}\n", WithoutPassword(remark)); };
     return options;
   }
 
@@ -83,7 +85,7 @@ ExitCode RunScript(const ScriptCommand& command) {
   for (const std::string& file : command.files) {
     const bool passed = session.Play(file);
     if (!passed) ++failed;
-    fmt::print("{}  {}\n", passed ? "in Ordnung" : "FEHLER    ", file);
+    fmt::print("{}  {}\n", passed ? "in Ordnung" : "FEHLER    ", WithoutPassword(file));
   }
   if (command.files.size() > 1) {
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin;

@@ -12,6 +12,7 @@
 #include "host/error_report.h"
 #include "host/line_prompt.h"
 #include "host/open_database.h"
+#include "src/context/data/password.h"
 
 namespace tarvoni::host {
 namespace {
@@ -64,7 +65,8 @@ ExitCode RunFile(SqlSession& session, const std::string& name) {
   std::ifstream file(name);
   const bool folder = std::filesystem::is_directory(name);
   if (file && !folder) return RunStream(session, file);
-  fmt::print(stderr, "Die Datei {} lässt sich nicht lesen{}.\n", name, folder ? ": das ist ein Ordner" : "");
+  fmt::print(stderr, "Die Datei {} lässt sich nicht lesen{}.\n", WithoutPassword(name),
+             folder ? ": das ist ein Ordner" : "");
   return kFailed;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/display_width.h"
+#include "src/context/data/password.h"
 #include "src/context/values/text.h"
 
 namespace tarvoni::host {
@@ -46,8 +47,8 @@ std::string Join(const std::vector<std::string>& characters, std::size_t begin, 
 }  // namespace
 
 std::string DescribeError(const DatabaseError& error, int lines_before) {
-  std::string report = fmt::format("Fehler {}: {}\n", error.Number(), error.what());
-  if (error.Line() < 1 || error.Column() < 1) return report;
+  std::string report = fmt::format("Fehler {}: {}\n", error.Number(), WithoutPassword(error.what()));
+  if (error.Line() < 1 || error.Column() < 1 || HoldsPassword(error.Statement())) return report;
 
   const auto characters = Characters(LineOf(error.Statement(), error.Line()));
   if (characters.empty()) return report;

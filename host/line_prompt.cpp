@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "src/context/data/password.h"
+
 namespace tarvoni::host {
 namespace {
 
@@ -36,7 +38,7 @@ LinePrompt::~LinePrompt() {
 std::optional<std::string> LinePrompt::Read(const std::string& prompt) {
   const std::unique_ptr<char, decltype(&std::free)> line(readline(prompt.c_str()), &std::free);
   if (!line) return {};
-  if (*line != '\0') add_history(line.get());
+  if (*line != '\0' && !HoldsPassword(line.get())) add_history(line.get());
   return std::string(line.get());
 }
 

@@ -5,7 +5,8 @@
 
 namespace tarvoni::host {
 
-// A prompt with line editing; the lines entered are kept for the next time in a file of the user's own.
+// A prompt with line editing; the lines entered are kept for the next time in a file of the user's own,
+// those with a password not.
 class LinePrompt {
  public:
   LinePrompt();

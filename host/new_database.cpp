@@ -1,26 +1,27 @@
 #include "host/new_database.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "host/open_database.h"
+#include "platform/odbc/public/odbc_database.h"
 #include "platform/sqlite/public/partial_file.h"
 #include "platform/sqlite/public/sqlite_database.h"
+#include "src/context/data/password.h"
 #include "src/context/values/call_error.h"
+#include "src/context/values/keywords.h"
+#include "src/schema/schema.h"
 
 namespace tarvoni::host {
 namespace {
 
-constexpr int kNoSuchTable = 208;
-
-// True when the database already has tables of ours.
+// Whether the database of a server has tables of ours already. A new file has none.
 bool HasTables(Connection& connection) {
-  try {
-    connection.Open("SELECT TOP 1 ID_PERSONAL FROM PERSONAL");
-    return true;
-  } catch (const DatabaseError& error) {
-    if (error.Number() != kNoSuchTable) throw;
-    return false;
-  }
+  const auto names = odbc::TableNames(connection);
+  const auto ours = SchemaTables();
+  return std::ranges::any_of(names, [&](const std::string& name) {
+    return std::ranges::any_of(ours, [&](const std::string& table) { return EqualsKeyword(name, table); });
+  });
 }
 
 bool HoldsSomething(const std::string& file) {
@@ -30,11 +31,11 @@ bool HoldsSomething(const std::string& file) {
 }
 
 [[noreturn]] void Refuse(const std::string& database) {
-  throw CallError(database + " ist nicht leer; gebraucht wird eine neue Datenbank.");
+  throw CallError("„" + WithoutPassword(database) + "“ ist nicht leer; gebraucht wird eine neue Datenbank.");
 }
 
-void Fill(const std::string& database, const std::function<void(Connection&)>& fill) {
-  const auto connection = OpenDatabase(database, OpenMode::kCreate);
+void FillServer(const std::string& database, const std::function<void(Connection&)>& fill) {
+  const auto connection = OpenDatabase(database);
   if (HasTables(*connection)) Refuse(database);
   fill(*connection);
 }
@@ -48,11 +49,11 @@ bool TakeEmptyFile(const sqlite::PartialFile& file, const std::string& target) {
 
 void MakeNewDatabase(const std::string& database, const std::function<void(Connection&)>& fill,
                      Existing existing) {
-  if (IsServer(database)) return Fill(database, fill);
+  if (IsServer(database)) return FillServer(database, fill);
   const bool replaces = existing == Existing::kReplace;
   if (!replaces && HoldsSomething(database)) Refuse(database);
   sqlite::PartialFile file(std::filesystem::weakly_canonical(std::filesystem::absolute(database)));
-  Fill(file.Path(), fill);
+  fill(*OpenDatabase(file.Path(), OpenMode::kCreate));
   if (replaces) return file.TakeName();
   if (!file.TakeFreeName() && !TakeEmptyFile(file, database)) Refuse(database);
 }

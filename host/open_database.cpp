@@ -2,12 +2,14 @@
 
 #include "platform/odbc/public/odbc_database.h"
 #include "platform/sqlite/public/sqlite_database.h"
+#include "src/context/data/password.h"
+#include "src/context/values/keywords.h"
 #include "src/schema/schema.h"
 
 namespace tarvoni::host {
 
 bool IsServer(const std::string& database) {
-  return database.starts_with("odbc:");
+  return StartsWithKeyword(database, "ODBC:") || HoldsPassword(database);
 }
 
 std::shared_ptr<Connection> OpenDatabase(const std::string& database, OpenMode mode) {

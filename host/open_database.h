@@ -12,6 +12,7 @@ enum class OpenMode { kExisting, kReadOnly, kCreate };
 // Opens a file, or with "odbc:…" a server. Throws DatabaseError, also for a file of a newer schema.
 std::shared_ptr<Connection> OpenDatabase(const std::string& database, OpenMode mode = OpenMode::kExisting);
 
+// Whether a text names a server: it begins with "odbc:" or has a password in it, as no name of a file has.
 bool IsServer(const std::string& database);
 
 }  // namespace tarvoni::host

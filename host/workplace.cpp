@@ -1,7 +1,7 @@
 #include "host/workplace.h"
 
 #include "host/open_database.h"
-#include "platform/odbc/public/password.h"
+#include "src/context/data/password.h"
 #include "src/context/services/environment.h"
 #include "src/context/values/field_text.h"
 #include "src/context/values/number_text.h"
@@ -23,7 +23,7 @@ std::string Shown(const Value& value) {
 void Workplace::Open(const std::string& database) {
   record_.dbAdo = OpenDatabase(database);
   record_.strConString = record_.dbAdo->ConnectionString();
-  name_ = odbc::WithoutPassword(database);
+  name_ = WithoutPassword(database);
 }
 
 void Workplace::Close() {

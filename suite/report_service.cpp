@@ -3,7 +3,12 @@
 #include "src/context/data/statement.h"
 #include "src/context/rules/hour_amount.h"
 #include "src/context/rules/wage_rules.h"
+#include "src/context/services/toolkit.h"
 #include "src/context/values/call_error.h"
+#include "src/context/values/number_text.h"
+#include "suite/est_paper.h"
+#include "suite/journal_paper.h"
+#include "suite/month_summary.h"
 #include "suite/reading.h"
 
 namespace tarvoni::suite {
@@ -43,15 +48,21 @@ ORDER BY K.ID)",
                  hour_amount::StoredValue());
 }
 
-void ReportService::PrintGrid(const TvnVar_Dll&, const std::string& report, const std::string&,
-                              const std::string&, bool) {
-  throw CallError("Der Bericht \"" + report + "\" kann noch nicht gedruckt werden.");
+void ReportService::PrintGrid(const TvnVar_Dll& context, const std::string& report, const std::string& id,
+                              const std::string& /*selection*/, bool /*flag*/) {
+  const auto key = ToInt32(id, CurrentLocale());
+  if (report == "BRUTTO") return CurrentToolkit().PreviewPrint(JournalPaper(context, key));
+  if (report == "EST") return CurrentToolkit().PreviewPrint(EstPaper(context, key));
+  throw CallError("Den Bericht \"" + report + "\" gibt es nicht.");
 }
 
 void ReportService::PrintRows(const TvnVar_Dll& context, std::int32_t id, std::int32_t person,
                               std::int32_t year, std::int32_t month, int mode, bool& flag, Value& result) {
-  if (mode == kJournalSummary)
-    throw CallError("Die Monatsübersicht des Bruttolohns steht noch nicht zur Verfügung.");
+  if (mode == kJournalSummary) {
+    const JournalMonth journal{.header = id, .client = person, .year = year, .month = month};
+    result = SummaryText(flag ? OwnLines(context, journal) : OrderHours(context, journal));
+    return;
+  }
   if (mode != kOrderHours)
     throw CallError("Die Berichte kennen keine Auswertung " + std::to_string(mode) + ".");
   const Recordset rows = DatabaseOf(context).Open(OrderHoursAmount(id, person, year, month, flag));

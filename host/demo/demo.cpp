@@ -15,8 +15,8 @@ constexpr std::array kMasterParts = {BuildSettings,  BuildUnits,      BuildNatur
                                      BuildWorkTypes, BuildClients,    BuildPlaces,      BuildForest,
                                      BuildWageTypes, BuildWageScales, BuildWorkers,     BuildTimberCodes,
                                      BuildTariff,    BuildMachines,   BuildWorkOrders,  BuildPlans};
-constexpr std::array kMovementParts = {BuildFreeLists,    BuildJournals, BuildPositions,
-                                       BuildMachineCosts, BuildVouchers, BuildStores};
+constexpr std::array kMovementParts = {BuildFreeLists, BuildJournals, BuildPositions,      BuildMachineCosts,
+                                       BuildVouchers,  BuildStores,   BuildMachinePurchase};
 
 }  // namespace
 

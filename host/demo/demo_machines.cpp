@@ -29,6 +29,8 @@ constexpr auto kMachines = std::to_array<MachineRow>(
      {1, 601, "Traktor 90 PS mit Rückeanhänger", 2018, 10, "TRK18020618", "GM 61 AF"},
      {1, 602, "Geländewagen Betriebsleitung", 2022, 8, "GLW22010042", "GM 77 AF"},
      {2, 701, "Klosterschlepper mit Seilwinde", 2010, 15, "KLS10000077", "ZT 12 MW"}});
+// It has no cost object yet, so nothing is booked on it.
+constexpr MachineRow kWithoutObject = {0, 506, "Rückeanhänger 8 t", 2024, 12, "RAH24000318", ""};
 
 struct LabelRow {
   std::string_view label;
@@ -42,7 +44,8 @@ constexpr auto kLabels = std::to_array<LabelRow>({{"ANS", kMachinePurchase},
                                                   {"VK", kFuel},
                                                   {"OI", kLubricants},
                                                   {"STE", kVehicleTax},
-                                                  {"STE", kInsurance}});
+                                                  {"STE", kInsurance},
+                                                  {"EIG", kSpareParts}});  // counts here and under UNT
 
 void WriteLabels(Enterprise& enterprise) {
   RowWriter writer(enterprise.connection, "MASCHINE_STAMM", "LABEL, KOSTENART_ID");
@@ -121,12 +124,31 @@ void BuildMachines(Enterprise& enterprise) {
     objects.Add(object, row.number, row.name, fmt::format("OBJ {}", client.number), false);
     book.Add(row.number, row.name, row.bought, row.years, row.chassis, row.plate, object++);
   }
+  const MachineRow& row = kWithoutObject;
+  book.Add(row.number, row.name, row.bought, row.years, row.chassis, row.plate, OrNull(0));
   objects.Finish();
   book.Finish();
 }
 
 void BuildMachineCosts(Enterprise& enterprise) {
   MachineCostWriter(enterprise).Write();
+}
+
+// What the first machine cost, on the cost type of the group ANS; behind all that is drawn by lot.
+void BuildMachinePurchase(Enterprise& enterprise) {
+  Client& client = enterprise.clients.front();
+  const CodeSet& codes = enterprise.CodesOf(client);
+  const WorkType& type = codes.WorkTypeOf(kMachineRunning);
+  WorkOrder& order =
+      *client.WorkOrdersFor(kFirstDay.year, type.product, client.Centre(CentreType::kMachineYard)).front();
+  const CostType cost{codes.CostTypeId(kMachinePurchase), kMachinePurchase, false};
+  Position position(order, type, cost, {kFirstDay.year, 1, 25});
+  position.object = client.machines.front().object;
+  position.quantity = 100;
+  position.unit_price = position.amount = 18'600'000;
+  PositionWriter positions(enterprise);
+  positions.Write(position);
+  positions.Finish();
 }
 
 }  // namespace tarvoni::demo

@@ -29,6 +29,18 @@ constexpr auto kGoods =
                           {"Markierspray orange", kPieces, 465, 1090, kSmallMaterial},
                           {"Betonrohr 40 cm", kMetres, 3'890, 4030, kRoadMaterial}});
 
+// A document with one sort of goods that shows a case, whatever the random ones hold.
+struct Told {
+  int goods;  // of kGoods
+  int quantity, drawn;
+  bool cancelled;
+  bool euro;
+};
+constexpr auto kTold = std::to_array<Told>({{0, 4000, 4000, false, true},  // all drawn
+                                            {3, 500, 250, false, true},    // half drawn
+                                            {4, 240, 0, false, false},     // untouched, in the local currency
+                                            {5, 60, 20, true, false}});    // its only withdrawal is cancelled
+
 // Stores documents, the goods on them and what was taken out.
 class StoresWriter {
  public:
@@ -39,6 +51,8 @@ class StoresWriter {
       const int documents = 6 + 2 * enterprise_.scale;
       for (int i = 0; i < documents; ++i) WriteDocument(client);
     }
+    Client& client = enterprise_.clients.front();
+    for (const Told& told : kTold) WriteTold(client, told);
     documents_.Finish();
     goods_.Finish();
     withdrawals_.Finish();
@@ -58,6 +72,31 @@ class StoresWriter {
                    codes.chapters[1], codes.titles[3], fmt::format("H{:06}", id), AddDays(delivered, 2),
                    fmt::format("LR-{}", invoice), delivered, Decimal(amount, 2), true,
                    codes.payment_kinds.front(), codes.payment_reasons.front(), payee);
+  }
+
+  void WriteTold(Client& client, const Told& told) {
+    const Goods& goods = kGoods[static_cast<std::size_t>(told.goods)];
+    const DateTime delivered = AddDays(kToday, -40);
+    const CodeSet& codes = enterprise_.CodesOf(client);
+    const int id = ++last_document_;
+    const Decimal cost(Int128{told.quantity} * goods.price, 2);
+    documents_.Add(id, fmt::format("L{}-{:04}", client.number, id), client.id, AddDays(delivered, 3),
+                   codes.chapters[1], codes.titles[3], fmt::format("H{:06}", id), AddDays(delivered, 2),
+                   fmt::format("LR-{}", id), delivered, cost, told.euro, codes.payment_kinds.front(),
+                   codes.payment_reasons.front(), enterprise_.suppliers.front());
+    const int position = ++last_goods_;
+    goods_.Add(position, id, Decimal(goods.price, 2), told.quantity, goods.unit, cost, told.euro, goods.name);
+    if (told.drawn == 0) return;
+    const WorkType& type = codes.WorkTypeOf(goods.work_type);
+    const District& district = client.districts.front();
+    const DateTime day = AddDays(delivered, 5);
+    const WorkOrder& order = *client.WorkOrdersFor(day.year, type.product, district.centre).front();
+    withdrawals_.Add(++enterprise_.last.position, "L", true, 0, day, position, fmt::format("E{:04}", id),
+                     district.centre.id, order.id, type.id, type.methods.front(),
+                     codes.CostTypeId(goods.cost_type), district.locations.front(), told.drawn, true,
+                     Decimal(goods.price, 2), type.unit, told.drawn,
+                     Decimal(Int128{told.drawn} * goods.price, 2),
+                     told.cancelled ? std::optional(AddDays(day, 10)) : std::nullopt);
   }
 
   // The cost of the goods in cents.

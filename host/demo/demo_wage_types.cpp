@@ -41,7 +41,7 @@ constexpr auto kWageTypes = std::to_array<WageTypeRow>({
     {1320, "Überstunden 100 %", kHourUnit, 1, 2, true, true, 0, 1, 0, 20000, false, false},
     {kDirtAllowance, "Erschwerniszulage", kHourUnit, 1, 0, true, true, 0, 0, 0, 11500, true, false},
     {1420, "Gefahrenzulage Seilbringung", kHourUnit, 1, 0, true, true, 0, 0, 0, 15300, true, false},
-    {1430, "Akkordprämie", kPieceUnit, 2, 1, true, true, 0, 1, 0, 1850, true, false},
+    {kPieceBonus, "Akkordprämie", kPieceUnit, 2, 1, true, true, 0, 1, 0, 1850, true, false},
     {kTravelKilometres, "Kilometergeld", kKilometreUnit, 1, 0, true, true, 0, 1, 0, 4200, false, false},
     {1520, "Hundehaltung", kEuroUnit, 1, 0, false, false, 0, 0, 0, 10000, false, false},
     {kHoliday, "Urlaub", kHourUnit, 3, 0, true, false, 100, 0, 3, 0, false, false},

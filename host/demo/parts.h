@@ -31,5 +31,6 @@ void BuildPositions(Enterprise& enterprise);
 void BuildMachineCosts(Enterprise& enterprise);
 void BuildVouchers(Enterprise& enterprise);
 void BuildStores(Enterprise& enterprise);
+void BuildMachinePurchase(Enterprise& enterprise);
 
 }  // namespace tarvoni::demo

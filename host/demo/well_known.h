@@ -13,6 +13,7 @@ inline constexpr int kEstPiecework = 1110;
 inline constexpr int kOtherPiecework = 1210;
 inline constexpr int kOvertime = 1310;
 inline constexpr int kDirtAllowance = 1410;
+inline constexpr int kPieceBonus = 1430;
 inline constexpr int kTravelKilometres = 1510;
 inline constexpr int kHoliday = 2010;
 inline constexpr int kPublicHoliday = 2020;

@@ -10,6 +10,7 @@
 
 #include "host/desktop/settings.h"
 #include "platform/qt/public/text.h"
+#include "src/context/data/password.h"
 
 namespace tarvoni::host {
 namespace {
@@ -49,6 +50,8 @@ class ServerDialog : public QDialog {
   void accept() override {
     const bool complete = !server_->text().trimmed().isEmpty() && !database_->text().trimmed().isEmpty();
     if (!complete) return Refuse("Server und Datenbank müssen angegeben sein.");
+    // It would begin a part of its own in the connection text, a password too, and be kept with the field.
+    if (HasSemicolon()) return Refuse("Ein Strichpunkt kann nur im Kennwort stehen.");
     QApplication::setOverrideCursor(Qt::WaitCursor);
     QString fault;
     try {
@@ -81,9 +84,14 @@ class ServerDialog : public QDialog {
   }
 
   void Refuse(const QString& fault) {
-    fault_->setText(fault);
+    fault_->setText(qt::ToQt(WithoutPassword(qt::FromQt(fault))));
     fault_->show();
     adjustSize();
+  }
+
+  bool HasSemicolon() const {
+    const ServerSettings to = Remembered();
+    return (to.server + to.database + to.user + to.driver + to.port).contains(';');
   }
 
   ServerSettings Remembered() const {

@@ -2,8 +2,8 @@
 
 #include <QSettings>
 
-#include "platform/odbc/public/password.h"
 #include "platform/qt/public/text.h"
+#include "src/context/data/password.h"
 
 namespace tarvoni::host {
 namespace {
@@ -60,12 +60,13 @@ void ServerSettings::Save() const {
 }
 
 QStringList RecentDatabases() {
-  return Store().value(kRecent).toStringList();
+  QStringList recent = Store().value(kRecent).toStringList();
+  recent.removeIf([](const QString& database) { return HoldsPassword(qt::FromQt(database)); });
+  return recent;
 }
 
 void RememberDatabase(const QString& database) {
-  const std::string plain = qt::FromQt(database);
-  if (odbc::WithoutPassword(plain) != plain) return;
+  if (HoldsPassword(qt::FromQt(database))) return;
   QStringList recent = RecentDatabases();
   recent.removeAll(database);
   recent.prepend(database);

@@ -10,7 +10,7 @@ namespace tarvoni::host {
 
 // What the user of the desktop sets once; kept with his other settings.
 struct Settings {
-  QString locale = "de";  // or "en"
+  QString locale = "de";  // of numbers, or "en"
   QString date_format = "yyyymmdd";
   QString currency = "ATS";
   QString work_directory;
@@ -18,7 +18,8 @@ struct Settings {
   static Settings Load();
   void Save() const;
 
-  Locale FieldLocale() const { return locale == "en" ? Locale::English() : Locale::German(); }
+  // The Screens speak German whatever the numbers look like.
+  Locale FieldLocale() const { return {Language::kGerman, locale == "en" ? '.' : ','}; }
   void Fill(TvnVar_Dll& record) const;
 };
 

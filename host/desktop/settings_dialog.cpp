@@ -45,7 +45,7 @@ bool EditSettings(QWidget* parent, Settings& settings) {
   QDialog dialog(parent);
   dialog.setWindowTitle("Einstellungen");
   auto* const locale =
-      Choice(&dialog, {{"deutsch (1.234,56)", "de"}, {"englisch (1,234.56)", "en"}}, settings.locale);
+      Choice(&dialog, {{"mit Komma (1234,56)", "de"}, {"mit Punkt (1234.56)", "en"}}, settings.locale);
   auto* const date_format =
       Choice(&dialog, {{"'20240315'  (yyyymmdd)", "yyyymmdd"}, {"'2024-03-15'  (yyyy-mm-dd)", "yyyy-mm-dd"}},
              settings.date_format);
@@ -61,7 +61,7 @@ bool EditSettings(QWidget* parent, Settings& settings) {
   QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
 
   auto* const form = new QFormLayout(&dialog);
-  form->addRow("&Zahlen und Daten:", locale);
+  form->addRow("&Zahlen:", locale);
   form->addRow("&Datum in Anweisungen:", date_format);
   form->addRow("&Landeswährung:", currency);
   form->addRow("A&rbeitsordner:", WithChoice(directory));

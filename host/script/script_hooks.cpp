@@ -39,16 +39,8 @@ std::string ContentsOf(Connection& connection, const std::string& table) {
 }
 
 ScriptHooks::Values ContentsOfTables(Connection& connection) {
-  constexpr std::string_view kCreate = "CREATE TABLE ";
   ScriptHooks::Values contents;
-  for (const SqlText& made : SchemaStatements()) {
-    const std::string_view statement = made.Text();
-    const auto start = statement.find(kCreate);
-    if (start == std::string::npos) continue;
-    const auto name = start + kCreate.size();
-    const std::string table(statement.substr(name, statement.find_first_of(" (", name) - name));
-    contents[table] = ContentsOf(connection, table);
-  }
+  for (const std::string& table : SchemaTables()) contents[table] = ContentsOf(connection, table);
   return contents;
 }
 

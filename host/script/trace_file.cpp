@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "src/context/data/password.h"
 #include "src/context/values/call_error.h"
 
 namespace tarvoni::host {
@@ -33,7 +34,7 @@ TraceFile::TraceFile(const std::string& file) : out_(file, std::ios::binary) {
 }
 
 void TraceFile::Heading(const std::string& text) {
-  out_ << "# " << text << '\n';
+  out_ << "# " << WithoutPassword(text) << '\n';
 }
 
 void TraceFile::Follow(Connection& connection) {
@@ -42,7 +43,8 @@ void TraceFile::Follow(Connection& connection) {
 
 void TraceFile::Write(const TraceEvent& event) {
   const auto milliseconds = std::chrono::duration<double, std::milli>(event.elapsed).count();
-  out_ << fmt::format("{:9.3f} ms  {:<14}  {}\n", milliseconds, OutcomeOf(event), Indented(event.statement))
+  out_ << fmt::format("{:9.3f} ms  {:<14}  {}\n", milliseconds, OutcomeOf(event),
+                      Indented(WithoutPassword(event.statement)))
        << std::flush;
 }
 

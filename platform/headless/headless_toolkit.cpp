@@ -48,6 +48,7 @@ void HeadlessToolkit::Paste(Control&, std::string_view text) {
 }
 
 void HeadlessToolkit::SelectAll(Control& control) {
+  Top().StopWaiting();
   if (auto* box = dynamic_cast<TextBox*>(&control)) box->SelectAll();
   if (auto* combo = dynamic_cast<ComboBox*>(&control)) combo->SelectAll();
 }

@@ -34,8 +34,22 @@ SQLRETURN Batch::Send(std::string_view text) {
 }
 
 void Batch::Run(std::string_view text, bool has_lead) {
+  TakeResults(Send(text), has_lead);
+}
+
+void Batch::RunTables() {
+  std::string type = "TABLE";
+  std::u16string wide_type = u"TABLE";
+  const auto size = static_cast<SQLSMALLINT>(type.size());
+  const SQLHANDLE statement = statement_.Get();
+  TakeResults(respondent_.wide_text
+                  ? SQLTablesW(statement, nullptr, 0, nullptr, 0, nullptr, 0, AsWide(wide_type.data()), size)
+                  : SQLTables(statement, nullptr, 0, nullptr, 0, nullptr, 0, AsNarrow(type.data()), size),
+              false);
+}
+
+void Batch::TakeResults(SQLRETURN result, bool has_lead) {
   bool is_lead = has_lead;
-  SQLRETURN result = Send(text);
   do {
     const auto failure = FailureOf(result, respondent_);
     if (!failure_) failure_ = failure;

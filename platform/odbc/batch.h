@@ -22,6 +22,9 @@ class Batch {
   // `has_lead`: the first result is passed over.
   void Run(std::string_view text, bool has_lead);
 
+  // Asks the driver for the tables of the database; their names stand in the third column.
+  void RunTables();
+
   // Of the last statement that reports a count, -1 if none does.
   long long AffectedRows() const;
   // The first result set, closed if there is none.
@@ -32,6 +35,7 @@ class Batch {
 
  private:
   SQLRETURN Send(std::string_view text);
+  void TakeResults(SQLRETURN result, bool has_lead);
   void TakeResult();
 
   Handle<SQL_HANDLE_STMT> statement_;

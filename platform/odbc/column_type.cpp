@@ -7,7 +7,7 @@
 #include <iterator>
 #include <utility>
 
-#include "platform/odbc/keywords.h"
+#include "src/context/values/keywords.h"
 
 namespace tarvoni::odbc {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/odbc/keywords.h"
-#include "platform/odbc/public/password.h"
 #include "src/context/data/database_error.h"
+#include "src/context/data/password.h"
+#include "src/context/values/keywords.h"
 
 namespace tarvoni::odbc {
 namespace {
@@ -62,15 +62,6 @@ bool IsFreeTds(std::string_view text) {
 
 }  // namespace
 
-std::size_t QuotedEnd(std::string_view text, std::size_t at, char closing) {
-  for (++at; at < text.size(); ++at) {
-    if (text[at] != closing) continue;
-    if (at + 1 >= text.size() || text[at + 1] != closing) return at + 1;
-    ++at;
-  }
-  return text.size();
-}
-
 std::optional<std::string> Attribute(std::string_view text, std::string_view upper_name) {
   while (!text.empty()) {
     const NamedValue attribute = TakeAttribute(text);
@@ -86,7 +77,7 @@ bool WantsApplicationLock(std::string_view connection_string) {
 }
 
 std::string DriverText(std::string_view connection_string) {
-  if (!EqualsKeyword(connection_string.substr(0, kPrefix.size()), kPrefix))
+  if (!StartsWithKeyword(connection_string, kPrefix))
     throw DatabaseError(kErrorConnection, "Der Verbindungstext muss mit \"odbc:\" beginnen: " +
                                               WithoutPassword(connection_string));
   std::string text = Without(Trimmed(connection_string.substr(kPrefix.size())), kApplicationLock);

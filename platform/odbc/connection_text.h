@@ -1,15 +1,10 @@
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace tarvoni::odbc {
-
-// Behind the closing mark of a part that opens at `at`, a doubled one standing for itself; the text's end
-// when it is not closed.
-std::size_t QuotedEnd(std::string_view text, std::size_t at, char closing);
 
 // The value of an attribute of "Name=value;Name={value};…" without its braces, the first of several;
 // `upper_name` is in capital letters.

@@ -7,7 +7,6 @@
 #include <array>
 
 #include "platform/odbc/driver_text.h"
-#include "platform/odbc/public/password.h"
 
 namespace tarvoni::odbc {
 namespace {
@@ -43,7 +42,7 @@ std::vector<Diagnostic> DiagnosticsOf(const Respondent& from) {
                                 length);
         });
     if (!SQL_SUCCEEDED(result)) return found;
-    Diagnostic diagnostic{{}, native, WithoutPassword(message.Text()), LineOf(from, record)};
+    Diagnostic diagnostic{{}, native, message.Text(), LineOf(from, record)};
     for (std::size_t i = 0; i < 5; ++i)
       diagnostic.state += static_cast<char>(from.wide_text ? wide_state[i] : state[i]);
     found.push_back(std::move(diagnostic));

@@ -28,7 +28,7 @@ struct Respondent {
   bool wide_text;
 };
 
-// All records of a handle, without passwords.
+// All records of a handle. A driver may repeat passwords in them.
 std::vector<Diagnostic> DiagnosticsOf(const Respondent& from);
 
 // What failed in a call that gave `result`: the first record that is no warning. Some drivers report an error

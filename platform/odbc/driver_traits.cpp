@@ -1,6 +1,6 @@
 #include "platform/odbc/driver_traits.h"
 
-#include "platform/odbc/keywords.h"
+#include "src/context/values/keywords.h"
 
 namespace tarvoni::odbc {
 

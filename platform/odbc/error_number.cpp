@@ -4,8 +4,8 @@
 #include <iterator>
 #include <string_view>
 
-#include "platform/odbc/keywords.h"
 #include "src/context/data/database_error.h"
+#include "src/context/values/keywords.h"
 
 namespace tarvoni::odbc {
 namespace {

@@ -10,6 +10,8 @@
 #include "platform/odbc/driver_text.h"
 #include "platform/odbc/error_number.h"
 #include "src/context/data/database_error.h"
+#include "src/context/data/password.h"
+#include "src/context/values/keywords.h"
 
 namespace tarvoni::odbc {
 namespace {
@@ -26,7 +28,7 @@ bool IsRefusedLogin(const Diagnostic& diagnostic) {
 }
 
 // Drivers tell the cause in several records, the manager's own first.
-DatabaseError OpenError(const Respondent& connection) {
+DatabaseError OpenError(const Respondent& connection, const std::vector<std::string>& passwords) {
   const std::vector<Diagnostic> found = DiagnosticsOf(connection);
   std::string text =
       std::any_of(found.begin(), found.end(), IsRefusedLogin)
@@ -37,7 +39,7 @@ DatabaseError OpenError(const Respondent& connection) {
     text += separator + PlainMessage(diagnostic);
     separator = "; ";
   }
-  return {kErrorConnection, text};
+  return {kErrorConnection, WithoutPassword(text, passwords)};
 }
 
 }  // namespace
@@ -57,7 +59,8 @@ Link::Link(const std::string& driver_text, std::chrono::seconds login_timeout)
         return SQLDriverConnectW(Get(), nullptr, text, static_cast<SQLSMALLINT>(size), nullptr, 0, nullptr,
                                  SQL_DRIVER_NOPROMPT);
       });
-  if (!SQL_SUCCEEDED(result)) throw OpenError({SQL_HANDLE_DBC, Get(), traits_.wide_text});
+  if (!SQL_SUCCEEDED(result))
+    throw OpenError({SQL_HANDLE_DBC, Get(), traits_.wide_text}, PasswordsIn(driver_text));
   traits_ = TraitsOf(Info(SQL_DRIVER_NAME), Info(SQL_DBMS_NAME));
 }
 
@@ -73,6 +76,15 @@ std::string Link::Info(SQLUSMALLINT what) const {
   std::array<char, 256> text{};
   SQLGetInfo(Get(), what, text.data(), static_cast<SQLSMALLINT>(text.size()), nullptr);
   return text.data();
+}
+
+int Link::Socket() const {
+  constexpr SQLUSMALLINT kSocket = 1301;  // a question of FreeTDS alone
+  SQLULEN socket = 0;
+  SQLSMALLINT size = 0;
+  if (!ContainsKeyword(Info(SQL_DRIVER_NAME), "TDSODBC")) return -1;
+  const SQLRETURN result = SQLGetInfo(Get(), kSocket, &socket, sizeof socket, &size);
+  return SQL_SUCCEEDED(result) && size == sizeof socket ? static_cast<int>(socket) : -1;
 }
 
 bool Link::IsDead() const {

@@ -22,6 +22,8 @@ class Link {
 
   SQLHANDLE Get() const { return connection_.Get(); }
   const DriverTraits& Traits() const { return traits_; }
+  // The socket of the session, -1 if the driver does not tell.
+  int Socket() const;
   // Ends the session; nothing can be sent any more.
   void Close();
   // Whether the driver knows that the other side has gone.

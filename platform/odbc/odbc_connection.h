@@ -2,8 +2,10 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/odbc/batch.h"
+#include "platform/odbc/deadline.h"
 #include "platform/odbc/link.h"
 #include "platform/odbc/public/odbc_database.h"
 
@@ -24,6 +26,9 @@ class OdbcConnection : public Connection {
   void EndHandler() override;
   void CommitHandler() override { GiveLockBack(); }
 
+  // See odbc_database.h.
+  std::vector<std::string> TableNames();
+
   void SetTraceHook(TraceHook hook) override { trace_ = std::move(hook); }
 
  private:
@@ -31,7 +36,7 @@ class OdbcConnection : public Connection {
   Batch Run(std::string_view text);
   Batch RunAlone(std::string_view text, const std::string& statement);
   Batch RunTraced(std::string_view text, const std::string& statement);
-  Batch Send(std::string_view text, bool has_lead = false);
+  Batch Send(std::string_view text, std::chrono::seconds limit, bool has_lead = false);
   bool IsServer() const { return link_.Traits().dialect == Dialect::kTsqlServer; }
   void TakeLock(const std::string& statement);
   void GiveLockBack();
@@ -39,8 +44,10 @@ class OdbcConnection : public Connection {
   DatabaseError ErrorOf(const Diagnostic& diagnostic, const std::string& statement);
 
   std::string connection_string_;
+  std::vector<std::string> passwords_;  // of the text, that no message shows them
   OdbcOptions options_;
   Link link_;
+  Deadline deadline_;
   bool lost_ = false;
   bool uses_lock_ = false;
   bool has_lock_ = false;

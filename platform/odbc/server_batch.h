@@ -11,9 +11,6 @@ bool CreatesTemporaryTable(std::string_view text);
 // The batch as one call with a scope of its own, with which its temporary tables end.
 std::string InOwnScope(std::string_view text);
 
-// Whether a batch may write into the database; its temporary tables do not count.
-bool WritesTables(std::string_view text);
-
 // Whether a batch may write more than once, so that something is left to run when its first write fails.
 bool WritesSeveralTimes(std::string_view text);
 

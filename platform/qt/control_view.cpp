@@ -79,7 +79,8 @@ bool ControlView::Press(const QMouseEvent& event, bool twice) {
 
 void ControlView::Flash() {
   constexpr int kFlashTime = 200;  // milliseconds
-  PaintRefused(*Widget());
+  constexpr double kFlash = 0.5;
+  PaintRefused(*Widget(), kFlash);
   QTimer::singleShot(kFlashTime, Widget(), [this] { Show(Aspect::kLocked); });
 }
 

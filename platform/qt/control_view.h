@@ -47,8 +47,9 @@ class ControlView {
   virtual bool Search() { return false; }
   // Copies what the user marked in a closed control; false if it has nothing of the kind.
   virtual bool CopyMarked() const { return false; }
-  // What was typed but not yet handed on; the window asks before the user does anything else.
-  virtual void Commit() {}
+  // Hands on what was typed; the window asks before the user does anything else. False if that has to wait, because
+  // what was typed makes no sense.
+  virtual bool Commit() { return true; }
 
  protected:
   FormWindow& Window() const { return window_; }

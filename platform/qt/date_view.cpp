@@ -14,7 +14,7 @@ namespace tarvoni::qt {
 DateView::DateView(DateControl& date, FormWindow& window, QWidget* parent)
     : ControlView(date, window), date_(date), edit_(new QLineEdit(parent)) {
   edit_->setFocusPolicy(Qt::TabFocus);
-  edit_->setMaxLength(10);
+  edit_->setMaxLength(20);  // more than a date, so that none is cut to another one
   edit_->setContextMenuPolicy(Qt::NoContextMenu);
   edit_->setPlaceholderText("TT.MM.JJJJ");
   calendar_ = edit_->addAction(QIcon(), QLineEdit::TrailingPosition);
@@ -51,16 +51,29 @@ void DateView::Choose(std::optional<DateTime> day) {
   Show(Aspect::kValue);
 }
 
-// A text that is no date gives way to the date as it was.
-void DateView::Commit() {
-  if (edit_->text() == Shown()) return;
+std::optional<DateTime> DateView::TypedDay() const {
+  const auto day = ParseDate(FromQt(edit_->text().trimmed()), date_.Value());
+  return day && *day >= date_.MinDate() && *day <= date_.MaxDate() ? day : std::nullopt;
+}
+
+// A text that is no day the user may choose stays to be corrected; Escape brings the date as it was.
+bool DateView::Commit() {
+  if (edit_->text() == Shown() || date_.Locked() || !date_.HasFocus()) return true;
   const std::string typed = FromQt(edit_->text().trimmed());
-  const std::optional<DateTime> day = ParseDate(typed, date_.Value());
-  if (day || typed.empty()) Window().User().ChooseDate(date_, day);
+  const std::optional<DateTime> day = TypedDay();
+  if (!typed.empty() && !day) {
+    const auto text = [](const DateTime& limit) { return FormatDate(limit, "dd.mm.yyyy", CurrentLocale()); };
+    CurrentToolkit().ShowRefusal(date_, "„" + typed + "“ ist kein Tag zwischen " + text(date_.MinDate()) +
+                                            " und " + text(date_.MaxDate()) + ".");
+    return false;
+  }
+  Window().User().ChooseDate(date_, day);
   Show(Aspect::kValue);
+  return true;
 }
 
 void DateView::Open() {
+  if (!TypedDay()) Show(Aspect::kValue);
   Window().Act([this](UserActions& user) {
     if (!user.Focus(date_) || date_.Locked()) return;
     const auto day = CurrentToolkit().PickDate("Datum", date_.Value());
@@ -79,11 +92,13 @@ bool DateView::Key(const QKeyEvent& event) {
     if (date_.Value()) Choose(DateTime::FromDays(date_.Value()->Days() + (up ? 1 : -1)));
     return true;
   }
+  if (event.key() == Qt::Key_Escape && edit_->text() != Shown()) {
+    Show(Aspect::kValue);
+    return true;
+  }
   if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter || event.key() == Qt::Key_Escape)
     return ControlView::Key(event);
-  const QString text = event.text();
-  const bool letter = !text.isEmpty() && text[0].isPrint() && event.modifiers() != Qt::ControlModifier;
-  return letter && !text[0].isDigit() && text[0] != '.' && text[0] != ',' && text[0] != '-';
+  return false;
 }
 
 bool DateView::Press(const QMouseEvent& event, bool twice) {

@@ -21,10 +21,12 @@ class DateView : public ControlView {
   bool Release(const QMouseEvent&) override { return true; }
   bool Other(QEvent& event) override;
   void Lookup() override { Open(); }
-  void Commit() override;
+  bool Commit() override;
 
  private:
   QString Shown() const;
+  // The day in the box, if the user may choose it.
+  std::optional<DateTime> TypedDay() const;
   void Choose(std::optional<DateTime> day);
   void Open();
 

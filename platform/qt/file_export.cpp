@@ -87,11 +87,14 @@ std::optional<std::filesystem::path> AskSaveFile(QWidget* parent, const std::str
 void ExportTable(QWidget* parent, const TableSource& table, const std::string& title, FileKind kind) {
   const Kind shown = KindOf(kind);
   const auto file = AskSaveFile(parent, shown.caption, title, shown.filter, shown.suffix);
-  if (!file) return;
+  if (file) RunExport(parent, [&] { WriteTableFile(table, kind, *file); });
+}
+
+void RunExport(QWidget* parent, const std::function<void()>& write) {
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   std::string failure;
   try {
-    WriteTableFile(table, kind, *file);
+    write();
   } catch (const std::exception& error) {
     failure = error.what();
   }

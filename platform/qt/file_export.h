@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -17,6 +18,9 @@ void WriteTableFile(const TableSource& table, FileKind kind, const std::filesyst
 
 // Asks for a file, by default one named after the title, and writes it; the user is told what failed.
 void ExportTable(QWidget* parent, const TableSource& table, const std::string& title, FileKind kind);
+
+// Runs what writes a file; the user is told what failed.
+void RunExport(QWidget* parent, const std::function<void()>& write);
 
 // Asks where to save, by default under a title; adds the suffix, and asks before it replaces a file. Nothing on
 // cancel.

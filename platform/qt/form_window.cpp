@@ -116,11 +116,11 @@ void FormWindow::Watch(QWidget* widget, ControlView& view) {
   widget->installEventFilter(this);
 }
 
-void FormWindow::CommitTyped() {
-  if (committing_) return;
-  committing_ = true;
-  if (ControlView* const view = Active()) view->Commit();
-  committing_ = false;
+bool FormWindow::CommitTyped() {
+  if (committing_) return true;
+  const Mirroring committing(committing_);
+  ControlView* const view = Active();
+  return !view || view->Commit();
 }
 
 void FormWindow::FollowFocus() {
@@ -141,6 +141,13 @@ void FormWindow::ControlChanged(Control& control, Aspect aspect) {
       if (around == &control) view->Show(Aspect::kEnabled);
     }
   }
+}
+
+void FormWindow::ShowWaiting() {
+  const Control* const before = std::exchange(waiting_, user_.WaitingBox());
+  if (waiting_ == before) return;
+  if (ControlView* const view = ViewOf(before)) view->Show(Aspect::kLocked);
+  if (ControlView* const view = ViewOf(waiting_)) view->Show(Aspect::kLocked);
 }
 
 void FormWindow::ShowStatus(const QString& sentence) {

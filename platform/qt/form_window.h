@@ -38,13 +38,12 @@ class FormWindow : public QDialog, private FormObserver {
   // Events of the widget go to the view.
   void Watch(QWidget* widget, ControlView& view);
 
-  // Does something as the user, who first finishes what he typed.
+  // Does something as the user, who first finishes what he typed; nothing if that makes no sense.
   template <typename Action>
   void Act(Action action) {
     reading_ = nullptr;
     Happen([&](UserActions& user) {
-      CommitTyped();
-      action(user);
+      if (CommitTyped()) action(user);
     });
   }
   // Does something that happens beside the user, like the call of a timer.
@@ -53,6 +52,7 @@ class FormWindow : public QDialog, private FormObserver {
     ++busy_;
     Guard([&] { action(user_); });
     --busy_;
+    ShowWaiting();
     FollowFocus();
   }
   // Runs code that may throw inside an event of Qt.
@@ -67,6 +67,8 @@ class FormWindow : public QDialog, private FormObserver {
   }
   // The user marks text in a closed control: Ctrl+C copies it until he does something else.
   void Reading(ControlView& view) { reading_ = &view; }
+  // Marks the box that waits for a correction, and no other.
+  void ShowWaiting();
   // The status line; a sentence that asks for no answer.
   void ShowStatus(const QString& sentence);
   // Ends Run with this exception.
@@ -88,7 +90,7 @@ class FormWindow : public QDialog, private FormObserver {
   void FormUnloaded() override;
 
   ControlView* Active() const { return ViewOf(form_.ActiveControl()); }
-  void CommitTyped();
+  bool CommitTyped();
   void FollowFocus();
   void PlaceOver(QWidget* owner);
   void ShowColors();
@@ -106,6 +108,7 @@ class FormWindow : public QDialog, private FormObserver {
   std::map<Timer*, QBasicTimer> timers_;
   std::exception_ptr failure_;
   const ControlView* reading_ = nullptr;
+  const Control* waiting_ = nullptr;
   QWidget* content_ = nullptr;
   QLabel* status_;
   int busy_ = 0;  // actions at work

@@ -45,6 +45,8 @@ int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
       return 7;
     case PM_LayoutVerticalSpacing:
       return 3;
+    case PM_LayoutHorizontalSpacing:
+      return 6;
     default:
       return QProxyStyle::pixelMetric(metric, option, widget);
   }
@@ -53,6 +55,13 @@ int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
 void HouseStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
   if (qobject_cast<QAbstractItemView*>(widget)) widget->installEventFilter(this);
+}
+
+void HouseStyle::polish(QPalette& palette) {
+  QProxyStyle::polish(palette);
+  QColor hint = palette.color(QPalette::Active, QPalette::Text);
+  hint.setAlphaF(0.6F);
+  palette.setColor(QPalette::PlaceholderText, hint);
 }
 
 bool HouseStyle::eventFilter(QObject* object, QEvent* event) {

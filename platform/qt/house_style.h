@@ -12,6 +12,8 @@ class HouseStyle : public QProxyStyle {
                      const QWidget* widget) const override;
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
   void polish(QWidget* widget) override;
+  // Hints in empty boxes stay readable in the dark.
+  void polish(QPalette& palette) override;
   using QProxyStyle::polish;
 
  protected:

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSplitter>
 #include <QStyle>
 #include <algorithm>
 #include <vector>
@@ -21,6 +22,7 @@
 #include "platform/qt/public/table_view.h"
 #include "platform/qt/public/text.h"
 #include "platform/qt/tab_view.h"
+#include "platform/qt/table_parts.h"
 
 namespace tarvoni::qt {
 namespace {
@@ -76,6 +78,7 @@ class Builder {
   Piece Table(const Node& node, QWidget* parent);
   Piece Tabs(const Node& node, QWidget* parent);
   Piece Text(const Node& node, QWidget* parent);
+  QSplitter* Split(const std::vector<std::vector<Node>>& parts, Qt::Orientation direction, QWidget* parent);
   Piece Beside(const std::vector<Node>& nodes, std::size_t first, QWidget* parent);
   QLabel* RowLabel(const Node& row, QWidget* parent);
   void Row(const Node& row, QGridLayout& grid, int at, QWidget* parent);
@@ -170,10 +173,32 @@ Piece Builder::Tabs(const Node& node, QWidget* parent) {
   return {.widget = tabs.Widget(), .wide = true, .tall = tall};
 }
 
+// The user moves the border between tables.
+QSplitter* Builder::Split(const std::vector<std::vector<Node>>& parts, Qt::Orientation direction,
+                          QWidget* parent) {
+  auto* const splitter = new QSplitter(direction, parent);
+  splitter->setChildrenCollapsible(false);
+  for (const auto& part : parts) {
+    auto* const widget = new QWidget(splitter);
+    QLayout* const layout =
+        direction == Qt::Vertical ? Stack(part, widget).layout : Beside(part, 0, widget).layout;
+    layout->setContentsMargins({});
+    widget->setLayout(layout);
+    splitter->addWidget(widget);
+  }
+  return splitter;
+}
+
 // Nodes side by side; what is left of the width goes to gaps and wide pieces, or to the end.
 Piece Builder::Beside(const std::vector<Node>& nodes, std::size_t first, QWidget* parent) {
   auto* const box = new QHBoxLayout;
+  // Told, since a layout inside a grid whose rows stand closer than its columns takes neither.
+  box->setSpacing(parent->style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing, nullptr, parent));
   Piece line{.layout = box};
+  if (const auto parts = PartsByTable(nodes); first == 0 && parts.size() > 1) {
+    box->addWidget(Split(parts, Qt::Horizontal, parent));
+    return {.layout = box, .wide = true, .tall = true};
+  }
   for (std::size_t i = first; i < nodes.size(); ++i) {
     const bool gap = nodes[i].kind == Kind::kGap;
     const Piece piece = Build(nodes[i], parent);
@@ -204,6 +229,10 @@ Piece Builder::Stack(const std::vector<Node>& nodes, QWidget* parent) {
   auto* const grid = new QGridLayout;
   grid->setColumnStretch(kColumns - 1, 1);
   Piece stack{.layout = grid, .wide = true};
+  if (const auto parts = PartsByTable(nodes); parts.size() > 1) {
+    grid->addWidget(Split(parts, Qt::Vertical, parent), 0, 0, 1, kColumns);
+    return {.layout = grid, .wide = true, .tall = true};
+  }
   int row = 0;
   for (const Node& node : nodes) {
     if (node.kind == Kind::kRow) {

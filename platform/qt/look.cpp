@@ -64,9 +64,9 @@ void PaintBox(QWidget& box, Color color, bool locked, bool enabled) {
   box.setPalette(palette);
 }
 
-void PaintRefused(QWidget& box) {
+void PaintRefused(QWidget& box, double share) {
   QPalette palette = box.palette();
-  palette.setColor(QPalette::Base, Mixed(Qt::red, palette.color(QPalette::Base), 0.5));
+  palette.setColor(QPalette::Base, Mixed(Qt::red, palette.color(QPalette::Base), share));
   box.setPalette(palette);
 }
 

@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "platform/qt/date_view.h"
+#include "platform/qt/dialogs/print_pages.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/keys.h"
@@ -19,6 +20,7 @@
 #include "platform/qt/public/text.h"
 #include "platform/qt/tab_view.h"
 #include "platform/qt/text_box_view.h"
+#include "platform/qt/xlsx_file.h"
 #include "src/context/services/environment.h"
 #include "src/context/values/call_error.h"
 #include "src/context/values/date_text.h"
@@ -228,6 +230,16 @@ void QtDriver::Shot(Form& form, const std::string& name) {
   const std::filesystem::path file = shots_ / (name + ".png");
   if (!window->grab().save(ToQt(file.string())))
     throw CallError("Das Bild " + file.string() + " ließ sich nicht schreiben.");
+}
+
+void QtDriver::ShotPaper(const PrintDocument& document, const std::string& name) {
+  if (shots_.empty()) return;
+  std::filesystem::create_directories(shots_);
+  const std::filesystem::path file = shots_ / name;
+  WriteXlsx(document, file.string() + ".xlsx");
+  const bool written = WritePdf(document, ToQt(file.string() + ".pdf")) &&
+                       FirstPage(document).save(ToQt(file.string() + ".png"));
+  if (!written) throw CallError("Das Papier " + file.string() + " ließ sich nicht schreiben.");
 }
 
 }  // namespace tarvoni::qt

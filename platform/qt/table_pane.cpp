@@ -17,7 +17,9 @@
 #include "platform/qt/search_text.h"
 #include "platform/qt/table_text.h"
 #include "src/context/services/environment.h"
+#include "src/context/services/print_document.h"
 #include "src/context/services/toolkit.h"
+#include "src/context/values/field_text.h"
 
 namespace tarvoni::qt {
 namespace {
@@ -240,7 +242,13 @@ void TablePane::FitColumns() {
 std::vector<CellRange> TablePane::SelectedCells() const {
   std::vector<CellRange> cells;
   for (const QItemSelectionRange& range : table_->selectionModel()->selection()) {
-    cells.push_back({range.top(), range.left(), range.bottom(), range.right()});
+    bool goes_on = false;
+    for (int row = range.top(); row <= range.bottom(); ++row) {
+      const bool hidden = table_->isRowHidden(row);
+      if (!hidden && !goes_on) cells.push_back({row, range.left(), row, range.right()});
+      if (!hidden) cells.back().bottom = row;
+      goes_on = !hidden;
+    }
   }
   return cells;
 }
@@ -256,18 +264,26 @@ void TablePane::Copy() const {
   if (!cells.empty()) QGuiApplication::clipboard()->setText(ToQt(ClipboardText(source_, cells)));
 }
 
+// What the cell is, as long as it then reads as it does on the screen.
+Value TablePane::PrintedCell(int row, int column) const {
+  const std::string text = source_.TextAt(row, column);
+  const Value value = source_.ValueAt(row, column);
+  const bool reads_so = FieldText(value, source_.ColumnAt(column).format, CurrentLocale()) == text;
+  return reads_so && !std::holds_alternative<std::string>(value) ? value : Value(text);
+}
+
 void TablePane::Print() {
-  PrintDocument document;
-  document.title = title_;
+  PrintDocument document{.title = title_};
+  PrintDocument::Table& table = document.tables.emplace_back();
   const std::vector<int> columns = VisibleColumns(source_);
   for (const int column : columns) {
     const TableColumn shown = source_.ColumnAt(column);
-    document.columns.push_back({shown.caption, shown.alignment});
+    table.columns.push_back({shown.caption, shown.alignment, shown.format});
   }
   for (int row = 0; row < source_.RowCount(); ++row) {
     if (table_->isRowHidden(row)) continue;
-    auto& cells = document.rows.emplace_back();
-    for (const int column : columns) cells.push_back(source_.TextAt(row, column));
+    auto& cells = table.rows.emplace_back().cells;
+    for (const int column : columns) cells.push_back(PrintedCell(row, column));
   }
   document.landscape = columns.size() > kPortraitColumns;
   CurrentToolkit().PreviewPrint(document);

@@ -51,6 +51,7 @@ class TablePane : public QWidget {
   void ExportXlsx();
   // The rows that are shown, through the preview.
   void Print();
+  Value PrintedCell(int row, int column) const;
   // The table holds no more than one row in which nothing stands.
   bool IsVoid() const;
 
@@ -66,6 +67,7 @@ class TablePane : public QWidget {
   void CopySelection() { Copy(); }
   void SelectAll() { table_->selectAll(); }
   void ShowSum();
+  // Without what a search hides.
   std::vector<CellRange> SelectedCells() const;
   void CloseSearch();
 

@@ -36,6 +36,8 @@ void TextBoxView::Show(Aspect aspect) {
 void TextBoxView::ShowClosed() {
   SetReadOnly(IsClosed());
   PaintBox(*Widget(), box_.BackColor(), box_.Locked(), box_.IsEnabled());
+  constexpr double kWaits = 0.25;
+  if (Window().User().WaitingBox() == &box_) PaintRefused(*Widget(), kWaits);
 }
 
 void TextBoxView::ShowText() {
@@ -72,6 +74,7 @@ void TextBoxView::EditorSelectionChanged() {
   const auto [start, length] = EditorSelection();
   const int first = FromQtPosition(text, start, box_.MultiLine());
   box_.Select(first, FromQtPosition(text, start + length, box_.MultiLine()) - first);
+  Window().ShowWaiting();
 }
 
 void TextBoxView::EditorTextChanged() {
@@ -119,6 +122,8 @@ bool TextBoxView::Navigate(const QKeyEvent& event) {
 }
 
 bool TextBoxView::EditorCommand(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::SelectAll) || event.matches(QKeySequence::Undo))
+    Window().User().StopWaiting();
   if (event.matches(QKeySequence::Paste)) {
     Insert(QGuiApplication::clipboard()->text());
   } else if (event.matches(QKeySequence::Copy)) {
@@ -164,6 +169,7 @@ bool TextBoxView::Press(const QMouseEvent& event, bool twice) {
     return false;
   }
   const bool had_focus = box_.HasFocus();
+  if (Window().User().WaitingBox() == &box_) Window().User().StopWaiting();
   if (event.button() == Qt::MiddleButton) {
     if (QClipboard* const clips = QGuiApplication::clipboard(); clips->supportsSelection())
       Insert(clips->text(QClipboard::Selection));

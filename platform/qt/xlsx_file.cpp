@@ -1,14 +1,10 @@
 #include "platform/qt/xlsx_file.h"
 
-#include <locale.h>
-#include <xlsxwriter.h>
+#include <algorithm>
 
-#include <clocale>
-#include <map>
-#include <stdexcept>
-
-#include "platform/qt/cell_type.h"
+#include "platform/qt/xlsx_book.h"
 #include "src/context/services/environment.h"
+#include "src/context/services/print_document.h"
 #include "src/context/values/utf8.h"
 
 namespace tarvoni::qt {
@@ -16,144 +12,119 @@ namespace {
 
 constexpr int kSampledRows = 200;
 constexpr int kNarrowest = 6, kWidest = 60;  // characters
-constexpr int kFirstSheetYear = 1900;
+constexpr CellLook kCaption{.bold = true};
 
-// The library prints numbers with printf, which writes a comma where the process speaks German.
-class PointAsSeparator {
- public:
-  PointAsSeparator() : plain_(newlocale(LC_NUMERIC_MASK, "C", nullptr)), previous_(uselocale(plain_)) {}
-  PointAsSeparator(const PointAsSeparator&) = delete;
-  PointAsSeparator& operator=(const PointAsSeparator&) = delete;
-  ~PointAsSeparator() {
-    uselocale(previous_);
-    freelocale(plain_);
-  }
-
- private:
-  locale_t plain_;
-  locale_t previous_;
-};
-
-void Check(lxw_error error) {
-  if (error == LXW_NO_ERROR) return;
-  throw std::runtime_error(std::string("Die Excel-Datei lässt sich nicht schreiben: ") + lxw_strerror(error));
+int SheetWidth(int characters) {
+  return std::clamp(characters + 2, kNarrowest, kWidest);
 }
 
-class Workbook {
- public:
-  explicit Workbook(const std::filesystem::path& file)
-      : book_(workbook_new(file.c_str())), sheet_(workbook_add_worksheet(book_, "Tabelle")) {}
-  Workbook(const Workbook&) = delete;
-  Workbook& operator=(const Workbook&) = delete;
-  ~Workbook() {
-    if (book_) workbook_close(book_);
-  }
-
-  void WriteHead(const TableSource& table, const std::vector<int>& columns);
-  void WriteCell(lxw_row_t row, lxw_col_t column, const Value& value, std::string_view format);
-  void Close() { Check(workbook_close(std::exchange(book_, nullptr))); }
-
- private:
-  lxw_format* Format(const std::string& code);
-  void WriteText(lxw_row_t row, lxw_col_t column, const std::string& text) {
-    Check(worksheet_write_string(sheet_, row, column, text.c_str(), nullptr));
-  }
-  void WriteNumber(lxw_row_t row, lxw_col_t column, const Decimal& number, lxw_format* format);
-  void WriteDate(lxw_row_t row, lxw_col_t column, const DateTime& date, lxw_format* format);
-
-  lxw_workbook* book_;
-  lxw_worksheet* sheet_;
-  std::map<std::string, lxw_format*> formats_;
-};
-
-lxw_format* Workbook::Format(const std::string& code) {
-  if (code.empty()) return nullptr;
-  lxw_format*& format = formats_[code];
-  if (!format) {
-    format = workbook_add_format(book_);
-    format_set_num_format(format, code.c_str());
-  }
-  return format;
-}
+// --- a table as it stands on the screen ---
 
 int WidthOf(const TableSource& table, int column) {
   int width = utf8::Length(table.ColumnAt(column).caption);
   for (int row = 0; row < std::min(table.RowCount(), kSampledRows); ++row) {
     width = std::max(width, utf8::Length(table.TextAt(row, column)));
   }
-  return std::clamp(width + 2, kNarrowest, kWidest);
+  return SheetWidth(width);
 }
 
-void Workbook::WriteHead(const TableSource& table, const std::vector<int>& columns) {
-  lxw_format* bold = workbook_add_format(book_);
-  format_set_bold(bold);
-  lxw_col_t at = 0;
-  for (const int column : columns) {
-    Check(worksheet_set_column(sheet_, at, at, WidthOf(table, column), nullptr));
-    Check(worksheet_write_string(sheet_, 0, at++, table.ColumnAt(column).caption.c_str(), bold));
-  }
-  worksheet_freeze_panes(sheet_, 1, 0);
-}
-
-void Workbook::WriteNumber(lxw_row_t row, lxw_col_t column, const Decimal& number, lxw_format* format) {
-  if (!FitsSheet(number)) return WriteText(row, column, number.ToString());
-  Check(worksheet_write_number(sheet_, row, column, number.ToDouble(), format));
-}
-
-void Workbook::WriteDate(lxw_row_t row, lxw_col_t column, const DateTime& date, lxw_format* format) {
-  if (date.year < kFirstSheetYear) return WriteText(row, column, date.ToIso());
-  const int minutes = date.milliseconds / 60'000;
-  lxw_datetime time{.year = date.year,
-                    .month = date.month,
-                    .day = date.day,
-                    .hour = minutes / 60,
-                    .min = minutes % 60,
-                    .sec = date.milliseconds % 60'000 / 1000.0};
-  Check(worksheet_write_datetime(sheet_, row, column, &time, format));
-}
-
-void Workbook::WriteCell(lxw_row_t row, lxw_col_t column, const Value& value, std::string_view format) {
-  if (IsNull(value)) return;
-  if (const auto* text = std::get_if<std::string>(&value)) return WriteText(row, column, *text);
-  if (const auto* flag = std::get_if<bool>(&value)) {
-    return Check(worksheet_write_boolean(sheet_, row, column, *flag, nullptr));
-  }
-  lxw_format* shown = Format(SheetFormat(value, format));
-  if (const auto* date = std::get_if<DateTime>(&value)) return WriteDate(row, column, *date, shown);
-  if (const auto* number = std::get_if<double>(&value)) {
-    return Check(worksheet_write_number(sheet_, row, column, *number, shown));
-  }
-  WriteNumber(row, column, NumberIn(value).value(), shown);
-}
-
-void WriteTable(const TableSource& table, const std::filesystem::path& file) {
-  const PointAsSeparator point;
-  Workbook book(file);
+void WriteTable(Workbook& book, const TableSource& table) {
+  book.AddSheet("Tabelle");
   const std::vector<int> columns = VisibleColumns(table);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    book.SetWidth(static_cast<lxw_col_t>(i), WidthOf(table, columns[i]));
+    book.WriteText(0, static_cast<lxw_col_t>(i), table.ColumnAt(columns[i]).caption, kCaption);
+  }
+  book.FreezeBelow(0);
   std::vector<std::string> formats;
   for (const int column : columns) formats.push_back(table.ColumnAt(column).format);
-  book.WriteHead(table, columns);
   for (int row = 0; row < table.RowCount(); ++row) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
       book.WriteCell(static_cast<lxw_row_t>(row + 1), static_cast<lxw_col_t>(i),
                      table.ValueAt(row, columns[i]), formats[i]);
     }
   }
-  book.Close();
+}
+
+// --- a paper, each of its tables on a sheet ---
+
+using RowKind = PrintDocument::RowKind;
+
+constexpr int kTitlePoints = 14;
+
+CellLook LookOf(const PrintDocument::Row& row, const PrintDocument::Column& column) {
+  const bool sums = row.kind == RowKind::kSum || row.kind == RowKind::kTotal;
+  return {.bold = row.kind != RowKind::kPlain,
+          .shaded = row.kind == RowKind::kTotal,
+          .line_above = sums,
+          .right = row.kind != RowKind::kGroup && column.alignment == Alignment::kRight};
+}
+
+void SetWidths(Workbook& book, const PrintDocument::Table& table) {
+  for (std::size_t i = 0; i < table.columns.size(); ++i) {
+    int width = utf8::Length(table.columns[i].caption);
+    for (const PrintDocument::Row& row : table.rows) {
+      if (row.kind != RowKind::kGroup)
+        width = std::max(width, utf8::Length(CellText(table, row, i, CurrentLocale())));
+    }
+    book.SetWidth(static_cast<lxw_col_t>(i), SheetWidth(width));
+  }
+}
+
+// Title and facts; gives the row below them.
+lxw_row_t WriteHead(Workbook& book, const PrintDocument& document, const PrintDocument::Table& table) {
+  lxw_row_t row = 0;
+  if (!document.issuer.empty()) book.WriteText(row++, 0, document.issuer, kCaption);
+  book.WriteText(row++, 0, document.title, {.bold = true, .points = kTitlePoints});
+  for (const auto& [label, text] : document.facts) book.WriteText(row++, 0, label + ": " + text);
+  if (!table.heading.empty()) book.WriteText(++row, 0, table.heading, kCaption);
+  return row + 1;
+}
+
+lxw_row_t WriteRows(Workbook& book, const PrintDocument::Table& table, lxw_row_t at) {
+  for (std::size_t i = 0; i < table.columns.size(); ++i) {
+    const CellLook look{
+        .bold = true, .shaded = true, .right = table.columns[i].alignment == Alignment::kRight};
+    book.WriteText(at, static_cast<lxw_col_t>(i), table.columns[i].caption, look);
+  }
+  book.FreezeBelow(at);
+  for (const PrintDocument::Row& row : table.rows) {
+    ++at;
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      const PrintDocument::Column& column = table.columns[i];
+      const Value& value = i < row.cells.size() ? row.cells[i] : Value(Null{});
+      const bool spanned = row.kind == RowKind::kGroup && i > 0;
+      const CellLook look = row.kind == RowKind::kPlain || spanned ? CellLook{} : LookOf(row, column);
+      if (!spanned) book.WriteCell(at, static_cast<lxw_col_t>(i), value, column.format, look);
+    }
+  }
+  return at + 2;
+}
+
+void WriteSheet(Workbook& book, const PrintDocument& document, const PrintDocument::Table& table) {
+  book.AddSheet(table.heading.empty() ? "Tabelle" : table.heading);
+  SetWidths(book, table);
+  const lxw_row_t captions = WriteHead(book, document, table);
+  lxw_row_t row = WriteRows(book, table, captions);
+  book.SetUpPaper(document.landscape, captions, "&L" + PrintedOn() + "&RSeite &P von &N");
+  if (&table != &document.tables.back()) return;
+  for (const std::string& remark : document.remarks) book.WriteText(row++, 0, remark);
+  for (const std::string& who : document.signatures) {
+    book.WriteText(row += 2, 0, "____________________________");
+    book.WriteText(++row, 0, who);
+  }
 }
 
 }  // namespace
 
 void WriteXlsx(const TableSource& table, const std::filesystem::path& file) {
-  const std::filesystem::path unfinished = file.string() + ".neu";
-  try {
-    WriteTable(table, unfinished);
-    std::filesystem::rename(unfinished, file);
-  } catch (const std::exception&) {
-    std::error_code ignored;
-    std::filesystem::remove(unfinished, ignored);
-    throw;
-  }
+  WriteBook(file, [&](Workbook& book) { WriteTable(book, table); });
+}
+
+void WriteXlsx(const PrintDocument& document, const std::filesystem::path& file) {
+  WriteBook(file, [&](Workbook& book) {
+    for (const PrintDocument::Table& table : document.tables) WriteSheet(book, document, table);
+  });
 }
 
 }  // namespace tarvoni::qt

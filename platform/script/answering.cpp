@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "platform/script/commands.h"
+#include "platform/script/paper_rows.h"
 #include "src/context/services/services.h"
 #include "src/context/values/date_text.h"
 #include "src/context/values/field_text.h"
@@ -19,6 +20,7 @@ struct Opened {
   bool closes_itself = false;        // one button only: an `expect message` is answer enough
   ScriptHooks::Values details = {};  // what else can be expected of it
   std::string offer = {};            // the codes of a list
+  const PrintDocument* paper = nullptr;
 };
 
 // The buttons a box offers by their script names.
@@ -110,6 +112,13 @@ const ScriptLine* AnswerOfRow(ScriptRun& run, const Opened& opened) {
   return &run.Pretend(std::move(words), run.Line().number, run.Line().raw);
 }
 
+// A picture of the Screen below what opened; of a paper the paper itself.
+void PlayShot(ScriptRun& run, const Opened& opened) {
+  if (!opened.paper) return run.PlayLine();
+  run.TakeLine();
+  run.driver.ShotPaper(*opened.paper, run.Word(1, "der Name des Bildes"));
+}
+
 // Waits for the line that answers; null if the box closes by itself.
 const ScriptLine* AnswerTo(ScriptRun& run, const Opened& opened) {
   if (run.trial) return AnswerOfRow(run, opened);
@@ -118,7 +127,7 @@ const ScriptLine* AnswerTo(ScriptRun& run, const Opened& opened) {
   while (!run.AtEnd()) {
     const ScriptLine& line = run.script.commands[run.next];
     if (line.Is("shot")) {
-      run.PlayLine();
+      PlayShot(run, opened);
       continue;
     }
     if (!LooksAtOpened(line)) {
@@ -270,15 +279,13 @@ std::optional<std::string> ScriptPlayer::EditText(const TextRequest& request) {
 }
 
 void ScriptPlayer::PreviewPrint(const PrintDocument& document) {
-  TextRows rows(1);
-  for (const auto& column : document.columns) rows[0].push_back(column.caption);
-  rows.insert(rows.end(), document.rows.begin(), document.rows.end());
   AnswerTo(*run_, {.kind = "eine Druckvorschau",
                    .text = document.title,
-                   .title = "",
+                   .title = document.title,
                    .answers = "answer",
-                   .rows = std::move(rows),
-                   .closes_itself = true});
+                   .rows = PaperRows(document),
+                   .closes_itself = true,
+                   .paper = &document});
 }
 
 }  // namespace tarvoni

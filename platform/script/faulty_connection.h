@@ -25,9 +25,6 @@ class WriteFault {
   int seen_ = 0;
 };
 
-// Whether a batch writes into a table that lasts: INSERT, UPDATE or DELETE of one without # before its name.
-bool WritesRows(std::string_view statement);
-
 // A connection of a script, on which `fail write` can throw.
 class FaultyConnection : public Connection {
  public:

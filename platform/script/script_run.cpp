@@ -5,6 +5,7 @@
 
 #include "platform/script/commands.h"
 #include "src/context/data/database_error.h"
+#include "src/context/data/password.h"
 #include "src/context/values/utf8.h"
 
 namespace tarvoni {
@@ -119,9 +120,9 @@ int ScriptRun::Number(std::size_t index, const char* meaning) const {
 std::string ScriptRun::Report(const std::string& text) const {
   std::string report = script.file + ":";
   if (current < script.commands.size()) {
-    report = Line().file + ":" + std::to_string(Line().number) + ": " + Line().raw;
+    report = Line().file + ":" + std::to_string(Line().number) + ": " + WithoutPassword(Line().raw);
   }
-  report += "\n  " + text + "\n  Geöffnet: ";
+  report += "\n  " + WithoutPassword(text) + "\n  Geöffnet: ";
   const auto& forms = environment.toolkit->OpenForms();
   for (const Form* form : forms) report += (form == forms.front() ? "" : " > ") + form->Name();
   return report + (forms.empty() ? "kein Bildschirm" : "");

@@ -1,6 +1,5 @@
 #include "src/common/budget_code.h"
 
-#include "src/common/box_rules.h"
 #include "src/common/number_keys.h"
 
 namespace tarvoni {
@@ -29,7 +28,14 @@ void BudgetCode::Connect() {
   TextBox& code = field_.Box();
   TypedKeys(code, context_, table_, "NUMBER");
   if (kind_ == Kind::kPayment) NumberKeys(code, Entry::kWhole);
-  Rules(code).Code(field_);
+  code.KeyDown.Add(Turn::kOwn, [this](int key, int) {
+    if (key == kKeyCtrl) field_.Lookup();
+  });
+  // A stored code that was only passed stays, also when it is no longer offered.
+  code.LostFocus.Add(Turn::kCheck, [this, &code] {
+    const bool untouched = !code.Tag().empty() && code.Tag() == shown_id_ && code.Text() == shown_number_;
+    if (!untouched) field_.Check();
+  });
 }
 
 void BudgetCode::Show(std::int32_t id) {
@@ -38,6 +44,8 @@ void BudgetCode::Show(std::int32_t id) {
   if (number.empty()) return;
   field_.Box().SetText(number);
   field_.Box().SetTag(std::to_string(id));
+  shown_number_ = number;
+  shown_id_ = field_.Box().Tag();
   name_.SetText(GetNameById(table_, id, DbOf(context_)));
 }
 

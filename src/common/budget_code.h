@@ -30,6 +30,8 @@ class BudgetCode {
   TextBox& name_;
   std::string table_;
   Kind kind_;
+  std::string shown_number_;  // what Show put into the box
+  std::string shown_id_;
   CodeField field_;
 };
 

@@ -6,7 +6,8 @@
 namespace tarvoni {
 
 Value CurrentRow::At(const ColumnKey& column) const {
-  return rows_.HasCurrentRow() ? column.In(rows_.Fields()).Value() : Value(Null{});
+  const bool on_row = rows_.IsOpen() && !rows_.EndOfFile() && !rows_.BeginOfFile();
+  return on_row ? column.In(rows_.Fields()).Value() : Value(Null{});
 }
 
 bool CurrentRow::IsNull(const ColumnKey& column) const {

@@ -9,10 +9,13 @@
 
 namespace tarvoni {
 
-// The current row of a list as fields show it. Without a current row every column reads as NULL.
+// The current row of a list or of an opened statement as fields show it. Without a current row every column reads as
+// NULL.
 class CurrentRow {
  public:
-  explicit CurrentRow(const DataControl& data) : rows_(data.Recordset()) {}
+  explicit CurrentRow(const DataControl& data) : rows_(data.Recordset().Rows()) {}
+  explicit CurrentRow(const Recordset& rows) : rows_(rows) {}
+  explicit CurrentRow(const Recordset&& rows) = delete;
 
   bool IsNull(const ColumnKey& column) const;
   // "" for NULL; numbers and dates by the format.
@@ -31,7 +34,7 @@ class CurrentRow {
  private:
   Value At(const ColumnKey& column) const;
 
-  const BoundRecordset& rows_;
+  const Recordset& rows_;
 };
 
 }  // namespace tarvoni

@@ -62,8 +62,8 @@ bool Screen::Refuse(const std::string& text, Control& field, std::int32_t style)
   return false;
 }
 
-bool Screen::Require(bool passed, const Label& label, Control& field) const {
-  return passed || Refuse(Message(message::kEntryMissing) + " [" + label.Caption() + "]", field);
+bool Screen::Require(bool passed, const Captioned& named, Control& field) const {
+  return passed || Refuse(Message(message::kEntryMissing) + " [" + named.Caption() + "]", field);
 }
 
 std::int32_t ReadId(const Value& value) {

@@ -75,7 +75,7 @@ class Screen : public Form {
   // Tells that an entry is wrong, gives the field the focus and is false: `return Refuse(...)` ends a save.
   bool Refuse(const std::string& text, Control& field, std::int32_t style = kBoxWarning) const;
   // The same unless the entry passed: "Die Eingabe fehlt oder ist ungültig. [Lohnart]".
-  bool Require(bool passed, const Label& label, Control& field) const;
+  bool Require(bool passed, const Captioned& named, Control& field) const;
 
  private:
   struct KeptLayout {

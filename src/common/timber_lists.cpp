@@ -66,7 +66,7 @@ SqlText InList(const std::string& joined) {
 
 }  // namespace
 
-void AssignTimber(const TvnVar_Dll& context, const TimberOwner& owner, const SqlText& offered) {
+bool AssignTimber(const TvnVar_Dll& context, const TimberOwner& owner, const SqlText& offered) {
   const auto chosen = Neighbour<ListSelection>().Ask(context, offered, ListsOf(owner));
   std::vector<SqlText> statements;
   if (!chosen.selected.empty()) {
@@ -75,6 +75,7 @@ void AssignTimber(const TvnVar_Dll& context, const TimberOwner& owner, const Sql
   }
   if (!chosen.left.empty()) statements.push_back(ReleaseLogs(owner, InList(chosen.left)));
   for (const SqlText& statement : statements) DbOf(context).Execute(statement);
+  return !statements.empty();
 }
 
 bool QuantityFollowsTimber(Connection& connection) {

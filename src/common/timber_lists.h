@@ -19,8 +19,8 @@ struct TimberOwner {
 // Lets the user move lists between those that `offered` gives and those of the position, and writes the choice: a
 // list that is taken moves whole, whatever position its logs hung on; of a released one only the position's logs are
 // freed. Locked lists are passed over in silence. A list with a quote in its name is an error (105), and nothing is
-// sent.
-void AssignTimber(const TvnVar_Dll& context, const TimberOwner& owner, const SqlText& offered);
+// sent. False if the user gave up or there was nothing to choose.
+bool AssignTimber(const TvnVar_Dll& context, const TimberOwner& owner, const SqlText& offered);
 
 // Option LISTE_KUBATUR_MENGE: the quantity of a position follows the volume of its logs.
 bool QuantityFollowsTimber(Connection& connection);

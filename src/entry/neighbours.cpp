@@ -2,18 +2,35 @@
 
 #include "src/common/contracts.h"
 #include "src/common/m_common.h"
+#include "src/common/query.h"
 #include "src/common/slot.h"
+#include "src/common/voucher_document.h"
 #include "src/context/services/toolkit.h"
+#include "src/entry/slot_call.h"
+#include "src/orders/f_arbeitsauftrag.h"
 #include "src/orders/f_liste_select.h"
 #include "src/orders/f_new_arbeitsauftrag.h"
+#include "src/piecework/f_naturalvollzug.h"
+#include "src/piecework/f_zeilohn.h"
 
 namespace tarvoni {
 namespace {
 
-// Its Screen is still to come.
-class TimeWageToCome final : public TimeWage {
-  void Open(const TvnVar_Dll& /*context*/, std::int32_t /*client*/, std::int32_t /*order*/) override {
-    AppMsgBox("Die Vorgaben für Zeitlohn sind noch nicht verfügbar.", kBoxInformation);
+class TimeWageAnswer final : public TimeWage {
+  void Open(const TvnVar_Dll& context, std::int32_t client, std::int32_t order) override {
+    CallThroughSlot<F_Zeilohn>([&](F_Zeilohn& screen) { screen.Run(context, client, order); });
+  }
+};
+
+class NaturalExecutionAnswer final : public NaturalExecution {
+  void Open(const TvnVar_Dll& context, bool read_only, std::int32_t position,
+            std::int16_t activity) override {
+    CallThroughSlot<F_Naturalvollzug>([&](F_Naturalvollzug& screen) {
+      screen.Run(context, context.strConString, read_only, position, activity);
+    });
+  }
+  bool IsKnownTo(const TvnVar_Dll& context, std::int16_t activity) override {
+    return F_Naturalvollzug::EnableForm(activity, DbOf(context));
   }
 };
 
@@ -38,15 +55,42 @@ class ListSelectionDialog final : public ListSelection {
   }
 };
 
+class WorkOrdersAnswer final : public WorkOrders {
+  std::optional<std::int32_t> CurrentPosition() override {
+    if (!Slot<F_Arbeitsauftrag>::Holds()) return std::nullopt;
+    return Slot<F_Arbeitsauftrag>::Use()->CurrentPosition();
+  }
+};
+
+// Their Screen is still to come.
+class VouchersToCome final : public Vouchers {
+  void OpenOfCurrentPosition(const TvnVar_Dll& /*context*/, std::int32_t /*client*/) override {
+    AppMsgBox("Die Belege sind noch nicht verfügbar.", kBoxInformation);
+  }
+};
+
+// While there are no vouchers, no document belongs to one.
+class NoVouchers final : public VoucherDocument {
+  std::optional<std::int32_t> OfCurrentVoucher() override { return std::nullopt; }
+};
+
 }  // namespace
 
 void AnswerNeighbours() {
-  thread_local TimeWageToCome time_wage;
+  thread_local TimeWageAnswer time_wage;
+  thread_local NaturalExecutionAnswer natural_execution;
   AnswerTo<TimeWage>() = &time_wage;
+  AnswerTo<NaturalExecution>() = &natural_execution;
   thread_local NewWorkOrderDialog new_work_order;
   AnswerTo<NewWorkOrder>() = &new_work_order;
   thread_local ListSelectionDialog list_selection;
   AnswerTo<ListSelection>() = &list_selection;
+  thread_local WorkOrdersAnswer work_orders;
+  AnswerTo<WorkOrders>() = &work_orders;
+  thread_local VouchersToCome vouchers;
+  AnswerTo<Vouchers>() = &vouchers;
+  thread_local NoVouchers no_vouchers;
+  AnswerTo<VoucherDocument>() = &no_vouchers;
 }
 
 }  // namespace tarvoni

@@ -5,16 +5,25 @@
 #include <vector>
 
 #include "src/context/values/call_error.h"
+#include "src/context/values/number_text.h"
 #include "src/entry/slot_call.h"
 #include "src/machines/f_kostenart.h"
 #include "src/machines/f_maschine_stamm.h"
+#include "src/machines/f_maschinenbuch.h"
+#include "src/orders/f_arbeitsauftrag.h"
 #include "src/orders/f_liste_select.h"
 #include "src/orders/f_new_arbeitsauftrag.h"
 #include "src/orders/f_new_rechnung.h"
 #include "src/orders/f_pa_gruppe.h"
+#include "src/piecework/f_est_stucklohn.h"
+#include "src/piecework/f_naturalvollzug.h"
+#include "src/piecework/f_sonst_stucklohn.h"
+#include "src/piecework/f_zeilohn.h"
+#include "src/stores/f_positionen.h"
 #include "src/vouchers/f_belege_new.h"
 #include "src/wage/f_ara.h"
 #include "src/wage/f_arbeitnehmer.h"
+#include "src/wage/f_bruttolohn.h"
 
 namespace tarvoni {
 namespace {
@@ -47,19 +56,31 @@ const std::vector<ScreenRun>& ScreenRuns() {
        RunOf<F_Arbeitnehmer>([](F_Arbeitnehmer& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Long("curAraId"));
        })},
-      {"F_Kostenart",
-       {{"strParam", kText}},
-       RunOf<F_Kostenart>([](F_Kostenart& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
-         screen.Run(tvnvar, arguments.Text("strParam"));
+      {"F_Arbeitsauftrag",
+       {{"idPersonal_dll", kText}, {"ID", kLong}, {"Plan_dll", kBoolean}},
+       RunOf<F_Arbeitsauftrag>([](F_Arbeitsauftrag& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Text("idPersonal_dll"), arguments.Long("ID"),
+                    arguments.Boolean("Plan_dll"));
        })},
-      {"F_MaschineStamm",
-       {},
-       RunOf<F_MaschineStamm>(
-           [](F_MaschineStamm& screen, const TvnVar_Dll& tvnvar, Arguments&) { screen.Run(tvnvar); })},
       {"F_Belege_New",
        {{"strPersonal_dll", kText}, {"mode_dll", kByte}},
        RunOf<F_Belege_New>([](F_Belege_New& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(tvnvar, arguments.Text("strPersonal_dll"), arguments.Byte("mode_dll"));
+       })},
+      {"F_Bruttolohn",
+       {{"Id_StundenBuch", kLong}},
+       RunOf<F_Bruttolohn>([](F_Bruttolohn& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("Id_StundenBuch"));
+       })},
+      {"F_EST_Stucklohn",
+       {{"ID_Mandant_dll", kLong}, {"ID_ARA_Kopf_dll", kLong}},
+       RunOf<F_EST_Stucklohn>([](F_EST_Stucklohn& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("ID_Mandant_dll"), arguments.Long("ID_ARA_Kopf_dll"));
+       })},
+      {"F_Kostenart",
+       {{"strParam", kText}},
+       RunOf<F_Kostenart>([](F_Kostenart& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Text("strParam"));
        })},
       {"F_ListeSelect",
        {{"strSQLAll", kText}, {"strSQLSel", kText}},
@@ -69,6 +90,24 @@ const std::vector<ScreenRun>& ScreenRuns() {
          screen.Run(tvnvar);
          arguments.Give("SelectListe", screen.SelectListe);
          arguments.Give("SelectListeDelete", screen.SelectListeDelete);
+       })},
+      {"F_MaschineStamm",
+       {},
+       RunOf<F_MaschineStamm>(
+           [](F_MaschineStamm& screen, const TvnVar_Dll& tvnvar, Arguments&) { screen.Run(tvnvar); })},
+      {"F_Maschinenbuch",
+       {{"intNummer_dll", kLong}, {"bolNew", kBoolean}},
+       RunOf<F_Maschinenbuch>([](F_Maschinenbuch& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(arguments.Long("intNummer_dll"), arguments.Boolean("bolNew"), tvnvar);
+       })},
+      {"F_Naturalvollzug",
+       {{"strConString_dll", kText},
+        {"bolOnlyRead_dll", kBoolean},
+        {"ID_ARBEITSAUFTRAG_DLL", kLong},
+        {"intLeistungsart_Dll", kLong}},
+       RunOf<F_Naturalvollzug>([](F_Naturalvollzug& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Text("strConString_dll"), arguments.Boolean("bolOnlyRead_dll"),
+                    arguments.Long("ID_ARBEITSAUFTRAG_DLL"), ToInt16(arguments.Long("intLeistungsart_Dll")));
        })},
       {"F_NewArbeitsauftrag",
        {{"curPersonal", kLong}},
@@ -89,6 +128,23 @@ const std::vector<ScreenRun>& ScreenRuns() {
        {{"Id_PA_Gruppe", kLong}, {"ID_Mandant", kLong}},
        RunOf<F_PA_Gruppe>([](F_PA_Gruppe& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
          screen.Run(arguments.Long("Id_PA_Gruppe"), arguments.Long("ID_Mandant"), tvnvar);
+       })},
+      {"F_Positionen",
+       {{"intPersonal", kLong}, {"Lager_ID", kLong}, {"mode_dll", kByte}},
+       RunOf<F_Positionen>([](F_Positionen& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("intPersonal"), arguments.Long("Lager_ID"),
+                    arguments.Byte("mode_dll"));
+       })},
+      {"F_Sonst_Stucklohn",
+       {{"ID_Mandant_dll", kLong}, {"ID_ARA_Kopf_dll", kLong}},
+       RunOf<F_Sonst_Stucklohn>(
+           [](F_Sonst_Stucklohn& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+             screen.Run(tvnvar, arguments.Long("ID_Mandant_dll"), arguments.Long("ID_ARA_Kopf_dll"));
+           })},
+      {"F_Zeilohn",
+       {{"ID_Mandant_dll", kLong}, {"ID_ARA_Kopf_dll", kLong}},
+       RunOf<F_Zeilohn>([](F_Zeilohn& screen, const TvnVar_Dll& tvnvar, Arguments& arguments) {
+         screen.Run(tvnvar, arguments.Long("ID_Mandant_dll"), arguments.Long("ID_ARA_Kopf_dll"));
        })},
   };
   return runs;

@@ -33,7 +33,9 @@ void F_Kostenart::RefreshList() {
 }
 
 void F_Kostenart::TakeCurrentRow() {
-  if (!cost_types_.Row().IsNull("ID")) curId = cost_types_.CurrentId();
+  const CurrentRow row = cost_types_.Row();
+  SetSubject(row.IsNull("ID") ? "" : "Kostenart " + row.Text("NUMBER") + " " + row.Text("NAME"));
+  if (!row.IsNull("ID")) curId = cost_types_.CurrentId();
 }
 
 void F_Kostenart::AddCostType() {

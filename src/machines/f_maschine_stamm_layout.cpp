@@ -5,6 +5,7 @@ namespace tarvoni {
 layout::Node F_MaschineStamm::BuildLayout() {
   using namespace layout;
   SetCaption("Maschine-Stammdaten");
+  SetSubject("Kostenarten der Maschinen");
   return Stack(
       Group(frmKosten, "", Row("", Text(lblKostenart, "Kostenart")),
             Row(lblAnschaff, "Anschaffungskosten", Box(txtAnschaffN, 8), Box(lblAnschaffName, 40)),

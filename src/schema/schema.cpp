@@ -38,4 +38,17 @@ SqlText SchemaSql() {
   return SqlText::Verbatim(sql);
 }
 
+std::vector<std::string> SchemaTables() {
+  constexpr std::string_view kCreate = "CREATE TABLE ";
+  std::vector<std::string> names;
+  for (const SqlText& made : SchemaStatements()) {
+    const std::string_view statement = made.Text();
+    const auto start = statement.find(kCreate);
+    if (start == std::string_view::npos) continue;
+    const auto name = start + kCreate.size();
+    names.emplace_back(statement.substr(name, statement.find_first_of(" (", name) - name));
+  }
+  return names;
+}
+
 }  // namespace tarvoni

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "src/context/data/sql_text.h"
@@ -14,5 +15,8 @@ SqlText SchemaSql();
 
 // The same, one statement each, every table before its indexes.
 std::vector<SqlText> SchemaStatements();
+
+// The names of the tables.
+std::vector<std::string> SchemaTables();
 
 }  // namespace tarvoni

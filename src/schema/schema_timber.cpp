@@ -97,6 +97,9 @@ CREATE INDEX LOGS_LISTE ON LOGS (LISTE, BLNR)
 
 CREATE INDEX LOGS_POSITION ON LOGS (AA_ID, LISTE)
 
+-- Which lists have a log that a position took, of all lists at once.
+CREATE INDEX LOGS_LISTE_POSITION ON LOGS (LISTE, AA_ID)
+
 CREATE INDEX LOGS_PLACE ON LOGS (RELTABLE2, RELTABLE3)
 
 -- Special surcharges of a list, in percent, by EST mark.

@@ -1,15 +1,13 @@
 #include "src/wage/f_ara.h"
 
-#include <algorithm>
-
 #include "src/common/box_rules.h"
 #include "src/common/messages.h"
+#include "src/common/product_order.h"
 #include "src/common/view_switch.h"
 #include "src/context/data/statement.h"
 #include "src/context/rules/wage_group.h"
 #include "src/context/rules/wage_rules.h"
 #include "src/context/values/number_text.h"
-#include "src/context/values/utf8.h"
 #include "src/wage/f_ara_sql.h"
 
 namespace tarvoni {
@@ -63,7 +61,7 @@ void F_ARA::CostCentreLeft() {
 
 void F_ARA::ProductOrderLeft() {
   const std::string& id = txtProduktauftragNr[0].Tag();
-  if (!id.empty()) curProduktId = ReadNumber(sql::ProductOfOrderHead(id));
+  if (!id.empty()) curProduktId = ReadNumber(ProductOfOrder(id));
   const auto hold = loadingFlag.Hold();
   txtLeistungsart[0].LostFocus();
 }
@@ -189,7 +187,7 @@ void F_ARA::ShowCurrentRow() {
   row.ShowCode("LEISTUNGID", "LEISTUNGKURZNAME", "LEISTUNGLANGNAME", txtLeistung);
   row.ShowCode("KOSTENSTELLEID", "KOSTENSTELLENUMBER", "KOSTENSTELLENAME", txtKostenstelle);
   txtProduktauftragNr[0].SetTag(row.Text("ARBEITSAUFTRAG_KOPFID"));
-  ShowProductOrder(row.Text("ARBEITSAUFTRAG_KOPFNAME"));
+  ShowProductOrder(row.Text("ARBEITSAUFTRAG_KOPFNAME"), txtProduktauftragNr);
   row.ShowCode("LEISTUNGSARTID", "LEISTUNGSARTNUMBER", "LEISTUNGSARTNAME", txtLeistungsart);
   row.ShowCode("ID_WALDORT", "WALDORT", txtWaldort);
   row.ShowCode("ROTTEID", "ROTTESHORT", "ROTTELONG", txtRotte);
@@ -204,13 +202,6 @@ void F_ARA::ShowCurrentRow() {
   SetSubject(curAraId == 0 ? "" : "Forstbetrieb " + txtForstbetrieb.Text() + ", Auftrag " + row.Text("NAME"));
   SetTextBoxLocked(row.Number("LE") == 1, txtLeistung[0]);
   SetViewState(true);
-}
-
-// The last four characters are the number, those before them client, year and cost centre.
-void F_ARA::ShowProductOrder(const std::string& name) {
-  const int cut = std::max(0, utf8::Length(name) - 4);
-  txtProduktauftragNr[0].SetText(utf8::Substring(name, cut));
-  txtProduktauftragNr[1].SetText(utf8::Substring(name, 0, cut));
 }
 
 // --- view and edit ---

@@ -29,7 +29,6 @@ class F_ARA : public Screen {
   void LoadGridAndPosition();
   std::vector<ShownColumn> Columns() const;
   void ShowCurrentRow();
-  void ShowProductOrder(const std::string& name);
   void SetViewState(bool bolView);
   // The price of an order's direct hours, by the group of its service; read once.
   const SqlText& StundenCase();

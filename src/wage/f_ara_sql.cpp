@@ -205,10 +205,6 @@ AND 1=(CASE WHEN {} THEN LEISTUNGSART.ALLOW_HOLZ ELSE 1 END))",
                  Id(product), fits_service, HasTimberList(order));
 }
 
-SqlText ProductOfOrderHead(std::string_view id) {
-  return Compose("SELECT PRODUKT_ID FROM ARBEITSAUFTRAG_KOPF WHERE ID = 0{}", Digits(id));
-}
-
 SqlText ClientNumber(std::int32_t client) {
   return Compose("SELECT NUMMER FROM PERSONAL WHERE ID_PERSONAL = {}", Id(client));
 }

@@ -39,7 +39,6 @@ SqlText FindService(std::string_view typed);
 // work types with EST only, an order with timber lists those with ALLOW_HOLZ only.
 SqlText FitsService(std::string_view service, std::int32_t order);
 SqlText WorkTypeFits(std::int32_t product, std::string_view service, std::int32_t order);
-SqlText ProductOfOrderHead(std::string_view id);
 
 // --- a new order ---
 

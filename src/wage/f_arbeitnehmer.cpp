@@ -9,6 +9,7 @@
 #include "src/context/values/field_text.h"
 #include "src/context/values/number_text.h"
 #include "src/wage/f_arbeitnehmer_sql.h"
+#include "src/wage/shown_month.h"
 
 namespace tarvoni {
 
@@ -107,13 +108,9 @@ std::vector<ShownColumn> F_Arbeitnehmer::Columns() const {
 void F_Arbeitnehmer::ShowCurrentRow() {
   const auto hold = loadingFlag.Hold();
   const CurrentRow row = hours_.Row();
-  const auto show_month = [&row](const char* month, const char* year, const MonthFields& fields) {
-    fields.Clear();
-    if (!row.IsNull(month)) fields.Set(row.Number(year), row.Number(month));
-  };
-  show_month("MONTHBEARBEITUNG", "YEARBEARBEITUNG", working_month_);
-  show_month("MONTHVERLOHNUNG", "YEARVERLOHNUNG", pay_month_);
-  show_month("MONTHAUSZAHLUNGSMONAT", "YEARAUSZAHLUNGSMONAT", paying_month_);
+  ShowMonth(row, "MONTHBEARBEITUNG", "YEARBEARBEITUNG", working_month_);
+  ShowMonth(row, "MONTHVERLOHNUNG", "YEARVERLOHNUNG", pay_month_);
+  ShowMonth(row, "MONTHAUSZAHLUNGSMONAT", "YEARAUSZAHLUNGSMONAT", paying_month_);
   row.Show("DAYVERLOHNUNG", txtVerlohnungs[0], "00");
   row.ShowCode("ID_PERSONAL", "PERSONALNUMMER", "PERSONALKURZBEZEICHNUNG", txtPersonalnummer);
   row.ShowCode("ID_LOHNARTEN", "LOHNARTENNUMBER", "LOHNARTENNAME", txtLohnart);

@@ -6,6 +6,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "src/context/data/bracketed_name.h"
 #include "src/context/data/database_error.h"
 #include "src/context/data/tvn_var_dll.h"
 #include "src/context/services/environment.h"
@@ -103,6 +104,8 @@ TEST(Statement, RefusesWhatWouldBecomePartOfTheCommand) {
   }
   EXPECT_EQ(ErrorOf([] { (void)Quoted(std::string_view("a\0b", 3)); }), 105);
   EXPECT_EQ(Name("PERSONAL.ID_1").Text(), "PERSONAL.ID_1");
+  EXPECT_EQ(Compose("SELECT A AS {}", BracketedName("Zuschlag % [A], 'neu'")).Text(),
+            "SELECT A AS [Zuschlag % [A]], 'neu']");
   for (const char* text : {"", "A B", "A;B", "[A]", "A'", "Ä"})
     EXPECT_EQ(ErrorOf([&] { Name(text); }), 102) << text;
 }

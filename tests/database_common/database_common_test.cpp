@@ -45,6 +45,13 @@ TEST_P(DatabaseCommon, LargeDecimalsAreExactWhereTheBackendStoresThem) {
   EXPECT_EQ(Open("SELECT D FROM PROBE").GetRows().at(0).at(0) == expected, Traits().exact_decimals);
 }
 
+TEST_P(DatabaseCommon, ABatchWithNothingInItIsAccepted) {
+  for (const char* text : {"", "  \n", "-- nichts", "/* nichts */ -- mehr\n"}) {
+    EXPECT_EQ(connection_->Execute(Sql(text)), -1) << text;
+    EXPECT_FALSE(connection_->Open(Sql(text)).IsOpen()) << text;
+  }
+}
+
 TEST_P(DatabaseCommon, NullIsNotAnEmptyTextNorZero) {
   Execute("CREATE TABLE PROBE (I INT, B BIT, D DECIMAL(9,2), T DATETIME, N NVARCHAR(5))");
   Execute("INSERT INTO PROBE VALUES (NULL,NULL,NULL,NULL,NULL)");

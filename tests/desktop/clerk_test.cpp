@@ -49,7 +49,9 @@ TEST(Clerk, EntersAnOrderWithFiveWorkersFromTheKeyboard) {
   clerk.Key(Qt::Key_Insert);
   clerk.Type("\nZX\n").Key(Qt::Key_Return);  // no such service: the box tells it
   clerk.Type("ZL\n1\n1100\n2\n2050\n\n").Type("Wertastung\t");
-  clerk.Type("1.5").Type("x\n").Do([] { EXPECT_EQ(Typist::Text("txtFlache"), "1,5000"); });
+  clerk.Type("1.5x\n").Key(Qt::Key_Backspace).Type("\n").Do([] {
+    EXPECT_EQ(Typist::Text("txtFlache"), "1,5000");
+  });
   clerk.Key(Qt::Key_S, Qt::ControlModifier);
   clerk.Key(Qt::Key_U, Qt::AltModifier);  // "Stunden"
   const auto enter = [&clerk](const char* worker, const char* hours) {
@@ -63,7 +65,9 @@ TEST(Clerk, EntersAnOrderWithFiveWorkersFromTheKeyboard) {
   clerk.Key(Qt::Key_Return, Qt::ControlModifier);
   enter("10003", "6,25");
   clerk.Key(Qt::Key_Return, Qt::ControlModifier);
-  enter("10004", "80");
+  enter("10004", "8+0");  // the 0 does not count
+  clerk.Do([] { EXPECT_EQ(Typist::Text("txtStunden"), "8"); });
+  clerk.Key(Qt::Key_S, Qt::ControlModifier).Key(Qt::Key_Backspace).Key(Qt::Key_Backspace).Type("0\n");
   clerk.Key(Qt::Key_S, Qt::ControlModifier);
   clerk.Key(Qt::Key_F2);  // 80 was 8
   clerk.Type("\n\n\n\n\n\n\n\n\n8\n").Do([] { EXPECT_EQ(Typist::Text("txtStunden"), "8,00"); });

@@ -20,6 +20,7 @@
 #include "host/own_enterprise.h"
 #include "platform/qt/public/look.h"
 #include "src/context/values/call_error.h"
+#include "tests/support/passwords.h"
 
 namespace tarvoni::host {
 namespace {
@@ -132,7 +133,7 @@ TEST_F(Desktop, OpensAScreenWithTheChosenClient) {
   window.Open(DemoFile());
   Open(window, 2);
   Open(window, 0);
-  EXPECT_THAT(opened_, ElementsAre(QString("Maschine-Stammdaten"),
+  EXPECT_THAT(opened_, ElementsAre(QString("Maschine-Stammdaten – Kostenarten der Maschinen"),
                                    testing::Property(&QString::toStdString,
                                                      testing::StartsWith("Arbeitsaufträge – "))));
 }
@@ -240,8 +241,39 @@ TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
   EXPECT_EQ(ServerSettings::Load().database, "lohn");
 }
 
-TEST_F(Desktop, RemembersNoPassword) {
-  RememberDatabase("odbc:Driver=FreeTDS;Server=db1;UID=lohn;PWD=geheim");
+TEST_F(Desktop, ServerDialogTakesNoSecondPassword) {
+  MainWindow window;
+  QTimer::singleShot(0, &window, [&] {
+    auto& dialog = *QApplication::activeModalWidget();
+    dialog.findChild<QLineEdit*>("server")->setText("db1;PWD=Fichte");
+    dialog.findChild<QLineEdit*>("database")->setText("lohn");
+    static_cast<QDialog&>(dialog).accept();
+    EXPECT_TRUE(dialog.findChild<QLabel*>("fault")->text().contains("Strichpunkt"));
+    static_cast<QDialog&>(dialog).reject();
+  });
+  ConnectToServer(&window, [&](const QString&) { FAIL(); });
+  EXPECT_EQ(ServerSettings::Load().server, "");
+}
+
+// Neither in what the windows show nor in what is kept for the next time, whether a text opens or not.
+TEST_F(Desktop, ShowsAndRemembersNoPassword) {
+  const std::string driver =
+      "odbc:Driver=" SQLITE_ODBC_DRIVER ";Database=" + DemoFile().toStdString() + ".leer";
+  std::vector<std::string> texts = passwords::ConnectionTexts();
+  for (const std::string& attribute : passwords::Attributes()) texts.push_back(driver + ";" + attribute);
+  MainWindow window;
+  for (std::size_t i = 0; i < texts.size(); i += 7) {
+    opened_.clear();
+    window.Open(QString::fromStdString(texts[i]));
+    RememberDatabase(QString::fromStdString(texts[i]));
+    QStringList shown = opened_ + RecentDatabases();
+    shown << window.windowTitle();
+    for (const auto* const label : window.findChildren<QLabel*>()) shown << label->text();
+    EXPECT_GE(opened_.size(), 1) << texts[i];
+    EXPECT_FALSE(shown.join(' ').contains(passwords::kSecret)) << shown.join(' ').toStdString();
+    EXPECT_EQ(window.windowTitle().contains("leer"), texts[i].starts_with(driver)) << texts[i];
+    window.Close();
+  }
   RememberDatabase("odbc:Driver=FreeTDS;Server=db1;Trusted=1");
   EXPECT_THAT(RecentDatabases(), ElementsAre("odbc:Driver=FreeTDS;Server=db1;Trusted=1"));
 }

@@ -170,8 +170,10 @@ expect DataGrid1 focused
 type txtMenge 12,5
 leave txtMenge
 expect txtMenge = 12,50
-enter txtMenge 7x,123
-expect txtMenge = 7,12
+type txtMenge 7x,123
+expect txtMenge = 7
+key txtMenge Escape
+enter txtMenge 7,12
 expect txtValuta focused
 select txtValuta CZK
 expect txtValuta.ListIndex = 1
@@ -229,7 +231,7 @@ fill txtMenge=1 txtKapitel(0)=10
 try txtMenge
 | enter | leave | =     | focused   | txtMenge locked
 | 12,5  |       | 12,50 | txtValuta | 0
-|       | x     | 12,50 | txtValuta | 0
+|       | x     | 12,50 | txtMenge  | 0
 | ""    |       |       | txtValuta | 0
 try
 | field         | key  | leave | pick | click      | answer   | offer  | message      | txtKapitel(0).Tag

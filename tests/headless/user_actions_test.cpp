@@ -224,14 +224,42 @@ TEST_F(Actions, BothPointsSeparateWhereDecimalsStand) {
   user.Type("7.5");
   EXPECT_EQ(form.txtA.Text(), "7,5");
   EXPECT_THAT(toolkit.refusals, IsEmpty());
-  user.Type("+3");
-  EXPECT_EQ(form.txtA.Text(), "7,53");
-  EXPECT_THAT(toolkit.refusals, ElementsAre("txtA"));
-  EXPECT_EQ(toolkit.LastTold(), "Das Zeichen „+“ passt nicht in dieses Feld.");
-  AdmitNumbers(form.txtA, Entry::kWhole);
-  user.Type(".");
-  EXPECT_EQ(form.txtA.Text(), "7,53");
-  EXPECT_EQ(toolkit.refusals.size(), 2U);
+  AdmitNumbers(form.txtB, Entry::kWhole);
+  user.Focus(form.txtB);
+  user.Type("7.5");
+  EXPECT_EQ(form.txtB.Text(), "7") << "no point in a whole number, and 75 is another one";
+}
+
+TEST_F(Actions, ARefusedKeyKeepsWhatANumberMeans) {
+  UserActions& user = Open();
+  AdmitNumbers(form.txtA, Entry::kDecimal);
+  user.Type("4+3");
+  EXPECT_EQ(form.txtA.Text(), "4") << "never 43";
+  EXPECT_EQ(toolkit.LastTold(), "„+3“ passt nicht in dieses Feld. Weiter mit Rücktaste oder Esc.");
+  user.Tab();
+  user.Key(kKeyEnter);
+  user.Focus(form.txtB);
+  EXPECT_FALSE(user.Paste("1"));
+  EXPECT_TRUE(user.Mnemonic('S'));
+  EXPECT_TRUE(form.txtA.HasFocus());
+  EXPECT_EQ(toolkit.refusals.size(), 7U);
+  user.Key(kKeyBackspace);
+  user.Key(kKeyBackspace);
+  user.Type("8");
+  EXPECT_EQ(form.txtA.Text(), "48") << "one for each key, as if they stood there";
+  user.Type("x");
+  user.Key(kKeyEscape);
+  user.Type("7");
+  EXPECT_EQ(form.txtA.Text(), "7") << "Escape marks the number, the next one takes its place";
+  user.Type("x");
+  user.Key(kKeyDelete);
+  user.Tab();
+  EXPECT_TRUE(form.txtB.HasFocus());
+  AdmitNumbers(form.txtB, Entry::kWhole);
+  form.btnAbbrechen.SetDoes(Command::kCancel);
+  user.Type("x");
+  user.Click(form.btnAbbrechen);
+  EXPECT_THAT(form.log, testing::Contains("click btnAbbrechen"));
 }
 
 TEST_F(Actions, PointsLeadFromDayToMonth) {
@@ -403,6 +431,21 @@ TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
   EXPECT_THAT(toolkit.prompts.back(), testing::HasSubstr("Strg+S: Schließen"));
 }
 
+TEST_F(Actions, ASaveIsToldAlsoWhereNothingIsCancelled) {
+  UserActions& user = Open();
+  form.btnOk.SetDoes(Command::kSave);
+  form.SetSubject("Zeile 1");
+  Replace(form.btnOk.Click, [&] { toolkit.MessageBox("falsch", kBoxWarning, ""); });
+  user.Click(form.btnOk);
+  EXPECT_EQ(toolkit.LastTold(), "");
+  Replace(form.btnOk.Click, [] { throw CallError("falsch"); });
+  user.Click(form.btnOk);
+  EXPECT_EQ(toolkit.LastTold(), "");
+  Replace(form.btnOk.Click, [] {});
+  user.Click(form.btnOk);
+  EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Zeile 1.");
+}
+
 TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
   UserActions& user = Open();
   Replace(form.btnOk.Click, [&] {
@@ -491,81 +534,6 @@ TEST_F(Actions, FocusSetBeforeShowingIsWhereItStarts) {
   EXPECT_THAT(form.log, IsEmpty());
   toolkit.script = [&](UserActions&) { EXPECT_THAT(form.log, ElementsAre("got txtC")); };
   toolkit.ShowModal(form);
-}
-
-// The widgets with a value of their own.
-struct Choices : Form {
-  Choices() : Form("F_Choices") { Load(); }
-  layout::Node BuildLayout() override {
-    using namespace layout;
-    return Tabs(SSTab1, Page("Eins", Check(chk, "Zaunbau"), Option(optHa, "ha"), Option(optMenge, "Menge")),
-                Page("Zwei", Row("", Box(txt)), Row("", Box(dtp))));
-  }
-  TabControl SSTab1{*this, "SSTab1"};
-  CheckBox chk{*this, "chk"};
-  OptionButton optHa{*this, "optHa"};
-  OptionButton optMenge{*this, "optMenge"};
-  TextBox txt{*this, "txt"};
-  DateControl dtp{*this, "dtp"};
-  ListBox list{*this, "list"};
-};
-
-TEST(Choosing, TabsChecksOptionsAndDates) {
-  QuietToolkit toolkit;
-  Choices form;
-  const auto shown = toolkit.Show(form, form.chk);
-  UserActions& user = shown->user;
-  int clicks = 0;
-  Replace(form.chk.Click, [&] { ++clicks; });
-  user.Click(form.chk);
-  form.chk.SetValue(1);
-  EXPECT_TRUE(form.chk.Checked());
-  EXPECT_EQ(clicks, 1) << "only a change clicks";
-  user.Click(form.optMenge);
-  user.Click(form.optHa);
-  EXPECT_FALSE(form.optMenge.Value());
-  EXPECT_FALSE(form.txt.IsVisible()) << "on the other tab";
-  form.SSTab1.SetTabEnabled(1, false);
-  user.ChooseTab(form.SSTab1, 1);
-  EXPECT_EQ(form.SSTab1.Tab(), 0);
-  form.SSTab1.SetTabEnabled(1, true);
-  user.ChooseTab(form.SSTab1, 1);
-  EXPECT_TRUE(form.txt.IsVisible());
-  form.dtp.SetLimits({.year = 1901, .month = 1, .day = 1}, {.year = 2079, .month = 1, .day = 1});
-  user.ChooseDate(form.dtp, DateTime{.year = 2100, .month = 5, .day = 1});
-  EXPECT_EQ(form.dtp.Value(), (DateTime{.year = 2079, .month = 1, .day = 1}));
-}
-
-TEST(Choosing, CtrlWithTabOrAPageKeyTurnsToAnotherTab) {
-  QuietToolkit toolkit;
-  Choices form;
-  const auto shown = toolkit.Show(form, form.chk);
-  UserActions& user = shown->user;
-  user.Key(kKeyTab, 2);
-  EXPECT_EQ(form.SSTab1.Tab(), 1);
-  user.Key(kKeyPageDown, 2);
-  EXPECT_EQ(form.SSTab1.Tab(), 0) << "round the end";
-  form.SSTab1.SetTabEnabled(1, false);
-  user.Key(kKeyTab, 3);
-  EXPECT_EQ(form.SSTab1.Tab(), 0);
-}
-
-TEST(Choosing, ListClicksOnAChangeOnlyAndFollowsRemovedItems) {
-  QuietToolkit toolkit;
-  Choices form;
-  for (const char* item : {"a", "b", "c"}) form.list.AddItem(item);
-  int clicks = 0;
-  Replace(form.list.Click, [&] { ++clicks; });
-  const auto shown = toolkit.Show(form, form.list);
-  UserActions& user = shown->user;
-  user.SelectItem(form.list, 2);
-  user.SelectItem(form.list, 2);
-  EXPECT_EQ(clicks, 1);
-  form.list.RemoveItem(0);
-  EXPECT_EQ(form.list.Text(), "c");
-  form.list.RemoveItem(1);
-  EXPECT_EQ(form.list.ListIndex(), -1);
-  EXPECT_EQ(clicks, 1);
 }
 
 }  // namespace

@@ -14,12 +14,20 @@
 #include "tests/database/database_testing.h"
 #include "tests/host/demo_database.h"
 #include "tests/host/run_program.h"
+#include "tests/support/passwords.h"
 
 namespace tarvoni::host {
 namespace {
 
 using ::testing::HasSubstr;
 using ::testing::Not;
+
+// For the shell.
+std::string ForShell(std::string_view text) {
+  std::string quoted = "'";
+  for (const char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return quoted + "'";
+}
 
 class Program : public ::testing::Test {
  protected:
@@ -205,6 +213,52 @@ TEST_F(Program, AScreenOpensOnADamagedRowAndCheckNamesIt) {
   const Outcome played = RunProgram("script " + script.string());
   EXPECT_EQ(played.exit_code, 0) << played.output;
   std::filesystem::remove(script);
+}
+
+// Wherever a connection text can stand in a command, also where a file is wanted.
+TEST_F(Program, ShowsNoPassword) {
+  const auto folder = file_.parent_path();
+  const auto script = folder / "kennwort.tvs", trace = folder / "kennwort.txt";
+  const auto texts = passwords::ConnectionTexts();
+  for (std::size_t i = 0; i < texts.size(); i += 11) {  // each form once, with another name and beginning
+    const std::string& text = texts[i];
+    const std::string quoted = ForShell(text);
+    std::ofstream(script) << "# " << text << "\ndatabase " << text << "\n";
+    for (const std::string& command :
+         {fmt::format("demo {}", quoted), fmt::format("sql {} 'SELECT 1'", quoted),
+          fmt::format("check {}", quoted),
+          fmt::format("script --tell --trace {} {}", trace.string(), script.string())}) {
+      const Outcome outcome = RunProgram(command);
+      EXPECT_EQ(outcome.exit_code, 1) << command;
+      EXPECT_THAT(outcome.output, Not(HasSubstr(passwords::kSecret))) << command;
+    }
+  }
+  std::filesystem::remove(script);
+  std::filesystem::remove(trace);
+}
+
+TEST_F(Program, RefusesATakenServerWithoutItsPassword) {
+  const std::string server =
+      ForShell("odbc:Driver=" SQLITE_ODBC_DRIVER ";Database=" + file_.string() + ";PWD = {a;Fichte}");
+  EXPECT_EQ(RunProgram(fmt::format("sql {} 'CREATE TABLE ara_kopf (A INT)'", server)).exit_code, 0);
+  const Outcome outcome = RunProgram("demo " + server);
+  EXPECT_EQ(outcome.exit_code, 1);
+  EXPECT_THAT(outcome.output, HasSubstr("PWD =***“ ist nicht leer"));
+}
+
+TEST_F(Program, ShowsNoPasswordOfAMisplacedText) {
+  Sql("CREATE TABLE T (A INT)");
+  const std::string text = ForShell("odbc:Driver=Keiner;PWD={a;Fichte}");
+  for (const std::string& command :
+       {"script " + text, "schema " + text, fmt::format("backup {} {}", file_.string(), text),
+        "sql -f " + text, fmt::format("sql {} -f {}", file_.string(), text), "demo x.db --scale " + text,
+        "script --ui " + text,
+        fmt::format("sql {} {}", file_.string(), ForShell("SELECT FEHLT, 'PWD=Fichte' AS X")),
+        fmt::format("script --trace {} x.tvs", ForShell("/fehlt/PWD=Fichte"))}) {
+    const Outcome outcome = RunProgram(command);
+    EXPECT_NE(outcome.exit_code, 0) << command;
+    EXPECT_THAT(outcome.output, Not(HasSubstr(passwords::kSecret))) << command;
+  }
 }
 
 TEST_F(Program, AnOutputThatIsFullAndAFolderForAFileAreErrors) {

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QPushButton>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +15,9 @@
 
 // The main of the example in docs/hosting.md.
 int ExampleMain(int count, char** arguments);
+
+// The function of the example about positions.
+std::int32_t TakePosition(tarvoni::_c_Lohn& lohn, const tarvoni::TvnVar_Dll& tvnvar, std::int32_t client);
 
 namespace tarvoni {
 namespace {
@@ -91,6 +95,31 @@ class WindowCloser {
   QTimer timer_;
 };
 
+// Presses these buttons, each in the modal window on top as soon as it is there.
+class ButtonPresser {
+ public:
+  explicit ButtonPresser(QStringList captions) : captions_(std::move(captions)) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { PressNext(); });
+    timer_.start(20);
+  }
+
+ private:
+  void PressNext() {
+    QWidget* const window = QApplication::activeModalWidget();
+    if (!window || captions_.isEmpty()) return;
+    for (QPushButton* button : window->findChildren<QPushButton*>()) {
+      if (button->text().remove('&') != captions_.first() || !button->isEnabled() || !button->isVisible())
+        continue;
+      captions_.removeFirst();
+      // From an event of its own: the timer rests while its own is at work.
+      return QTimer::singleShot(0, button, &QPushButton::click);
+    }
+  }
+
+  QStringList captions_;
+  QTimer timer_;
+};
+
 TEST(Library, ShowsItsExportsAndNothingElse) {
   std::FILE* const pipe = popen("nm -D --defined-only -f just-symbols " TARVONI_LIBRARY, "r");
   std::vector<std::string> symbols;
@@ -150,6 +179,20 @@ TEST(Example, OpensAScreenAndEndsWithZero) {
   const WindowCloser closer;
   EXPECT_EQ(ExampleMain(2, arguments), 0);
   EXPECT_EQ(closer.title, "Maschine-Stammdaten");
+}
+
+TEST(Example, TakesThePositionThatTheUserSets) {
+  const DemoFile demo;
+  TvnVar_Dll tvnvar;
+  ASSERT_EQ(Library::Get().open(demo.Path().c_str(), tvnvar), kResultOk);
+  auto* const lohn = Library::Get().Make<_c_Lohn>(kClass_c_Lohn, kInterface_c_Lohn);
+  {
+    const ButtonPresser user({"Positionen", "Set"});
+    EXPECT_EQ(TakePosition(*lohn, tvnvar, 1), 1);
+  }
+  const ButtonPresser user({"Positionen", "Schließen", "Schließen"});
+  EXPECT_EQ(TakePosition(*lohn, tvnvar, 1), 0);
+  lohn->Release();
 }
 
 TEST(Example, ShowsAFailure) {

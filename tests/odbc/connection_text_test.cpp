@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/odbc/public/password.h"
 #include "platform/odbc/wide_text.h"
 #include "tests/support/database_testing.h"
 
@@ -11,23 +10,6 @@ namespace tarvoni::odbc {
 namespace {
 
 using dbtest::ErrorIn;
-
-TEST(WithoutPassword, HidesEveryFormOfIt) {
-  EXPECT_EQ(WithoutPassword("Server=x;PWD=geheim;Database=lohn"), "Server=x;PWD=***;Database=lohn");
-  EXPECT_EQ(WithoutPassword("Password = ge heim=1 ;Port=1"), "Password =***;Port=1");
-  EXPECT_EQ(WithoutPassword("pwd={ge;he}}im};UID=a"), "pwd=***;UID=a");
-  EXPECT_EQ(WithoutPassword("PWD= {a;b};UID=a;Old_Password='x;''y';Z=1"),
-            "PWD=***;UID=a;Old_Password=***;Z=1");
-  EXPECT_EQ(WithoutPassword("UID=a;PWD="), "UID=a;PWD=***");
-  EXPECT_EQ(WithoutPassword("PWD={nie geschlossen;Server=x"), "PWD=***");
-  EXPECT_EQ(WithoutPassword("UPDATE P SET [PASSWORD] = 'a;b' WHERE ID=1"), "UPDATE P SET [PASSWORD] =***");
-}
-
-TEST(WithoutPassword, LeavesEverythingElse) {
-  for (const char* text :
-       {"", "=", "Server=x;UID=sa;Größe=5", "SELECT PWD, PASSWORD FROM P WHERE ID = 7", "PWDX=1;a=b"})
-    EXPECT_EQ(WithoutPassword(text), text);
-}
 
 TEST(ConnectionText, AttributesAreFoundWithoutRegardToCaseAndBraces) {
   constexpr std::string_view kText = "driver={Free;TDS}; UID = sa ;PWD={a}}b;c};Leer=;Nur;Port=1";

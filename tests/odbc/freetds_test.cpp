@@ -219,10 +219,40 @@ TEST_F(FreeTdsTest, AStatementThatTakesTooLongIsEndedAndTheConnectionLives) {
   const auto error = ErrorIn([&] { connection->Execute("UPDATE A SET B = 1"); });
   ASSERT_TRUE(error);
   EXPECT_EQ(error->Number(), kErrorBusy);
-  EXPECT_THAT(error->what(), HasSubstr("innerhalb von 1 Sekunden"));
+  EXPECT_THAT(error->what(),
+              AllOf(HasSubstr("innerhalb von 1 Sekunden"), HasSubstr("Die Verbindung besteht weiter.")));
   EXPECT_EQ(server_.Cancellations(), 1);
   answer_ = TdsAnswer().Done(5).Bytes();
   EXPECT_EQ(connection->Execute("UPDATE A SET B = 2"), 5);
+}
+
+// The driver would wait as long again for the word that the cancellation was heard.
+TEST_F(FreeTdsTest, AServerThatHasGoneIsWaitedForOnce) {
+  const auto connection = Connect(TdsAnswer().Done(), {.query_timeout = seconds(3)});
+  answer_ = TdsServer::kGone;
+  const auto started = std::chrono::steady_clock::now();
+  const auto error = ErrorIn([&] { connection->Execute("UPDATE A SET B = 1"); });
+  EXPECT_LT(std::chrono::steady_clock::now() - started, seconds(5));
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Number(), kErrorConnection);
+  EXPECT_THAT(error->what(),
+              AllOf(HasSubstr("innerhalb von 3 Sekunden"), HasSubstr("Verbindung zu ihm ist beendet")));
+  EXPECT_EQ(ErrorNumber([&] { connection->Execute("UPDATE A SET B = 2"); }), kErrorConnection);
+  EXPECT_EQ(server_.Batches().size(), 2);
+}
+
+TEST_F(FreeTdsTest, TheTablesAreAskedOfTheServersOwnList) {
+  TdsAnswer answer;
+  answer.Columns({{"TABLE_QUALIFIER", Type::kNVarChar, 9},
+                  {"TABLE_OWNER", Type::kNVarChar, 9},
+                  {"TABLE_NAME", Type::kNVarChar, 20},
+                  {"TABLE_TYPE", Type::kVarChar, 9},
+                  {"REMARKS", Type::kVarChar, 9}});
+  for (const char* name : {"ARA_KOPF", "Größen"})
+    answer.Row().Text("lohn").Text("dbo").Text(name).Text("TABLE").Null();
+  const auto connection = Connect(answer.Done(2));
+  EXPECT_THAT(TableNames(*connection), ElementsAre("ARA_KOPF", "Größen"));
+  EXPECT_THAT(server_.Batches().back(), HasSubstr("sp_tables"));
 }
 
 TEST_F(FreeTdsTest, ARefusedLoginIsSaidWithoutThePassword) {

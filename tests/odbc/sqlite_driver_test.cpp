@@ -55,6 +55,14 @@ TEST_F(SqliteDriverTest, EveryTypeComesAsWhatItIs) {
   EXPECT_EQ(rows.Fields()["TX"].Value(), Value("t"));
 }
 
+TEST_F(SqliteDriverTest, ListsItsTables) {
+  EXPECT_TRUE(TableNames(*connection_).empty());
+  connection_->Execute("CREATE TABLE ARA_KOPF (A INT)");
+  connection_->Execute("CREATE TABLE [Größen] (A INT)");
+  connection_->Execute("CREATE VIEW V AS SELECT 1 AS A");
+  EXPECT_THAT(TableNames(*connection_), ::testing::UnorderedElementsAre("ARA_KOPF", "Größen"));
+}
+
 TEST_F(SqliteDriverTest, UmlautsSurviveInTextsNamesMessagesAndPaths) {
   const auto other = OpenOdbc(Text("Jürgens Löhne.db"));
   other->Execute("CREATE TABLE GRÖßE (STRAßE NVARCHAR(20))");

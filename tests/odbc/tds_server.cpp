@@ -18,7 +18,8 @@ namespace {
 
 constexpr std::size_t kPacketSize = 4096;
 constexpr std::size_t kHeaderSize = 8;
-constexpr int kSqlBatch = 0x01, kReply = 0x04, kAttention = 0x06, kLogin = 0x10, kPrelogin = 0x12;
+constexpr int kSqlBatch = 0x01, kProcedure = 0x03, kReply = 0x04, kAttention = 0x06, kLogin = 0x10,
+              kPrelogin = 0x12;
 constexpr int kDoneMore = 0x01, kDoneError = 0x02, kDoneCount = 0x10, kDoneAttention = 0x20;
 const std::string kLatinCollation("\x09\x04\xD0\x00\x34", 5);
 
@@ -114,6 +115,15 @@ std::string BatchText(const std::string& message) {
   return FromUcs2(std::string_view(message).substr(headers));
 }
 
+// The name of the procedure that a message calls; its arguments stand behind.
+std::string ProcedureName(const std::string& message) {
+  std::uint32_t headers = 0;
+  std::uint16_t length = 0;
+  std::memcpy(&headers, message.data(), sizeof headers);
+  std::memcpy(&length, message.data() + headers, sizeof length);
+  return FromUcs2(std::string_view(message).substr(headers + sizeof length, std::size_t{2} * length));
+}
+
 int WidthOf(TdsAnswer::Type type) {
   using enum TdsAnswer::Type;
   switch (type) {
@@ -160,6 +170,7 @@ std::string TypeInfo(const TdsAnswer::Column& column) {
 
 const std::string TdsServer::kHangUp = "(hang up)";
 const std::string TdsServer::kSilence = "(silence)";
+const std::string TdsServer::kGone = "gone";
 
 TdsAnswer& TdsAnswer::Columns(const std::vector<Column>& columns) {
   columns_ = columns;
@@ -301,7 +312,7 @@ void TdsServer::Converse(int client, int session) {
 }
 
 bool TdsServer::Reply(int client, int session, int type, const std::string& request) {
-  if (login_ == Login::kIgnore) return true;
+  if (login_ == Login::kIgnore || gone_) return true;
   if (type == kPrelogin) return SendPackets(client, PreloginAnswer()), true;
   if (type == kLogin) {
     const std::string refusal =
@@ -313,13 +324,14 @@ bool TdsServer::Reply(int client, int session, int type, const std::string& requ
     ++cancellations_;
     return SendPackets(client, DoneToken(kDoneAttention)), true;
   }
-  if (type != kSqlBatch) return false;
-  const std::string text = BatchText(request);
+  if (type != kSqlBatch && type != kProcedure) return false;
+  const std::string text = type == kSqlBatch ? BatchText(request) : ProcedureName(request);
   {
     const std::lock_guard lock(mutex_);
     batches_.push_back(text);
   }
   std::string answer = answer_(text, session);
+  if (answer == kGone) return gone_ = true;
   const bool hangs_up = answer.ends_with(kHangUp);
   if (hangs_up) answer.resize(answer.size() - kHangUp.size());
   if (answer != kSilence && !answer.empty()) SendPackets(client, answer);

@@ -63,8 +63,10 @@ class TdsAnswer {
   std::size_t last_done_ = 0;
 };
 
-// Listens on the local machine, accepts every login and answers each batch by a function, each client in a thread of
-// its own. An empty answer hangs up; without an answer (kSilence) the client waits for its time limit.
+// Listens on the local machine, accepts every login and answers each batch, and each call of a procedure by its name, by a
+// function, each client in a thread of
+// its own. An empty answer hangs up; without an answer (kSilence) the client waits for its time limit, and what it
+// cancels then is acknowledged. With kGone the server has gone without a word: nothing is answered any more.
 class TdsServer {
  public:
   using Answer = std::function<std::string(const std::string& batch)>;
@@ -73,6 +75,7 @@ class TdsServer {
   enum class Login { kAccept, kRefuse, kIgnore };
   static const std::string kHangUp;
   static const std::string kSilence;
+  static const std::string kGone;
 
   explicit TdsServer(Answer answer, Login login = Login::kAccept);
   explicit TdsServer(SessionAnswer answer, Login login = Login::kAccept);
@@ -92,6 +95,7 @@ class TdsServer {
   int listener_ = -1;
   int port_ = 0;
   std::atomic<int> cancellations_{0};
+  std::atomic<bool> gone_{false};
   std::atomic<bool> stopping_{false};
   mutable std::mutex mutex_;
   std::vector<std::string> batches_;

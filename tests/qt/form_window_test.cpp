@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSplitter>
 #include <QTableView>
 #include <QTest>
 #include <algorithm>
@@ -292,6 +293,39 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
     stage.Press(Qt::Key_Down);
     EXPECT_EQ(grid.Row(), 0) << "what is hidden is no step";
   });
+}
+
+TEST(FormWindow, TheBorderBetweenTwoTablesMoves) {
+  struct TwoTables : Form {
+    TwoTables() : Form("F_TwoTables") {}
+    layout::Node BuildLayout() override {
+      using namespace layout;
+      return Stack(Row("Name", Box(name)), Table(upper), Row("Summe", Box(sum)), Table(lower),
+                   Bar(Push(close, "Schließen")));
+    }
+    TextBox name{*this, "name"}, sum{*this, "sum"};
+    FlexGrid upper{*this, "upper"}, lower{*this, "lower"};
+    Button close{*this, "close"};
+  } form;
+  form.Load();
+  Stage stage;
+  stage.toolkit.play = [&](FormWindow& window) {
+    auto* const splitter = window.findChild<QSplitter*>();
+    ASSERT_NE(splitter, nullptr);
+    const auto part = [&](const Control& control) {
+      int i = 0;
+      while (i < splitter->count() && !splitter->widget(i)->isAncestorOf(window.ViewOf(&control)->Target()))
+        ++i;
+      return i;
+    };
+    EXPECT_EQ(part(form.name), 0);
+    EXPECT_EQ(part(form.upper), 0);
+    EXPECT_EQ(part(form.sum), 1);
+    EXPECT_EQ(part(form.lower), 1);
+    EXPECT_FALSE(splitter->childrenCollapsible());
+  };
+  stage.toolkit.ShowModal(form);
+  EXPECT_FALSE(form.IsLoaded());
 }
 
 TEST(FormWindow, NoExceptionPassesThroughQt) {

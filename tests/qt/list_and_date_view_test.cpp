@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTabBar>
@@ -107,7 +108,7 @@ TEST(DateView, TypedDateCountsWhenTheFieldIsLeft) {
   Stage stage;
   auto& date = stage.form.dtpDatum;
   date.SetLimits({2000, 1, 1}, {2079, 1, 1});
-  stage.Show(date, [&](FormWindow&) {
+  stage.Show(date, [&](FormWindow& window) {
     auto& edit = dynamic_cast<QLineEdit&>(stage.WidgetOf(date));
     for (const QChar digit : QString("31.12.24")) stage.Press(0, {}, digit);
     stage.form.Timer1.Elapsed = [&] { stage.form.log.emplace_back("timer"); };
@@ -129,11 +130,15 @@ TEST(DateView, TypedDateCountsWhenTheFieldIsLeft) {
     edit.selectAll();
     stage.driver.Type(date, "30.2.2025x");
     stage.Press(Qt::Key_Return);
-    EXPECT_EQ(edit.text(), "01.01.2025") << "no such day";
-    edit.selectAll();
-    stage.driver.Type(date, "1.1.1900");
+    EXPECT_EQ(edit.text(), "30.2.2025x") << "there to be corrected";
+    EXPECT_TRUE(date.HasFocus());
+    edit.setText("1.1.1900");
     stage.Press(Qt::Key_Tab);
-    EXPECT_EQ(edit.text(), "01.01.2000") << "not before the first day";
+    EXPECT_TRUE(date.HasFocus());
+    EXPECT_EQ(FromQt(window.findChild<QLabel*>("status")->text()),
+              "„1.1.1900“ ist kein Tag zwischen 01.01.2000 und 01.01.2079.");
+    stage.Press(Qt::Key_Escape);
+    EXPECT_EQ(edit.text(), "01.01.2025") << "as it was";
   });
 }
 

@@ -7,18 +7,20 @@
 
 #include "platform/qt/dialogs/print_pages.h"
 #include "platform/qt/dialogs/print_preview.h"
+#include "platform/qt/xlsx_file.h"
 #include "tests/qt_dialogs/dialog_testing.h"
 
 namespace tarvoni::qt {
 namespace {
 
 PrintDocument Journal(int rows) {
-  PrintDocument document{.title = "Löhne",
-                         .head = {"Betrieb Hochwald"},
-                         .columns = {{"Name"}, {"Betrag", Alignment::kRight}},
-                         .rows = {},
-                         .foot = {"Summe 1,00"}};
-  for (int i = 0; i < rows; ++i) document.rows.push_back({"Müller " + std::to_string(i), "1,00"});
+  PrintDocument document{.issuer = "Betrieb Hochwald",
+                         .title = "Löhne",
+                         .facts = {{"Monat", "März 2024"}, {"Forstjahr", "2024"}},
+                         .tables = {{.columns = {{"Name"}, {"Betrag", Alignment::kRight, "0.00"}}}},
+                         .remarks = {"Summe 1,00"}};
+  for (int i = 0; i < rows; ++i)
+    document.tables[0].rows.push_back({{"Müller " + std::to_string(i), std::int64_t{1}}});
   return document;
 }
 
@@ -68,18 +70,48 @@ TEST(PrintPagesTest, RowsFillPages) {
 TEST(PrintPagesTest, LongCellsAreWrapped) {
   PrintDocument document = Journal(1);
   const int one_line = LowestInk(document, 0);
-  for (int i = 0; i < 60; ++i) document.rows[0][0] += " Holzernte im Steilhang";
+  for (int i = 0; i < 60; ++i)
+    std::get<std::string>(document.tables[0].rows[0].cells[0]) += " Holzernte im Steilhang";
   EXPECT_GT(LowestInk(document, 0), one_line + 50);
 }
 
 TEST(PrintPagesTest, AFootNeverStandsAlone) {
   PrintDocument document = Journal(30);
-  document.foot.assign(5, "Summe");
+  document.remarks.assign(5, "Summe");
   const int pages = PagesOf(document);
-  while (PagesOf(document) == pages) document.rows.push_back({"Name", "1,00"});
+  while (PagesOf(document) == pages) document.tables[0].rows.push_back({{"Name", std::int64_t{1}}});
   PrintDocument changed = document;
-  changed.rows.back()[0] = "Anders";
+  changed.tables[0].rows.back().cells[0] = "Anders";
   EXPECT_NE(Printed(document, pages), Printed(changed, pages)) << "the last row stands with it";
+}
+
+TEST(PrintPagesTest, ASumStandsWithARowAndAHeadingWithItsFirst) {
+  using enum PrintDocument::RowKind;
+  for (int rows = 20; rows < 70; ++rows) {
+    PrintDocument document = Journal(rows);
+    document.remarks.clear();
+    auto& table = document.tables[0].rows;
+    table.push_back({{"Liste 2"}, kGroup});
+    table.push_back({{"Erste", std::int64_t{1}}});
+    table.push_back({{"Summe", std::int64_t{1}}, kSum});
+    if (PagesOf(document) == 1) continue;
+    // The heading turned the page: what is below goes with it.
+    table.resize(table.size() - 3);
+    EXPECT_EQ(PagesOf(document), 1) << rows;
+    return;
+  }
+  FAIL() << "the page never turned";
+}
+
+TEST(PrintPagesTest, TablesFollowEachOtherAndSignaturesTheLast) {
+  PrintDocument document = Journal(3);
+  const int one = LowestInk(document, 0);
+  document.tables.push_back(document.tables[0]);
+  document.tables.back().heading = "Noch einmal";
+  const int two = LowestInk(document, 0);
+  EXPECT_GT(two, one + 40);
+  document.signatures = {"Lohnverrechnung", "Forstbetrieb"};
+  EXPECT_GT(LowestInk(document, 0), two + 30) << "room to write on";
 }
 
 // The document as a PDF file.
@@ -106,6 +138,27 @@ TEST(PrintPagesTest, GoesToAPdfFile) {
   ASSERT_TRUE(std::regex_search(pdf, box, std::regex("/MediaBox \\[0 0 ([0-9]+)\\S* ([0-9]+)")));
   EXPECT_GT(std::stoi(box[1]), std::stoi(box[2])) << "landscape";
   EXPECT_FALSE(WritePdf(document, "/fehlt/löhne.pdf"));
+}
+
+TEST(PrintPagesTest, GoesToAWorkbookWithASheetForEachTable) {
+  const QTemporaryDir folder;
+  const std::string file = FromQt(folder.filePath("löhne.xlsx"));
+  PrintDocument document = Journal(2);
+  document.tables.push_back({.heading = "Summen: nach [Lohnart]",
+                             .columns = {{"Lohn", Alignment::kRight, "0.00"}},
+                             .rows = {{{Decimal(1250, 2)}, PrintDocument::RowKind::kTotal}}});
+  WriteXlsx(document, file);
+  const auto part = [&](const char* name) {
+    std::string text;
+    FILE* pipe = popen(("unzip -p '" + file + "' " + name).c_str(), "r");
+    for (int c = fgetc(pipe); c != EOF; c = fgetc(pipe)) text += static_cast<char>(c);
+    pclose(pipe);
+    return text;
+  };
+  EXPECT_THAT(part("xl/workbook.xml"), testing::HasSubstr("\"Summen nach Lohnart\""))
+      << "what a name can't hold is left out";
+  EXPECT_THAT(part("xl/worksheets/sheet2.xml"), testing::HasSubstr("<v>12.5</v>"));
+  EXPECT_THAT(part("xl/worksheets/sheet2.xml"), testing::HasSubstr("Seite &amp;P von &amp;N"));
 }
 
 TEST(PrintPreviewTest, ShowsThePagesOfTheFileWithoutAPrinter) {

@@ -143,6 +143,13 @@ TEST_F(TableViewTest, SearchHidesTheRowsThatDoNotAnswer) {
   EXPECT_EQ(pane.ShownRow(-1, 1), 4);
   EXPECT_EQ(pane.ShownRow(4, 1), 4) << "the last there is";
   EXPECT_EQ(view_->findChild<QLabel*>("count")->text(), QString("1 von %1 Zeilen").arg(all));
+  Table().setFocus();
+  Table().selectAll();
+  QTest::keyClick(&Table(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "Nr.\tStunden\r\n4\t7,50\r\n")
+      << "what is hidden is not chosen";
+  QCoreApplication::processEvents();
+  EXPECT_EQ(view_->findChild<QLabel*>("sum")->text(), "");
   QTest::keyClick(&search, Qt::Key_Escape);
   EXPECT_FALSE(search.isVisible());
   EXPECT_FALSE(Table().isRowHidden(3));

@@ -25,6 +25,7 @@ class QuietToolkit : public Toolkit {
   std::function<std::optional<YearMonth>(const YearMonth& start)> pick_month;
   std::function<std::vector<std::int32_t>(const LocationRequest&)> pick_locations;
   std::function<std::optional<std::string>(const TextRequest&)> edit_text;
+  std::function<void(const PrintDocument&)> preview;
 
   // A Screen that is open as long as this lives; its Screen has to outlive it.
   struct Shown {
@@ -67,7 +68,9 @@ class QuietToolkit : public Toolkit {
   std::optional<std::string> DoEditText(const TextRequest& request) override {
     return Answer(edit_text, request);
   }
-  void DoPreviewPrint(const PrintDocument&) override {}
+  void DoPreviewPrint(const PrintDocument& document) override {
+    if (preview) preview(document);
+  }
   void DoShowRefusal(Control& control) override { refusals.push_back(control.FullName()); }
 
  private:

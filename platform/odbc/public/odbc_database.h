@@ -3,6 +3,7 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "src/context/data/database.h"
 
@@ -19,5 +20,8 @@ struct OdbcOptions {
 // to one thread. Throws DatabaseError kErrorConnection in German. Once lost, a connection stays lost: nothing
 // is sent again, each call says so.
 std::shared_ptr<Connection> OpenOdbc(const std::string& connection_string, const OdbcOptions& options = {});
+
+// The tables of the database that such a connection is open on, as every driver can list them.
+std::vector<std::string> TableNames(Connection& connection);
 
 }  // namespace tarvoni::odbc

@@ -18,6 +18,7 @@
 #include "platform/qt/dialogs/print_pages.h"
 #include "platform/qt/file_export.h"
 #include "platform/qt/public/text.h"
+#include "platform/qt/xlsx_file.h"
 
 namespace tarvoni::qt {
 namespace {
@@ -90,6 +91,7 @@ class PreviewDialog : public QDialog {
     AddTool(tools, "zoom_out", "&Kleiner", [this] { pages_->zoomOut(); });
     tools->addStretch();
     AddTool(tools, "pdf", "Als &PDF speichern …", [this] { SavePdf(); })->setDefault(true);
+    AddTool(tools, "xlsx", "Als &Excel speichern …", [this] { SaveXlsx(); });
     QPushButton* print = AddTool(tools, "print", "&Drucken …", [this] { Print(); });
     print->setEnabled(!QPrinterInfo::availablePrinterNames().isEmpty());
     if (!print->isEnabled()) print->setToolTip("Es ist kein Drucker eingerichtet.");
@@ -120,6 +122,12 @@ class PreviewDialog : public QDialog {
     const auto file = AskSaveFile(this, "Als PDF speichern", document_.title, "PDF-Dateien (*.pdf)", "pdf");
     if (!file || WritePdf(document_, ToQt(file->string()))) return;
     ShowMessageBox(this, "Die PDF-Datei lässt sich nicht schreiben.", kBoxOk | kBoxWarning, "Speichern");
+  }
+
+  void SaveXlsx() {
+    const auto file =
+        AskSaveFile(this, "Als Excel-Datei speichern", document_.title, "Excel-Dateien (*.xlsx)", "xlsx");
+    if (file) RunExport(this, [&] { WriteXlsx(document_, *file); });
   }
 
   void Print() {

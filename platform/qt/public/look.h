@@ -25,8 +25,8 @@ QPalette ReadablePalette();
 // palettes alike.
 void PaintBox(QWidget& box, Color color, bool locked, bool enabled = true);
 
-// A box that refused a key, until it is painted anew.
-void PaintRefused(QWidget& box);
+// A box that refused a key, more or less red, until it is painted anew.
+void PaintRefused(QWidget& box, double share);
 
 // The three points of a lookup's button, in the palette's text colour.
 QIcon LookupIcon(const QWidget& widget);

@@ -33,6 +33,8 @@ class QtDriver : public Driver {
   void ResizeColumn(Grid& grid, int column, int twips) override;
   void Close(Form& form) override;
   void Shot(Form& form, const std::string& name) override;
+  // "NAME.png" of the first page, "NAME.pdf" and "NAME.xlsx".
+  void ShotPaper(const PrintDocument& document, const std::string& name) override;
 
  private:
   FormWindow& Top() const;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "src/context/controls/form.h"
+#include "src/context/services/print_document.h"
 
 namespace tarvoni {
 
@@ -35,6 +36,8 @@ class Driver {
   virtual void Close(Form& form) = 0;
   // Saves a picture of the Screen; nothing where there is none to see.
   virtual void Shot(Form&, const std::string& /*name*/) {}
+  // Saves a paper that is shown before it is printed, likewise.
+  virtual void ShotPaper(const PrintDocument&, const std::string& /*name*/) {}
 };
 
 }  // namespace tarvoni

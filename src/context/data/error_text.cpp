@@ -1,6 +1,7 @@
 #include "src/context/data/error_text.h"
 
 #include "src/context/data/database_error.h"
+#include "src/context/data/password.h"
 #include "src/context/values/utf8.h"
 
 namespace tarvoni {
@@ -53,9 +54,9 @@ const char* SentenceOf(int number) {
 
 std::string ErrorText(const std::exception& error) {
   const auto* failed = dynamic_cast<const DatabaseError*>(&error);
-  if (!failed || failed->Number() > kErrorNotSupported) return error.what();
+  if (!failed || failed->Number() > kErrorNotSupported) return WithoutPassword(error.what());
   return std::string(SentenceOf(failed->Number())) + " (Fehler " + std::to_string(failed->Number()) + ": " +
-         Shortened(error.what()) + ")";
+         Shortened(WithoutPassword(error.what())) + ")";
 }
 
 }  // namespace tarvoni

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "src/context/data/bracketed_name.h"
 #include "src/context/data/database_error.h"
 #include "src/context/services/environment.h"
 #include "src/context/values/date_text.h"
@@ -127,6 +128,12 @@ SqlText DateOrNull(const std::optional<DateTime>& date, std::string_view sql_dat
 SqlText Name(std::string_view name) {
   if (!IsName(name)) RefuseSyntax(name);
   return Made(std::string(name));
+}
+
+SqlText BracketedName(std::string_view name) {
+  std::string text = "[";
+  for (const char c : name) text.append(c == ']' ? 2 : 1, c);
+  return Made(text + "]");
 }
 
 SqlText IdList(std::span<const std::int32_t> ids) {

@@ -17,6 +17,7 @@ void Toolkit::ShowModal(Form& form) {
 }
 
 int Toolkit::MessageBox(const std::string& prompt, int style, const std::string& title) {
+  ++message_boxes_;
   HandlerScope::CommitAll();
   return DoMessageBox(prompt, style, title);
 }

@@ -10,6 +10,8 @@
 
 namespace tarvoni {
 
+struct PrintDocument;
+
 // Styles and results of message boxes; a style is a sum of buttons, icon and default.
 inline constexpr int kBoxOk = 0;
 inline constexpr int kBoxOkCancel = 1;
@@ -73,20 +75,6 @@ struct YearMonth {
   friend bool operator==(const YearMonth&, const YearMonth&) = default;
 };
 
-// One table with a head, as the print preview shows it.
-struct PrintDocument {
-  struct Column {
-    std::string caption;
-    Alignment alignment = Alignment::kLeft;
-  };
-  std::string title;
-  std::vector<std::string> head;
-  std::vector<Column> columns;
-  std::vector<std::vector<std::string>> rows;
-  std::vector<std::string> foot;
-  bool landscape = false;
-};
-
 // Shows Screens and asks the user. Everything modal goes through here; what a running handler has written is
 // committed before a window opens.
 class Toolkit {
@@ -102,6 +90,8 @@ class Toolkit {
   std::string Titled(const std::string& title, const Form& form) const;
 
   int MessageBox(const std::string& prompt, int style, const std::string& title);
+  // How many were shown so far.
+  int MessageBoxes() const { return message_boxes_; }
   // "" on cancel.
   std::string InputBox(const std::string& prompt, const std::string& title, const std::string& initial = {});
   PickResult PickList(const PickRequest& request);
@@ -157,6 +147,7 @@ class Toolkit {
  private:
   std::string told_;
   std::vector<Form*> open_forms_;
+  int message_boxes_ = 0;
   int waits_ = 0;
 };
 

@@ -84,6 +84,7 @@ bool UserActions::Arrive(Control& target) {
     return false;
   }
   if (form_.ActiveControl() == &target) return true;
+  if (handling_ == 0 && !MayGoTo(target)) return false;
   if (!Leave(target) || !form_.IsLoaded()) return false;
   Control* arrived = redirected_ ? redirected_ : &target;
   // The handler of the field being left may have closed the one that was aimed at.
@@ -92,6 +93,12 @@ bool UserActions::Arrive(Control& target) {
   form_.SetActiveControl(arrived);
   Handle([arrived] { arrived->GotFocus(); });
   return form_.ActiveControl() == &target;
+}
+
+bool UserActions::MayGoTo(const Control& target) {
+  const auto* const button = dynamic_cast<const Button*>(&target);
+  const bool gives_up = button && (button->Does() == Command::kCancel || button->Does() == Command::kClose);
+  return gives_up || !HoldsOff();
 }
 
 // Validate and LostFocus of the active control. A handler's own wish for the focus waits in redirected_, so
@@ -171,6 +178,7 @@ void UserActions::MouseDown(Control& control, int button) {
 }
 
 bool UserActions::Mnemonic(char32_t letter) {
+  if (HoldsOff()) return true;
   const char32_t wanted = utf8::Upper(letter);
   const auto letters = MnemonicsOf(form_);
   const auto named = std::ranges::find_if(form_.Controls(), [&](const Control* control) {

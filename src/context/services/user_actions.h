@@ -36,6 +36,9 @@ class UserActions : private FormHost {
   // `shift`: 1 Shift, 2 Ctrl, 4 Alt.
   void Key(int key, int shift = 0);
   // One character: KeyDown, the KeyPress filter, the text, Change. False if the filter or the box refused it.
+  // A box for numbers that refused a character waits: what follows would change what its number means, so until it
+  // is corrected no key counts and the focus stays. Backspace takes the refused characters back one by one; arrows,
+  // Delete, Escape and a click into the box all at once. Only what cancels or closes is reached meanwhile.
   bool TypeCharacter(char32_t character);
   // Characters one by one; a line break is the Enter key.
   void Type(std::string_view text);
@@ -45,6 +48,10 @@ class UserActions : private FormHost {
   // Replaces the whole text of an editor (a toolkit's own editing: undo, drag), past the filter.
   void ReplaceText(TextBox& box, std::string_view text);
   void ReplaceText(ComboBox& combo, std::string_view text);
+  // The box that waits for a correction; null if none does.
+  const TextBox* WaitingBox() const;
+  // The user turned to the box by the editor's own means (the mouse, choosing all): it takes keys again.
+  void StopWaiting() { refused_ = {}; }
   // Opens the lookup of the active control: Ctrl released alone, F4, or the button in the field.
   void Lookup();
   // Whether the key is one that the Screen as a whole answers now: the key of an open button, F1, or Ctrl with Tab or
@@ -112,6 +119,11 @@ class UserActions : private FormHost {
   bool PressCharacter(Control& control, char32_t character);
   bool PasteInto(TextBox& box, std::string_view text);
   void RefuseCharacter(Control& control, char32_t character);
+  // What a key means to a box that waits. True if that is all the key does.
+  bool Corrects(int key);
+  // Tells it if a box waits.
+  bool HoldsOff();
+  bool MayGoTo(const Control& target);
   bool Insert(TextBox& box, char32_t character);
   void Erase(TextBox& box, int key);
   void Step(Control& control, int rows, int shift);
@@ -124,7 +136,15 @@ class UserActions : private FormHost {
   Form& form_;
   Toolkit& toolkit_;
   std::deque<int> posted_;
-  int handling_ = 0;      // handlers at work
+  int handling_ = 0;  // handlers at work
+  // Characters that a box refused, and how it stood then.
+  struct Refused {
+    TextBox* box = nullptr;
+    std::string text;
+    int start = 0, length = 0;  // of its selection
+    std::u32string characters;
+  };
+  Refused refused_;
   bool acting_ = false;   // inside Act
   bool leaving_ = false;  // between Validate and GotFocus
   bool typed_ = false;    // the user entered something since the edit began

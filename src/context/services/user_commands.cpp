@@ -109,11 +109,16 @@ void UserActions::Cancel() {
   Click(*cancel);
 }
 
+// Where nothing can be cancelled a save has no end that shows: it went well if nothing was told.
 void UserActions::PressButton(Button& button) {
-  const int before = edits_ended_;
-  Handle([&] { button.Press(); });
+  const int ended = edits_ended_, told = toolkit_.MessageBoxes();
+  const bool done = Handle([&] { button.Press(); }) && toolkit_.MessageBoxes() == told;
+  const bool edits = std::ranges::any_of(form_.Controls(), [](const Control* control) {
+    const auto* const other = dynamic_cast<const Button*>(control);
+    return other && other->Does() == Command::kCancel;
+  });
   const bool saves = button.Does() == Command::kSave || button.Does() == Command::kSaveAndNew;
-  if (!saves || edits_ended_ == before) return;
+  if (!saves || !form_.IsLoaded() || (edits ? edits_ended_ == ended : !done)) return;
   const std::string& saved = ButtonFor(Command::kCancel) ? ended_subject_ : form_.Subject();
   toolkit_.Tell(saved.empty() ? "Gespeichert." : "Gespeichert: " + saved + ".");
 }
@@ -122,6 +127,7 @@ void UserActions::PressButton(Button& button) {
 void UserActions::EnabledChanged(Control& control) {
   const auto* const button = dynamic_cast<Button*>(&control);
   if (!button || button->Does() != Command::kCancel) return;
+  toolkit_.Tell("");  // what was told of it before is past
   if (button->Enabled()) {
     typed_ = false;
   } else {

@@ -106,6 +106,7 @@ void UserActions::PressKey(int key, int shift) {
     if (IsCommand(key, shift)) DoCommand(key, shift);
     return;
   }
+  if (Corrects(key)) return;
   // The Tab key belongs to the window, not to the control.
   if (key != kKeyTab) Handle([&] { active->KeyDown(key, shift); });
   if (!form_.IsLoaded() || form_.ActiveControl() != active) return;
@@ -164,6 +165,7 @@ bool UserActions::TypeCharacter(char32_t character) {
   Act([&] {
     Control* const active = form_.ActiveControl();
     if (!active || IsControlCharacter(character)) return;
+    if (WaitingBox()) return RefuseCharacter(*active, character);
     if (character == U' ' && dynamic_cast<Captioned*>(active)) return ClickSelf(*active);
     Handle([&] { active->KeyDown(KeyOf(character), 0); });
     if (!form_.IsLoaded() || form_.ActiveControl() != active) return;
@@ -177,9 +179,49 @@ bool UserActions::TypeCharacter(char32_t character) {
 // A handler may have answered the key by leaving the control or closing the Screen; that is no refusal.
 void UserActions::RefuseCharacter(Control& control, char32_t character) {
   if (!form_.IsLoaded() || form_.ActiveControl() != &control) return;
+  auto* const box = dynamic_cast<TextBox*>(&control);
   std::string typed;
-  utf8::Append(typed, character);
-  toolkit_.ShowRefusal(control, "Das Zeichen „" + typed + "“ passt nicht in dieses Feld.");
+  if (!box || box->Locked() || box->Takes() == Entry::kText) {
+    utf8::Append(typed, character);
+    return toolkit_.ShowRefusal(control, "Das Zeichen „" + typed + "“ passt nicht in dieses Feld.");
+  }
+  if (!WaitingBox())
+    refused_ = {.box = box,
+                .text = box->Text(),
+                .start = box->SelStart(),
+                .length = box->SelLength(),
+                .characters = {}};
+  refused_.characters += character;
+  HoldsOff();
+}
+
+const TextBox* UserActions::WaitingBox() const {
+  const TextBox* const box = refused_.box;
+  const bool waits = box && form_.ActiveControl() == box && !box->Locked() && box->Text() == refused_.text &&
+                     box->SelStart() == refused_.start && box->SelLength() == refused_.length;
+  return waits ? box : nullptr;
+}
+
+bool UserActions::HoldsOff() {
+  if (!WaitingBox()) return false;
+  std::string typed;
+  for (const char32_t character : refused_.characters) utf8::Append(typed, character);
+  toolkit_.ShowRefusal(*refused_.box,
+                       "„" + typed + "“ passt nicht in dieses Feld. Weiter mit Rücktaste oder Esc.");
+  return true;
+}
+
+bool UserActions::Corrects(int key) {
+  if (!WaitingBox() || key == kKeyCtrl || key == kKeyF1 || key == kKeyF4) return false;
+  const bool moves = (key >= kKeyEnd && key <= kKeyDown) || key == kKeyDelete;
+  if (!moves && key != kKeyBackspace && key != kKeyEscape) return HoldsOff();
+  if (key == kKeyEscape) refused_.box->SelectAll();
+  refused_.characters.pop_back();
+  if (key != kKeyBackspace || refused_.characters.empty()) {
+    StopWaiting();
+    toolkit_.Tell("");
+  }
+  return !moves;
 }
 
 // Runs the filter, then lets the control take the character. True if both admit it.
@@ -245,6 +287,7 @@ bool UserActions::Paste(std::string_view text) {
   if (!box) return false;
   bool taken = false;
   Act([&] {
+    if (HoldsOff()) return;
     taken = !box->Locked() && PasteInto(*box, text);
     if (taken || form_.ActiveControl() != box) return;
     const std::string shown = Shortened(text);

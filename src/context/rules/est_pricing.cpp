@@ -1,0 +1,154 @@
+#include "src/context/rules/est_pricing.h"
+
+#include <string>
+
+#include "src/context/data/statement.h"
+
+namespace tarvoni::est_pricing {
+namespace {
+
+constexpr SqlText kShare = R"(
+(CASE SP WHEN 0 THEN 1-ISNULL(LOGS.SPALT,0)/100 WHEN 1 THEN ISNULL(LOGS.SPALT,0)/100 ELSE 1 END))";
+
+constexpr SqlText kPaidVolume = R"(
+(CASE TARIFTABELLE.FM WHEN 0 THEN ISNULL(LOGS.KUBRM,0) ELSE ISNULL(LOGS.KUBATUR,0) END))";
+
+constexpr SqlText kWorkerSurcharge = R"(
+(CASE UPPER(TARIFTABELLE.HA_GRUPPE)
+ WHEN 'FI' THEN ISNULL(A_FICHTE,0)
+ WHEN 'TA' THEN ISNULL(A_TANNE,0)
+ WHEN 'KI' THEN ISNULL(A_KIEFER,0)
+ WHEN 'BU' THEN ISNULL(A_BUCHE,0)
+ WHEN 'EI' THEN ISNULL(A_EICHE,0)
+ ELSE 0 END))";
+
+constexpr SqlText kMachineSurcharge = R"(
+(CASE UPPER(TARIFTABELLE.HA_GRUPPE)
+ WHEN 'FI' THEN ISNULL(M_FICHTE,0)
+ WHEN 'TA' THEN ISNULL(M_TANNE,0)
+ WHEN 'KI' THEN ISNULL(M_KIEFER,0)
+ WHEN 'BU' THEN ISNULL(M_BUCHE,0)
+ WHEN 'EI' THEN ISNULL(M_EICHE,0)
+ ELSE 0 END))";
+
+// The order's pay month is closed, and at least one of its hours lies in a closed month.
+constexpr SqlText kIsLocked = R"(
+(CASE WHEN EXISTS(SELECT LOHNABSCHLUSS.ID
+                  FROM LOHNABSCHLUSS
+                  WHERE LOHNABSCHLUSS.ASCHLUSS_L = 1
+                    AND LOHNABSCHLUSS.MONAT = ARA_KOPF.ABRECHNUNGSMONAT
+                    AND LOHNABSCHLUSS.JAHR = ARA_KOPF.ABRECHNUNGSJAHR)
+       AND EXISTS(SELECT ARA_STUNDEN.ID
+                  FROM ARA_STUNDEN
+                  WHERE ARA_STUNDEN.ID_ARA_KOPF = ARA_KOPF.ID
+                    AND EXISTS(SELECT LOHNABSCHLUSS.ID
+                               FROM LOHNABSCHLUSS
+                               WHERE LOHNABSCHLUSS.ASCHLUSS_L = 1
+                                 AND LOHNABSCHLUSS.MONAT = MONTH(ARA_STUNDEN.BEARBEITUNG)
+                                 AND LOHNABSCHLUSS.JAHR = YEAR(ARA_STUNDEN.BEARBEITUNG)))
+ THEN 1 ELSE 0 END))";
+
+// The three surcharges add up as percentages.
+SqlText Wage(const SqlText& tariff_wage, const SqlText& surcharge_b) {
+  return Compose(R"(
+ISNULL({},0)*{} * {}
+  *(1 + ((CASE ZUSA WHEN 1 THEN ISNULL(ZUSCHLAG_A,0) ELSE 0 END)
+         + (CASE ZUSB WHEN 1 THEN {} ELSE 0 END)
+         + ISNULL(SONDERZ.VALUE1, 0)) / 100))",
+                 tariff_wage, kPaidVolume, kShare, surcharge_b);
+}
+
+// The row of the tariff for a log. AND binds before OR: round and stacked timber goes by diameter and length, poles by
+// their size class alone. An empty mark meets an empty one only.
+SqlText TariffOfLog(const Groupings& groupings) {
+  return Compose(R"(
+UPPER(TARIFTABELLE.HS_GRUPPE) = UPPER({})
+ AND ((HOLZSORTE.RUND = 1 OR HOLZSORTE.SCHICHT = 1)
+      AND (LOGS.DURCH BETWEEN TARIFTABELLE.DM_VON AND TARIFTABELLE.DM_BIS)
+      AND (LOGS.LAENGE BETWEEN TARIFTABELLE.LAENGE_VON AND TARIFTABELLE.LAENGE_BIS)
+      OR (HOLZSORTE.STANG = 1 AND ISNULL(LOGS.STKL,'') = ISNULL(TARIFTABELLE.STANGEN_STKL,'')))
+ AND UPPER(TARIFTABELLE.HA_GRUPPE) = UPPER({})
+ AND UPPER(ISNULL(TARIFTABELLE.RINDENZUST,'')) = UPPER(ISNULL(LOGS.MEFVERF,''))
+ AND UPPER(ISNULL(TARIFTABELLE.RUECKEZUST,'')) = UPPER(ISNULL(LOGS.RUCKE,''))
+ AND UPPER(ISNULL(TARIFTABELLE.EST_MERKMAL,'')) = UPPER(ISNULL(LOGS.EST,'')))",
+                 GradeGroup(groupings), SpeciesGroup(groupings));
+}
+
+}  // namespace
+
+SqlText GradeGroup(const Groupings& groupings) {
+  return Name("HOLZSORTE.HSGR" + std::to_string(groupings.grade));
+}
+
+SqlText SpeciesGroup(const Groupings& groupings) {
+  return Name("HOLZART.HAGR" + std::to_string(groupings.species));
+}
+
+SqlText SolidVolume() {
+  return Compose("LOGS.KUBATUR*{}", kShare);
+}
+
+SqlText StackedVolume() {
+  return Compose("LOGS.KUBRM*{}", kShare);
+}
+
+SqlText WorkerWage() {
+  return Wage("AZ", kWorkerSurcharge);
+}
+
+SqlText MachineWage() {
+  return Wage("MZ", kMachineSurcharge);
+}
+
+SqlText FromLogsOfOrder(std::int32_t order, const Groupings& groupings) {
+  return Compose(R"(
+FROM ARA_KOPF
+LEFT JOIN ARBEITSAUFTRAG ON ARA_KOPF.ID = ARBEITSAUFTRAG.ID_ARA_KOPF
+LEFT JOIN LEISTUNGSART ON LEISTUNGSART.ID = ARBEITSAUFTRAG.LEISTUNGSART_ID
+LEFT JOIN LISTENKOPF ON LISTENKOPF.ID_ARA_KOPF = ARA_KOPF.ID
+LEFT JOIN LOGS ON LOGS.LISTE = LISTENKOPF.LISTE AND LOGS.ZUGANG = 'HE'
+LEFT JOIN SONDERZ ON LISTENKOPF.LISTE = SONDERZ.LISTE AND SONDERZ.MERKM = LOGS.EST
+LEFT JOIN WARENEINHEIT ON LOGS.ID_MASSEINHEIT = WARENEINHEIT.EINHEIT_ID
+LEFT JOIN STAMM_TABELLEN MEFVERF ON LOGS.MEFVERF = MEFVERF.SHORTNAME AND MEFVERF.LABEL_GROUP = 'MEFVERF'
+LEFT JOIN STAMM_TABELLEN EST ON LOGS.EST = EST.SHORTNAME AND EST.LABEL_GROUP = 'EST'
+LEFT JOIN STAMM_TABELLEN RUCKE ON LOGS.RUCKE = RUCKE.SHORTNAME AND RUCKE.LABEL_GROUP = 'RUCKE'
+LEFT JOIN HOLZSORTE ON LOGS.HS = HOLZSORTE.HS
+LEFT JOIN HOLZART ON LOGS.HA = HOLZART.HA
+LEFT JOIN TARIFTABELLE ON {}
+WHERE ARA_KOPF.ID = {})",
+                 TariffOfLog(groupings), Id(order));
+}
+
+SqlText LogsOfOrder(std::int32_t order, const Groupings& groupings) {
+  return Compose(R"(
+SELECT ISNULL(ARA_KOPF.UNTYPISCH,0) AS UNTYPISCH,ISNULL(ARA_KOPF.WERKZEUGGELD,0) AS WERKZEUGGELD,
+  ARA_KOPF.ABRECHNUNGSMONAT,ARA_KOPF.ABRECHNUNGSJAHR,
+  LOGS.LISTE,LOGS.ID_LOG,LOGS.BLNR,
+  {} AS HA,{} AS HS,ISNULL(HOLZSORTE.SCHICHT,0) AS HOLZSORTESCHICHT,
+  LOGS.EST,EST.SHORTNAME AS ESTSHORT,EST.LONGNAME AS ESTLONG,
+  LOGS.MEFVERF,MEFVERF.SHORTNAME AS MEFVERFSHORT,MEFVERF.LONGNAME AS MEFVERFLONG,
+  LOGS.RUCKE,RUCKE.SHORTNAME AS RUCKESHORT,RUCKE.LONGNAME AS RUCKELONG,
+  LOGS.SPALT,LOGS.STKL,LOGS.DURCH,LOGS.STK,
+  {} AS FM,
+  {} AS RM,
+  LOGS.MENGE,WARENEINHEIT.EINHEIT AS WARENEINHEITEINHEIT,
+  AZ AS TAZ,MZ AS TMZ,
+  {} AS AZ,
+  {} AS MZ,
+  ISNULL(ZUSCHLAG_A,0) AS ZUSCHLAG_A,
+  ISNULL(A_FICHTE,0) AS A_FICHTE,ISNULL(A_TANNE,0) AS A_TANNE,ISNULL(A_KIEFER,0) AS A_KIEFER,
+  ISNULL(A_BUCHE,0) AS A_BUCHE,ISNULL(A_EICHE,0) AS A_EICHE,
+  ISNULL(M_FICHTE,0) AS M_FICHTE,ISNULL(M_TANNE,0) AS M_TANNE,ISNULL(M_KIEFER,0) AS M_KIEFER,
+  ISNULL(M_BUCHE,0) AS M_BUCHE,ISNULL(M_EICHE,0) AS M_EICHE,
+  ARBEITSAUFTRAG.ARBEITSAUFTRAG_KOPF_ID,ARBEITSAUFTRAG.ID AS ARBEITSAUFTRAGID,
+  ARBEITSAUFTRAG.KOSTENSTELLE_ID AS ARBEITSAUFTRAGKOSTENSTELLE_ID,
+  ARBEITSAUFTRAG.LEISTUNG AS ARBEITSAUFTRAGLEISTUNG,
+  ISNULL(LEISTUNGSART.ALLOW_HOLZ,0) AS LEISTUNGSARTALLOW_HOLZ,
+  {} MODIFY
+{}
+ORDER BY LOGS.LISTE,LOGS.BLNR)",
+                 SpeciesGroup(groupings), GradeGroup(groupings), SolidVolume(), StackedVolume(), WorkerWage(),
+                 MachineWage(), kIsLocked, FromLogsOfOrder(order, groupings));
+}
+
+}  // namespace tarvoni::est_pricing

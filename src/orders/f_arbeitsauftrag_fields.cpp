@@ -1,0 +1,247 @@
+#include <algorithm>
+
+#include "src/common/box_rules.h"
+#include "src/common/page_focus.h"
+#include "src/common/position_amounts.h"
+#include "src/common/timber_lists.h"
+#include "src/context/values/number_text.h"
+#include "src/orders/f_arbeitsauftrag.h"
+#include "src/orders/f_arbeitsauftrag_sql.h"
+
+// What the boxes take, look up and work out.
+namespace tarvoni {
+
+namespace sql = work_order_sql;
+
+namespace {
+
+bool IsOtherThanZero(const std::string& text) {
+  const auto number = ParseNumber(text, CurrentLocale());
+  return number && *number != Decimal();
+}
+
+}  // namespace
+
+void F_Arbeitsauftrag::ConnectFields() {
+  ConnectBoxes(*this, [this] { NextOnEnter(); });
+  Rules(txtKopfDatum).Date(kopfDatum_);
+  Rules(txtDatum).Date(datum_);
+  txtProduktN.KeyDown.Add(Turn::kOwn, [this](int key, int) {
+    if (key == kKeyCtrl && produkt_.MayLookUp()) produkt_.Lookup();
+  });
+  Rules(txtProduktN).Left([this] { LookUpActivity(); });
+  Rules(txtSM).Code(sm_);
+  Rules(txtKostenstelleN).Code(kostenstelle_);
+  Rules(txtObjektN).Code(objekt_);
+  Rules(txtLeistungsartN).Code(leistungsart_).Left([this] { ActivityLeft(); });
+  Rules(txtVerfahrenN).Code(verfahren_);
+  Rules(txtKostenartN).Code(kostenart_);
+  Rules(txtSondermerkmal[0]).Code(sondermerkmal_);
+  Rules(txtHolzartN).Code(holzart_);
+  Rules(txtLeistung[0]).Code(leistung_);
+  Rules(txtWaldort).Code(waldort_);
+  txtHSGR.KeyDown.Add(Turn::kOwn, [this](int key, int) {
+    if (key == kKeyCtrl && !txtHSGR.Locked()) OfferGradeGroups();
+  });
+  Rules(txtHSGR).Left([this] { GradeGroupLeft(); });
+  cmbPlannummer.Click = [this] { TakePlan(); };
+  ConnectAmounts();
+}
+
+void F_Arbeitsauftrag::ConnectAmounts() {
+  Rules(txtFlache).Number("-######0.0000").Left([this] { CalculateTotal(); });
+  Rules(txtMenge).Number("-######0.00").Left([this] { CalculateTotal(); });
+  for (OptionButton* basis : {&optMenge, &optHa}) {
+    basis->Click = [this] {
+      if (!suppressEvents) CalculateTotal();
+    };
+  }
+  AmountKeys(txtKostenE, "KOSTEN");
+  AmountKeys(txtErlos, "ERLOS");
+  AmountKeys(txtMeter, "ASTUNG");
+  for (TextBox* box : {&txtKosten, &txtStunden, &txtMAS}) AmountKeys(*box);
+  for (TextBox* box : {&txtKostenE, &txtErlos, &txtStunden, &txtMAS})
+    Rules(*box).Left([box] { FormatAmountBox(*box); });
+  txtKosten.Validate = [this](bool&) { CalculateUnitCost(); };
+  Rules(txtKosten).Left([this] { CalculateUnitCost(); });
+  txtValuta.Click = [this] { lblValuta.SetCaption(txtValuta.Text()); };
+}
+
+// A number with decimals and a sign; with a column, one that the column's type takes.
+void F_Arbeitsauftrag::AmountKeys(TextBox& box, const std::string& column) {
+  box.SetTakes(Entry::kDecimal);
+  box.KeyPress.Add(Turn::kFilter, [this, &box, column](int& key) {
+    KeyFilterOptions(key, true, box, true);
+    if (key != 0 && !column.empty()) key = TypedKeyFilter(key, PositionTable(), column, Context());
+  });
+}
+
+void F_Arbeitsauftrag::LimitTexts() {
+  ValueHelper& values = CurrentSuite().Values();
+  const SqlText position = sql::AllColumns(PositionTable());
+  for (std::size_t i = 0; i < kFree; ++i) {
+    const std::string number = std::to_string(i + 1);
+    txtTFrei.at(i).SetMaxLength(values.ColumnSize(position, "T_FREI" + number, Context()));
+    txtNFrei.at(i).SetMaxLength(values.ColumnSize(position, "N_FREI" + number, Context()));
+  }
+  txtFWJ.SetMaxLength(values.ColumnSize(sql::AllColumns(HeaderTable()), "FWJ", Context()));
+}
+
+// --- Enter ---
+
+std::vector<Control*> F_Arbeitsauftrag::EnterOrder() {
+  std::vector<Control*> order = {
+      &txtKopfDatum,  &txtFWJ,        &txtForstamt,         &txtProduktN, &txtSM,
+      &cmbPlannummer, &txtDatum,      &txtKostenstelleN,    &txtObjektN,  &txtLeistungsartN,
+      &txtVerfahrenN, &txtKostenartN, &txtSondermerkmal[0], &txtFlache,   &txtMenge,
+      &txtEinheit,    &txtKostenE,    &txtKosten,           &txtErlos,    &txtValuta,
+      &txtStunden,    &txtMAS,        &txtLeistung[0],      &txtWaldort,  &txtHolzartN,
+      &txtHSGR,       &txtMeter};
+  for (TextBox& box : txtTFrei) order.push_back(&box);
+  for (TextBox& box : txtNFrei) order.push_back(&box);
+  order.push_back(&btnSpeichern);
+  return order;
+}
+
+// The next open box, on whichever page it stands; behind the last one the save button. From a unit cost it passes over
+// the total, for leaving that would work the unit cost out anew.
+void F_Arbeitsauftrag::NextOnEnter() {
+  const auto order = EnterOrder();
+  auto next = std::ranges::find(order, ActiveControl());
+  const bool unit_cost_given = ActiveControl() == &txtKostenE && IsOtherThanZero(txtKostenE.Text());
+  const auto is_open = [&](Control* control) {
+    if (unit_cost_given && control == &txtKosten) return false;
+    const auto* input = dynamic_cast<const InputControl*>(control);
+    return control->IsEnabled() && control->Visible() && !(input && input->Locked());
+  };
+  if (next == order.end()) return;
+  next = std::find_if(next + 1, order.end(), is_open);
+  if (next != order.end()) FocusOnPage(**next);
+}
+
+// --- codes ---
+
+CodeField::Rule F_Arbeitsauftrag::ProductRule() {
+  return {.offered = [this] { return GetNamedSql(Context(), "PRODUKT_GRID", {Given(idPersonal)}); },
+          .caption = [this] { return lblProdukt.Caption(); }};
+}
+
+CodeField::Rule F_Arbeitsauftrag::ActivityRule() {
+  return {.offered =
+              [this] {
+                return GetNamedSql(Context(), "LEISTUNGSART_PRODUKT_GRID",
+                                   {Given(idPersonal), Condition(sql::WorkTypesOf(productId))});
+              },
+          .find =
+              [this](const std::string&) {
+                LookUpActivity();
+                return CodeField::Found{.id = activityId_, .name = txtLeistungsart.Text()};
+              },
+          .caption = [this] { return lblLeistungsart.Caption(); }};
+}
+
+CodeField::Rule F_Arbeitsauftrag::MethodRule() {
+  return NamedCode(Context(), txtVerfahrenN, lblVerfahren, "VERFAHREN_LEISTUNGSART", "LONG", [this] {
+    return NamedValues{Given(idPersonal), Given(activityId_)};
+  });
+}
+
+CodeField::Rule F_Arbeitsauftrag::SpeciesRule() {
+  return {.offered = sql::Species,
+          .find =
+              [this](const std::string& typed) {
+                const Recordset rows = Open(sql::FindSpecies(typed));
+                if (rows.EndOfFile()) return CodeField::Found{};
+                return CodeField::Found{.id = ToInt16(ToText(rows.Fields()["ID"].Value()), CurrentLocale()),
+                                        .name = ToText(rows.Fields()["HA_LANG"].Value())};
+              },
+          .caption = [this] { return lblHolzart.Caption(); },
+          .keeps_focus = false};
+}
+
+CodeField::Rule F_Arbeitsauftrag::PerformanceRule() {
+  auto rule =
+      NamedCode(Context(), txtLeistung[0], lblLeistung, "LEISTUNG", "LANGNAME", [] { return NamedValues{}; });
+  rule.keeps_tag = true;
+  return rule;
+}
+
+// Product and work type by their numbers, and what the work type opens, closes and proposes.
+void F_Arbeitsauftrag::LookUpActivity() {
+  productId = activityId_ = 0;
+  for (TextBox* box : {&txtProdukt, &txtLeistungsart, &txtVerfahren}) box->SetText("");
+  LockTimberFields(false);
+  if (IsNumeric(txtProduktN.Text(), CurrentLocale())) {
+    const Recordset product = Open(sql::FindProduct(idPersonal, txtProduktN.Text()));
+    if (!product.EndOfFile()) {
+      productId = ToLong(product.Fields()["ID"].Value());
+      txtProdukt.SetText(ToText(product.Fields()["NAME"].Value()));
+    }
+  }
+  if (productId == 0 || txtLeistungsartN.Empty()) return;
+  const Activity found =
+      FindActivity(Db(), {.client = idPersonal, .product = productId, .number = txtLeistungsartN.Text()});
+  if (found.id != 0) TakeActivity(found);
+}
+
+void F_Arbeitsauftrag::TakeActivity(const Activity& activity) {
+  activityId_ = activity.id;
+  txtLeistungsart.SetText(activity.name);
+  if (activity.allows_timber) {
+    txtHolzart.SetText("");
+    LockTimberFields(true);
+    if (QuantityFollowsTimber(Db())) ShowTimberSums(Db(), positionId, txtFlache, txtMenge);
+  }
+  if (btnNeu.Enabled()) return;
+  FindComboItemData(txtEinheit, activity.unit);
+  (activity.by_area ? optHa : optMenge).SetValue(true);
+}
+
+// What comes from timber lists is not typed.
+void F_Arbeitsauftrag::LockTimberFields(bool locked) {
+  for (InputControl* input :
+       std::initializer_list<InputControl*>{&txtHolzartN, &txtFlache, &txtMenge, &txtEinheit})
+    SetTextBoxLocked(locked, *input);
+}
+
+// The only method of a work type is proposed.
+void F_Arbeitsauftrag::ActivityLeft() {
+  if (txtLeistungsartN.Empty()) return LookUpActivity();
+  if (suppressEvents || activityId_ == 0) return;
+  const std::string method = ReadText(sql::OnlyMethod(idPersonal, activityId_));
+  if (method.empty()) return;
+  txtVerfahrenN.SetText(method);
+  verfahren_.Check();
+}
+
+void F_Arbeitsauftrag::OfferGradeGroups() {
+  const SqlText offered = sql::GradeGroups(OptionNumber("STANDARD_HSGR"));
+  txtHSGR.SetText(CurrentSuite().Lookup().Pick(Context(), offered, lblHSGR.Caption(), txtHSGR.Text(), ""));
+  txtHSGR.LostFocus();
+}
+
+void F_Arbeitsauftrag::GradeGroupLeft() {
+  if (txtHSGR.Empty()) return;
+  if (ReadNumber(sql::CountGradeGroup(OptionNumber("STANDARD_HSGR"), txtHSGR.Text())) > 0) return;
+  ReportMissingField(lblHSGR.Caption(), false, Context());
+  SafeSetFocus(txtHSGR);
+}
+
+// --- amounts: whichever of unit cost and total was entered last wins ---
+
+TextBox& F_Arbeitsauftrag::Basis() {
+  return optMenge.Value() ? txtMenge : txtFlache;
+}
+
+void F_Arbeitsauftrag::CalculateTotal() {
+  if (const auto total = TotalCost(Basis().Text(), txtKostenE.Text())) txtKosten.SetText(*total);
+  FormatAmountBox(txtKosten);
+}
+
+void F_Arbeitsauftrag::CalculateUnitCost() {
+  txtKostenE.SetText("0");
+  if (const auto unit = UnitCost(txtKosten.Text(), Basis().Text())) txtKostenE.SetText(*unit);
+  for (TextBox* box : {&txtKostenE, &txtKosten}) FormatAmountBox(*box);
+}
+
+}  // namespace tarvoni
