@@ -22,8 +22,7 @@ void F_Belege_New::AssignLists() {
       .client = idPersonal, .position = rows_.CurrentId(), .header = row.Number("ARBEITSAUFTRAG_KOPF_ID")};
   const SqlText offered = sql::FreeTimberLists(idPersonal, row.Text("KOSTENSTELLE_ID"));
   Committed([&] {
-    AssignTimber(Context(), owner, offered);
-    if (!QuantityFollowsTimber(Db())) return;
+    if (!AssignTimber(Context(), owner, offered) || !QuantityFollowsTimber(Db())) return;
     ShowTimberSums(Db(), owner.position, txtFlache, txtMenge);
     WriteTimberSums(Db(), owner.position, txtFlache, txtMenge);
   });
