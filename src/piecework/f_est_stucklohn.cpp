@@ -1,6 +1,7 @@
 #include "src/piecework/f_est_stucklohn.h"
 
 #include "src/common/box_rules.h"
+#include "src/common/messages.h"
 #include "src/common/view_switch.h"
 #include "src/context/values/field_text.h"
 #include "src/piecework/f_est_stucklohn_sql.h"
@@ -20,7 +21,6 @@ constexpr std::int32_t kDiameter = 664;
 constexpr std::int32_t kLogNumber = 682;
 constexpr std::int32_t kGrade = 684;
 constexpr std::int32_t kSizeClass = 686;
-constexpr std::int32_t kUnit = 751;
 constexpr std::int32_t kSplitPart = 1126;
 constexpr std::int32_t kSurchargeMark = 1129;
 constexpr std::int32_t kStackedMetres = 1145;
@@ -104,7 +104,7 @@ std::vector<ShownColumn> F_EST_Stucklohn::Columns() const {
           AmountColumn("FM", Message(kSolidMetres), 1000),
           AmountColumn("RM", Message(kStackedMetres), 1100),
           AmountColumn("MENGE", Message(kQuantity), 850),
-          AmountColumn("WARENEINHEITEINHEIT", Message(kUnit), 700),
+          AmountColumn("WARENEINHEITEINHEIT", Message(message::kUnit), 700),
           AmountColumn("TAZ", "T-AZ", 750),
           AmountColumn("TMZ", "T-MZ", 750),
           AmountColumn("AZ", "AZ", 850),
