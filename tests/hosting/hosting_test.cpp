@@ -158,7 +158,7 @@ TEST(Library, OpensAScreenOnTheHostsApplicationAndReturnsWhenItIsClosed) {
   auto* const lohn = Library::Get().Make<_c_Lohn>(kClass_c_Lohn, kInterface_c_Lohn);
   const WindowCloser closer;
   EXPECT_EQ(lohn->MaschineStamm(tvnvar), kResultOk) << Library::Get().LastFailure().text;
-  EXPECT_EQ(closer.title, "Maschine-Stammdaten");
+  EXPECT_EQ(closer.title, "Maschine-Stammdaten – Kostenarten der Maschinen");
   EXPECT_EQ(tvnvar.dbAdo.use_count(), 1);
   lohn->Release();
 }
@@ -178,7 +178,7 @@ TEST(Example, OpensAScreenAndEndsWithZero) {
   char* arguments[] = {program.data(), database.data(), nullptr};
   const WindowCloser closer;
   EXPECT_EQ(ExampleMain(2, arguments), 0);
-  EXPECT_EQ(closer.title, "Maschine-Stammdaten");
+  EXPECT_EQ(closer.title, "Maschine-Stammdaten – Kostenarten der Maschinen");
 }
 
 TEST(Example, TakesThePositionThatTheUserSets) {
