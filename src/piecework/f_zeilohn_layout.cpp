@@ -15,10 +15,10 @@ layout::Node F_Zeilohn::BuildLayout() {
                      Box(txtMenge, 10), Shown(txtMengeeinheit[0], 6), Shown(txtMengeeinheit[1])))),
       NaturalGroup(),
       Group(frmZuordnung, "Zuordnung der HABs",
-            Side(Stack(Text(lblAll, "Freie Listen"), List(listeAll, 4)),
-                 Stack(Push(cmdAddSel, "Zuordnen"), Push(cmdDelSel, "Freigeben"),
-                       Push(cmdAddAll, "Alle zuordnen"), Push(cmdDelAll, "Alle freigeben")),
-                 Stack(Text(lblSel, "Zugeordnete Listen"), List(listeSel, 4)))),
+            Row("", Stack(Text(lblAll, "Freie Listen"), List(listeAll, 5, 30)),
+                Stack(Text(""), Push(cmdAddSel, "Zuordnen"), Push(cmdDelSel, "Freigeben"),
+                      Push(cmdAddAll, "Alle zuordnen"), Push(cmdDelAll, "Alle freigeben")),
+                Stack(Text(lblSel, "Zugeordnete Listen"), List(listeSel, 5, 30)), Gap())),
       Table(DataGridLines), ButtonBar(), Hidden({&AdodcLines}));
 }
 

@@ -13,12 +13,13 @@ layout::Node WageLines::NaturalGroup() {
                      Shown(n.txtBestandeszieltyp[1])),
                  Row(n.lblAstungshohe, "Astungshöhe", Box(n.txtAstungshohe, 8),
                      Check(n.chkZaunbau, "Zaunbau"), Gap())),
-           Stack(Row(n.lblWaldort, "Waldort", List(n.ListWaldort, 3),
-                     Stack(Push(n.btnWaldortEinfugen, "Einfügen"), Push(n.btnWaldortLoschen, "Löschen"))))),
+           Stack(Row(n.lblWaldort, "Waldort", List(n.ListWaldort, 3, 30),
+                     Stack(Push(n.btnWaldortEinfugen, "Einfügen"), Push(n.btnWaldortLoschen, "Löschen")),
+                     Gap()))),
       Matrix(
           {"", "Bundesland", "Landesstelle", "Herkunftsgebiet", "Lfd. Nr.", "Kategorie", "Bemerkung"},
-          Row(n.lblHerkunft, "Herkunft", Box(n.txtBundesland, 6), Box(n.txtLandesstelle, 4),
-              Box(n.txtBaum_Herk, 10), Box(n.txtLFD_Nummer, 5), Box(n.txtKategorie, 6), Box(n.txtHerkunft))));
+          Row(n.lblHerkunft, "Herkunft", Box(n.txtBundesland, 9), Box(n.txtLandesstelle, 9),
+              Box(n.txtBaum_Herk, 12), Box(n.txtLFD_Nummer, 6), Box(n.txtKategorie, 8), Box(n.txtHerkunft))));
 }
 
 layout::Node WageLines::ButtonBar() {
