@@ -3,7 +3,7 @@
 #include "src/common/box_rules.h"
 #include "src/common/page_focus.h"
 #include "src/common/position_amounts.h"
-#include "src/common/timber_lists.h"
+#include "src/common/timber_assignment.h"
 #include "src/context/values/number_text.h"
 #include "src/orders/f_arbeitsauftrag.h"
 #include "src/orders/f_arbeitsauftrag_sql.h"

@@ -1,6 +1,6 @@
 #include "src/common/contracts.h"
 #include "src/common/natural_state.h"
-#include "src/common/timber_lists.h"
+#include "src/common/timber_assignment.h"
 #include "src/orders/f_arbeitsauftrag.h"
 #include "src/orders/f_arbeitsauftrag_sql.h"
 

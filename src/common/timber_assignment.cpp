@@ -1,4 +1,4 @@
-#include "src/common/timber_lists.h"
+#include "src/common/timber_assignment.h"
 
 #include <vector>
 
