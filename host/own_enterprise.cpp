@@ -11,7 +11,6 @@
 #include "src/context/data/handler_scope.h"
 #include "src/context/values/call_error.h"
 #include "src/context/values/number_text.h"
-#include "src/schema/schema.h"
 
 namespace tarvoni::host {
 namespace {
@@ -111,7 +110,7 @@ void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& enterpr
   Check(enterprise);
   MakeNewDatabase(database, [&](Connection& connection) {
     HandlerScope all_at_once(connection);
-    for (const SqlText& statement : SchemaStatements()) connection.Execute(statement);
+    MakeTables(connection);
     demo::Enterprise codes(connection, 1);
     codes.clients.push_back(AsClient(enterprise));
     WriteOptions(codes, enterprise);
