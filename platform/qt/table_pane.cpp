@@ -71,7 +71,6 @@ QTableView* MakeTable(TableModel* model, TablePane::RowMark mark, QWidget* paren
   table->verticalHeader()->setDefaultSectionSize(height + height / 3);
   table->horizontalHeader()->setHighlightSections(false);
   table->horizontalHeader()->setSectionsClickable(true);
-  table->horizontalHeader()->setTextElideMode(Qt::ElideRight);
   return table;
 }
 
