@@ -62,6 +62,7 @@ class F_Belege_New : public Screen {
 
   // --- codes (f_belege_new_codes.cpp) ---
   void ConnectFields();
+  std::vector<Control*> EnterOrder();
   void ConnectAmounts();
   Client OfClient();
   CodeField::Rule BudgetRule(const Label& label, const std::string& table);
