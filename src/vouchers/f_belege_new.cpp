@@ -53,6 +53,7 @@ void F_Belege_New::Fill() {
   DataGridBelege.SetStruck("STORNO", FieldText(Value(true), "", CurrentLocale()));
   LoadVouchers(0);
   SetViewState(true);
+  SafeSetFocus(DataGridBelege);
 }
 
 void F_Belege_New::ConnectButtons() {
@@ -64,7 +65,10 @@ void F_Belege_New::ConnectButtons() {
   btnStorno.Click = [this] { Storno(); };
   btnStornoNew.Click = [this] { StornoThenNew(); };
   btnFind.Click = [this] { FindVoucher(); };
-  btnZuhlung.Click = [this] { payee_.Pick(); };
+  btnZuhlung.Click = [this] {
+    payee_.Pick();
+    SafeSetFocus(btnSpeichern);
+  };
   btnDeleteMan.Click = [this] { payee_.Clear(); };
   btnHolz.Click = [this] { AssignLists(); };
   btnNV.Click = [this] { OpenNaturalExecution(); };
