@@ -33,6 +33,7 @@ void F_Arbeitsauftrag::FillHeaderLists() {
 
 void F_Arbeitsauftrag::LoadHeader() {
   headerName.clear();
+  productNumber_.clear();
   const Recordset rows = Open(isPlan ? sql::PlanHeader(headerId) : sql::OrderHeader(headerId));
   if (!rows.EndOfFile()) ShowHeader(rows.Fields());
   if (positions_.Empty()) DefaultHeader();
