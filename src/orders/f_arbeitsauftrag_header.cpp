@@ -35,7 +35,8 @@ void F_Arbeitsauftrag::LoadHeader() {
   headerName.clear();
   productNumber_.clear();
   const Recordset rows = Open(isPlan ? sql::PlanHeader(headerId) : sql::OrderHeader(headerId));
-  if (!rows.EndOfFile()) ShowHeader(rows.Fields());
+  if (rows.EndOfFile()) throw RowGoneError();
+  ShowHeader(rows.Fields());
   if (positions_.Empty()) DefaultHeader();
 }
 
