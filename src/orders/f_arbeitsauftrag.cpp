@@ -49,6 +49,7 @@ void F_Arbeitsauftrag::Fill() {
   {
     const auto hold = suppressEvents.Hold();
     positionId = 0;
+    Uncheck();
     LimitTexts();
     FillHeaderLists();
     positions_.Load(isPlan ? sql::PlanPositions(headerId) : sql::OrderPositions(headerId));

@@ -56,6 +56,7 @@ class F_Arbeitsauftrag : public ArbeitsauftragSurface {
   void SaveHeader() const;
   ColumnWriter HeaderWriter() const;
   std::string HeaderTable() const;
+  void Uncheck();
   void ClosedClicked();
   void WriteClosed(bool closed);
   void EditDescription();

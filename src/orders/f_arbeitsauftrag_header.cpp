@@ -50,7 +50,6 @@ void F_Arbeitsauftrag::ShowHeader(const FieldList& row) {
   headerName = ToText(row["NAME"].Value());
   txtBeschreibung.SetText(ToText(row["BESCHREIBUNG"].Value()));
   if (isPlan) {
-    chkAbgesch.SetChecked(false);
     txtPlanung_Lang.SetText(ToText(row["PLANUNG_LANG"].Value()));
   } else {
     txtSM.SetTag(ToText(row["ID_SONDERMERKMAL"].Value()));
@@ -84,6 +83,12 @@ void F_Arbeitsauftrag::SaveHeader() const {
   head.Flag("ABGENSCHLOSEN", chkAbgesch.Checked());
   const bool has_feature = !utf8::Trim(txtSM.Text()).empty();
   head.Number("ID_SONDERMERKMAL", has_feature ? txtSM.Tag() : "", kIsValue);
+}
+
+// A call that failed may have left the check of another order.
+void F_Arbeitsauftrag::Uncheck() {
+  const auto hold = undoing_click_.Hold();
+  chkAbgesch.SetChecked(false);
 }
 
 // Also raised by reading a closed order, and by putting the check back.

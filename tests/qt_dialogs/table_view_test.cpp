@@ -120,6 +120,26 @@ TEST_F(TableViewTest, TellsHeadsAndWidths) {
   EXPECT_THAT(widths_, ElementsAre(std::pair(2, 2880)));
 }
 
+TEST_F(TableViewTest, CutNumbersAndCaptionsTakeTheRoomThatIsFree) {
+  const auto show = [this](int twips) {
+    for (const int column : {0, 2}) grid_.Columns()[column].SetWidth(twips);
+    grid_.Columns()[2].SetAlignment(Alignment::kRight);
+    view_->ShowColumns();
+    QCoreApplication::processEvents();
+  };
+  show(150);
+  EXPECT_GE(Table().columnWidth(2), Table().horizontalHeader()->sectionSizeHint(2));
+  EXPECT_GT(Table().columnWidth(0), 50) << "its caption";
+  EXPECT_EQ(grid_.Columns()[2].Width(), 150) << "what is told stays";
+  EXPECT_THAT(widths_, IsEmpty());
+  Table().horizontalHeader()->resizeSection(0, 20);
+  show(300);
+  EXPECT_EQ(Table().columnWidth(0), 20) << "the user drew it";
+  view_->resize(60, 300);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Table().columnWidth(2), 20) << "no room";
+}
+
 TEST_F(TableViewTest, CopiesWhatIsChosen) {
   Table().selectionModel()->select({Table().model()->index(0, 0), Table().model()->index(1, 2)},
                                    QItemSelectionModel::ClearAndSelect);
