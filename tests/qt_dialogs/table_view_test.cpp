@@ -121,23 +121,23 @@ TEST_F(TableViewTest, TellsHeadsAndWidths) {
 }
 
 TEST_F(TableViewTest, CutNumbersAndCaptionsTakeTheRoomThatIsFree) {
-  const auto show = [this](int twips) {
-    for (const int column : {0, 2}) grid_.Columns()[column].SetWidth(twips);
-    grid_.Columns()[2].SetAlignment(Alignment::kRight);
+  const QHeaderView& head = *Table().horizontalHeader();
+  const auto show = [this](int first, int third) {
+    grid_.Columns()[0].SetWidth(first);
+    grid_.Columns()[2].SetWidth(third);
     view_->ShowColumns();
     QCoreApplication::processEvents();
   };
-  show(150);
-  EXPECT_GE(Table().columnWidth(2), Table().horizontalHeader()->sectionSizeHint(2));
-  EXPECT_GT(Table().columnWidth(0), 50) << "its caption";
-  EXPECT_EQ(grid_.Columns()[2].Width(), 150) << "what is told stays";
+  show(450, 450);
+  EXPECT_EQ(Table().columnWidth(0), head.sectionSizeHint(0));
+  EXPECT_EQ(Table().columnWidth(2), head.sectionSizeHint(2));
+  EXPECT_EQ(grid_.Columns()[2].Width(), 450) << "what is told stays";
   EXPECT_THAT(widths_, IsEmpty());
-  Table().horizontalHeader()->resizeSection(0, 20);
-  show(300);
-  EXPECT_EQ(Table().columnWidth(0), 20) << "the user drew it";
-  view_->resize(60, 300);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(Table().columnWidth(2), 20) << "no room";
+  show(7200, 450);
+  EXPECT_EQ(Table().columnWidth(2), view_->logicalDpiX() * 450 / 1440) << "no room";
+  Table().horizontalHeader()->resizeSection(2, 35);
+  show(450, 525);
+  EXPECT_EQ(Table().columnWidth(2), 35) << "the user drew it";
 }
 
 TEST_F(TableViewTest, CopiesWhatIsChosen) {
