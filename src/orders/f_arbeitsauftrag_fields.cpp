@@ -196,7 +196,8 @@ void F_Arbeitsauftrag::TakeActivity(const Activity& activity) {
   if (activity.allows_timber) {
     txtHolzart.SetText("");
     LockTimberFields(true);
-    if (QuantityFollowsTimber(Db())) ShowTimberSums(Db(), positionId, txtFlache, txtMenge);
+    // No timber hangs on a plan; its ids mean other rows there.
+    if (!isPlan && QuantityFollowsTimber(Db())) ShowTimberSums(Db(), positionId, txtFlache, txtMenge);
   }
   if (btnNeu.Enabled()) return;
   FindComboItemData(txtEinheit, activity.unit);
