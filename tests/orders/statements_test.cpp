@@ -14,6 +14,7 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::SizeIs;
 using testing::StartsWith;
 
@@ -94,20 +95,46 @@ click btnOk
 )");
   const Statements until_end(sent.begin(), std::ranges::find(sent, "SELECT 'END'"));
   const Statements insert = {"INSERT INTO ARBEITSAUFTRAG (ORDERS,ARBEITSAUFTRAG_KOPF_ID) VALUES (1,901)"};
-  const Statements position =
-      Updates("ARBEITSAUFTRAG", "1",
-              {"DATUM_NR = '20240328'", "LEISTUNGSART_ID = 901", "VERFAHREN_ID = 902", "KOSTENART_ID = 901",
-               "KOSTENSTELLE_ID = NULL", "OBJEKT_ID = NULL", "SONDERMERKMAL_ID = 901", "HSGR = NULL",
-               "HOLZART_ID = NULL", "WO_ID = NULL", "FLAECHE = 0.0000", "MENGE = 2.50", "GESAMT = 3.13",
-               "ERLOS = 0.00", "STUNDEN = NULL", "MAS = NULL", "EINH_ID = 901", "KOSTEN = 1.25",
-               "ERLOS = 0.00", "EURO = 1", "T_FREI1 = NULL", "T_FREI2 = 'frei'", "T_FREI3 = NULL",
-               "T_FREI4 = NULL", "T_FREI5 = NULL", "N_FREI1 = NULL", "N_FREI2 = NULL", "N_FREI3 = NULL",
-               "N_FREI4 = NULL", "N_FREI5 = NULL", "ASTUNG = 0", "LEISTUNG = NULL", "PLANUNG_ID = NULL",
-               "ZAUNSCHUTZ = 0"});
+  const Statements position = Updates("ARBEITSAUFTRAG", "1",
+                                      {"DATUM_NR = '20240328'",
+                                       "LEISTUNGSART_ID = 901",
+                                       "VERFAHREN_ID = 902",
+                                       "KOSTENART_ID = 901",
+                                       "KOSTENSTELLE_ID = NULL",
+                                       "OBJEKT_ID = NULL",
+                                       "SONDERMERKMAL_ID = 901",
+                                       "HSGR = NULL",
+                                       "HOLZART_ID = NULL",
+                                       "WO_ID = NULL",
+                                       "FLAECHE = 0.0000",
+                                       "MENGE = 2.50",
+                                       "GESAMT = 3.13",
+                                       "ERLOS = 0.00",
+                                       "STUNDEN = NULL",
+                                       "MAS = NULL",
+                                       "EINH_ID = 901",
+                                       "KOSTEN = 1.25",
+                                       "ERLOS = 0.00",
+                                       "EURO = 1",
+                                       "T_FREI1 = NULL",
+                                       "T_FREI2 = 'frei'",
+                                       "T_FREI3 = NULL",
+                                       "T_FREI4 = NULL",
+                                       "T_FREI5 = NULL",
+                                       "N_FREI1 = NULL",
+                                       "N_FREI2 = NULL",
+                                       "N_FREI3 = NULL",
+                                       "N_FREI4 = NULL",
+                                       "N_FREI5 = NULL",
+                                       "ASTUNG = 0",
+                                       "LEISTUNG = NULL",
+                                       "PLANUNG_ID = NULL",
+                                       "ZAUNSCHUTZ = 0"});
   EXPECT_THAT(position, SizeIs(34));
-  const Statements head = Updates("ARBEITSAUFTRAG_KOPF", "901",
-                                  {"DATUM = '20240115'", "FWJ = '2024'", "FORSTAMT = 941", "PRODUKT_ID = 901",
-                                   "BESCHREIBUNG = 'Kulturen'", "ABGENSCHLOSEN = 0", "ID_SONDERMERKMAL = 901"});
+  const Statements head =
+      Updates("ARBEITSAUFTRAG_KOPF", "901",
+              {"DATUM = '20240115'", "FWJ = '2024'", "FORSTAMT = 941", "PRODUKT_ID = 901",
+               "BESCHREIBUNG = 'Kulturen'", "ABGENSCHLOSEN = 0", "ID_SONDERMERKMAL = 901"});
   EXPECT_EQ(Writes(until_end), insert + position + head);
 }
 
@@ -115,7 +142,8 @@ TEST_F(WorkOrderStatements, APlanWritesItsOwnTablesAndItsTextOnItsHead) {
   const Statements sent = Play(std::string(R"(
 call Arbeitsauftrag idPersonal_dll=901 Plan_dll=true
 input P1
-fill txtProduktN=20 txtSM=00 txtKostenstelleN=10 txtSondermerkmal(0)=00)") + kEntry + R"(
+fill txtProduktN=20 txtSM=00 txtKostenstelleN=10 txtSondermerkmal(0)=00)") +
+                               kEntry + R"(
 type txtPlanung_Lang im Herbst
 sql SELECT 'HERE'
 click btnSpeichern
@@ -146,7 +174,8 @@ click btnAbbrechen
   ASSERT_THAT(writes, SizeIs(7 + 1));
   EXPECT_EQ(writes[1], "UPDATE ARBEITSAUFTRAG_KOPF SET FWJ = NULL WHERE ID = 901");
   EXPECT_EQ(writes[2], "UPDATE ARBEITSAUFTRAG_KOPF SET FORSTAMT = 942 WHERE ID = 901");
-  EXPECT_THAT(writes[7], StartsWith("INSERT INTO MODELS (MODEL,STANDARD,NAME,RELATION) VALUES ('400,400,850,"));
+  EXPECT_THAT(writes[7],
+              StartsWith("INSERT INTO MODELS (MODEL,STANDARD,NAME,RELATION) VALUES ('400,400,850,"));
 }
 
 // Reading a closed order writes the flag; so do closing, reopening and putting the check back.
@@ -196,14 +225,15 @@ click btnOk
 )");
   EXPECT_THAT(
       Writes({sent.begin(), std::ranges::find(sent, "SELECT 'END'")}),
-      ElementsAre("UPDATE LOGS SET AA_ID = 1,ARBEITSAUFTRAG_KOPF_ID = 901\n"
-                  "WHERE LISTE IN (SELECT LISTE FROM LISTENKOPF WHERE ISNULL(GESPERRT, 0) = 0 AND LISTE IN ('L1'))",
-                  "UPDATE LISTENKOPF SET ID_ARBEITSAUFTRAG_KOPF = 901\n"
-                  "WHERE ISNULL(GESPERRT, 0) = 0 AND LISTE IN ('L1')",
-                  "UPDATE LOGS SET AA_ID = Null\n"
-                  "WHERE LISTE IN (SELECT LISTE FROM LISTENKOPF WHERE ISNULL(GESPERRT, 0) = 0 AND LISTE IN ('L2'))\n"
-                  "  AND AA_ID = 1",
-                  "UPDATE ARBEITSAUFTRAG SET FLAECHE = 1.5000,MENGE = 1.1234 WHERE ID = 1"));
+      ElementsAre(
+          "UPDATE LOGS SET AA_ID = 1,ARBEITSAUFTRAG_KOPF_ID = 901\n"
+          "WHERE LISTE IN (SELECT LISTE FROM LISTENKOPF WHERE ISNULL(GESPERRT, 0) = 0 AND LISTE IN ('L1'))",
+          "UPDATE LISTENKOPF SET ID_ARBEITSAUFTRAG_KOPF = 901\n"
+          "WHERE ISNULL(GESPERRT, 0) = 0 AND LISTE IN ('L1')",
+          "UPDATE LOGS SET AA_ID = Null\n"
+          "WHERE LISTE IN (SELECT LISTE FROM LISTENKOPF WHERE ISNULL(GESPERRT, 0) = 0 AND LISTE IN ('L2'))\n"
+          "  AND AA_ID = 1",
+          "UPDATE ARBEITSAUFTRAG SET FLAECHE = 1.5000,MENGE = 1.1234 WHERE ID = 1"));
 }
 
 // Cost centre, work type, plans, method, cost type and the button for timber.
@@ -224,10 +254,17 @@ click btnOk
   EXPECT_THAT(Statements(sent.begin(), std::ranges::find(sent, "SELECT 'END'")), SizeIs(6));
 }
 
-TEST_F(WorkOrderStatements, ADescriptionMayBeLong) {
+// Names are cut to their first characters, a description is not.
+TEST_F(WorkOrderStatements, TextsMayBeLong) {
   const std::string text(10'000, 'x');
-  const Statements sent = Play("call Arbeitsauftrag idPersonal_dll=901 ID=901\nclick btnBeschreibung\ntext " + text +
-                               kEntry + "sql SELECT 'HERE'\nclick btnSpeichern\nclick btnOk\n");
+  const Statements sent =
+      Play("sql SELECT 'HERE'\ncall PA_Gruppe ID_Mandant=901\ninput " + text +
+           "\nclick btnAbbrechen\ncall Arbeitsauftrag idPersonal_dll=901 Plan_dll=true\ninput " + text +
+           "\nclick btnAbbrechen\ncall Arbeitsauftrag idPersonal_dll=901 ID=901\n" +
+           "click btnBeschreibung\ntext " + text + kEntry + "click btnSpeichern\nclick btnOk\n");
+  EXPECT_THAT(sent, Contains(HasSubstr("VALUES ('2024','" + text.substr(0, 20) + "',901)")));
+  EXPECT_THAT(sent, Contains("INSERT INTO ARBEITSAUFTRAG_KOPF_PLANN (NAME, PERSONAL_ID) VALUES ('" +
+                             text.substr(0, 14) + "', 901)"));
   EXPECT_THAT(sent, Contains("UPDATE ARBEITSAUFTRAG_KOPF SET BESCHREIBUNG = '" + text + "' WHERE ID = 901"));
 }
 
