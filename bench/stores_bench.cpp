@@ -5,6 +5,8 @@
 
 #include "bench/shown_screen.h"
 #include "src/context/data/statement.h"
+#include "src/entry/c_lohn.h"
+#include "src/entry/neighbours.h"
 #include "src/entry/screens.h"
 #include "src/stores/f_lager_sql.h"
 #include "src/stores/f_positionen.h"
