@@ -61,6 +61,9 @@ void PaintBox(QWidget& box, Color color, bool locked, bool enabled) {
   palette.setColor(QPalette::Text, enabled ? text : faded);
   palette.setColor(QPalette::Disabled, QPalette::Base, own ? base : standard.color(QPalette::Window));
   palette.setColor(QPalette::Disabled, QPalette::Text, faded);
+  // Of a combo box, which is drawn as a button.
+  palette.setColor(QPalette::Disabled, QPalette::ButtonText,
+                   Mixed(standard.color(QPalette::ButtonText), standard.color(QPalette::Button), 0.75));
   box.setPalette(palette);
 }
 
