@@ -8,6 +8,7 @@
 #include "platform/sqlite/public/sqlite_database.h"
 #include "src/common/slot.h"
 #include "src/context/services/environment.h"
+#include "src/entry/c_lohn.h"
 #include "src/entry/screens.h"
 #include "src/schema/schema.h"
 #include "suite/tarvoni_suite.h"
