@@ -89,9 +89,9 @@ std::vector<ShownColumn> F_Belege_New::VoucherColumns() const {
 // Stands on the voucher and the row given, or on the first of each.
 void F_Belege_New::LoadVouchers(std::int32_t voucher, std::int32_t position) {
   const std::string& currency = Context().strLocalCurrency;
-  vouchers_.Load(ReadOnly() ? sql::VouchersOfPosition(
-                                  Neighbour<WorkOrders>().CurrentPosition().value_or(0), currency)
-                            : sql::VouchersOfClient(idPersonal, currency));
+  vouchers_.Load(
+      ReadOnly() ? sql::VouchersOfPosition(Neighbour<WorkOrders>().CurrentPosition().value_or(0), currency)
+                 : sql::VouchersOfClient(idPersonal, currency));
   const auto hold = loading_.Hold();
   if (voucher != 0) vouchers_.Find(voucher);
   ShowVoucher(position);
