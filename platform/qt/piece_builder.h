@@ -64,6 +64,8 @@ class PieceBuilder {
 
 constexpr int kStackColumns = 3;  // of a stack: label, code, the rest
 
+// Told to each layout, since one inside a grid whose rows stand closer than its columns takes neither.
+int BetweenCells(const QWidget* parent);
 void AddTo(QGridLayout& grid, const Piece& piece, int row, int column, int span = 1);
 
 }  // namespace tarvoni::qt

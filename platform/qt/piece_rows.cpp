@@ -53,6 +53,7 @@ void PieceBuilder::NameCells(const Node& row, QLabel* label, const std::vector<s
 
 Piece PieceBuilder::Matrix(const Node& node, QWidget* parent) {
   auto* const grid = new QGridLayout;
+  grid->setHorizontalSpacing(BetweenCells(parent));
   for (std::size_t i = 0; i < node.captions.size(); ++i) {
     if (node.captions[i].empty()) continue;
     grid->addWidget(new QLabel(ToQt(node.captions[i]), parent), 0, static_cast<int>(i));

@@ -20,6 +20,10 @@ void AddTo(QBoxLayout& box, const Piece& piece) {
 
 }  // namespace
 
+int BetweenCells(const QWidget* parent) {
+  return parent->style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing, nullptr, parent);
+}
+
 void AddTo(QGridLayout& grid, const Piece& piece, int row, int column, int span) {
   const Qt::Alignment place = piece.wide || span == kStackColumns ? Qt::Alignment() : Qt::AlignLeft;
   if (piece.widget) grid.addWidget(piece.widget, row, column, 1, span, place);
@@ -46,8 +50,7 @@ QSplitter* PieceBuilder::Split(const std::vector<std::vector<Node>>& parts, Qt::
 // Nodes side by side; what is left of the width goes to gaps and wide pieces, or to the end.
 Piece PieceBuilder::Beside(const std::vector<Node>& nodes, std::size_t first, QWidget* parent) {
   auto* const box = new QHBoxLayout;
-  // Told, since a layout inside a grid whose rows stand closer than its columns takes neither.
-  box->setSpacing(parent->style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing, nullptr, parent));
+  box->setSpacing(BetweenCells(parent));
   Piece line{.layout = box};
   if (const auto parts = PartsByTable(nodes); first == 0 && parts.size() > 1) {
     box->addWidget(Split(parts, Qt::Horizontal, parent));

@@ -1,6 +1,5 @@
-#include <algorithm>
-
 #include "src/common/box_rules.h"
+#include "src/common/enter_order.h"
 #include "src/common/page_focus.h"
 #include "src/common/position_amounts.h"
 #include "src/common/timber_assignment.h"
@@ -106,17 +105,9 @@ std::vector<Control*> F_Arbeitsauftrag::EnterOrder() {
 // The next open box, on whichever page it stands; behind the last one the save button. From a unit cost it passes over
 // the total, for leaving that would work the unit cost out anew.
 void F_Arbeitsauftrag::NextOnEnter() {
-  const auto order = EnterOrder();
-  auto next = std::ranges::find(order, ActiveControl());
-  const bool unit_cost_given = ActiveControl() == &txtKostenE && IsOtherThanZero(txtKostenE.Text());
-  const auto is_open = [&](Control* control) {
-    if (unit_cost_given && control == &txtKosten) return false;
-    const auto* input = dynamic_cast<const InputControl*>(control);
-    return control->IsEnabled() && control->Visible() && !(input && input->Locked());
-  };
-  if (next == order.end()) return;
-  next = std::find_if(next + 1, order.end(), is_open);
-  if (next != order.end()) FocusOnPage(**next);
+  std::vector<Control*> order = EnterOrder();
+  if (ActiveControl() == &txtKostenE && IsOtherThanZero(txtKostenE.Text())) std::erase(order, &txtKosten);
+  if (Control* const next = NextOpen(*this, order)) FocusOnPage(*next);
 }
 
 // --- codes ---
@@ -168,20 +159,26 @@ CodeField::Rule F_Arbeitsauftrag::PerformanceRule() {
 
 // Product and work type by their numbers, and what the work type opens, closes and proposes.
 void F_Arbeitsauftrag::LookUpActivity() {
-  productId = activityId_ = 0;
-  for (TextBox* box : {&txtProdukt, &txtLeistungsart, &txtVerfahren}) box->SetText("");
+  activityId_ = 0;
+  for (TextBox* box : {&txtLeistungsart, &txtVerfahren}) box->SetText("");
   LockTimberFields(false);
-  if (IsNumeric(txtProduktN.Text(), CurrentLocale())) {
-    const Recordset product = Open(sql::FindProduct(idPersonal, txtProduktN.Text()));
-    if (!product.EndOfFile()) {
-      productId = ToLong(product.Fields()["ID"].Value());
-      txtProdukt.SetText(ToText(product.Fields()["NAME"].Value()));
-    }
-  }
+  // From row to row the product stays.
+  if (!suppressEvents || productNumber_ != txtProduktN.Text()) LookUpProduct();
   if (productId == 0 || txtLeistungsartN.Empty()) return;
   const Activity found =
       FindActivity(Db(), {.client = idPersonal, .product = productId, .number = txtLeistungsartN.Text()});
   if (found.id != 0) TakeActivity(found);
+}
+
+void F_Arbeitsauftrag::LookUpProduct() {
+  productId = 0;
+  productNumber_ = txtProduktN.Text();
+  txtProdukt.SetText("");
+  if (!IsNumeric(productNumber_, CurrentLocale())) return;
+  const Recordset product = Open(sql::FindProduct(idPersonal, productNumber_));
+  if (product.EndOfFile()) return;
+  productId = ToLong(product.Fields()["ID"].Value());
+  txtProdukt.SetText(ToText(product.Fields()["NAME"].Value()));
 }
 
 void F_Arbeitsauftrag::TakeActivity(const Activity& activity) {
@@ -190,7 +187,8 @@ void F_Arbeitsauftrag::TakeActivity(const Activity& activity) {
   if (activity.allows_timber) {
     txtHolzart.SetText("");
     LockTimberFields(true);
-    if (QuantityFollowsTimber(Db())) ShowTimberSums(Db(), positionId, txtFlache, txtMenge);
+    // No timber hangs on a plan; its ids mean other rows there.
+    if (!isPlan && QuantityFollowsTimber(Db())) ShowTimberSums(Db(), positionId, txtFlache, txtMenge);
   }
   if (btnNeu.Enabled()) return;
   FindComboItemData(txtEinheit, activity.unit);
