@@ -41,6 +41,13 @@ class Typist {
     steps_.push_back(std::move(step));
     return *this;
   }
+  // Waits for a window that takes its time to open or to close.
+  Typist& AwaitWindow(QString title) {
+    return Do([this, title = std::move(title)] {
+      const QWidget* const window = QApplication::activeWindow();
+      if (!window || !window->windowTitle().contains(title)) --next_;
+    });
+  }
   // What the box with the focus shows.
   static std::string Focused() {
     const auto* const edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
