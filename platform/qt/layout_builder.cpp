@@ -331,7 +331,8 @@ class Scroll : public QScrollArea {
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
   }
-  QSize sizeHint() const override { return widget()->sizeHint(); }
+  // A scaled screen may round the window down to a point less.
+  QSize sizeHint() const override { return widget()->sizeHint() + QSize(1, 1); }
   QSize minimumSizeHint() const override {
     return widget()->minimumSizeHint().boundedTo(screen()->availableGeometry().size() / 2);
   }

@@ -19,7 +19,7 @@ class NaturalEntry {
     std::string height_box;
     std::string add_button;
     std::string remove_button;
-    std::function<std::string()> activity;           // LEISTUNGSART.ID in digits, as statements get it
+    std::function<SqlText()> activity;               // LEISTUNGSART.ID, as statements get it
     std::function<SqlText()> stand_types = nullptr;  // offered in place of the named list
   };
 
@@ -37,9 +37,9 @@ class NaturalEntry {
   void ShowData(const CurrentRow& row);
   // Opens the groups that the mark demands; empties and locks the others. A mark that is not permitted changes none.
   void ApplyExecutionMarkRules();
-  // An error with one sentence unless the owner's row is still the one with this id, 0 for none: another workstation may
-  // have entered or removed it.
-  void RequireStill(std::int32_t id, const SqlText& rows_of_owner) const;
+  // An error with one sentence unless the one with this id, 0 for none, is still among the rows that the owner has:
+  // another workstation may have entered or removed it.
+  static void RequireStill(std::int32_t id, Recordset owned);
   // What a save writes. Mark and target type come from the Tags.
   natural_sql::Values Values() const;
 
