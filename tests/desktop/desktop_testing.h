@@ -83,7 +83,7 @@ class Typist {
     return true;
   }
   void Schedule() {
-    QTimer::singleShot(0, qApp, [this] {
+    QTimer::singleShot(0, &until_it_goes_, [this] {
       if (next_ == steps_.size()) return;
       if (Opening()) return Schedule();
       const auto step = steps_[next_++];
@@ -94,6 +94,7 @@ class Typist {
 
   std::vector<std::function<void()>> steps_;
   std::size_t next_ = 0;
+  QObject until_it_goes_;  // no step comes after the user
 };
 
 }  // namespace tarvoni::host
