@@ -70,8 +70,20 @@ void CallPane::ShowMethod(int index) {
   year_used_(std::ranges::any_of(fields, UsesForestYear));
   form_ = new ArgumentForm(workplace_, fields, [this] { open_->setEnabled(form_ && form_->IsComplete()); });
   column_->insertWidget(1, form_);
+  OrderTabs();
   open_->setEnabled(form_->IsComplete());
   SetScope(scope_, client_name_);
+}
+
+// The boxes of the method stand between the list and the button, though they are made last.
+void CallPane::OrderTabs() {
+  QWidget* before = list_;
+  for (auto* const box : form_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if ((box->focusPolicy() & Qt::TabFocus) == 0) continue;
+    setTabOrder(before, box);
+    before = box;
+  }
+  setTabOrder(before, open_);
 }
 
 void CallPane::Open() {

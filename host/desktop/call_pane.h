@@ -27,6 +27,7 @@ class CallPane : public QWidget {
 
  private:
   void ShowMethod(int index);
+  void OrderTabs();
 
   const Workplace& workplace_;
   Call call_;
