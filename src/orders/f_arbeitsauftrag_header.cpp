@@ -70,6 +70,12 @@ void F_Arbeitsauftrag::ShowTitle() {
                     : Message(message::kOrderAndCosts) + " (Arbeitsauftrag " + headerName + ")");
 }
 
+// Positions of a plan, and those that came from elsewhere, have no numbers.
+void F_Arbeitsauftrag::NameSubject(const std::string& position) {
+  SetSubject((isPlan ? "Plan " : "Auftrag ") + headerName +
+             (position.empty() ? "" : ", Position " + position));
+}
+
 // Each column by itself.
 void F_Arbeitsauftrag::SaveHeader() const {
   using enum ColumnWriter::Zero;

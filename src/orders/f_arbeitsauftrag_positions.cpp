@@ -26,6 +26,7 @@ void F_Arbeitsauftrag::ReloadPositions() {
 void F_Arbeitsauftrag::NewPosition() {
   isNewPosition = true;
   ClearPosition();
+  NameSubject("neu");
   SetFrames(true);
   SetViewState(false);
   txtDatum.SetText(FormatDate(Clock::Today(), "dd.mm.yyyy", CurrentLocale()));
