@@ -31,10 +31,14 @@ F_Belege_New::F_Belege_New() : Screen("F_Belege_New") {
 }
 
 void F_Belege_New::Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_dll, std::uint8_t mode_dll) {
-  idPersonal = ToInt32(strPersonal_dll, CurrentLocale());
-  screenMode = mode_dll;
-  isNewVoucher = stornoThenNew = false;
-  Present(tvnvar, [this] { Fill(); });
+  const std::int32_t client = ToInt32(strPersonal_dll, CurrentLocale());
+  // An open Screen refuses a second call and must not change by it.
+  Present(tvnvar, [=, this] {
+    idPersonal = client;
+    screenMode = mode_dll;
+    isNewVoucher = stornoThenNew = false;
+    Fill();
+  });
 }
 
 std::optional<std::int32_t> F_Belege_New::CurrentDocument() const {
