@@ -67,7 +67,7 @@ SqlText FeatureOfOrder(std::string_view header);
 SqlText CostTypes(std::int32_t client, std::int32_t activity);
 SqlText FindCostType(std::string_view number, std::int32_t client, std::int32_t activity);
 
-SqlText IsRevenue(std::int32_t cost_type);
+SqlText CostType(std::int32_t id);
 
 SqlText HighestOrders(std::string_view header);
 struct Row {
