@@ -87,15 +87,15 @@ std::vector<ShownColumn> F_Belege_New::VoucherColumns() const {
         .data_field = field, .caption = std::move(caption), .number_format = "dd.mm.yyyy", .width = width};
   };
   return {{.data_field = 0, .caption = "Status", .width = 650},
-          date(1, lblDatumBeleg.Caption(), 1450),
+          date(1, lblDatumBeleg.Caption(), 1550),
           {.data_field = 2, .caption = lblBelegNr.Caption(), .width = 1750},
           {.data_field = 3, .caption = "Rechnung", .width = 1400},
           date(4, "Rechnung vom", 1450),
-          AmountColumn(5, "Betrag", 1250),
+          AmountColumn(5, "Betrag", 1200),
           {.data_field = 6, .caption = "Währung", .width = 950},
           {.data_field = 7, .caption = lblKapitel.Caption(), .width = 750},
           {.data_field = 8, .caption = lblTitel.Caption(), .width = 650},
-          {.data_field = 9, .caption = lblHul.Caption(), .width = 1050},
+          {.data_field = 9, .caption = lblHul.Caption(), .width = 1000},
           date(10, lblDatumHaus.Caption(), 1350),
           {.data_field = 11, .caption = lblZuhlungsart.Caption(), .width = 1200},
           {.data_field = 12, .caption = lblZuhlungsgrund.Caption(), .width = 1450},
