@@ -39,6 +39,7 @@ bool LiesBeneath(const Path& path, const Path& other) {
 
 std::vector<std::int32_t> ForestLocations::Ids() const {
   std::vector<std::int32_t> ids;
+  ids.reserve(static_cast<std::size_t>(list_.ListCount()));
   for (int i = 0; i < list_.ListCount(); ++i) ids.push_back(list_.ItemData(i));
   return ids;
 }

@@ -31,10 +31,14 @@ F_Belege_New::F_Belege_New() : Screen("F_Belege_New") {
 }
 
 void F_Belege_New::Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_dll, std::uint8_t mode_dll) {
-  idPersonal = ToInt32(strPersonal_dll, CurrentLocale());
-  screenMode = mode_dll;
-  isNewVoucher = stornoThenNew = false;
-  Present(tvnvar, [this] { Fill(); });
+  const std::int32_t client = ToInt32(strPersonal_dll, CurrentLocale());
+  // An open Screen refuses a second call and must not change by it.
+  Present(tvnvar, [=, this] {
+    idPersonal = client;
+    screenMode = mode_dll;
+    isNewVoucher = stornoThenNew = false;
+    Fill();
+  });
 }
 
 std::optional<std::int32_t> F_Belege_New::CurrentDocument() const {
@@ -83,15 +87,15 @@ std::vector<ShownColumn> F_Belege_New::VoucherColumns() const {
         .data_field = field, .caption = std::move(caption), .number_format = "dd.mm.yyyy", .width = width};
   };
   return {{.data_field = 0, .caption = "Status", .width = 650},
-          date(1, lblDatumBeleg.Caption(), 1450),
+          date(1, lblDatumBeleg.Caption(), 1550),
           {.data_field = 2, .caption = lblBelegNr.Caption(), .width = 1750},
           {.data_field = 3, .caption = "Rechnung", .width = 1400},
           date(4, "Rechnung vom", 1450),
-          AmountColumn(5, "Betrag", 1250),
+          AmountColumn(5, "Betrag", 1200),
           {.data_field = 6, .caption = "Währung", .width = 950},
           {.data_field = 7, .caption = lblKapitel.Caption(), .width = 750},
           {.data_field = 8, .caption = lblTitel.Caption(), .width = 650},
-          {.data_field = 9, .caption = lblHul.Caption(), .width = 1050},
+          {.data_field = 9, .caption = lblHul.Caption(), .width = 1000},
           date(10, lblDatumHaus.Caption(), 1350),
           {.data_field = 11, .caption = lblZuhlungsart.Caption(), .width = 1200},
           {.data_field = 12, .caption = lblZuhlungsgrund.Caption(), .width = 1450},
