@@ -1,6 +1,7 @@
 #include "src/machines/f_kostenart.h"
 
 #include "src/common/messages.h"
+#include "src/context/services/environment.h"
 #include "src/context/values/number_text.h"
 #include "src/machines/f_kostenart_sql.h"
 
@@ -42,10 +43,10 @@ void F_Kostenart::AddCostType() {
   const std::string picked =
       CurrentSuite().Lookup().Pick(Context(), sql::OfferedCostTypes(), "KOSTENART", "0", "100");
   const std::int32_t kostenart_id = ReadId(picked);
-  if (kostenart_id != 0 && !HasRow(Db(), sql::HasCostType(label_, kostenart_id))) {
-    Committed([&] { Execute(sql::AddCostType(label_, kostenart_id)); });
-  }
+  const bool is_new = kostenart_id != 0 && !HasRow(Db(), sql::HasCostType(label_, kostenart_id));
+  if (is_new) Committed([&] { Execute(sql::AddCostType(label_, kostenart_id)); });
   RefreshList();
+  if (is_new) CurrentToolkit().Tell("Gespeichert: neue Kostenart.");
 }
 
 void F_Kostenart::RemoveCostType() {
