@@ -153,6 +153,26 @@ TEST_F(CompileTest, TemporaryTablesLiveInTheirBatch) {
   EXPECT_TRUE(plan.reusable);
 }
 
+// Its columns must stay where SQLite sees them and takes an index. One that needs nothing of the row is no part.
+TEST_F(CompileTest, AQueryThatLiesTooDeepIsAPartAsAWhole) {
+  std::string before = "SELECT ", behind;
+  for (int i = 0; i < 8; ++i) {
+    before += "ROUND(";
+    behind += ",2)";
+  }
+  behind += " FROM POSTEN A";
+  const auto sql = [&](const std::string& condition) {
+    const std::string query = "(SELECT MAX(B.STD) FROM POSTEN B WHERE " + condition + ")";
+    return std::get<QueryStep>(CompileText(before + query + behind).steps.back().action).sql;
+  };
+  const Sql correlated = sql("B.ID = A.ID AND YEAR(B.TAG)*100+MONTH(B.TAG) <= A.JAHR*100");
+  ASSERT_EQ(correlated.parts.size(), 1u);
+  EXPECT_THAT(correlated.text, HasSubstr("ts_part(0,t1.\"ID\",t1.\"JAHR\")"));
+  EXPECT_THAT(correlated.parts[0].text, HasSubstr("FROM main.\"POSTEN\" AS t2 WHERE ((t2.\"ID\"=?) AND "));
+  EXPECT_TRUE(correlated.parts[0].parts.empty());
+  EXPECT_THAT(sql("B.ID = 1 AND YEAR(B.TAG)*100 <= 5").text, HasSubstr("FROM main.\"POSTEN\" AS t2"));
+}
+
 TEST_F(CompileTest, AMissingTableWaitsUntilItsStatementIsReached) {
   const Plan plan = CompileText("UPDATE POSTEN SET NAME = 'x' UPDATE FEHLT SET A = 1");
   ASSERT_EQ(plan.steps.size(), 2u);
