@@ -47,6 +47,12 @@ bool TakeEmptyFile(const sqlite::PartialFile& file, const std::string& target) {
 
 }  // namespace
 
+void MakeTables(Connection& connection) {
+  for (const SqlText& statement : SchemaStatements()) connection.Execute(statement);
+  if (IsServer(connection.ConnectionString())) return;
+  for (const SqlText& statement : FileIndexes()) connection.Execute(statement);
+}
+
 void MakeNewDatabase(const std::string& database, const std::function<void(Connection&)>& fill,
                      Existing existing) {
   if (IsServer(database)) return FillServer(database, fill);

@@ -9,7 +9,6 @@
 #include "host/new_database.h"
 #include "src/context/data/handler_scope.h"
 #include "src/context/values/call_error.h"
-#include "src/schema/schema.h"
 
 namespace tarvoni::host {
 namespace {
@@ -71,7 +70,7 @@ void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& enterpr
   Check(enterprise);
   MakeNewDatabase(database, [&](Connection& connection) {
     HandlerScope all_at_once(connection);
-    for (const SqlText& statement : SchemaStatements()) connection.Execute(statement);
+    MakeTables(connection);
     demo::Enterprise codes(connection, 1);
     WriteOptions(codes, enterprise);
     if (enterprise.with_codes) {

@@ -3,8 +3,8 @@
 #include <array>
 
 #include "host/demo/parts.h"
+#include "host/new_database.h"
 #include "src/context/data/handler_scope.h"
-#include "src/schema/schema.h"
 
 namespace tarvoni::demo {
 namespace {
@@ -25,7 +25,7 @@ void BuildDemo(Connection& connection, const DemoOptions& options) {
     if (options.progress) options.progress(done);
   };
   HandlerScope all_at_once(connection);
-  for (const SqlText& statement : SchemaStatements()) connection.Execute(statement);
+  host::MakeTables(connection);
   Enterprise enterprise(connection, options.scale);
   for (const auto& build : kMasterParts) build(enterprise);
   BuildWageOrders(enterprise, [&](double done) { report(kMasterShare + done * kWageOrderShare); });

@@ -7,6 +7,7 @@
 
 #include "host/demo/demo.h"
 #include "host/methods.h"
+#include "host/new_database.h"
 #include "host/open_database.h"
 #include "platform/sqlite/public/sqlite_database.h"
 #include "src/context/data/handler_scope.h"
@@ -69,7 +70,7 @@ ScriptHooks MakeScriptHooks() {
           .schema =
               [](Connection& connection) {
                 HandlerScope together(connection);
-                for (const SqlText& statement : SchemaStatements()) connection.Execute(statement);
+                MakeTables(connection);
                 together.Finish();
               },
           .copy = Copy,

@@ -100,6 +100,14 @@ std::shared_ptr<Database> OpenFile(const fs::path& path, const OpenOptions& opti
 
 }  // namespace
 
+std::set<std::string> NamesInFile(Connection& connection) {
+  Statement query(dynamic_cast<SqliteConnection&>(connection).Shared().File(),
+                  "SELECT name FROM main.sqlite_schema WHERE type IN ('table', 'index')");
+  std::set<std::string> names;
+  while (query.Step()) names.insert(query.Text(0));
+  return names;
+}
+
 std::shared_ptr<Connection> OpenDatabase(const std::string& connection_string, const OpenOptions& options) {
   if (connection_string.starts_with(kMemory)) {
     return std::make_shared<SqliteConnection>(OpenMemory(connection_string, options));

@@ -47,7 +47,7 @@ bool FitsKind(Int128 value, TypeKind kind) {
   return value >= range.lowest && value <= range.highest;
 }
 
-std::int64_t RequireRange(std::int64_t value, TypeKind kind) {
+std::int64_t RequireRange(Int128 value, TypeKind kind) {
   return RequireWhole(value, kind);
 }
 

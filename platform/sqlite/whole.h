@@ -11,7 +11,7 @@ namespace tarvoni::sqlite {
 bool FitsKind(Int128 value, tsql::TypeKind kind);
 
 // The value, or error 8115 when it does not fit.
-std::int64_t RequireRange(std::int64_t value, tsql::TypeKind kind);
+std::int64_t RequireRange(Int128 value, tsql::TypeKind kind);
 // The value as another type: error 220 for TINYINT and SMALLINT, 8115 for INT; a BIT becomes 0 or 1.
 std::int64_t CastWhole(std::int64_t value, tsql::TypeKind kind);
 // Cuts, or rounds half away from zero; error 8115.

@@ -258,12 +258,18 @@ struct CreateTableStatement {
   std::vector<ExpressionPtr> checks;
 };
 
+struct IndexColumn {
+  std::string name;
+  bool descending = false;
+  bool null_is_blank = false;  // ISNULL(name,'')
+};
+
 struct CreateIndexStatement {
   std::string name;
   std::string table;
   Position table_at;
   bool unique = false;
-  std::vector<std::pair<std::string, bool>> columns;  // name, descending
+  std::vector<IndexColumn> columns;
 };
 
 struct DropTableStatement {

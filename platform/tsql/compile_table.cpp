@@ -76,6 +76,13 @@ std::string UniqueTerm(const ColumnDefinition& column) {
   return term;
 }
 
+// As the emitter writes ISNULL(column,'') in a comparison: only then does SQLite see that the index serves it.
+std::string BlankTerm(const ColumnDefinition& column, bool unique, Position at) {
+  if (unique || !column.type.IsText())
+    throw Error(kUnsupported, "An index over ISNULL(column,'') is not unique, and of texts.", at);
+  return "IFNULL(" + QuoteName(column.name) + ",'') COLLATE " + kCollation;
+}
+
 // Index names are the table's own on a server, the whole file's in SQLite.
 std::string StoredIndexName(const std::string& schema, const std::string& table, const std::string& name) {
   return schema + QuoteName(table + "." + name);
@@ -183,11 +190,13 @@ void StatementCompiler::Compile(const CreateIndexStatement& create, Position at)
   const std::string stored = state_.tables->StoredName(create.table);
   std::string terms;
   std::vector<int> columns;
-  for (const auto& [name, descending] : create.columns) {
-    columns.push_back(RequireColumn(*table, name, create.table_at));
+  for (const IndexColumn& part : create.columns) {
+    columns.push_back(RequireColumn(*table, part.name, create.table_at));
     const ColumnDefinition& column = table->columns[static_cast<size_t>(columns.back())];
-    terms += (terms.empty() ? "" : ",") + (create.unique ? UniqueTerm(column) : QuoteName(column.name)) +
-             (descending ? " DESC" : "");
+    const std::string term = part.null_is_blank ? BlankTerm(column, create.unique, create.table_at)
+                             : create.unique    ? UniqueTerm(column)
+                                                : QuoteName(column.name);
+    terms += (terms.empty() ? "" : ",") + term + (part.descending ? " DESC" : "");
   }
   Add(at, CreateIndexStep{"CREATE " + std::string(create.unique ? "UNIQUE " : "") + "INDEX " +
                           StoredIndexName(SchemaOf(stored), table->name, create.name) + " ON " +

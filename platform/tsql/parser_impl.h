@@ -123,7 +123,8 @@ class Parser {
   std::string ParseConstraintName();
   ExpressionPtr ParseCheck();
   ForeignKey ParseReferences();
-  std::pair<std::string, bool> ParseIndexColumn();
+  IndexColumn ParseIndexColumn();
+  IndexColumn ParseIndexTerm();
   std::vector<std::string> ParseColumnNames();
   Type ParseTypeName(int default_length);
   int ParseTypeNumber();

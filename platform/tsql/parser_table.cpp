@@ -85,7 +85,7 @@ void Parser::ParseTableConstraint(CreateTableStatement& table) {
   std::string name = ParseConstraintName();
   if (Match("PRIMARY") || Match("UNIQUE")) {
     KeyConstraint key = ParseKeyWords(std::move(name));
-    ParseBracketedList([&] { key.columns.push_back(ParseIndexColumn().first); });
+    ParseBracketedList([&] { key.columns.push_back(ParseIndexColumn().name); });
     table.keys.push_back(std::move(key));
   } else if (ConsumeIf("FOREIGN")) {
     Expect("KEY");
@@ -134,11 +134,28 @@ std::vector<std::string> Parser::ParseColumnNames() {
   return names;
 }
 
-std::pair<std::string, bool> Parser::ParseIndexColumn() {
-  std::string name(ExpectName().text);
-  const bool descending = ConsumeIf("DESC");
-  if (!descending) ConsumeIf("ASC");
-  return {std::move(name), descending};
+IndexColumn Parser::ParseIndexColumn() {
+  IndexColumn column{std::string(ExpectName().text)};
+  column.descending = ConsumeIf("DESC");
+  if (!column.descending) ConsumeIf("ASC");
+  return column;
+}
+
+// A column, or ISNULL(column,''), which no server has here: an index over what a condition compares.
+IndexColumn Parser::ParseIndexTerm() {
+  if (!Match("(", 1)) return ParseIndexColumn();
+  const auto require = [this](bool holds) {
+    if (!holds) FailUnsupported("An index over an expression other than ISNULL(column,'')");
+  };
+  require(MatchName("ISNULL"));
+  Consume();
+  Expect("(");
+  IndexColumn column{std::string(ExpectName().text), false, true};
+  Expect(",");
+  require(MatchKind(TokenKind::kText) && Peek().text.empty());
+  Consume();
+  Expect(")");
+  return column;
 }
 
 CreateIndexStatement Parser::ParseCreateIndex() {
@@ -150,7 +167,7 @@ CreateIndexStatement Parser::ParseCreateIndex() {
   index.name = ExpectName().text;
   Expect("ON");
   index.table = ParseTableName(index.table_at);
-  ParseBracketedList([&] { index.columns.push_back(ParseIndexColumn()); });
+  ParseBracketedList([&] { index.columns.push_back(ParseIndexTerm()); });
   Refuse({{"INCLUDE", "CREATE INDEX … INCLUDE"},
           {"WHERE", "CREATE INDEX … WHERE"},
           {"WITH", "CREATE INDEX … WITH"},

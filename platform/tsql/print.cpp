@@ -218,8 +218,10 @@ void Printer::Write(const CreateIndexStatement& statement) {
   AddName(statement.table);
   Add(" ");
   AddBracketedList(statement.columns, [this](const auto& column) {
-    AddName(column.first);
-    if (column.second) Add(" DESC");
+    if (column.null_is_blank) Add("ISNULL(");
+    AddName(column.name);
+    if (column.null_is_blank) Add(",'')");
+    if (column.descending) Add(" DESC");
   });
 }
 

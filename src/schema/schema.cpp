@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "src/schema/schema_parts.h"
 
@@ -21,6 +23,14 @@ void AppendStatements(std::string_view part, std::vector<SqlText>& statements) {
   }
 }
 
+// The word behind another, up to a blank or parenthesis; empty when that is not in the text.
+std::string WordBehind(std::string_view text, std::string_view other) {
+  const auto found = text.find(other);
+  if (found == std::string_view::npos) return {};
+  const auto word = found + other.size();
+  return std::string(text.substr(word, text.find_first_of(" (", word) - word));
+}
+
 }  // namespace
 
 std::vector<SqlText> SchemaStatements() {
@@ -32,6 +42,12 @@ std::vector<SqlText> SchemaStatements() {
   return statements;
 }
 
+std::vector<SqlText> FileIndexes() {
+  std::vector<SqlText> statements;
+  AppendStatements(schema::kFileIndexes, statements);
+  return statements;
+}
+
 SqlText SchemaSql() {
   std::string sql;
   for (const SqlText& statement : SchemaStatements()) sql.append(statement.Text()).append("\n\n");
@@ -39,16 +55,25 @@ SqlText SchemaSql() {
 }
 
 std::vector<std::string> SchemaTables() {
-  constexpr std::string_view kCreate = "CREATE TABLE ";
   std::vector<std::string> names;
-  for (const SqlText& made : SchemaStatements()) {
-    const std::string_view statement = made.Text();
-    const auto start = statement.find(kCreate);
-    if (start == std::string_view::npos) continue;
-    const auto name = start + kCreate.size();
-    names.emplace_back(statement.substr(name, statement.find_first_of(" (", name) - name));
-  }
+  for (const SqlText& statement : SchemaStatements())
+    if (auto name = WordBehind(statement.Text(), "CREATE TABLE "); !name.empty())
+      names.push_back(std::move(name));
   return names;
+}
+
+std::vector<SchemaIndex> IndexesOfFile() {
+  std::vector<SqlText> statements = SchemaStatements();
+  std::ranges::move(FileIndexes(), std::back_inserter(statements));
+  std::vector<SchemaIndex> indexes;
+  for (SqlText& statement : statements) {
+    std::string name = WordBehind(statement.Text(), "CREATE INDEX ");
+    if (name.empty()) continue;
+    std::string table = WordBehind(statement.Text(), name + " ON ");
+    indexes.push_back(
+        {.table = std::move(table), .name = std::move(name), .statement = std::move(statement)});
+  }
+  return indexes;
 }
 
 }  // namespace tarvoni

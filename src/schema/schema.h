@@ -16,6 +16,17 @@ SqlText SchemaSql();
 // The same, one statement each, every table before its indexes.
 std::vector<SqlText> SchemaStatements();
 
+// The indexes that a file gets beside them: over ISNULL(column,''), which no server knows.
+std::vector<SqlText> FileIndexes();
+
+struct SchemaIndex {
+  std::string table, name;
+  SqlText statement;
+};
+
+// All indexes of a file: those of the schema and its own.
+std::vector<SchemaIndex> IndexesOfFile();
+
 // The names of the tables.
 std::vector<std::string> SchemaTables();
 

@@ -17,4 +17,7 @@ extern const std::string_view kVouchers;
 extern const std::string_view kStores;
 extern const std::string_view kMachines;
 
+// Not for a server.
+extern const std::string_view kFileIndexes;
+
 }  // namespace tarvoni::schema

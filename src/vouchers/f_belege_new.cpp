@@ -19,7 +19,7 @@ constexpr const char* kRowsTab = "Kostenaufteilung";
 }  // namespace
 
 F_Belege_New::F_Belege_New() : Screen("F_Belege_New") {
-  vouchers_.Connect([this] { ShowVoucher(); }, [this] { return VoucherColumns(); }, &btnBearbeiten);
+  vouchers_.Connect([this] { ShowVoucher(0); }, [this] { return VoucherColumns(); }, &btnBearbeiten);
   rows_.Connect([this] { ShowRow(); }, [this] { return RowColumns(); });
   DataGridKLR.SetStruck("STATUS", "S");
   ConnectFields();
@@ -32,6 +32,11 @@ void F_Belege_New::Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_
   screenMode = mode_dll;
   isNewVoucher = stornoThenNew = false;
   Present(tvnvar, [this] { Fill(); });
+}
+
+std::optional<std::int32_t> F_Belege_New::CurrentDocument() const {
+  const std::int32_t document = IsLoaded() ? vouchers_.Row().Number("LAGER_ID") : 0;
+  return document == 0 ? std::nullopt : std::optional(document);
 }
 
 void F_Belege_New::Fill() {
@@ -53,11 +58,7 @@ void F_Belege_New::ConnectButtons() {
   btnAbbrechen.Click = [this] { Cancel(); };
   btnAbbrechen.SetCausesValidation(false);
   btnStorno.Click = [this] { Storno(); };
-  btnStornoNew.Click = [this] {
-    stornoThenNew = true;
-    btnStorno.Press();
-    if (stornoThenNew) btnNeu.Press();
-  };
+  btnStornoNew.Click = [this] { StornoThenNew(); };
   btnFind.Click = [this] { FindVoucher(); };
   btnZuhlung.Click = [this] { payee_.Pick(); };
   btnDeleteMan.Click = [this] { payee_.Clear(); };
@@ -85,24 +86,25 @@ std::vector<ShownColumn> F_Belege_New::VoucherColumns() const {
           {.data_field = 13, .caption = lblZuhlungsempanger.Caption(), .width = 1800}};
 }
 
-// Stands on the voucher given, or on the first.
-void F_Belege_New::LoadVouchers(std::int32_t voucher) {
-  const auto position = ReadOnly() ? Neighbour<WorkOrders>().CurrentPosition() : std::nullopt;
-  vouchers_.Load(ReadOnly() ? sql::VouchersOfPosition(position.value_or(0), Context().strLocalCurrency)
-                            : sql::VouchersOfClient(idPersonal, Context().strLocalCurrency));
+// Stands on the voucher and the row given, or on the first of each.
+void F_Belege_New::LoadVouchers(std::int32_t voucher, std::int32_t position) {
+  const std::string& currency = Context().strLocalCurrency;
+  vouchers_.Load(ReadOnly() ? sql::VouchersOfPosition(
+                                  Neighbour<WorkOrders>().CurrentPosition().value_or(0), currency)
+                            : sql::VouchersOfClient(idPersonal, currency));
   const auto hold = loading_.Hold();
   if (voucher != 0) vouchers_.Find(voucher);
-  ShowVoucher();
+  ShowVoucher(position);
 }
 
-void F_Belege_New::ShowVoucher() {
+void F_Belege_New::ShowVoucher(std::int32_t position) {
   const auto hold = loading_.Hold();
   const CurrentRow row = vouchers_.Row();
   ShowHeader(row);
   voucherCancelled = row.Flag("STORNO");
   stockPositionId = row.Number("POS_ID");
   SetSubject(row.IsNull("ID") ? "" : "Forstbetrieb " + client_number_ + ", Beleg " + txtBelegNr.Text());
-  LoadRows(vouchers_.CurrentId(), 0);
+  LoadRows(vouchers_.CurrentId(), position);
 }
 
 void F_Belege_New::ShowHeader(const CurrentRow& row) {
@@ -219,14 +221,14 @@ void F_Belege_New::ShowRowAmounts(const CurrentRow& row) {
   if (!revenue_) ShowCurrency(txtValuta, row.Flag("EURO"), Context());
 }
 
-// What of the invoice is not spread yet.
+// What of the invoice is not spread yet; nothing of a new voucher's.
 void F_Belege_New::ShowRest() {
   const auto amount = [](const CurrentRow& row, const char* column) {
     return ParseNumber(row.Text(column), CurrentLocale()).value_or(Decimal());
   };
   const Decimal invoiced = amount(vouchers_.Row(), "RECHBERTRAG");
   const Decimal spread = amount(rows_.Row(), "KOSTENMINUSERLOS");
-  const auto rest = Subtract(vouchers_.Empty() ? Decimal() : invoiced, spread);
+  const auto rest = Subtract(isNewVoucher ? Decimal() : invoiced, spread);
   SSTab1.SetTabCaption(1, std::string(kRowsTab) + " (" +
                               FormatNumber(rest.value_or(Decimal()), "0.00", CurrentLocale()) + " EUR)");
 }

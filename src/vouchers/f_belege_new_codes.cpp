@@ -94,7 +94,7 @@ void F_Belege_New::MakeOrder() {
 
 // The first order of another cost centre is proposed.
 void F_Belege_New::CostCentreChanged() {
-  txtPaN.Clear();
+  auftrag_.Clear();
   const bool has_centre = !txtKostenstelleN.Tag().empty();
   SetTextBoxLocked(!has_centre, txtPaN);
   if (!has_centre) return;
@@ -157,7 +157,10 @@ void F_Belege_New::TakeActivity() {
 
 CodeField::Rule F_Belege_New::CostTypeRule() {
   const auto find = [this](const std::string& typed) {
-    const Recordset rows = Screen::Open(sql::FindCostType(typed, idPersonal, activity_.id));
+    cost_type_ = 0;
+    const SqlText statement = sql::FindCostType(typed, idPersonal, activity_.id);
+    if (!IsCode(typed)) return CodeField::Found{};
+    const Recordset rows = Screen::Open(statement);
     cost_type_ = rows.EndOfFile() ? 0 : ToLong(rows.Fields()["ID"].Value());
     if (cost_type_ == 0) return CodeField::Found{};
     revenue_ = ToFlag(rows.Fields()["ERLOSE"].Value());

@@ -33,7 +33,7 @@ sql::Header F_Belege_New::TypedHeader() const {
 
 // Asked again: a code that was disabled since it was typed is none.
 std::int32_t F_Belege_New::CodeNow(const std::string& table, const TextBox& box) const {
-  return box.Empty() ? 0 : ReadNumber(sql::FindCode(table, box.Text(), idPersonal));
+  return box.Empty() ? 0 : ReadNumber(sql::CodeId(table, box.Text(), idPersonal));
 }
 
 bool F_Belege_New::NumberIsFree() {

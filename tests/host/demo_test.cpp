@@ -13,19 +13,6 @@
 namespace tarvoni::host {
 namespace {
 
-std::vector<std::string> Tables() {
-  constexpr std::string_view kCreate = "CREATE TABLE ";
-  std::vector<std::string> tables;
-  for (const SqlText& made : SchemaStatements()) {
-    const std::string_view statement = made.Text();
-    const auto begin = statement.find(kCreate);
-    if (begin == statement.npos) continue;
-    const auto name = begin + kCreate.size();
-    tables.emplace_back(statement.substr(name, statement.find(' ', name) - name));
-  }
-  return tables;
-}
-
 std::int64_t Number(const std::string& statement) {
   const Recordset rows = Demo().Open(Sql(statement));
   return std::get<std::int64_t>(rows.Fields()[0].Value());
@@ -34,7 +21,7 @@ std::int64_t Number(const std::string& statement) {
 TEST(Demo, IsTheSameEachTime) {
   const auto again = OpenDatabase(":memory:", OpenMode::kCreate);
   demo::BuildDemo(*again);
-  for (const std::string& table : Tables()) {
+  for (const std::string& table : SchemaTables()) {
     const std::string statement = "SELECT * FROM " + table;
     Recordset first = Demo().Open(Sql(statement));
     Recordset second = again->Open(Sql(statement));
@@ -47,7 +34,7 @@ TEST(Demo, IsTheSameEachTime) {
 
 // Only what the users themselves leave behind is empty.
 TEST(Demo, FillsEveryTable) {
-  for (const std::string& table : Tables()) {
+  for (const std::string& table : SchemaTables()) {
     if (table == "GITTERLAYOUT") continue;
     EXPECT_GT(Number("SELECT COUNT(*) FROM " + table), 0) << table;
   }

@@ -82,6 +82,15 @@ TEST(SchemaText, IsAListOfTablesEachBeforeItsIndexes) {
   }
 }
 
+// What a server is given has no place for them.
+TEST_F(SchemaTest, AFileTakesItsOwnIndexesBesides) {
+  for (const SqlText& statement : FileIndexes()) {
+    connection_->Execute(statement);
+    EXPECT_THAT(std::string(SchemaSql().Text()),
+                ::testing::Not(HasSubstr(Words(std::string(statement.Text()))[2])));
+  }
+}
+
 TEST_F(SchemaTest, MadeStatementByStatementIsTheSame) {
   const auto other = sqlite::OpenDatabase(":memory:", {.create = true});
   for (const SqlText& statement : SchemaStatements()) {

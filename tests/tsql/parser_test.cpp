@@ -113,6 +113,7 @@ TEST(Parser, ReadsStatements) {
       {"delete T", "DELETE FROM T"},
       {"drop table #t", "DROP TABLE #t"},
       {"create unique nonclustered index I on T (a desc,b asc)", "CREATE UNIQUE INDEX I ON T (a DESC, b)"},
+      {"create index I on T (a,isnull(b,''))", "CREATE INDEX I ON T (a, ISNULL(b,''))"},
       {"set nocount on set dateformat 'DMY' set identity_insert [T] off",
        "SET NOCOUNT ON\nSET DATEFORMAT dmy\nSET IDENTITY_INSERT T OFF"},
       {";;select 1;select 2;;", "SELECT 1\nSELECT 2"},

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,9 @@ bool FillEmptyFile(Connection& connection, const std::string& target);
 
 // True when no table has been made in it.
 bool IsEmpty(Connection& connection);
+
+// What is in the file: tables, "ARA_KOPF", and their indexes, "ARA_KOPF.ARA_KOPF_NAME".
+std::set<std::string> NamesInFile(Connection& connection);
 
 // A new database in memory with what the other holds. Commits what is pending there.
 std::shared_ptr<Connection> CopyToMemory(Connection& connection);
