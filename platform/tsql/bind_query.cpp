@@ -44,6 +44,7 @@ BoundSelect SelectBinder::Bind(const Select& select, bool compared) {
   if (select.top) bound.top = BindTop(*select.top);
   if (select.from) bound.from = BindSource(*select.from);
   if (select.where) bound.where = ExpressionBinder(state_, scope_, {}).Condition(*select.where);
+  if (bound.where) SearchSingleValues(*bound.where);
   BindGroups(select, bound);
   BindItems(select, compared || !select.group_by.empty(), bound);
   if (select.having) {

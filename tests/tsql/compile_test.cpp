@@ -10,6 +10,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 class SmallCatalogue : public Catalogue {
  public:
@@ -171,6 +172,14 @@ TEST_F(CompileTest, AQueryThatLiesTooDeepIsAPartAsAWhole) {
   EXPECT_THAT(correlated.parts[0].text, HasSubstr("FROM main.\"POSTEN\" AS t2 WHERE ((t2.\"ID\"=?) AND "));
   EXPECT_TRUE(correlated.parts[0].parts.empty());
   EXPECT_THAT(sql("B.ID = 1 AND YEAR(B.TAG)*100 <= 5").text, HasSubstr("FROM main.\"POSTEN\" AS t2"));
+}
+
+TEST_F(CompileTest, OfOneRowAtMostThereIsNoList) {
+  const char* const equal = "=(SELECT";
+  const auto sql = [&](const char* where) { return SqlOf(std::string("SELECT ID FROM POSTEN WHERE ") + where); };
+  EXPECT_THAT(sql("ID = 1 AND NAME IN (SELECT TOP 1 GRUPPE FROM TARIF)"), HasSubstr(equal));
+  EXPECT_THAT(sql("NAME NOT IN (SELECT TOP 1 GRUPPE FROM TARIF)"), Not(HasSubstr(equal)));
+  EXPECT_THAT(sql("NAME IN (SELECT GRUPPE FROM TARIF)"), Not(HasSubstr(equal)));
 }
 
 TEST_F(CompileTest, AMissingTableWaitsUntilItsStatementIsReached) {
