@@ -68,9 +68,7 @@ void CallPane::ShowMethod(int index) {
   purpose_->setText(ToQt(method.purpose + "."));
   const std::vector<ArgumentField> fields = FieldsOf(method.name);
   year_used_(std::ranges::any_of(fields, UsesForestYear));
-  form_ = new ArgumentForm(workplace_, fields, [this] {
-    open_->setEnabled(form_ && form_->IsComplete());
-  });
+  form_ = new ArgumentForm(workplace_, fields, [this] { open_->setEnabled(form_ && form_->IsComplete()); });
   column_->insertWidget(1, form_);
   open_->setEnabled(form_->IsComplete());
   SetScope(scope_, client_name_);

@@ -58,10 +58,12 @@ class F_Belege_New : public Screen {
   void SetReadOnly();
   bool ReadOnly() const { return screenMode == kOfCurrentPosition; }
   bool IsNewEntry() const { return btnNeu.Tag() == "YES"; }
+  DataGrid& CurrentGrid() { return SSTab1.Tab() == 0 ? DataGridBelege : DataGridKLR; }
   void FindVoucher();
 
   // --- codes (f_belege_new_codes.cpp) ---
   void ConnectFields();
+  std::vector<Control*> EnterOrder();
   void ConnectAmounts();
   Client OfClient();
   CodeField::Rule BudgetRule(const Label& label, const std::string& table);
@@ -92,6 +94,8 @@ class F_Belege_New : public Screen {
   void SaveHeader();
   voucher_sql::Header TypedHeader() const;
   std::int32_t CodeNow(const std::string& table, const TextBox& box) const;
+  template <typename Work>
+  auto OfHeader(const Work& work);
   bool NumberIsFree();
   std::int32_t InsertVoucher();
 

@@ -1,5 +1,6 @@
 #include "src/common/box_rules.h"
 #include "src/common/contracts.h"
+#include "src/common/enter_order.h"
 #include "src/common/number_keys.h"
 #include "src/common/position_amounts.h"
 #include "src/context/values/number_text.h"
@@ -13,7 +14,7 @@ namespace tarvoni {
 namespace sql = voucher_sql;
 
 void F_Belege_New::ConnectFields() {
-  ConnectBoxes(*this, TabOnEnter(*this));
+  ConnectBoxes(*this, NextOpenOnEnter(*this, EnterOrder()));
   Rules(txtDatumBeleg).Date(datumBeleg_);
   Rules(txtDatumHaus).Date(datumHaus_);
   Rules(txtDatumRech).Date(datumRech_);
@@ -31,6 +32,39 @@ void F_Belege_New::ConnectFields() {
   Rules(txtMehrwertsteuer[0]).Code(mehrwertsteuer_);
   Rules(txtWaldort).Code(waldort_);
   ConnectAmounts();
+}
+
+std::vector<Control*> F_Belege_New::EnterOrder() {
+  return {&txtDatumBeleg,
+          &txtBelegNr,
+          &txtKapitelN,
+          &txtTitelN,
+          &txtHul,
+          &txtDatumHaus,
+          &txtRechnungsNr,
+          &txtDatumRech,
+          &txtRechnungsBeitrag,
+          &txtValuta2,
+          &txtZuhlungsartN,
+          &txtZuhlungsgrundN,
+          &btnZuhlung,
+          &txtProduktN,
+          &txtKostenstelleN,
+          &txtPaN,
+          &txtLeistungsartN,
+          &txtKostenartN,
+          &txtSondermerkmal[0],
+          &txtFlache,
+          &txtMenge,
+          &txtEinheit,
+          &txtKosten,
+          &txtErlos,
+          &txtValuta,
+          &txtMehrwertsteuer[0],
+          &txtStunden,
+          &txtMAS,
+          &txtWaldort,
+          &btnSpeichern};
 }
 
 void F_Belege_New::ConnectAmounts() {

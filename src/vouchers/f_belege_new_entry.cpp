@@ -88,7 +88,7 @@ void F_Belege_New::Cancel() {
   stornoThenNew = isNewVoucher = false;
   btnNeu.SetTag("");
   ShowVoucher(0);
-  SafeSetFocus(SSTab1.Tab() == 0 ? DataGridBelege : DataGridKLR);
+  SafeSetFocus(CurrentGrid());
 }
 
 void F_Belege_New::Save() {
@@ -115,6 +115,7 @@ void F_Belege_New::Save() {
   isNewVoucher = stornoThenNew = false;
   btnNeu.SetTag("");
   LoadVouchers(voucher, position);
+  SafeSetFocus(CurrentGrid());
 }
 
 }  // namespace tarvoni

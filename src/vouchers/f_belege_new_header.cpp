@@ -7,12 +7,25 @@ namespace tarvoni {
 
 namespace sql = voucher_sql;
 
+// Where the header fails the entry goes on in it: while a row is typed its tab is off, and what is wrong there could not
+// be mended.
+template <typename Work>
+auto F_Belege_New::OfHeader(const Work& work) {
+  try {
+    return work();
+  } catch (...) {
+    SSTab1.SetTab(0);
+    throw;
+  }
+}
+
 // Editing a header tests no number: two vouchers may come to share one.
 void F_Belege_New::SaveHeader() {
   const std::int32_t voucher = vouchers_.CurrentId();
   Committed([&] { ExecuteOnRow(sql::UpdateVoucher(voucher, TypedHeader(), Context().strSqlDateFormat)); });
   btnNeu.SetTag("");
   LoadVouchers(voucher);
+  SafeSetFocus(CurrentGrid());
 }
 
 sql::Header F_Belege_New::TypedHeader() const {
@@ -38,14 +51,17 @@ std::int32_t F_Belege_New::CodeNow(const std::string& table, const TextBox& box)
 
 bool F_Belege_New::NumberIsFree() {
   const std::string& number = txtBelegNr.Text();
-  if (number.empty() || !HasRow(Db(), sql::VoucherWithNumber(number, 0))) return true;
+  if (number.empty() || !OfHeader([&] { return HasRow(Db(), sql::VoucherWithNumber(number, 0)); }))
+    return true;
   SSTab1.SetTab(0);
   return Refuse("Belegnummer bereits vorhanden!", txtBelegNr);
 }
 
 std::int32_t F_Belege_New::InsertVoucher() {
-  Execute(sql::InsertVoucher(TypedHeader(), Context().strSqlDateFormat));
-  return ReadNumber(sql::LastVoucher());
+  return OfHeader([&] {
+    Execute(sql::InsertVoucher(TypedHeader(), Context().strSqlDateFormat));
+    return ReadNumber(sql::LastVoucher());
+  });
 }
 
 }  // namespace tarvoni

@@ -21,11 +21,16 @@ void F_Belege_New::AssignLists() {
   const TimberOwner owner{
       .client = idPersonal, .position = rows_.CurrentId(), .header = row.Number("ARBEITSAUFTRAG_KOPF_ID")};
   const SqlText offered = sql::FreeTimberLists(idPersonal, row.Number("KOSTENSTELLE_ID"));
-  Committed([&] {
-    if (!AssignTimber(Context(), owner, offered) || !QuantityFollowsTimber(Db())) return;
-    ShowTimberSums(Db(), owner.position, txtFlache, txtMenge);
-    WriteTimberSums(Db(), owner.position, txtFlache, txtMenge);
-  });
+  try {
+    Committed([&] {
+      if (!AssignTimber(Context(), owner, offered) || !QuantityFollowsTimber(Db())) return;
+      ShowTimberSums(Db(), owner.position, txtFlache, txtMenge);
+      WriteTimberSums(Db(), owner.position, txtFlache, txtMenge);
+    });
+  } catch (...) {
+    ShowRow();  // the sums were not written
+    throw;
+  }
   LoadRows(vouchers_.CurrentId(), owner.position);
 }
 

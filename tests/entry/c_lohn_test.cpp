@@ -43,11 +43,11 @@ TEST_F(Lohn, EachMethodPassesItsArgumentsToItsScreenAndClearsTheSlot) {
   EXPECT_EQ(lohn_->PA_Gruppe(5, 6, context_), kResultOk);
   EXPECT_EQ(lohn_->BruttoLohn(context_, 4), kResultOk);
   EXPECT_EQ(lohn_->PA_Gruppe_Delete(3, context_), kResultOk);
-  EXPECT_THAT(Journal(), ElementsAre("F_ARA#1 Run {dir} '17' 9b", "F_ARA#1 gone",              //
+  EXPECT_THAT(Journal(), ElementsAre("F_ARA#1 Run {dir} '17' 9b", "F_ARA#1 gone",                     //
                                      "F_Maschinenbuch#1 Run 7 true {dir}", "F_Maschinenbuch#1 gone",  //
-                                     "F_MaschineStamm#1 Run {dir}", "F_MaschineStamm#1 gone",  //
-                                     "F_PA_Gruppe#1 Run 5 6 {dir}", "F_PA_Gruppe#1 gone",      //
-                                     "F_Bruttolohn#1 Run {dir} 4", "F_Bruttolohn#1 gone",      //
+                                     "F_MaschineStamm#1 Run {dir}", "F_MaschineStamm#1 gone",         //
+                                     "F_PA_Gruppe#1 Run 5 6 {dir}", "F_PA_Gruppe#1 gone",             //
+                                     "F_Bruttolohn#1 Run {dir} 4", "F_Bruttolohn#1 gone",             //
                                      "F_PA_Gruppe#2 Delete 3 {dir}", "F_PA_Gruppe#2 gone"));
 }
 
@@ -117,9 +117,9 @@ TEST_F(Lohn, AFailureKeepsTheInstanceForTheNextCallAndSkipsTheRest) {
 
 TEST_F(Lohn, AFailureOfACallInsideIsForgottenWhenTheOuterOneSucceeds) {
   F::F_Maschinenbuch::fails = true;
-  EXPECT_EQ(RunCall("F_ARA", "_c_Lohn",
-                    [&] { EXPECT_EQ(lohn_->Maschinenbuch(1, true, context_), kResultFail); }),
-            kResultOk);
+  EXPECT_EQ(
+      RunCall("F_ARA", "_c_Lohn", [&] { EXPECT_EQ(lohn_->Maschinenbuch(1, true, context_), kResultFail); }),
+      kResultOk);
   EXPECT_EQ(LastFailure().text, "");
 }
 
