@@ -77,7 +77,8 @@ FROM LOHNABSCHLUSS
 GROUP BY JAHR, MONAT
 HAVING COUNT(*) > 1 OR MONAT NOT BETWEEN 1 AND 12
 ORDER BY JAHR, MONAT)"},
-      {"Der Betrag eines Lohnauftrags mit Stunden ist die Summe dessen, was seine Stunden wert sind.",
+      {"Der Betrag eines Lohnauftrags mit Stunden ist die Summe dessen, was seine Stunden wert sind; wer sie mit "
+       "„Stunden“ öffnet und schließt, lässt ihn neu rechnen.",
        suite::OrdersWithAnotherTotal()},
       {"Die Nummer eines Produktauftrags kommt je Mandant, Jahr und Revier nur einmal vor.",
        R"(
@@ -94,6 +95,33 @@ FROM NATURALVOLLZUG_KLR
 WHERE (ID_ARA_LOHN IS NULL AND ID_ARBEITSAUFTRAG IS NULL)
   OR (ID_ARA_LOHN IS NOT NULL AND ID_ARBEITSAUFTRAG IS NOT NULL)
 ORDER BY ID)"},
+      {"Zu einer Lohnzeile oder Kostenposition gibt es höchstens einen Naturalvollzug.",
+       R"(
+SELECT MIN(ID) AS NATURALVOLLZUG_KLR, ID_ARA_LOHN, ID_ARBEITSAUFTRAG
+FROM NATURALVOLLZUG_KLR
+GROUP BY ID_ARA_LOHN, ID_ARBEITSAUFTRAG
+HAVING COUNT(*) > 1
+ORDER BY 1)"},
+      {"Ein Waldort gehört zu einem Naturalvollzug und steht dort nur einmal.",
+       R"(
+SELECT MIN(ID) AS NATURALVOLLZUG_KLR_WALDORT, ID_NATURALVOLLZUG_KLR, ID_WALDORT
+FROM NATURALVOLLZUG_KLR_WALDORT
+GROUP BY ID_NATURALVOLLZUG_KLR, ID_WALDORT
+HAVING COUNT(*) > 1
+  OR ID_NATURALVOLLZUG_KLR IS NULL
+  OR ID_WALDORT IS NULL
+ORDER BY 1)"},
+      {"Eine Kostenposition ohne Quelle gehört zu einem Auftrag.",
+       R"(
+SELECT ID AS ARBEITSAUFTRAG
+FROM ARBEITSAUFTRAG
+WHERE QUELLE IS NULL
+  AND ARBEITSAUFTRAG_KOPF_ID IS NULL
+ORDER BY ID)"},
+      {"Jede Position eines Plans gehört zu einem Plan.",
+       "SELECT ID AS ARBEITSAUFTRAG_PLANN FROM ARBEITSAUFTRAG_PLANN WHERE AA_PLANN_ID IS NULL ORDER BY ID"},
+      {"Jede Ware des Lagers gehört zu einem Lagerbeleg.",
+       "SELECT ID AS LAGER_POS FROM LAGER_POS WHERE LAGER_ID IS NULL ORDER BY ID"},
       {"Zu jedem Beleg gibt es wenigstens eine Kostenposition.",
        R"(
 SELECT B.ID AS BELEGE

@@ -43,8 +43,11 @@ BoundSelect SelectBinder::Bind(const Select& select, bool compared) {
   bound.distinct = select.distinct;
   if (select.top) bound.top = BindTop(*select.top);
   if (select.from) bound.from = BindSource(*select.from);
-  if (select.where) bound.where = ExpressionBinder(state_, scope_, {}).Condition(*select.where);
-  if (bound.where) SearchSingleValues(*bound.where);
+  if (select.where) {
+    bound.where = ExpressionBinder(state_, scope_, {}).Condition(*select.where);
+    SearchSingleValues(*bound.where);
+    NarrowGroups(*bound.where);
+  }
   BindGroups(select, bound);
   BindItems(select, compared || !select.group_by.empty(), bound);
   if (select.having) {

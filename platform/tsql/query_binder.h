@@ -30,4 +30,9 @@ bool HasOneRowAtMost(const BoundQuery& query);
 // row, NULL keeps rows out as well as "no" does.
 void SearchSingleValues(BoundExpression& where);
 
+// Where a WHERE asks for `x IN (SELECT key FROM … GROUP BY key HAVING …)`, only the group of x counts: the query is
+// narrowed to it if an index finds it. Without this all groups would be made first. Below AND alone, where unknown is
+// as good as false.
+void NarrowGroups(const BoundExpression& filter);
+
 }  // namespace tarvoni::tsql

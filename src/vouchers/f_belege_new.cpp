@@ -51,8 +51,8 @@ void F_Belege_New::Fill() {
   forest_year_ = OptionText("STANDARD_FWJ");
   client_number_ = ReadText(sql::NumberOfClient(idPersonal));
   DataGridBelege.SetStruck("STORNO", FieldText(Value(true), "", CurrentLocale()));
+  btnNeu.SetTag("");
   LoadVouchers(0);
-  SetViewState(true);
   SafeSetFocus(DataGridBelege);
 }
 
@@ -198,9 +198,9 @@ void F_Belege_New::ShowRowCodes(const CurrentRow& row) {
   txtPA.SetText(order);
   SetTextBoxLocked(txtKostenstelleN.Tag().empty(), txtPaN);
   row.ShowCode("LEISTUNGSART_ID", "LEISTUNGSART_NUMBER", txtLeistungsartN);
-  txtLeistungsart.SetText(GetNameById("LEISTUNGSART", row.Number("LEISTUNGSART_ID"), Db()));
+  ShowActivity(row);
   row.ShowCode("KOSTENART_ID", "KOSTENART_NUMBER", txtKostenartN);
-  txtKostenart.SetText(GetNameById("KOSTENART", row.Number("KOSTENART_ID"), Db()));
+  ShowCostType(row);
   row.ShowCode("SONDERMERKMAL_ID", "SONDERMERKMALNUMMER", "SONDERMERKMALNAME", txtSondermerkmal);
   row.ShowCode("ID_MWST", "MWSTSHORT", "MWSTLONG", txtMehrwertsteuer);
   std::int32_t location = row.Number("WO_ID");
@@ -208,8 +208,8 @@ void F_Belege_New::ShowRowCodes(const CurrentRow& row) {
   txtWaldort.SetTag(location == 0 ? "" : std::to_string(location));
 }
 
-// What the row holds lies over what its codes open and close.
-void F_Belege_New::ShowRowAmounts(const CurrentRow& row) {
+// One that its cost centre does not allow any more keeps its name and opens nothing.
+void F_Belege_New::ShowActivity(const CurrentRow& row) {
   activity_ = {};
   if (!txtLeistungsartN.Empty()) {
     activity_ = FindActivity(Db(), {.client = idPersonal,
@@ -217,10 +217,22 @@ void F_Belege_New::ShowRowAmounts(const CurrentRow& row) {
                                     .number = txtLeistungsartN.Text(),
                                     .cost_centre = row.Number("KOSTENSTELLE_ID")});
   }
-  TakeActivity();
+  const bool found = activity_.id != 0;
   activity_.id = row.Number("LEISTUNGSART_ID");
+  txtLeistungsart.SetText(found ? activity_.name : GetNameById("LEISTUNGSART", activity_.id, Db()));
+}
+
+void F_Belege_New::ShowCostType(const CurrentRow& row) {
   cost_type_ = row.Number("KOSTENART_ID");
-  revenue_ = ToFlag(ReadValue(Db(), sql::IsRevenue(cost_type_)));
+  const Recordset found = Screen::Open(sql::CostType(cost_type_));
+  const CurrentRow type(found);
+  txtKostenart.SetText(type.Text("NAME"));
+  revenue_ = type.Flag("ERLOSE");
+}
+
+// What the row holds lies over what its codes open and close.
+void F_Belege_New::ShowRowAmounts(const CurrentRow& row) {
+  TakeActivity();
   OpenAmounts(!revenue_, revenue_);
   row.Show("FLAECHE", txtFlache, "0.0000");
   row.Show("MENGE", txtMenge, "0.00");
