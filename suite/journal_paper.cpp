@@ -62,7 +62,7 @@ Table LinesTable(Recordset rows, Month& month) {
   for (; !rows.EndOfFile(); rows.MoveNext()) {
     const FieldList field = rows.Fields();
     if (IsNull(field["ID"].Value())) continue;
-    const MonthLine& line = month.own.emplace_back(LineOf(field));
+    const MonthLine& line = month.own.emplace_back(LineOf(field, field["SATZ"].Value()));
     month.with_percentage = month.with_percentage || !IsNull(field["PROZENTSATZ"].Value());
     sums.Add(kBetrag, line.amount);
     table.rows.push_back({{line.day, line.wage_type, line.wage_type_name, line.quantity, line.unit, line.rate,

@@ -1,6 +1,7 @@
 #include "suite/month_summary.h"
 
 #include <algorithm>
+#include <map>
 
 #include "src/context/data/statement.h"
 #include "src/context/rules/hour_amount.h"
@@ -55,6 +56,12 @@ std::string Cell(const Value& value, std::string_view format) {
   return text;
 }
 
+// Lines of one key have one rate.
+std::string RateKey(const FieldList& line) {
+  return Cell(line["ID_LOHNARTEN"].Value(), "") + "\t" + Cell(line["VERLOHNUNG"].Value(), "") + "\t" +
+         Cell(line["TAG"].Value(), "");
+}
+
 }  // namespace
 
 std::vector<MonthLine> OrderHours(const TvnVar_Dll& context, const JournalMonth& month) {
@@ -82,13 +89,14 @@ Recordset JournalLines(const TvnVar_Dll& context, std::int32_t header) {
       Compose("{}\nORDER BY STUNDENBUCH.VERLOHNUNG,STUNDENBUCH.TAG,STUNDENBUCH.ID", LinesOfJournal(header)));
 }
 
-MonthLine LineOf(const FieldList& journal_line) {
+MonthLine LineOf(const FieldList& journal_line, const Value& rate) {
+  const Value& hours = journal_line["STUNDENBUCHSTUNDEN"].Value();
   return {.wage_type = journal_line["LOHNARTENNUMBER"].Value(),
           .wage_type_name = journal_line["LOHNARTENNAME"].Value(),
-          .quantity = journal_line["STUNDENBUCHSTUNDEN"].Value(),
+          .quantity = hours,
           .unit = journal_line["EINHEITNAME"].Value(),
-          .rate = journal_line["SATZ"].Value(),
-          .amount = journal_line["BETRAG"].Value(),
+          .rate = rate,
+          .amount = hour_amount::JournalAmount(hours, rate),
           .product_order = journal_line["ARBEITSAUFTRAG_KOPFNAME"].Value(),
           .wage_order = Null{},
           .day = DayOf(journal_line),
@@ -97,9 +105,13 @@ MonthLine LineOf(const FieldList& journal_line) {
 
 std::vector<MonthLine> OwnLines(const TvnVar_Dll& context, const JournalMonth& month) {
   std::vector<MonthLine> lines;
-  for (Recordset rows = JournalLines(context, month.header); !rows.EndOfFile(); rows.MoveNext()) {
-    if (!IsNull(rows.Fields()["ID"].Value())) lines.push_back(LineOf(rows.Fields()));
-  }
+  std::map<std::string, Value> rates;
+  Recordset rated = DatabaseOf(context).Open(RatesOfJournal(month.header));
+  for (; !rated.EndOfFile(); rated.MoveNext())
+    rates[RateKey(rated.Fields())] = rated.Fields()["SATZ"].Value();
+  Recordset rows = DatabaseOf(context).Open(WorkOfJournal(month.header));
+  for (; !rows.EndOfFile(); rows.MoveNext())
+    lines.push_back(LineOf(rows.Fields(), rates[RateKey(rows.Fields())]));
   return lines;
 }
 

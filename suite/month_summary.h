@@ -37,8 +37,8 @@ std::vector<MonthLine> OrderHours(const TvnVar_Dll& context, const JournalMonth&
 
 // The rows of LinesOfJournal by day; the ID of a row that stands for no line is NULL.
 Recordset JournalLines(const TvnVar_Dll& context, std::int32_t header);
-// One of them, with rate and amount of the journal (form 3).
-MonthLine LineOf(const FieldList& journal_line);
+// One of them, or a row of WorkOfJournal, with its rate in the journal and the amount that follows (form 3).
+MonthLine LineOf(const FieldList& journal_line, const Value& rate);
 std::vector<MonthLine> OwnLines(const TvnVar_Dll& context, const JournalMonth& month);
 
 // Nine cells a line, parted by tabs: wage type, quantity, unit, rate, amount, product order, wage order, day and forest

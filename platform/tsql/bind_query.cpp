@@ -45,6 +45,7 @@ BoundSelect SelectBinder::Bind(const Select& select, bool compared) {
   if (select.from) bound.from = BindSource(*select.from);
   if (select.where) {
     bound.where = ExpressionBinder(state_, scope_, {}).Condition(*select.where);
+    SearchSingleValues(*bound.where);
     NarrowGroups(*bound.where);
   }
   BindGroups(select, bound);

@@ -92,10 +92,16 @@ void Emitter::Expression(const BoundExpression& expression) {
   levels_ += LevelsOf(expression);
   if (levels_ > kMostLevels && style_ == ColumnStyle::kQualified && LevelsOf(expression) > 0) {
     Part(expression);
+  } else if (MayBePart(expression)) {
+    WholeOrPart(expression);
   } else {
-    std::visit([&](const auto& node) { Node(node, expression); }, expression.node);
+    Plain(expression);
   }
   levels_ = before;
+}
+
+void Emitter::Plain(const BoundExpression& expression) {
+  std::visit([&](const auto& node) { Node(node, expression); }, expression.node);
 }
 
 // A stored column does, unless it is an argument of the part it is read in.

@@ -5,10 +5,49 @@
 
 namespace tarvoni::tsql {
 
+// A query that is a value of each row. One that needs nothing of the row is worked out once, which no part is.
+bool Emitter::MayBePart(const BoundExpression& value) const {
+  const bool is_query = value.As<BoundScalarQuery>() != nullptr || value.As<BoundExists>() != nullptr;
+  return is_query && !trying_ && whole_ != &value && style_ == ColumnStyle::kQualified &&
+         !IsClosed(*QueryOf(value));
+}
+
+// Such a query does not fit if a part would lie inside it: SQLite sees no columns there, and so searches no index. Then
+// it is a part as a whole. Whether it fits is found by writing it.
+void Emitter::WholeOrPart(const BoundExpression& value) {
+  const Mark before = Here();
+  trying_ = true;
+  Plain(value);
+  trying_ = false;
+  if (!std::exchange(too_deep_, false)) return;
+  BackTo(before);
+  Part(value);
+}
+
+Emitter::Mark Emitter::Here() const {
+  return {sql_.text.size(),   sql_.parameters.size(),
+          front_.text.size(), front_.parameters.size(),
+          hoisted_,           part_ != nullptr ? part_->arguments.size() : 0};
+}
+
+void Emitter::BackTo(const Mark& mark) {
+  sql_.text.resize(mark.text);
+  sql_.parameters.resize(mark.parameters);
+  front_.text.resize(mark.front_text);
+  front_.parameters.resize(mark.front_parameters);
+  hoisted_ = mark.hoisted;
+  if (part_ != nullptr) part_->arguments.resize(mark.arguments);
+}
+
 void Emitter::Part(const BoundExpression& value) {
+  if (trying_) {
+    too_deep_ = true;
+    return;
+  }
   PartScope scope{SourcesInside(value), {}};
   Emitter part;
   part.part_ = &scope;
+  part.whole_ = &value;
   part.standing_ = standing_;
   part.Text("SELECT ").Expression(value);
   Text("ts_part(").Number(static_cast<long long>(parts_.size()));

@@ -118,8 +118,22 @@ class Emitter {
   void Branches(const BoundExpression& value, const BoundExpression& whole);
   void When(const BoundExpression* operand, const BoundExpression& when);
 
+  void Plain(const BoundExpression& expression);
   // What lies too deep, as a statement of its own.
   void Part(const BoundExpression& value);
+  bool MayBePart(const BoundExpression& value) const;
+  void WholeOrPart(const BoundExpression& value);
+  // How far the writing has come.
+  struct Mark {
+    size_t text;
+    size_t parameters;
+    size_t front_text;
+    size_t front_parameters;
+    int hoisted;
+    size_t arguments;
+  };
+  Mark Here() const;
+  void BackTo(const Mark& mark);
   // In a part: the place among its arguments of what belongs to the statement around it; nothing for its own.
   std::optional<size_t> ArgumentOf(const BoundExpression& value);
   void Outside(size_t argument, const Type& type);
@@ -135,10 +149,13 @@ class Emitter {
     std::set<int> sources;  // of the queries inside the part
     std::vector<const BoundExpression*> arguments;
   };
-  PartScope* part_ = nullptr;  // of the part that is written
-  int queries_ = 0;            // around the current place, in this text
-  int depth_ = 0;              // queries around the current place, back to the one in front it belongs to
-  bool in_full_ = false;       // inside an operand of a FULL JOIN
+  PartScope* part_ = nullptr;               // of the part that is written
+  const BoundExpression* whole_ = nullptr;  // the value of that part
+  bool trying_ = false;                     // what is written may be taken back
+  bool too_deep_ = false;                   // it has to be: a part would lie in it
+  int queries_ = 0;                         // around the current place, in this text
+  int depth_ = 0;         // queries around the current place, back to the one in front it belongs to
+  bool in_full_ = false;  // inside an operand of a FULL JOIN
   // What is written in the place of a CASE that is taken apart, and the conditions of the branch.
   std::vector<std::pair<const BoundExpression*, const BoundExpression*>> standing_;
   std::vector<std::pair<const BoundExpression*, const BoundExpression*>> path_;

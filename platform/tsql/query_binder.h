@@ -26,6 +26,9 @@ void ConvertColumn(BoundQuery& query, size_t column, const Type& to,
 // Whether the query gives one row at most whatever the data: TOP 1, aggregates without groups, or a unique
 // key.
 bool HasOneRowAtMost(const BoundQuery& query);
+// Of a WHERE: what is IN a query of one row at most is equal to it, and SQLite makes no list for it. Where there is no
+// row, NULL keeps rows out as well as "no" does.
+void SearchSingleValues(BoundExpression& where);
 
 // Where a WHERE asks for `x IN (SELECT key FROM … GROUP BY key HAVING …)`, only the group of x counts: the query is
 // narrowed to it if an index finds it. Without this all groups would be made first. Below AND alone, where unknown is

@@ -70,4 +70,18 @@ bool HasOneRowAtMost(const BoundQuery& query) {
   return CoversKey(*table->table, fixed);
 }
 
+void SearchSingleValues(BoundExpression& where) {
+  if (auto* logical = where.As<BoundLogical>(); logical && logical->op == BinaryOperator::kAnd)
+    for (const BoundPtr& operand : logical->operands) SearchSingleValues(*operand);
+  auto* in = where.As<BoundInQuery>();
+  if (in == nullptr || in->negated || !HasOneRowAtMost(*in->query)) return;
+  const BoundExpression& value = *in->query->selects.front().items.front().value;
+  const Type type = value.type;
+  const double limit = value.limit;
+  BoundPtr query = MakeValue(where.at, type, limit, BoundScalarQuery{std::move(in->query), true});
+  BoundPtr operand = std::move(in->operand);
+  where.node.emplace<BoundCompare>(
+      BoundCompare{BinaryOperator::kEqual, std::move(operand), std::move(query)});
+}
+
 }  // namespace tarvoni::tsql

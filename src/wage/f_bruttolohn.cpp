@@ -22,7 +22,7 @@ struct SummaryColumn {
 };
 constexpr std::array<SummaryColumn, 9> kSummary = {{{"Lohnart", 1000},
                                                     {"Wert", 1000, Alignment::kRight},
-                                                    {"Einheit", 1700},
+                                                    {"Einheit", 1200},
                                                     {"Satz", 1000, Alignment::kRight},
                                                     {"Betrag", 1200, Alignment::kRight},
                                                     {"PA-Nr", 2200},
@@ -98,7 +98,7 @@ std::vector<ShownColumn> F_Bruttolohn::Columns() const {
   return {{.data_field = "STUNDENBUCHTAG", .caption = lblTag.Caption(), .number_format = "00", .width = 650},
           {.data_field = "LOHNARTENNUMBER", .caption = lblLohnart.Caption(), .width = 1000},
           AmountColumn("STUNDENBUCHSTUNDEN", lblWert.Caption(), 1000, ""),
-          {.data_field = "EINHEITNAME", .caption = "", .width = 1700},
+          {.data_field = "EINHEITNAME", .caption = "", .width = 1200},
           AmountColumn("SATZ", lblSatz.Caption(), 1000, ""),
           AmountColumn("PROZENTSATZ", lblProzentsatz.Caption(), 1100),
           AmountColumn("BETRAG", lblBetrag.Caption(), 1200),

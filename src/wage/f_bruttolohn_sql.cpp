@@ -45,7 +45,8 @@ SqlText DeleteLeftover(std::int32_t line) {
 }
 
 SqlText UpdateForestYear(std::int32_t header, std::string_view forest_year) {
-  return Compose("UPDATE STUNDENBUCH_HEADER SET FWJ = {} WHERE ID = {}", TextOrNull(forest_year), Id(header));
+  return Compose("UPDATE STUNDENBUCH_HEADER SET FWJ = {} WHERE ID = {}", NumberOrNull(forest_year),
+                 Id(header));
 }
 
 SqlText UpdateLine(std::int32_t line, const Line& entry, std::string_view sql_date_format) {

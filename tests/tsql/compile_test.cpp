@@ -10,6 +10,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 class SmallCatalogue : public Catalogue {
  public:
@@ -151,6 +152,34 @@ TEST_F(CompileTest, TemporaryTablesLiveInTheirBatch) {
   EXPECT_EQ(std::get<CreateTableStep>(plan.steps[0].action).stored_name, "temp.\"#tmp$17_1\"");
   EXPECT_THAT(std::get<QueryStep>(plan.steps[2].action).sql.text, HasSubstr("FROM temp.\"#tmp$17_1\" AS"));
   EXPECT_TRUE(plan.reusable);
+}
+
+// Its columns must stay where SQLite sees them and takes an index. One that needs nothing of the row is no part.
+TEST_F(CompileTest, AQueryThatLiesTooDeepIsAPartAsAWhole) {
+  std::string before = "SELECT ", behind;
+  for (int i = 0; i < 8; ++i) {
+    before += "ROUND(";
+    behind += ",2)";
+  }
+  behind += " FROM POSTEN A";
+  const auto sql = [&](const std::string& condition) {
+    const std::string query = "(SELECT MAX(B.STD) FROM POSTEN B WHERE " + condition + ")";
+    return std::get<QueryStep>(CompileText(before + query + behind).steps.back().action).sql;
+  };
+  const Sql correlated = sql("B.ID = A.ID AND YEAR(B.TAG)*100+MONTH(B.TAG) <= A.JAHR*100");
+  ASSERT_EQ(correlated.parts.size(), 1u);
+  EXPECT_THAT(correlated.text, HasSubstr("ts_part(0,t1.\"ID\",t1.\"JAHR\")"));
+  EXPECT_THAT(correlated.parts[0].text, HasSubstr("FROM main.\"POSTEN\" AS t2 WHERE ((t2.\"ID\"=?) AND "));
+  EXPECT_TRUE(correlated.parts[0].parts.empty());
+  EXPECT_THAT(sql("B.ID = 1 AND YEAR(B.TAG)*100 <= 5").text, HasSubstr("FROM main.\"POSTEN\" AS t2"));
+}
+
+TEST_F(CompileTest, OfOneRowAtMostThereIsNoList) {
+  const char* const equal = "=(SELECT";
+  const auto sql = [&](const char* where) { return SqlOf(std::string("SELECT ID FROM POSTEN WHERE ") + where); };
+  EXPECT_THAT(sql("ID = 1 AND NAME IN (SELECT TOP 1 GRUPPE FROM TARIF)"), HasSubstr(equal));
+  EXPECT_THAT(sql("NAME NOT IN (SELECT TOP 1 GRUPPE FROM TARIF)"), Not(HasSubstr(equal)));
+  EXPECT_THAT(sql("NAME IN (SELECT GRUPPE FROM TARIF)"), Not(HasSubstr(equal)));
 }
 
 TEST_F(CompileTest, AMissingTableWaitsUntilItsStatementIsReached) {

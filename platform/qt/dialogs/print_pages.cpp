@@ -5,6 +5,7 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 #include <algorithm>
+#include <optional>
 
 #include "platform/qt/dialogs/paper_type.h"
 #include "platform/qt/public/text.h"
@@ -73,12 +74,18 @@ void PrintPages::PlaceTable(std::size_t table) {
   Put(Piece::Kind::kHeading, shown.HeadingHeight(), table);
   Put(Piece::Kind::kCaptions, shown.CaptionHeight(), table);
   bool first_of_page = true;
+  std::optional<std::size_t> group;  // the heading of the rows
   for (std::size_t row = 0; row < shown.RowCount(); ++row) {
+    const RowKind kind = shown.KindOf(row);
+    if (kind == RowKind::kGroup) group.reset();
     if (!Fits(RoomNeeded(table, row)) && !first_of_page) {
       Turn();
       Put(Piece::Kind::kCaptions, shown.CaptionHeight(), table);
+      if (group) Put(Piece::Kind::kRow, shown.RowHeight(*group), table, *group);
     }
     Put(Piece::Kind::kRow, shown.RowHeight(row), table, row);
+    if (kind == RowKind::kGroup) group = row;
+    if (kind == RowKind::kSum || kind == RowKind::kTotal) group.reset();
     first_of_page = false;
   }
   if (table + 1 == tables_.size() && shown.RowCount() > 0) PlaceFoot();

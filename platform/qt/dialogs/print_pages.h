@@ -13,8 +13,8 @@ class QPagedPaintDevice;
 namespace tarvoni::qt {
 
 // A document laid out on the pages of a device: issuer, title and facts on the first and their short form on the others,
-// the captions on each, remarks and signatures behind the last row, and a line with day and page below. Sums stay with
-// a row that they sum, a heading with its first row.
+// the captions on each, with the heading of the rows that go on there, remarks and signatures behind the last row, and a
+// line with day and page below. Sums stay with a row that they sum, a heading with its first row.
 class PrintPages {
  public:
   // `document` outlives the pages; `page` is the printable area in the device's units.

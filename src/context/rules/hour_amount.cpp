@@ -166,6 +166,13 @@ SqlText JournalAmount() {
   return Compose("ROUND(STUNDENBUCH.STUNDEN,2)*{}", JournalRate());
 }
 
+Value JournalAmount(const Value& hours, const Value& rate) {
+  const auto* quantity = std::get_if<Decimal>(&hours);
+  const auto* worth = std::get_if<Decimal>(&rate);
+  const auto amount = quantity && worth ? Multiply(quantity->Rounded(2), *worth) : std::nullopt;
+  return amount ? Value(*amount) : Value(Null{});
+}
+
 SqlText JournalEntryRate(std::string_view wage_type_id, std::string_view worker_id, std::string_view year,
                          std::string_view month, std::string_view day) {
   return WageTypeEntry(RateOf({.year = OrTypedZero(year),

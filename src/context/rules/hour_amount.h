@@ -5,6 +5,7 @@
 
 #include "src/context/data/sql_text.h"
 #include "src/context/values/date_time.h"
+#include "src/context/values/value.h"
 
 // What an hour or unit is worth on a day: T-SQL expressions over the dated rates of ONETODATE, LOHNGRUPPE and
 // TSP_ENTGELTE. Of several dates the latest that is not after the day counts. The three forms differ on purpose.
@@ -32,6 +33,8 @@ SqlText OfferedRate(std::string_view wage_type_id, std::string_view worker_id,
 SqlText JournalRate();
 // Hours rounded to two places times the rate.
 SqlText JournalAmount();
+// The same of a line that has been read with its rate; NULL without one.
+Value JournalAmount(const Value& hours, const Value& rate);
 // As OfferedRate, with the journal's rate. Year, month and day as typed; nothing typed counts as 0.
 SqlText JournalEntryRate(std::string_view wage_type_id, std::string_view worker_id, std::string_view year,
                          std::string_view month, std::string_view day);
