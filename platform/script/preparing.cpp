@@ -24,11 +24,6 @@ void Include(ScriptRun& run) {
   run.Word(1, "die Datei");
 }
 
-Connection& RealConnection(ScriptRun& run) {
-  auto* faulty = dynamic_cast<FaultyConnection*>(&run.Db());
-  return faulty ? faulty->Real() : run.Db();
-}
-
 bool Sets(const ScriptLine& line) {
   return line.Is("today") || line.Is("locale") || line.Is("context");
 }
@@ -50,7 +45,7 @@ void Fixture(ScriptRun& run) {
   }
   while (run.next < end) run.PlayLine();
   if (!copies) return;
-  if (auto copy = run.hooks.copy(RealConnection(run))) run.hooks.fixtures->emplace(key, std::move(copy));
+  if (auto copy = run.hooks.copy(run.RealDb())) run.hooks.fixtures->emplace(key, std::move(copy));
 }
 
 void MakeSchema(ScriptRun& run) {
@@ -158,7 +153,7 @@ void FailWrite(ScriptRun& run) {
 void FailCommit(ScriptRun& run) {
   const int nth = run.Line().words.size() > 2 ? run.Number(2, "der wievielte Abschluss") : 1;
   if (nth < 1) run.Fail("Gezählt wird von 1 an.");
-  if (run.hooks.fail_commit) run.commit_fault = run.hooks.fail_commit(RealConnection(run), nth);
+  run.commit_fault = run.ArmCommit(nth);
   if (!run.commit_fault) run.Fail("Diese Datenbank schließt nichts gemeinsam ab, es kann nicht scheitern.");
   run.fault_ahead = true;
 }
