@@ -6,6 +6,8 @@
 #include "src/common/column_writer.h"
 #include "src/context/data/handler_scope.h"
 #include "src/context/data/statement.h"
+#include "src/entry/c_lohn.h"
+#include "src/entry/neighbours.h"
 #include "src/entry/screens.h"
 #include "src/stores/f_lager_sql.h"
 #include "src/stores/f_positionen.h"

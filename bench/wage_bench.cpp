@@ -6,6 +6,8 @@
 #include "src/context/data/handler_scope.h"
 #include "src/context/data/statement.h"
 #include "src/context/rules/wage_rules.h"
+#include "src/entry/c_lohn.h"
+#include "src/entry/neighbours.h"
 #include "src/entry/screens.h"
 #include "src/wage/f_ara_sql.h"
 #include "src/wage/f_arbeitnehmer.h"

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "src/context/values/call_error.h"
-#include "src/entry/screens.h"
 
 namespace tarvoni::host {
 namespace {
@@ -40,7 +39,6 @@ const std::vector<Method>& Methods() {
       {"ARA",
        "&Arbeitsaufträge",
        "Lohnaufträge eines Mandanten im Forstjahr: Liste, Bearbeitung, Stunden",
-       kIsBuilt<Screens::F_ARA>,
        {{"strPersonal_dll", kText}, {"mode_dll", kByte}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.ARA(tvnvar, a.Text("strPersonal_dll"), a.Byte("mode_dll"));
@@ -48,7 +46,6 @@ const std::vector<Method>& Methods() {
       {"Maschinenbuch",
        "&Maschinenbuch",
        "Stammdaten und Kosten einer Maschine",
-       kIsBuilt<Screens::F_Maschinenbuch>,
        {{"intNummer_dll", kLong}, {"bolNew", kBoolean}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.Maschinenbuch(a.Long("intNummer_dll"), a.Boolean("bolNew"), tvnvar);
@@ -56,13 +53,11 @@ const std::vector<Method>& Methods() {
       {"MaschineStamm",
        "Maschinen-&Stammdaten",
        "Welche Kostenart zu welcher Kostengruppe der Maschinen zählt",
-       kIsBuilt<Screens::F_MaschineStamm>,
        {},
        [](_c_Lohn& lohn, Arguments&, const TvnVar_Dll& tvnvar) { return lohn.MaschineStamm(tvnvar); }},
       {"PA_Gruppe",
        "&PA-Gruppe",
        "Eine Gruppe von Produktaufträgen anlegen oder bearbeiten",
-       kIsBuilt<Screens::F_PA_Gruppe>,
        {{"Id_PA_Gruppe", kLong}, {"ID_Mandant", kLong}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.PA_Gruppe(a.Long("Id_PA_Gruppe"), a.Long("ID_Mandant"), tvnvar);
@@ -70,7 +65,6 @@ const std::vector<Method>& Methods() {
       {"BruttoLohn",
        "&Bruttolohn",
        "Bruttolohnjournal eines Arbeiters in einem Monat",
-       kIsBuilt<Screens::F_Bruttolohn>,
        {{"Id_StundenBuch", kLong}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.BruttoLohn(tvnvar, a.Long("Id_StundenBuch"));
@@ -78,7 +72,6 @@ const std::vector<Method>& Methods() {
       {"Lager",
        "&Lager",
        "Lagerbelege eines Mandanten",
-       kIsBuilt<Screens::F_Lager>,
        {{"strPersonal_dll", kText},
         {"mode_dll", kByte},
         {"strSelektion_Fr_Wh_dll", kText, true},
@@ -90,7 +83,6 @@ const std::vector<Method>& Methods() {
       {"Belege",
        "B&elege",
        "Rechnungsbelege eines Mandanten und ihre Aufteilung auf Kosten",
-       kIsBuilt<Screens::F_Belege_New>,
        {{"strPersonal_dll", kText}, {"mode_dll", kByte}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.Belege(tvnvar, a.Text("strPersonal_dll"), a.Byte("mode_dll"));
@@ -98,7 +90,6 @@ const std::vector<Method>& Methods() {
       {"Arbeitsauftrag",
        "Produktauf&trag",
        "Produktauftrag oder Plan mit seinen Kostenpositionen",
-       kIsBuilt<Screens::F_Arbeitsauftrag>,
        {{"idPersonal_dll", kText}, {"ID", kLong}, {"Plan_dll", kBoolean}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.Arbeitsauftrag(tvnvar, a.Text("idPersonal_dll"), a.Long("ID"), a.Boolean("Plan_dll"));
@@ -106,7 +97,6 @@ const std::vector<Method>& Methods() {
       {"PA_Gruppe_Delete",
        "PA-Gruppe l&öschen",
        "Eine Gruppe löschen, zu der kein Auftrag gehört",
-       kIsBuilt<Screens::F_PA_Gruppe>,
        {{"ID_Item_dll", kLong}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.PA_Gruppe_Delete(a.Long("ID_Item_dll"), tvnvar);
@@ -114,7 +104,6 @@ const std::vector<Method>& Methods() {
       {"NewRechnung",
        "&Neue Rechnung",
        "Den Namen einer Rechnung bilden",
-       kIsBuilt<Screens::F_NewRechnung>,
        {{"RechName", kText, true}, {"intPersonal", kLong}, {"oldRechName", kText}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.NewRechnung(tvnvar, a.Reference("RechName"), a.Long("intPersonal"),

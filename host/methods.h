@@ -14,7 +14,6 @@ struct Method {
   std::string name;
   std::string title;    // for a menu
   std::string purpose;  // in a sentence
-  bool built = false;   // its Screen is there
   std::vector<Parameter> parameters;
   Result (*call)(_c_Lohn& lohn, Arguments& arguments, const TvnVar_Dll& tvnvar);
 };

@@ -86,6 +86,8 @@ constexpr auto kReferences = std::to_array<Reference>({
     {"BELEGE", "ID", "ZAHLUNGSART", "ZUHLUNGSART", "ID"},
     {"BELEGE", "ID", "ZAHLUNGSGRUND", "ZUHLUNGSGRUND", "ID"},
     {"BELEGE", "ID", "ZAHLUNGSEMF", "PERSONAL", "ID_PERSONAL"},
+    {"BELEGE", "ID", "LAGER_ID", "LAGER", "ID"},
+    {"BELEGE", "ID", "POS_ID", "LAGER_POS", "ID"},
     {"LAGER", "ID", "PERSONAL_ID", "PERSONAL", "ID_PERSONAL"},
     {"LAGER", "ID", "KAPITEL_ID", "HH_KAPITEL", "ID"},
     {"LAGER", "ID", "TITEL_ID", "HH_TITEL", "ID"},

@@ -15,8 +15,9 @@ constexpr std::array kMasterParts = {BuildSettings,  BuildUnits,      BuildNatur
                                      BuildWorkTypes, BuildClients,    BuildPlaces,      BuildForest,
                                      BuildWageTypes, BuildWageScales, BuildWorkers,     BuildTimberCodes,
                                      BuildTariff,    BuildMachines,   BuildWorkOrders,  BuildPlans};
-constexpr std::array kMovementParts = {BuildFreeLists, BuildJournals, BuildPositions,      BuildMachineCosts,
-                                       BuildVouchers,  BuildStores,   BuildMachinePurchase};
+constexpr std::array kMovementParts = {BuildFreeLists,       BuildJournals,    BuildPositions,
+                                       BuildMachineCosts,    BuildVouchers,    BuildStores,
+                                       BuildMachinePurchase, BuildToldVouchers};
 
 }  // namespace
 

@@ -60,7 +60,7 @@ class StoresWriter {
 
  private:
   void WriteDocument(Client& client) {
-    const int id = ++last_document_;
+    const int id = ++enterprise_.last.stores_document;
     const DateTime delivered = AddDays(kFirstDay, random_.Between(10, 420));
     const CodeSet& codes = enterprise_.CodesOf(client);
     std::int64_t amount = 0;
@@ -78,13 +78,13 @@ class StoresWriter {
     const Goods& goods = kGoods[static_cast<std::size_t>(told.goods)];
     const DateTime delivered = AddDays(kToday, -40);
     const CodeSet& codes = enterprise_.CodesOf(client);
-    const int id = ++last_document_;
+    const int id = ++enterprise_.last.stores_document;
     const Decimal cost(Int128{told.quantity} * goods.price, 2);
     documents_.Add(id, fmt::format("L{}-{:04}", client.number, id), client.id, AddDays(delivered, 3),
                    codes.chapters[1], codes.titles[3], fmt::format("H{:06}", id), AddDays(delivered, 2),
                    fmt::format("LR-{}", id), delivered, cost, told.euro, codes.payment_kinds.front(),
                    codes.payment_reasons.front(), enterprise_.suppliers.front());
-    const int position = ++last_goods_;
+    const int position = ++enterprise_.last.stores_position;
     goods_.Add(position, id, Decimal(goods.price, 2), told.quantity, goods.unit, cost, told.euro, goods.name);
     if (told.drawn == 0) return;
     const WorkType& type = codes.WorkTypeOf(goods.work_type);
@@ -102,7 +102,7 @@ class StoresWriter {
   // The cost of the goods in cents.
   std::int64_t WriteGoods(Client& client, int document, const DateTime& delivered) {
     const Goods& goods = random_.Pick(kGoods);
-    const int id = ++last_goods_;
+    const int id = ++enterprise_.last.stores_position;
     const int quantity = random_.Between(20, 1500);
     const std::int64_t cost = static_cast<std::int64_t>(quantity) * goods.price;
     goods_.Add(id, document, Decimal(goods.price, 2), quantity, goods.unit, Decimal(cost, 2), true,
@@ -134,8 +134,6 @@ class StoresWriter {
 
   Enterprise& enterprise_;
   Random& random_;
-  int last_document_ = 0;
-  int last_goods_ = 0;
   RowWriter documents_{
       enterprise_.connection, "LAGER",
       "ID, NUMMER, PERSONAL_ID, BUCHUNGSDAT, KAPITEL_ID, TITEL_ID, HULNR, TAGANORD, RECHNUMER, "

@@ -31,6 +31,7 @@ constexpr auto kProductPlaces =
                                  {kAdministrationProduct, CentreType::kAdministration}});
 constexpr std::array<std::string_view, 3> kCentralGroups = {"Lehrlingsausbildung", "Betriebsrat",
                                                             "Waldpädagogik"};
+constexpr int kFirstCentralNumber = 7001;
 
 std::size_t ProductIndex(int number) {
   std::size_t index = 0;
@@ -38,7 +39,7 @@ std::size_t ProductIndex(int number) {
   return index;
 }
 
-// Groups by product, some whose number is the number of their work order, and one that has no orders yet.
+// Groups by product, some whose number is the number of their work orders, and others that have no orders yet.
 void WriteGroups(Enterprise& enterprise) {
   RowWriter writer(
       enterprise.connection, "PA_GRUPPE",
@@ -51,9 +52,9 @@ void WriteGroups(Enterprise& enterprise) {
       writer.Add(++id, kProducts[i].name.substr(0, kProducts[i].name.find(' ')), "2023", client.id,
                  products[i], kOwnWorkCategory, Null{}, fmt::format("Alle Aufträge: {}", kProducts[i].name),
                  i == 0);
-    int number = 7000;
+    int number = kFirstCentralNumber;
     for (const auto name : kCentralGroups)
-      writer.Add(++id, name, "2023", client.id, products.back(), kCentralCategory, ++number, Null{}, false);
+      writer.Add(++id, name, "2023", client.id, products.back(), kCentralCategory, number++, Null{}, false);
     writer.Add(++id, "Firmeneinsatz", "2024", client.id, Null{}, kContractorCategory, Null{},
                "Vergaben an Unternehmer, Produkt je Auftrag", false);
   }
@@ -74,6 +75,7 @@ class WorkOrderWriter {
           WriteCentre(client, year, client.Centre(type), nullptr);
       }
     }
+    for (const Client& client : enterprise_.clients) WriteCentralOrders(client);
     writer_.Finish();
   }
 
@@ -103,6 +105,20 @@ class WorkOrderWriter {
                 client.id * kGroupsOfClient + static_cast<int>(product) + 1, day,
                 fmt::format("{} {}", kProducts[product].name, fwj), client.forest_office, fwj, closed);
     client.work_orders.push_back({id, year, product_id, centre, district, 0});
+  }
+
+  // The first central group gives its number to an order of each year; nothing is booked on them yet.
+  void WriteCentralOrders(const Client& client) {
+    const CostCentre& centre = client.Centre(CentreType::kAdministration);
+    for (const int year : kYears) {
+      const auto fwj = std::to_string(year);
+      writer_.Add(++enterprise_.last.work_order,
+                  fmt::format("{}{}{}{}", client.number, fwj, centre.number, kFirstCentralNumber), client.id,
+                  fwj, std::to_string(centre.number), kFirstCentralNumber, 1,
+                  enterprise_.CodesOf(client).products.back(),
+                  client.id * kGroupsOfClient + static_cast<int>(kProducts.size()) + 1, DateTime{year, 1, 2},
+                  fmt::format("{} {}", kCentralGroups.front(), fwj), client.forest_office, fwj, false);
+    }
   }
 
   Enterprise& enterprise_;

@@ -149,7 +149,8 @@ struct Services {
 
 // The last id given in each table that several parts write.
 struct LastIds {
-  int position = 0, wage_order = 0, wage_line = 0, natural = 0, list = 0, work_order = 0;
+  int position = 0, wage_order = 0, wage_line = 0, natural = 0, list = 0, work_order = 0, voucher = 0;
+  int stores_document = 0, stores_position = 0;
 };
 
 // How many rows the code lists of the natural execution have; their ids run from 1.

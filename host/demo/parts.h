@@ -32,5 +32,6 @@ void BuildMachineCosts(Enterprise& enterprise);
 void BuildVouchers(Enterprise& enterprise);
 void BuildStores(Enterprise& enterprise);
 void BuildMachinePurchase(Enterprise& enterprise);
+void BuildToldVouchers(Enterprise& enterprise);
 
 }  // namespace tarvoni::demo

@@ -21,10 +21,7 @@ CallPane::CallPane(const Workplace& workplace, Call call, std::function<void(boo
       column_(new QVBoxLayout(group_)),
       open_(new QPushButton("Ö&ffnen")) {
   list_->setAccessibleName("Bildschirme");
-  for (const Method& method : Methods()) {
-    auto* const item = new QListWidgetItem(PlainCaption(method.title), list_);
-    if (!method.built) item->setForeground(palette().brush(QPalette::Disabled, QPalette::Text));
-  }
+  for (const Method& method : Methods()) list_->addItem(PlainCaption(method.title));
   list_->setMinimumWidth(list_->sizeHintForColumn(0) + qt::CharactersWide(*list_, 3));
   purpose_->setWordWrap(true);
   open_->setDefault(true);
@@ -68,14 +65,12 @@ void CallPane::ShowMethod(int index) {
   if (index < 0) return;
   const Method& method = Methods()[static_cast<std::size_t>(index)];
   group_->setTitle(PlainCaption(method.title));
-  purpose_->setText(ToQt(method.purpose + (method.built ? "." : ".\n\nNoch nicht verfügbar.")));
+  purpose_->setText(ToQt(method.purpose + "."));
   const std::vector<ArgumentField> fields = FieldsOf(method.name);
   year_used_(std::ranges::any_of(fields, UsesForestYear));
-  form_ = new ArgumentForm(workplace_, fields, [this, &method] {
-    open_->setEnabled(method.built && form_ && form_->IsComplete());
-  });
+  form_ = new ArgumentForm(workplace_, fields, [this] { open_->setEnabled(form_ && form_->IsComplete()); });
   column_->insertWidget(1, form_);
-  open_->setEnabled(method.built && form_->IsComplete());
+  open_->setEnabled(form_->IsComplete());
   SetScope(scope_, client_name_);
 }
 

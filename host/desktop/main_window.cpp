@@ -104,12 +104,8 @@ void MainWindow::MakeMenus() {
 
   QMenu* const screens = menuBar()->addMenu("&Bildschirme");
   for (const Method& method : Methods()) {
-    QAction* const action =
-        screens->addAction(ToQt(method.title), this, [this, &method] { calls_->Choose(method); });
-    if (method.built)
-      needs_database_ << action;
-    else
-      action->setEnabled(false);
+    needs_database_ << screens->addAction(ToQt(method.title), this,
+                                          [this, &method] { calls_->Choose(method); });
   }
 
   menuBar()->addMenu("&Extras")->addAction("&Einstellungen …", this, [this] { ChangeSettings(); });

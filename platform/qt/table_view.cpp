@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "platform/qt/readable_columns.h"
 #include "src/context/controls/data_control.h"
 
 namespace tarvoni::qt {
@@ -69,7 +70,9 @@ void TableView::Connect() {
     if (head_clicked) head_clicked(column);
   });
   connect(head, &QHeaderView::sectionResized, this, [this](int column, int, int pixels) {
-    if (!showing_ && pixels > 0 && column_resized) column_resized(column, TwipsOfPixels(pixels, *this));
+    if (showing_ || pixels <= 0) return;
+    drawn_.insert(column);
+    if (column_resized) column_resized(column, TwipsOfPixels(pixels, *this));
   });
 }
 
@@ -96,6 +99,7 @@ void TableView::ReportIfMoved() {
 }
 
 bool TableView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize) MakeReadableSoon();
   const bool pressed = event->type() == QEvent::MouseButtonPress;
   if (pressed || event->type() == QEvent::MouseButtonRelease) {
     if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) pressing_ = pressed;
@@ -110,12 +114,32 @@ bool TableView::eventFilter(QObject* watched, QEvent* event) {
 void TableView::ShowColumns() {
   const Raised showing(showing_);
   pane_->Model().ColumnsChanged();
-  for (int column = 0; column < source_.ColumnCount(); ++column) {
+  for (int column = 0; column < source_.ColumnCount(); ++column)
     Table()->setColumnHidden(column, !source_.ColumnAt(column).visible);
+  ShowWidths();
+  ShowRow();
+  MakeReadableSoon();
+}
+
+void TableView::ShowWidths() {
+  for (int column = 0; column < source_.ColumnCount(); ++column) {
     const int pixels = PixelsOfTwips(grid_.Columns()[column].Width(), *this);
     if (pixels > 0 && Table()->columnWidth(column) != pixels) Table()->setColumnWidth(column, pixels);
   }
-  ShowRow();
+}
+
+// Once for all that a handler changes.
+void TableView::MakeReadableSoon() {
+  if (std::exchange(narrow_, true)) return;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        const Raised showing(showing_);
+        narrow_ = false;
+        ShowWidths();
+        MakeReadable(*Table(), source_, drawn_);
+      },
+      Qt::QueuedConnection);
 }
 
 void TableView::ShowRows() {

@@ -35,18 +35,17 @@ WHERE LEISTUNGSART.NUMBER = '{}'
                  Quoted(wanted.number), Id(wanted.client), Id(wanted.product), Id(*wanted.cost_centre));
 }
 
-// A text that is no number equals none; compared by the database it would be a failed conversion.
-bool IsCode(std::string_view typed) {
-  std::int32_t number = 0;
-  const auto [end, error] = std::from_chars(typed.data(), typed.data() + typed.size(), number);
-  return error == std::errc() && end == typed.data() + typed.size();
-}
-
 SqlText TimberFlag(std::int32_t activity) {
   return Compose("SELECT ISNULL(LEISTUNGSART.ALLOW_HOLZ,0) FROM LEISTUNGSART WHERE ID = {}", Id(activity));
 }
 
 }  // namespace
+
+bool IsCode(std::string_view typed) {
+  std::int32_t number = 0;
+  const auto [end, error] = std::from_chars(typed.data(), typed.data() + typed.size(), number);
+  return error == std::errc() && end == typed.data() + typed.size();
+}
 
 SqlText FindActivityStatement(const ActivityWanted& wanted) {
   return wanted.cost_centre ? OfCostCentre(wanted) : OfProduct(wanted);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "src/context/data/database.h"
 #include "src/context/data/sql_text.h"
@@ -29,6 +30,10 @@ struct ActivityWanted {
   std::string number;        // as typed
   std::optional<std::int32_t> cost_centre = {};
 };
+
+// Whether a typed text can be the number of a code. One that is not equals none; compared by the database it would be a
+// failed conversion.
+bool IsCode(std::string_view typed);
 
 SqlText FindActivityStatement(const ActivityWanted& wanted);
 Activity FindActivity(Connection& connection, const ActivityWanted& wanted);

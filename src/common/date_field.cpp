@@ -21,6 +21,10 @@ std::optional<DateTime> DateField::Day() const {
   return ParseDate(box_.Text(), before_);
 }
 
+void DateField::TakeBack() {
+  if (!box_.Empty() && !Day()) Show(before_);
+}
+
 // The Screen may have filled the box by itself. When the focus comes back to a wrong text, the day before it counts.
 void DateField::Arrive() {
   const auto day = ParseDate(box_.Text());

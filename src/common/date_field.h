@@ -28,6 +28,8 @@ class DateField {
   std::optional<DateTime> Day() const;
 
   TextBox& Box() const { return box_; }
+  // A text that is no date gives way to the day before.
+  void TakeBack();
   // The box got the focus: what it shows now is the day before.
   void Arrive();
   // Fills the box from the calendar and leaves it; a cancelled one changes nothing.

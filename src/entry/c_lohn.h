@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <type_traits>
 
 #include "src/context/data/handler_scope.h"
 #include "src/context/data/tvn_var_dll.h"
@@ -10,9 +9,6 @@
 #include "src/entry/slot_call.h"
 
 namespace tarvoni {
-
-// Stands in the list of Screens for one that is still to come.
-struct NotBuilt {};
 
 // The class c_Lohn on a list of Screens (screens.h). A method uses its Screen's slot, calls the Screen and clears
 // the slot; after a failure the instance stays there, and the next call uses it again.
@@ -87,20 +83,16 @@ class c_Lohn final : public Object<_c_Lohn, kInterface_c_Lohn> {
   static Result Call(const char* screen, const TvnVar_Dll& tvnvar, const Work& work,
                      const After& after = {}) {
     return RunCall(screen, "_c_Lohn", [&] {
-      if constexpr (std::is_same_v<ScreenType, NotBuilt>) {
-        throw NotBuiltError(screen);
-      } else {
-        HandlerScope running(tvnvar.dbAdo.get());
-        CallThroughSlot<ScreenType>(work, after);
-        running.Finish();
-      }
+      HandlerScope running(tvnvar.dbAdo.get());
+      CallThroughSlot<ScreenType>(work, after);
+      running.Finish();
     });
   }
 
   // Makes the instance if there is none, so that the unload always has a target.
   template <typename ScreenType>
   static void UnloadDefault() {
-    if constexpr (!std::is_same_v<ScreenType, NotBuilt>) Slot<ScreenType>::Use()->Unload();
+    Slot<ScreenType>::Use()->Unload();
   }
 };
 

@@ -1,20 +1,12 @@
 #pragma once
 
 #include <exception>
-#include <stdexcept>
 #include <string>
 
 #include "include/tarvoni_lohn.h"
 #include "src/context/data/error_text.h"
 
 namespace tarvoni {
-
-// The method's Screen is still to come.
-class NotBuiltError : public std::runtime_error {
- public:
-  explicit NotBuiltError(const std::string& screen)
-      : std::runtime_error("Der Bildschirm " + screen + " ist noch nicht verfügbar.") {}
-};
 
 // Runs before each call and sets the thread up; once for the program, by whoever composes it.
 void SetThreadPreparation(void (*prepare)());
@@ -35,8 +27,6 @@ Result RunCall(const char* screen, const char* interface, const Work& work) {
     work();
     ForgetFailure();  // of calls inside this one
     return kResultOk;
-  } catch (const NotBuiltError& error) {
-    return Fail(kResultNotImplemented, {.text = error.what(), .screen = screen, .interface = interface});
   } catch (const std::exception& error) {
     return Fail(kResultFail, {.text = ErrorText(error), .screen = screen, .interface = interface});
   }

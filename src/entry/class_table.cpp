@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "src/entry/c_lohn.h"
 #include "src/entry/screens.h"
 
 namespace tarvoni {

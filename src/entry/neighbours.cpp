@@ -1,17 +1,16 @@
 #include "src/entry/neighbours.h"
 
 #include "src/common/contracts.h"
-#include "src/common/m_common.h"
 #include "src/common/query.h"
 #include "src/common/slot.h"
 #include "src/common/voucher_document.h"
-#include "src/context/services/toolkit.h"
 #include "src/entry/slot_call.h"
 #include "src/orders/f_arbeitsauftrag.h"
 #include "src/orders/f_liste_select.h"
 #include "src/orders/f_new_arbeitsauftrag.h"
 #include "src/piecework/f_naturalvollzug.h"
 #include "src/piecework/f_zeilohn.h"
+#include "src/vouchers/f_belege_new.h"
 
 namespace tarvoni {
 namespace {
@@ -62,16 +61,19 @@ class WorkOrdersAnswer final : public WorkOrders {
   }
 };
 
-// Their Screen is still to come.
-class VouchersToCome final : public Vouchers {
-  void OpenOfCurrentPosition(const TvnVar_Dll& /*context*/, std::int32_t /*client*/) override {
-    AppMsgBox("Die Belege sind noch nicht verfügbar.", kBoxInformation);
+class VouchersAnswer final : public Vouchers {
+  void OpenOfCurrentPosition(const TvnVar_Dll& context, std::int32_t client) override {
+    CallThroughSlot<F_Belege_New>([&](F_Belege_New& screen) {
+      screen.Run(context, std::to_string(client), F_Belege_New::kOfCurrentPosition);
+    });
   }
 };
 
-// While there are no vouchers, no document belongs to one.
-class NoVouchers final : public VoucherDocument {
-  std::optional<std::int32_t> OfCurrentVoucher() override { return std::nullopt; }
+class VoucherDocumentAnswer final : public VoucherDocument {
+  std::optional<std::int32_t> OfCurrentVoucher() override {
+    if (!Slot<F_Belege_New>::Holds()) return std::nullopt;
+    return Slot<F_Belege_New>::Use()->CurrentDocument();
+  }
 };
 
 }  // namespace
@@ -87,10 +89,10 @@ void AnswerNeighbours() {
   AnswerTo<ListSelection>() = &list_selection;
   thread_local WorkOrdersAnswer work_orders;
   AnswerTo<WorkOrders>() = &work_orders;
-  thread_local VouchersToCome vouchers;
+  thread_local VouchersAnswer vouchers;
   AnswerTo<Vouchers>() = &vouchers;
-  thread_local NoVouchers no_vouchers;
-  AnswerTo<VoucherDocument>() = &no_vouchers;
+  thread_local VoucherDocumentAnswer voucher_document;
+  AnswerTo<VoucherDocument>() = &voucher_document;
 }
 
 }  // namespace tarvoni

@@ -12,7 +12,7 @@ namespace tarvoni {
 
 namespace sql = work_order_sql;
 
-F_Arbeitsauftrag::F_Arbeitsauftrag() : Screen("F_Arbeitsauftrag") {
+F_Arbeitsauftrag::F_Arbeitsauftrag() : ArbeitsauftragSurface("F_Arbeitsauftrag") {
   DataGrid1.SetStruck("STATUS", "S");
   positions_.Connect([this] { ShowPosition(); }, [this] { return Columns(); }, &btnBearbeiten);
   DataGrid1.Click = [this] {
@@ -49,16 +49,18 @@ void F_Arbeitsauftrag::Fill() {
   {
     const auto hold = suppressEvents.Hold();
     positionId = 0;
+    Uncheck();
     LimitTexts();
     FillHeaderLists();
-    ReadWidths();
     positions_.Load(isPlan ? sql::PlanPositions(headerId) : sql::OrderPositions(headerId));
+    widths_.Read(Db());
+    ShowColumns(DataGrid1, Columns());
     LoadHeader();
     BeginState();
   }
   if (!positions_.Empty()) {
     positions_.MoveFirst();
-    SafeSetFocus(isPlan ? static_cast<Control&>(btnBearbeiten) : DataGrid1);
+    FocusList();
   }
   lblGesamtSummeEuro.SetCaption("EUR");
   ReadEuroFactor();
@@ -115,21 +117,19 @@ void F_Arbeitsauftrag::ConnectButtons() {
   btnNV.Click = [this] { OpenNaturalExecution(); };
   CloseBy(btnOk);
   Closing = [this] {
-    if (isPlan)
-      DeleteEmptyPlan();
-    else
-      StoreWidths();
+    widths_.Store(Db(), DataGrid1);
+    if (isPlan) DeleteEmptyPlan();
   };
 }
 
 // --- states ---
 
 void F_Arbeitsauftrag::SetViewState(bool view) {
-  ViewSwitch({&btnOk, &btnBelege, &btnAuftrag, &chkAbgesch, &DataGrid1}, {&btnSpeichern, &btnAbbrechen})
+  ViewSwitch({&btnBearbeiten, &btnOk, &btnBelege, &btnAuftrag, &chkAbgesch, &DataGrid1},
+             {&btnSpeichern, &btnAbbrechen})
       .Set(view);
   btnNeu.SetEnabled(view && !isPlan);
-  btnBearbeiten.SetEnabled(view && HasPosition());
-  btnLoschen.SetEnabled(btnBearbeiten.Enabled() && !isPlan);
+  btnLoschen.SetEnabled(view && !isPlan && HasPosition());
   cmdHolz.SetEnabled(TimberOpen());
   BlockPosition();
   if (chkAbgesch.Checked()) CutDownClosed();
@@ -158,14 +158,20 @@ void F_Arbeitsauftrag::SetFrames(bool enabled) {
   if (txtPlanung_Lang.Visible()) txtPlanung_Lang.SetEnabled(enabled);
 }
 
+// Where one goes on in view state; a plan shows no list.
+void F_Arbeitsauftrag::FocusList() {
+  SafeSetFocus(isPlan ? static_cast<Control&>(btnBearbeiten) : DataGrid1);
+}
+
 // Without any position the head is all there is: it is saved, and the Screen closes.
 void F_Arbeitsauftrag::Cancel() {
+  for (DateField* date : {&kopfDatum_, &datum_}) date->TakeBack();
   isNewPosition = false;
   SetViewState(true);
   SetFrames(false);
   if (!positions_.Empty()) {
     ShowPosition();
-    SafeSetFocus(DataGrid1);
+    FocusList();
     return;
   }
   if (txtForstamt.Empty()) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -15,15 +14,16 @@
 #include "src/common/list_rules.h"
 #include "src/common/position_codes.h"
 #include "src/common/row_list.h"
-#include "src/common/screen.h"
 #include "src/common/table_code.h"
+#include "src/orders/f_arbeitsauftrag_surface.h"
+#include "src/orders/position_widths.h"
 
 namespace tarvoni {
 
 // One work order with its cost positions, or one plan with its planned position; which of them is fixed while the
 // Screen is open. What stands where: entry and states in f_arbeitsauftrag.cpp, the rest by name in
 // f_arbeitsauftrag_{header,plan,prefill,positions,shown,fields,save,sum,timber,grid}.cpp.
-class F_Arbeitsauftrag : public Screen {
+class F_Arbeitsauftrag : public ArbeitsauftragSurface {
  public:
   F_Arbeitsauftrag();
   // `idPersonal_dll` is the client's id as text. With `ID` 0 an order is only made, in its dialog; a plan is asked
@@ -33,17 +33,7 @@ class F_Arbeitsauftrag : public Screen {
   // ARBEITSAUFTRAG.ID of the row the list stands on; nothing without a row, for a plan, or while the Screen is closed.
   std::optional<std::int32_t> CurrentPosition() const;
 
- protected:
-  layout::Node BuildLayout() override;
-
  private:
-  // --- the surface (…_layout.cpp) ---
-  layout::Node LayoutHead();
-  layout::Node LayoutCodes();
-  layout::Node LayoutAmounts();
-  layout::Node LayoutTimber();
-  layout::Node LayoutFreeFields();
-
   // --- entry and states (f_arbeitsauftrag.cpp) ---
   void Fill();
   void BeginState();
@@ -53,6 +43,7 @@ class F_Arbeitsauftrag : public Screen {
   void CutDownClosed();
   void BlockPosition();
   void SetFrames(bool enabled);
+  void FocusList();
   void Cancel();
   bool StillOpen();
 
@@ -65,6 +56,7 @@ class F_Arbeitsauftrag : public Screen {
   void SaveHeader() const;
   ColumnWriter HeaderWriter() const;
   std::string HeaderTable() const;
+  void Uncheck();
   void ClosedClicked();
   void WriteClosed(bool closed);
   void EditDescription();
@@ -89,6 +81,7 @@ class F_Arbeitsauftrag : public Screen {
   std::string PositionTable() const;
   void ShowPosition();
   void ShowCodes(const CurrentRow& row);
+  void ShowCostType(const std::string& number);
   void ShowSpecies(std::int32_t id);
   void ShowLocation(std::int32_t id);
   void ShowAmounts(const CurrentRow& row);
@@ -103,6 +96,7 @@ class F_Arbeitsauftrag : public Screen {
   void LimitTexts();
   void AmountKeys(TextBox& box, const std::string& column = {});
   void LookUpActivity();
+  void LookUpProduct();
   void TakeActivity(const Activity& activity);
   void LockTimberFields(bool locked);
   void ActivityLeft();
@@ -143,12 +137,8 @@ class F_Arbeitsauftrag : public Screen {
   void AssignLists();
   void OpenNaturalExecution();
 
-  // --- the grid's columns (…_grid.cpp) ---
-  void ReadWidths();
+  // --- the list's columns (…_grid.cpp) ---
   std::vector<ShownColumn> Columns() const;
-  void StoreWidths();
-
-  static constexpr int kFree = 5;  // free texts, and as many free numbers
 
   std::int32_t idPersonal = 0;
   bool isPlan = false;
@@ -158,139 +148,13 @@ class F_Arbeitsauftrag : public Screen {
   std::int32_t positionId = 0;
   std::int16_t standardForstamt = 0;
   std::int32_t productId = 0;
+  std::string productNumber_;  // what productId was found by
   std::int32_t activityId_ = 0;
   std::string headerName;
   bool closed_ = false;  // as it was last read or written
   Guard undoing_click_;
   double euroFactor = 1.0;
-  std::vector<int> widths_;
-  bool widths_stored_ = false;
-
-  DataControl Data1{*this, "Data1"};
-  DataGrid DataGrid1{*this, "DataGrid1"};
-  Timer Timer1{*this, "Timer1"};
-  TabControl SSTab1{*this, "SSTab1"};
-
-  Frame Frame4{*this, "Frame4"};
-  Label lblDatum{*this, "lblDatum"};
-  TextBox txtKopfDatum{*this, "txtKopfDatum"};
-  Label lblFWJ{*this, "lblFWJ"};
-  TextBox txtFWJ{*this, "txtFWJ"};
-  Label lblForstamt{*this, "lblForstamt"};
-  ComboBox txtForstamt{*this, "txtForstamt"};
-  Label lblProdukt{*this, "lblProdukt"};
-  TextBox txtProduktN{*this, "txtProduktN"};
-  TextBox txtProdukt{*this, "txtProdukt"};
-  Label lblSM{*this, "lblSM"};
-  TextBox txtSM{*this, "txtSM"};
-  Label lblPlanung_Lang{*this, "lblPlanung_Lang"};
-  TextBox txtPlanung_Lang{*this, "txtPlanung_Lang"};
-  Frame Frame13{*this, "Frame13"};
-  ComboBox cmbPlannummer{*this, "cmbPlannummer"};
-  Label lblBeschreibung{*this, "lblBeschreibung"};
-  TextBox txtBeschreibung{*this, "txtBeschreibung"};
-  Button btnBeschreibung{*this, "btnBeschreibung"};
-  CheckBox chkAbgesch{*this, "chkAbgesch"};
-
-  Frame Frame3{*this, "Frame3"};
-  Label lblDatumNr{*this, "lblDatumNr"};
-  TextBox txtDatum{*this, "txtDatum"};
-  Label lblQuelle{*this, "lblQuelle"};
-  TextBox txtQuelle{*this, "txtQuelle"};
-  Label lblKostenstelle{*this, "lblKostenstelle"};
-  TextBox txtKostenstelleN{*this, "txtKostenstelleN"};
-  TextBox txtKostenstelle{*this, "txtKostenstelle"};
-  Label lblObjekt{*this, "lblObjekt"};
-  TextBox txtObjektN{*this, "txtObjektN"};
-  TextBox txtObjekt{*this, "txtObjekt"};
-  Label lblLeistungsart{*this, "lblLeistungsart"};
-  TextBox txtLeistungsartN{*this, "txtLeistungsartN"};
-  TextBox txtLeistungsart{*this, "txtLeistungsart"};
-  Label lblVerfahren{*this, "lblVerfahren"};
-  TextBox txtVerfahrenN{*this, "txtVerfahrenN"};
-  TextBox txtVerfahren{*this, "txtVerfahren"};
-  Label lblKostenart{*this, "lblKostenart"};
-  TextBox txtKostenartN{*this, "txtKostenartN"};
-  TextBox txtKostenart{*this, "txtKostenart"};
-  Label lblSondermerkmal{*this, "lblSondermerkmal"};
-  ControlArray<TextBox, 2> txtSondermerkmal{*this, "txtSondermerkmal"};
-
-  Frame frmBetriebs{*this, "frmBetriebs"};
-  Label lblFlache{*this, "lblFlache"};
-  TextBox txtFlache{*this, "txtFlache"};
-  Label lblHa{*this, "lblHa"};
-  Label lblMenge{*this, "lblMenge"};
-  TextBox txtMenge{*this, "txtMenge"};
-  ComboBox txtEinheit{*this, "txtEinheit"};
-  OptionButton optMenge{*this, "optMenge"};
-  OptionButton optHa{*this, "optHa"};
-  Label lblKostenE{*this, "lblKostenE"};
-  TextBox txtKostenE{*this, "txtKostenE"};
-  Label lblKosten{*this, "lblKosten"};
-  TextBox txtKosten{*this, "txtKosten"};
-  Label lblErlose{*this, "lblErlose"};
-  TextBox txtErlos{*this, "txtErlos"};
-  Label lblWaehrung{*this, "lblWaehrung"};
-  ComboBox txtValuta{*this, "txtValuta"};
-  Label lblValuta{*this, "lblValuta"};
-  Label lblStunden{*this, "lblStunden"};
-  TextBox txtStunden{*this, "txtStunden"};
-  Label lblMAS{*this, "lblMAS"};
-  TextBox txtMAS{*this, "txtMAS"};
-  Label lblLeistung{*this, "lblLeistung"};
-  ControlArray<TextBox, 2> txtLeistung{*this, "txtLeistung"};
-
-  Frame frmWaldort{*this, "frmWaldort"};
-  Label lblWaldort{*this, "lblWaldort"};
-  TextBox txtWaldort{*this, "txtWaldort"};
-  Label lblHolzart{*this, "lblHolzart"};
-  TextBox txtHolzartN{*this, "txtHolzartN"};
-  TextBox txtHolzart{*this, "txtHolzart"};
-  Label lblHSGR{*this, "lblHSGR"};
-  TextBox txtHSGR{*this, "txtHSGR"};
-  Frame Frame9{*this, "Frame9"};
-  Label lblMeter{*this, "lblMeter"};
-  TextBox txtMeter{*this, "txtMeter"};
-  Label lblM{*this, "lblM"};
-  CheckBox chkZaunsutz{*this, "chkZaunsutz"};
-
-  Frame Frame6{*this, "Frame6"};
-  // txtTFrei1 to txtTFrei5 and txtNFrei1 to txtNFrei5, from 0.
-  std::array<Label, kFree> lblTFrei{{{*this, "lblTFrei1"},
-                                     {*this, "lblTFrei2"},
-                                     {*this, "lblTFrei3"},
-                                     {*this, "lblTFrei4"},
-                                     {*this, "lblTFrei5"}}};
-  std::array<TextBox, kFree> txtTFrei{{{*this, "txtTFrei1"},
-                                       {*this, "txtTFrei2"},
-                                       {*this, "txtTFrei3"},
-                                       {*this, "txtTFrei4"},
-                                       {*this, "txtTFrei5"}}};
-  std::array<Label, kFree> lblNFrei{{{*this, "lblNFrei1"},
-                                     {*this, "lblNFrei2"},
-                                     {*this, "lblNFrei3"},
-                                     {*this, "lblNFrei4"},
-                                     {*this, "lblNFrei5"}}};
-  std::array<TextBox, kFree> txtNFrei{{{*this, "txtNFrei1"},
-                                       {*this, "txtNFrei2"},
-                                       {*this, "txtNFrei3"},
-                                       {*this, "txtNFrei4"},
-                                       {*this, "txtNFrei5"}}};
-
-  Label lblGesamtSumme{*this, "lblGesamtSumme"};
-  TextBox txtGesamtSumme{*this, "txtGesamtSumme"};
-  Label lblGesamtSummeEuro{*this, "lblGesamtSummeEuro"};
-
-  Button btnNeu{*this, "btnNeu"};
-  Button btnBearbeiten{*this, "btnBearbeiten"};
-  Button btnSpeichern{*this, "btnSpeichern"};
-  Button btnAbbrechen{*this, "btnAbbrechen"};
-  Button btnLoschen{*this, "btnLoschen"};
-  Button cmdHolz{*this, "cmdHolz"};
-  Button btnNV{*this, "btnNV"};
-  Button btnBelege{*this, "btnBelege"};
-  Button btnAuftrag{*this, "btnAuftrag"};
-  Button btnOk{*this, "btnOk"};
+  PositionWidths widths_;
 
   RowList positions_{
       *this, suppressEvents, {.data = Data1, .grid = DataGrid1, .at_end = RowList::AtEnd::kStays}};

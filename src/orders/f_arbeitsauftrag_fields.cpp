@@ -168,20 +168,26 @@ CodeField::Rule F_Arbeitsauftrag::PerformanceRule() {
 
 // Product and work type by their numbers, and what the work type opens, closes and proposes.
 void F_Arbeitsauftrag::LookUpActivity() {
-  productId = activityId_ = 0;
-  for (TextBox* box : {&txtProdukt, &txtLeistungsart, &txtVerfahren}) box->SetText("");
+  activityId_ = 0;
+  for (TextBox* box : {&txtLeistungsart, &txtVerfahren}) box->SetText("");
   LockTimberFields(false);
-  if (IsNumeric(txtProduktN.Text(), CurrentLocale())) {
-    const Recordset product = Open(sql::FindProduct(idPersonal, txtProduktN.Text()));
-    if (!product.EndOfFile()) {
-      productId = ToLong(product.Fields()["ID"].Value());
-      txtProdukt.SetText(ToText(product.Fields()["NAME"].Value()));
-    }
-  }
+  // From row to row the product stays.
+  if (!suppressEvents || productNumber_ != txtProduktN.Text()) LookUpProduct();
   if (productId == 0 || txtLeistungsartN.Empty()) return;
   const Activity found =
       FindActivity(Db(), {.client = idPersonal, .product = productId, .number = txtLeistungsartN.Text()});
   if (found.id != 0) TakeActivity(found);
+}
+
+void F_Arbeitsauftrag::LookUpProduct() {
+  productId = 0;
+  productNumber_ = txtProduktN.Text();
+  txtProdukt.SetText("");
+  if (!IsNumeric(productNumber_, CurrentLocale())) return;
+  const Recordset product = Open(sql::FindProduct(idPersonal, productNumber_));
+  if (product.EndOfFile()) return;
+  productId = ToLong(product.Fields()["ID"].Value());
+  txtProdukt.SetText(ToText(product.Fields()["NAME"].Value()));
 }
 
 void F_Arbeitsauftrag::TakeActivity(const Activity& activity) {
@@ -190,7 +196,8 @@ void F_Arbeitsauftrag::TakeActivity(const Activity& activity) {
   if (activity.allows_timber) {
     txtHolzart.SetText("");
     LockTimberFields(true);
-    if (QuantityFollowsTimber(Db())) ShowTimberSums(Db(), positionId, txtFlache, txtMenge);
+    // No timber hangs on a plan; its ids mean other rows there.
+    if (!isPlan && QuantityFollowsTimber(Db())) ShowTimberSums(Db(), positionId, txtFlache, txtMenge);
   }
   if (btnNeu.Enabled()) return;
   FindComboItemData(txtEinheit, activity.unit);

@@ -33,8 +33,10 @@ void F_Arbeitsauftrag::FillHeaderLists() {
 
 void F_Arbeitsauftrag::LoadHeader() {
   headerName.clear();
+  productNumber_.clear();
   const Recordset rows = Open(isPlan ? sql::PlanHeader(headerId) : sql::OrderHeader(headerId));
-  if (!rows.EndOfFile()) ShowHeader(rows.Fields());
+  if (rows.EndOfFile()) throw RowGoneError();
+  ShowHeader(rows.Fields());
   if (positions_.Empty()) DefaultHeader();
 }
 
@@ -48,7 +50,6 @@ void F_Arbeitsauftrag::ShowHeader(const FieldList& row) {
   headerName = ToText(row["NAME"].Value());
   txtBeschreibung.SetText(ToText(row["BESCHREIBUNG"].Value()));
   if (isPlan) {
-    chkAbgesch.SetChecked(false);
     txtPlanung_Lang.SetText(ToText(row["PLANUNG_LANG"].Value()));
   } else {
     txtSM.SetTag(ToText(row["ID_SONDERMERKMAL"].Value()));
@@ -82,6 +83,12 @@ void F_Arbeitsauftrag::SaveHeader() const {
   head.Flag("ABGENSCHLOSEN", chkAbgesch.Checked());
   const bool has_feature = !utf8::Trim(txtSM.Text()).empty();
   head.Number("ID_SONDERMERKMAL", has_feature ? txtSM.Tag() : "", kIsValue);
+}
+
+// A call that failed may have left the check of another order.
+void F_Arbeitsauftrag::Uncheck() {
+  const auto hold = undoing_click_.Hold();
+  chkAbgesch.SetChecked(false);
 }
 
 // Also raised by reading a closed order, and by putting the check back.

@@ -1,10 +1,10 @@
-#include "src/orders/f_arbeitsauftrag.h"
+#include "src/orders/f_arbeitsauftrag_surface.h"
 
 namespace tarvoni {
 
 // The list stands below the pages of the form, so that both are seen together. Outside of the frames stand the controls
 // that are open while nothing is being edited.
-layout::Node F_Arbeitsauftrag::BuildLayout() {
+layout::Node ArbeitsauftragSurface::BuildLayout() {
   using namespace layout;
   SetCaption("Arbeitsauftrag");
   return Stack(
@@ -24,7 +24,7 @@ layout::Node F_Arbeitsauftrag::BuildLayout() {
       Hidden({&Data1, &Timer1}));
 }
 
-layout::Node F_Arbeitsauftrag::LayoutHead() {
+layout::Node ArbeitsauftragSurface::LayoutHead() {
   using namespace layout;
   return Group(Frame4, "Arbeitsauftrag-Kopf",
                Side(Stack(Row(lblDatum, "Datum", Box(txtKopfDatum, 10), Text(lblFWJ, "FWJ"), Box(txtFWJ, 5),
@@ -34,7 +34,7 @@ layout::Node F_Arbeitsauftrag::LayoutHead() {
                     Group(Frame13, "Plannummer", Row("", Box(cmbPlannummer, 14)))));
 }
 
-layout::Node F_Arbeitsauftrag::LayoutCodes() {
+layout::Node ArbeitsauftragSurface::LayoutCodes() {
   using namespace layout;
   return Group(
       Frame3, "Kostenposition",
@@ -47,7 +47,7 @@ layout::Node F_Arbeitsauftrag::LayoutCodes() {
       Row(lblSondermerkmal, "Sondermerkmal", Box(txtSondermerkmal[0], 7), Shown(txtSondermerkmal[1])));
 }
 
-layout::Node F_Arbeitsauftrag::LayoutAmounts() {
+layout::Node ArbeitsauftragSurface::LayoutAmounts() {
   using namespace layout;
   return Group(
       frmBetriebs, "Betriebsdaten", Row(lblFlache, "Flache", Box(txtFlache, 11), Text(lblHa, "ha"), Gap()),
@@ -60,7 +60,7 @@ layout::Node F_Arbeitsauftrag::LayoutAmounts() {
       Row(lblLeistung, "Kennzeichen Leistung", Box(txtLeistung[0], 6), Shown(txtLeistung[1], 15)));
 }
 
-layout::Node F_Arbeitsauftrag::LayoutTimber() {
+layout::Node ArbeitsauftragSurface::LayoutTimber() {
   using namespace layout;
   return Group(frmWaldort, "Waldort und Holz", Row(lblWaldort, "Waldort", Box(txtWaldort)),
                Row(lblHolzart, "Holzart", Box(txtHolzartN, 7), Shown(txtHolzart)),
@@ -70,7 +70,7 @@ layout::Node F_Arbeitsauftrag::LayoutTimber() {
                          Check(chkZaunsutz, "Zaunschutz"))));
 }
 
-layout::Node F_Arbeitsauftrag::LayoutFreeFields() {
+layout::Node ArbeitsauftragSurface::LayoutFreeFields() {
   using namespace layout;
   Node texts{.kind = Kind::kStack}, numbers{.kind = Kind::kStack};
   for (std::size_t i = 0; i < kFree; ++i) {

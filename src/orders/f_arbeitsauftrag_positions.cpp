@@ -59,7 +59,9 @@ void F_Arbeitsauftrag::ClearPosition() {
   FillPlanList();
 }
 
+// Without a position, once its entry was given up, it goes on with that entry.
 void F_Arbeitsauftrag::EditPosition() {
+  isNewPosition = positions_.Empty();
   SetFrames(true);
   SetViewState(false);
   FocusOnPage(txtDatum);
@@ -86,7 +88,7 @@ void F_Arbeitsauftrag::RemovePosition() {
   ReloadPositions();
   ShowPosition();
   ShowSum();
-  SafeSetFocus(DataGrid1);
+  FocusList();
 }
 
 }  // namespace tarvoni

@@ -24,7 +24,7 @@ void F_Arbeitsauftrag::Save() {
   ReloadPositions();
   ShowSum();
   SetViewState(true);
-  SafeSetFocus(DataGrid1);
+  FocusList();
 }
 
 // A plan asks for the special feature of its head too, although it has none.

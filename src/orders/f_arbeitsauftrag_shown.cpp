@@ -52,8 +52,20 @@ void F_Arbeitsauftrag::ShowCodes(const CurrentRow& row) {
   FillPlanList();
   if (!isPlan) FindComboText(cmbPlannummer, row.Text("PLANUNG_ID"));
   ShowCode(verfahren_, row.Text("VERFAHREN"));
-  ShowCode(kostenart_, row.Text(first + 4));
+  ShowCostType(CodeText(row.Text(first + 4)));
   row.ShowCode("SONDERMERKMAL_ID", "SONDERMERKMALNUMMER", "SONDERMERKMALNAME", txtSondermerkmal);
+}
+
+// Id and name in one statement: this runs for every row that is shown.
+void F_Arbeitsauftrag::ShowCostType(const std::string& number) {
+  kostenart_.Clear();
+  if (number.empty()) return;
+  const Recordset found = Open(sql::FindCostType(idPersonal, number));
+  if (found.EndOfFile()) return;
+  const CurrentRow row(found);
+  txtKostenartN.SetText(number);
+  txtKostenartN.SetTag(row.Text("ID"));
+  row.Show("NAME", txtKostenart);
 }
 
 void F_Arbeitsauftrag::ShowSpecies(std::int32_t id) {

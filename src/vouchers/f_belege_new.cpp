@@ -1,8 +1,11 @@
 #include "src/vouchers/f_belege_new.h"
 
+#include <utility>
+
 #include "src/common/contracts.h"
 #include "src/common/currency_box.h"
 #include "src/common/view_switch.h"
+#include "src/context/values/field_text.h"
 #include "src/context/values/number_text.h"
 #include "src/context/values/utf8.h"
 #include "src/vouchers/f_belege_new_sql.h"
@@ -19,7 +22,7 @@ constexpr const char* kRowsTab = "Kostenaufteilung";
 }  // namespace
 
 F_Belege_New::F_Belege_New() : Screen("F_Belege_New") {
-  vouchers_.Connect([this] { ShowVoucher(); }, [this] { return VoucherColumns(); }, &btnBearbeiten);
+  vouchers_.Connect([this] { ShowVoucher(0); }, [this] { return VoucherColumns(); }, &btnBearbeiten);
   rows_.Connect([this] { ShowRow(); }, [this] { return RowColumns(); });
   DataGridKLR.SetStruck("STATUS", "S");
   ConnectFields();
@@ -34,6 +37,11 @@ void F_Belege_New::Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_
   Present(tvnvar, [this] { Fill(); });
 }
 
+std::optional<std::int32_t> F_Belege_New::CurrentDocument() const {
+  const std::int32_t document = IsLoaded() ? vouchers_.Row().Number("LAGER_ID") : 0;
+  return document == 0 ? std::nullopt : std::optional(document);
+}
+
 void F_Belege_New::Fill() {
   const auto hold = loading_.Hold();
   for (ComboBox* box : {&txtValuta, &txtValuta2}) FillCurrencies(*box, Context());
@@ -42,8 +50,10 @@ void F_Belege_New::Fill() {
   FillComboFromSql(Db(), txtEinheit, GetNamedSql(Context(), "WARENEINHEIT", {}));
   forest_year_ = OptionText("STANDARD_FWJ");
   client_number_ = ReadText(sql::NumberOfClient(idPersonal));
+  DataGridBelege.SetStruck("STORNO", FieldText(Value(true), "", CurrentLocale()));
   LoadVouchers(0);
   SetViewState(true);
+  SafeSetFocus(DataGridBelege);
 }
 
 void F_Belege_New::ConnectButtons() {
@@ -53,13 +63,12 @@ void F_Belege_New::ConnectButtons() {
   btnAbbrechen.Click = [this] { Cancel(); };
   btnAbbrechen.SetCausesValidation(false);
   btnStorno.Click = [this] { Storno(); };
-  btnStornoNew.Click = [this] {
-    stornoThenNew = true;
-    btnStorno.Press();
-    if (stornoThenNew) btnNeu.Press();
-  };
+  btnStornoNew.Click = [this] { StornoThenNew(); };
   btnFind.Click = [this] { FindVoucher(); };
-  btnZuhlung.Click = [this] { payee_.Pick(); };
+  btnZuhlung.Click = [this] {
+    payee_.Pick();
+    SafeSetFocus(btnSpeichern);
+  };
   btnDeleteMan.Click = [this] { payee_.Clear(); };
   btnHolz.Click = [this] { AssignLists(); };
   btnNV.Click = [this] { OpenNaturalExecution(); };
@@ -69,40 +78,45 @@ void F_Belege_New::ConnectButtons() {
 // --- the list of vouchers ---
 
 std::vector<ShownColumn> F_Belege_New::VoucherColumns() const {
+  const auto date = [](int field, std::string caption, int width) {
+    return ShownColumn{
+        .data_field = field, .caption = std::move(caption), .number_format = "dd.mm.yyyy", .width = width};
+  };
   return {{.data_field = 0, .caption = "Status", .width = 650},
-          {.data_field = 1, .caption = lblDatumBeleg.Caption(), .number_format = "dd.mm.yyyy", .width = 1400},
-          {.data_field = 2, .caption = lblBelegNr.Caption(), .width = 1600},
-          {.data_field = 3, .caption = lblRechnungsNr.Caption(), .width = 1700},
-          {.data_field = 4, .caption = lblDatumRech.Caption(), .number_format = "dd.mm.yyyy", .width = 1500},
-          AmountColumn(5, lblRechnungsBeitrag.Caption(), 1500),
-          {.data_field = 6, .caption = "Währung", .width = 900},
-          {.data_field = 7, .caption = lblKapitel.Caption(), .width = 900},
-          {.data_field = 8, .caption = lblTitel.Caption(), .width = 900},
-          {.data_field = 9, .caption = lblHul.Caption(), .width = 1100},
-          {.data_field = 10, .caption = lblDatumHaus.Caption(), .number_format = "dd.mm.yyyy", .width = 1300},
-          {.data_field = 11, .caption = lblZuhlungsart.Caption(), .width = 1100},
-          {.data_field = 12, .caption = lblZuhlungsgrund.Caption(), .width = 1300},
-          {.data_field = 13, .caption = lblZuhlungsempanger.Caption(), .width = 1800}};
+          date(1, lblDatumBeleg.Caption(), 1450),
+          {.data_field = 2, .caption = lblBelegNr.Caption(), .width = 1750},
+          {.data_field = 3, .caption = "Rechnung", .width = 1400},
+          date(4, "Rechnung vom", 1450),
+          AmountColumn(5, "Betrag", 1250),
+          {.data_field = 6, .caption = "Währung", .width = 950},
+          {.data_field = 7, .caption = lblKapitel.Caption(), .width = 750},
+          {.data_field = 8, .caption = lblTitel.Caption(), .width = 650},
+          {.data_field = 9, .caption = lblHul.Caption(), .width = 1050},
+          date(10, lblDatumHaus.Caption(), 1350),
+          {.data_field = 11, .caption = lblZuhlungsart.Caption(), .width = 1200},
+          {.data_field = 12, .caption = lblZuhlungsgrund.Caption(), .width = 1450},
+          {.data_field = 13, .caption = lblZuhlungsempanger.Caption(), .width = 1950}};
 }
 
-// Stands on the voucher given, or on the first.
-void F_Belege_New::LoadVouchers(std::int32_t voucher) {
-  const auto position = ReadOnly() ? Neighbour<WorkOrders>().CurrentPosition() : std::nullopt;
-  vouchers_.Load(ReadOnly() ? sql::VouchersOfPosition(position.value_or(0), Context().strLocalCurrency)
-                            : sql::VouchersOfClient(idPersonal, Context().strLocalCurrency));
+// Stands on the voucher and the row given, or on the first of each.
+void F_Belege_New::LoadVouchers(std::int32_t voucher, std::int32_t position) {
+  const std::string& currency = Context().strLocalCurrency;
+  vouchers_.Load(
+      ReadOnly() ? sql::VouchersOfPosition(Neighbour<WorkOrders>().CurrentPosition().value_or(0), currency)
+                 : sql::VouchersOfClient(idPersonal, currency));
   const auto hold = loading_.Hold();
   if (voucher != 0) vouchers_.Find(voucher);
-  ShowVoucher();
+  ShowVoucher(position);
 }
 
-void F_Belege_New::ShowVoucher() {
+void F_Belege_New::ShowVoucher(std::int32_t position) {
   const auto hold = loading_.Hold();
   const CurrentRow row = vouchers_.Row();
   ShowHeader(row);
   voucherCancelled = row.Flag("STORNO");
   stockPositionId = row.Number("POS_ID");
   SetSubject(row.IsNull("ID") ? "" : "Forstbetrieb " + client_number_ + ", Beleg " + txtBelegNr.Text());
-  LoadRows(vouchers_.CurrentId(), 0);
+  LoadRows(vouchers_.CurrentId(), position);
 }
 
 void F_Belege_New::ShowHeader(const CurrentRow& row) {
@@ -142,15 +156,15 @@ std::vector<ShownColumn> F_Belege_New::RowColumns() const {
           {.data_field = "PRODUKT_NUMBER", .caption = lblProdukt.Caption(), .width = 900},
           {.data_field = "ARBEITSAUFTRAG_NAME", .caption = lblName.Caption(), .width = 2000},
           {.data_field = "ORDERS", .caption = "Nr.", .width = 550},
-          {.data_field = "LEISTUNGSART_NUMBER", .caption = lblLeistungsart.Caption(), .width = 1250},
+          {.data_field = "LEISTUNGSART_NUMBER", .caption = lblLeistungsart.Caption(), .width = 1300},
           {.data_field = "KOSTENSTELLE_NUMBER", .caption = lblKostenstelle.Caption(), .width = 1200},
           {.data_field = "KOSTENART_NUMBER", .caption = lblKostenart.Caption(), .width = 1000},
-          {.data_field = "SONDERMERKMALNUMMER", .caption = lblSondermerkmal.Caption(), .width = 1400},
+          {.data_field = "SONDERMERKMALNUMMER", .caption = lblSondermerkmal.Caption(), .width = 1550},
           AmountColumn("FLAECHE", lblFlache.Caption(), 1000, "0.0000"),
           AmountColumn("MENGE", lblMenge.Caption(), 1000),
           AmountColumn("GESAMT", lblKosten.Caption(), 1200),
           AmountColumn("ERLOS", lblErlos.Caption(), 1200),
-          {.data_field = "MWSTSHORT", .caption = lblMehrwertsteuer.Caption(), .width = 1400},
+          {.data_field = "MWSTSHORT", .caption = lblMehrwertsteuer.Caption(), .width = 1550},
           AmountColumn("STUNDEN", lblStunden.Caption(), 1000),
           AmountColumn("MAS", lblMAS.Caption(), 900)};
 }
@@ -219,14 +233,14 @@ void F_Belege_New::ShowRowAmounts(const CurrentRow& row) {
   if (!revenue_) ShowCurrency(txtValuta, row.Flag("EURO"), Context());
 }
 
-// What of the invoice is not spread yet.
+// What of the invoice is not spread yet; nothing of a new voucher's.
 void F_Belege_New::ShowRest() {
   const auto amount = [](const CurrentRow& row, const char* column) {
     return ParseNumber(row.Text(column), CurrentLocale()).value_or(Decimal());
   };
   const Decimal invoiced = amount(vouchers_.Row(), "RECHBERTRAG");
   const Decimal spread = amount(rows_.Row(), "KOSTENMINUSERLOS");
-  const auto rest = Subtract(vouchers_.Empty() ? Decimal() : invoiced, spread);
+  const auto rest = Subtract(isNewVoucher ? Decimal() : invoiced, spread);
   SSTab1.SetTabCaption(1, std::string(kRowsTab) + " (" +
                               FormatNumber(rest.value_or(Decimal()), "0.00", CurrentLocale()) + " EUR)");
 }

@@ -25,9 +25,13 @@ struct Row;
 class F_Belege_New : public Screen {
  public:
   F_Belege_New();
-  // `strPersonal_dll` is the client's id as text. Mode 2 shows the vouchers of the work orders' current position and
-  // changes nothing.
+  // The mode that shows the vouchers of the work orders' current position and changes nothing.
+  static constexpr std::uint8_t kOfCurrentPosition = 2;
+  // `strPersonal_dll` is the client's id as text.
   void Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_dll, std::uint8_t mode_dll);
+
+  // LAGER.ID of the stores document that the voucher shown belongs to.
+  std::optional<std::int32_t> CurrentDocument() const;
 
  protected:
   layout::Node BuildLayout() override;
@@ -42,8 +46,8 @@ class F_Belege_New : public Screen {
   void ConnectButtons();
   std::vector<ShownColumn> VoucherColumns() const;
   std::vector<ShownColumn> RowColumns() const;
-  void LoadVouchers(std::int32_t voucher);
-  void ShowVoucher();
+  void LoadVouchers(std::int32_t voucher, std::int32_t position = 0);
+  void ShowVoucher(std::int32_t position);
   void ShowHeader(const CurrentRow& row);
   void LoadRows(std::int32_t voucher, std::int32_t position);
   void ShowRow();
@@ -52,12 +56,14 @@ class F_Belege_New : public Screen {
   void ShowRest();
   void SetViewState(bool view);
   void SetReadOnly();
-  bool ReadOnly() const { return screenMode == 2; }
+  bool ReadOnly() const { return screenMode == kOfCurrentPosition; }
   bool IsNewEntry() const { return btnNeu.Tag() == "YES"; }
+  DataGrid& CurrentGrid() { return SSTab1.Tab() == 0 ? DataGridBelege : DataGridKLR; }
   void FindVoucher();
 
   // --- codes (f_belege_new_codes.cpp) ---
   void ConnectFields();
+  std::vector<Control*> EnterOrder();
   void ConnectAmounts();
   Client OfClient();
   CodeField::Rule BudgetRule(const Label& label, const std::string& table);
@@ -88,6 +94,8 @@ class F_Belege_New : public Screen {
   void SaveHeader();
   voucher_sql::Header TypedHeader() const;
   std::int32_t CodeNow(const std::string& table, const TextBox& box) const;
+  template <typename Work>
+  auto OfHeader(const Work& work);
   bool NumberIsFree();
   std::int32_t InsertVoucher();
 
@@ -98,6 +106,7 @@ class F_Belege_New : public Screen {
   bool RefuseRow(const std::string& text, Control& field);
   bool VoucherStillOpen();
   std::int32_t InsertRow(std::int32_t voucher);
+  std::int32_t NextOrders(const std::string& header) const;
   voucher_sql::Row TypedRow() const;
   std::string UnitCostOfRow() const;
   // Gives whether the old row's natural execution was left behind.
@@ -107,9 +116,10 @@ class F_Belege_New : public Screen {
 
   // --- cancelling (f_belege_new_storno.cpp) ---
   void Storno();
+  void StornoThenNew();
   void CancelRow();
   void CancelVoucher();
-  bool HasNoTimber(std::int32_t position, std::int32_t orders);
+  bool HasNoTimber(std::int32_t position);
 
   // --- timber and natural execution (f_belege_new_natural.cpp) ---
   void SetTimberStates();

@@ -1,5 +1,6 @@
 #include "src/common/box_rules.h"
 #include "src/common/contracts.h"
+#include "src/common/enter_order.h"
 #include "src/common/number_keys.h"
 #include "src/common/position_amounts.h"
 #include "src/context/values/number_text.h"
@@ -13,7 +14,7 @@ namespace tarvoni {
 namespace sql = voucher_sql;
 
 void F_Belege_New::ConnectFields() {
-  ConnectBoxes(*this, TabOnEnter(*this));
+  ConnectBoxes(*this, NextOpenOnEnter(*this, EnterOrder()));
   Rules(txtDatumBeleg).Date(datumBeleg_);
   Rules(txtDatumHaus).Date(datumHaus_);
   Rules(txtDatumRech).Date(datumRech_);
@@ -31,6 +32,39 @@ void F_Belege_New::ConnectFields() {
   Rules(txtMehrwertsteuer[0]).Code(mehrwertsteuer_);
   Rules(txtWaldort).Code(waldort_);
   ConnectAmounts();
+}
+
+std::vector<Control*> F_Belege_New::EnterOrder() {
+  return {&txtDatumBeleg,
+          &txtBelegNr,
+          &txtKapitelN,
+          &txtTitelN,
+          &txtHul,
+          &txtDatumHaus,
+          &txtRechnungsNr,
+          &txtDatumRech,
+          &txtRechnungsBeitrag,
+          &txtValuta2,
+          &txtZuhlungsartN,
+          &txtZuhlungsgrundN,
+          &btnZuhlung,
+          &txtProduktN,
+          &txtKostenstelleN,
+          &txtPaN,
+          &txtLeistungsartN,
+          &txtKostenartN,
+          &txtSondermerkmal[0],
+          &txtFlache,
+          &txtMenge,
+          &txtEinheit,
+          &txtKosten,
+          &txtErlos,
+          &txtValuta,
+          &txtMehrwertsteuer[0],
+          &txtStunden,
+          &txtMAS,
+          &txtWaldort,
+          &btnSpeichern};
 }
 
 void F_Belege_New::ConnectAmounts() {
@@ -94,7 +128,7 @@ void F_Belege_New::MakeOrder() {
 
 // The first order of another cost centre is proposed.
 void F_Belege_New::CostCentreChanged() {
-  txtPaN.Clear();
+  auftrag_.Clear();
   const bool has_centre = !txtKostenstelleN.Tag().empty();
   SetTextBoxLocked(!has_centre, txtPaN);
   if (!has_centre) return;
@@ -157,7 +191,10 @@ void F_Belege_New::TakeActivity() {
 
 CodeField::Rule F_Belege_New::CostTypeRule() {
   const auto find = [this](const std::string& typed) {
-    const Recordset rows = Screen::Open(sql::FindCostType(typed, idPersonal, activity_.id));
+    cost_type_ = 0;
+    const SqlText statement = sql::FindCostType(typed, idPersonal, activity_.id);
+    if (!IsCode(typed)) return CodeField::Found{};
+    const Recordset rows = Screen::Open(statement);
     cost_type_ = rows.EndOfFile() ? 0 : ToLong(rows.Fields()["ID"].Value());
     if (cost_type_ == 0) return CodeField::Found{};
     revenue_ = ToFlag(rows.Fields()["ERLOSE"].Value());

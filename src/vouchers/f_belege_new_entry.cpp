@@ -16,10 +16,10 @@ void F_Belege_New::StartNew() {
   {
     const auto hold = loading_.Hold();
     isNewVoucher = on_voucher || vouchers_.Empty();
-    // The rows of a voucher just cancelled stay in sight: the new one takes over what they held.
-    if (isNewVoucher && !stornoThenNew) {
-      ClearHeader();
+    if (isNewVoucher && !stornoThenNew) ClearHeader();
+    if (isNewVoucher) {
       rows_.Load(sql::NoRows());
+      ShowRest();
     }
     if (!stornoThenNew) ClearRow();
     ProposeStoresPosition();
@@ -87,8 +87,8 @@ void F_Belege_New::StartEditing() {
 void F_Belege_New::Cancel() {
   stornoThenNew = isNewVoucher = false;
   btnNeu.SetTag("");
-  ShowVoucher();
-  SafeSetFocus(SSTab1.Tab() == 0 ? DataGridBelege : DataGridKLR);
+  ShowVoucher(0);
+  SafeSetFocus(CurrentGrid());
 }
 
 void F_Belege_New::Save() {
@@ -114,8 +114,8 @@ void F_Belege_New::Save() {
   if (left_behind) AppMsgBox(Message(voucher_message::kNaturalExecutionStays), kBoxInformation);
   isNewVoucher = stornoThenNew = false;
   btnNeu.SetTag("");
-  LoadVouchers(voucher);
-  LoadRows(voucher, position);
+  LoadVouchers(voucher, position);
+  SafeSetFocus(CurrentGrid());
 }
 
 }  // namespace tarvoni

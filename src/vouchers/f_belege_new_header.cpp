@@ -7,12 +7,25 @@ namespace tarvoni {
 
 namespace sql = voucher_sql;
 
+// Where the header fails the entry goes on in it: while a row is typed its tab is off, and what is wrong there could not
+// be mended.
+template <typename Work>
+auto F_Belege_New::OfHeader(const Work& work) {
+  try {
+    return work();
+  } catch (...) {
+    SSTab1.SetTab(0);
+    throw;
+  }
+}
+
 // Editing a header tests no number: two vouchers may come to share one.
 void F_Belege_New::SaveHeader() {
   const std::int32_t voucher = vouchers_.CurrentId();
   Committed([&] { ExecuteOnRow(sql::UpdateVoucher(voucher, TypedHeader(), Context().strSqlDateFormat)); });
   btnNeu.SetTag("");
   LoadVouchers(voucher);
+  SafeSetFocus(CurrentGrid());
 }
 
 sql::Header F_Belege_New::TypedHeader() const {
@@ -33,19 +46,22 @@ sql::Header F_Belege_New::TypedHeader() const {
 
 // Asked again: a code that was disabled since it was typed is none.
 std::int32_t F_Belege_New::CodeNow(const std::string& table, const TextBox& box) const {
-  return box.Empty() ? 0 : ReadNumber(sql::FindCode(table, box.Text(), idPersonal));
+  return box.Empty() ? 0 : ReadNumber(sql::CodeId(table, box.Text(), idPersonal));
 }
 
 bool F_Belege_New::NumberIsFree() {
   const std::string& number = txtBelegNr.Text();
-  if (number.empty() || !HasRow(Db(), sql::VoucherWithNumber(number, 0))) return true;
+  if (number.empty() || !OfHeader([&] { return HasRow(Db(), sql::VoucherWithNumber(number, 0)); }))
+    return true;
   SSTab1.SetTab(0);
   return Refuse("Belegnummer bereits vorhanden!", txtBelegNr);
 }
 
 std::int32_t F_Belege_New::InsertVoucher() {
-  Execute(sql::InsertVoucher(TypedHeader(), Context().strSqlDateFormat));
-  return ReadNumber(sql::LastVoucher());
+  return OfHeader([&] {
+    Execute(sql::InsertVoucher(TypedHeader(), Context().strSqlDateFormat));
+    return ReadNumber(sql::LastVoucher());
+  });
 }
 
 }  // namespace tarvoni

@@ -10,8 +10,8 @@ namespace tarvoni {
 namespace sql = voucher_sql;
 
 void F_Belege_New::SetTimberStates() {
-  const bool on_row = btnOk.Enabled() && SSTab1.Tab() == 1 && rows_.CurrentId() != 0;
-  btnHolz.SetEnabled(on_row && AllowsTimber(Db(), activity_.id));
+  const bool on_row = btnOk.Enabled() && rows_.CurrentId() != 0;
+  btnHolz.SetEnabled(on_row && SSTab1.Tab() == 1 && AllowsTimber(Db(), activity_.id));
   btnNV.SetEnabled(on_row && HasNaturalExecution(Context(), txtFlache, txtMenge, activity_.id));
 }
 
@@ -20,12 +20,17 @@ void F_Belege_New::AssignLists() {
   const CurrentRow row = rows_.Row();
   const TimberOwner owner{
       .client = idPersonal, .position = rows_.CurrentId(), .header = row.Number("ARBEITSAUFTRAG_KOPF_ID")};
-  const SqlText offered = sql::FreeTimberLists(idPersonal, row.Text("KOSTENSTELLE_ID"));
-  Committed([&] {
-    if (!AssignTimber(Context(), owner, offered) || !QuantityFollowsTimber(Db())) return;
-    ShowTimberSums(Db(), owner.position, txtFlache, txtMenge);
-    WriteTimberSums(Db(), owner.position, txtFlache, txtMenge);
-  });
+  const SqlText offered = sql::FreeTimberLists(idPersonal, row.Number("KOSTENSTELLE_ID"));
+  try {
+    Committed([&] {
+      if (!AssignTimber(Context(), owner, offered) || !QuantityFollowsTimber(Db())) return;
+      ShowTimberSums(Db(), owner.position, txtFlache, txtMenge);
+      WriteTimberSums(Db(), owner.position, txtFlache, txtMenge);
+    });
+  } catch (...) {
+    ShowRow();  // the sums were not written
+    throw;
+  }
   LoadRows(vouchers_.CurrentId(), owner.position);
 }
 

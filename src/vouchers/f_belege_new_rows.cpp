@@ -1,8 +1,10 @@
 #include <algorithm>
+#include <limits>
 
 #include "src/common/currency_box.h"
 #include "src/common/messages.h"
 #include "src/common/position_amounts.h"
+#include "src/context/values/call_error.h"
 #include "src/context/values/clock.h"
 #include "src/context/values/number_text.h"
 #include "src/context/values/utf8.h"
@@ -21,7 +23,7 @@ bool F_Belege_New::RowMayBeSaved() {
   if (txtPaN.Empty()) {
     SSTab1.SetTab(1);
     ReportMissingField(lblName.Caption(), false, Context());
-    SafeSetFocus(txtPaN.Locked() ? txtKostenstelleN : txtPaN);
+    SafeSetFocus(txtPaN);
     return false;
   }
   const std::string missing = Message(message::kEntryMissing);
@@ -75,9 +77,16 @@ bool F_Belege_New::VoucherStillOpen() {
 std::int32_t F_Belege_New::InsertRow(std::int32_t voucher) {
   sql::Row row = TypedRow();
   row.voucher = voucher;
-  row.orders = ReadNumber(sql::HighestOrders(row.header)) + 1;
+  row.orders = NextOrders(row.header);
   Execute(sql::InsertRow(row, Context().strSqlDateFormat));
   return ReadNumber(sql::LastRow());
+}
+
+std::int32_t F_Belege_New::NextOrders(const std::string& header) const {
+  const std::int32_t highest = ReadNumber(sql::HighestOrders(header));
+  if (highest == std::numeric_limits<std::int32_t>::max())
+    throw OverflowError("Der Auftrag " + txtPaN.Text() + " hat keine freie Positionsnummer mehr.");
+  return highest + 1;
 }
 
 sql::Row F_Belege_New::TypedRow() const {

@@ -166,7 +166,7 @@ SqlText StoresPosition(std::int32_t stores_position) {
                  Id(stores_position));
 }
 
-SqlText FreeTimberLists(std::int32_t client, std::string_view cost_centre) {
+SqlText FreeTimberLists(std::int32_t client, std::int32_t cost_centre) {
   return Compose(R"(
 SELECT DISTINCT LOGS.LISTE
 FROM LISTENKOPF

@@ -29,7 +29,17 @@ ORDER BY 1,2,3,4)",
                  Quoted(local_currency), of_rows);
 }
 
-// "A = 1,B = 2" and the values alone need the same parts.
+SqlText CodeOfClient(const SqlText& columns, std::string_view table, std::string_view typed,
+                     std::int32_t client) {
+  return Compose(R"(
+SELECT {}
+FROM {}
+WHERE (DISABLE = 0 OR DISABLE IS NULL) and NUMBER = '{}'
+  AND TABLE_NAME IN (SELECT {} FROM PERSONAL WHERE ID_PERSONAL = {}))",
+                 columns, Name(table), Quoted(typed), Name(table), Id(client));
+}
+
+// What is no number is 0.
 SqlText Amount(std::string_view typed) {
   return IsNumeric(typed, CurrentLocale()) ? Number(typed) : SqlText("0");
 }
@@ -57,12 +67,11 @@ WHERE (DISABLE = 0 OR DISABLE IS NULL) and TABLE_NAME IN (SELECT {} FROM PERSONA
 }
 
 SqlText FindCode(std::string_view table, std::string_view typed, std::int32_t client) {
-  return Compose(R"(
-SELECT ID,NAME
-FROM {}
-WHERE (DISABLE = 0 OR DISABLE IS NULL) and NUMBER = '{}'
-  AND TABLE_NAME IN (SELECT {} FROM PERSONAL WHERE ID_PERSONAL = {}))",
-                 Name(table), Quoted(typed), Name(table), Id(client));
+  return CodeOfClient("ID,NAME", table, typed, client);
+}
+
+SqlText CodeId(std::string_view table, std::string_view typed, std::int32_t client) {
+  return CodeOfClient("ID", table, typed, client);
 }
 
 SqlText UpdateVoucher(std::int32_t voucher, const Header& header, std::string_view sql_date_format) {
@@ -124,7 +133,7 @@ SqlText CancelRow(std::int32_t position, const DateTime& day, std::string_view s
 
 SqlText RowsInForce(std::int32_t voucher) {
   return Compose(R"(
-SELECT ID,ORDERS
+SELECT ID
 FROM ARBEITSAUFTRAG
 WHERE ARBEITSAUFTRAG.STORNODATUM IS NULL AND BELEGE_ID = {})",
                  Id(voucher));
@@ -132,6 +141,10 @@ WHERE ARBEITSAUFTRAG.STORNODATUM IS NULL AND BELEGE_ID = {})",
 
 SqlText TimberListsOf(std::int32_t position) {
   return Compose("SELECT DISTINCT LISTE FROM LOGS WHERE AA_ID={}", Id(position));
+}
+
+SqlText OrdersOf(std::int32_t position) {
+  return Compose("SELECT ORDERS FROM ARBEITSAUFTRAG WHERE ID = {}", Id(position));
 }
 
 }  // namespace tarvoni::voucher_sql

@@ -22,6 +22,7 @@ SqlText VouchersOfPosition(std::int32_t position, std::string_view local_currenc
 // The codes of a table in the client's set; `typed` names one.
 SqlText CodesOf(std::string_view table, std::int32_t client);
 SqlText FindCode(std::string_view table, std::string_view typed, std::int32_t client);
+SqlText CodeId(std::string_view table, std::string_view typed, std::int32_t client);
 
 struct Header {
   std::string number;
@@ -50,6 +51,7 @@ SqlText CancelRowsOf(std::int32_t voucher, const DateTime& day, std::string_view
 SqlText CancelRow(std::int32_t position, const DateTime& day, std::string_view sql_date_format);
 SqlText RowsInForce(std::int32_t voucher);
 SqlText TimberListsOf(std::int32_t position);
+SqlText OrdersOf(std::int32_t position);
 
 // --- the allocation (f_belege_new_rows_sql.cpp) ---
 
@@ -94,7 +96,7 @@ SqlText LastRow();
 // What a stores position still holds: what was drawn, and what it had.
 SqlText DrawnAndStocked(std::int32_t client, std::int32_t stores_position);
 SqlText StoresPosition(std::int32_t stores_position);
-SqlText FreeTimberLists(std::int32_t client, std::string_view cost_centre);
+SqlText FreeTimberLists(std::int32_t client, std::int32_t cost_centre);
 
 // Whether the old row has a natural execution, and whether the new one admits it; NULL for no.
 SqlText NaturalExecutionMoves(std::int32_t from, std::int32_t to);

@@ -16,10 +16,23 @@ void F_Belege_New::Storno() {
   SSTab1.Tab() == 1 ? CancelRow() : CancelVoucher();
 }
 
+// Goes on only if something was cancelled and a new entry may begin; whatever went wrong, the next "Neu" is a plain one.
+void F_Belege_New::StornoThenNew() {
+  stornoThenNew = true;
+  try {
+    btnStorno.Press();
+  } catch (...) {
+    stornoThenNew = false;
+    throw;
+  }
+  stornoThenNew = stornoThenNew && btnNeu.Enabled();
+  if (stornoThenNew) btnNeu.Press();
+}
+
 void F_Belege_New::CancelRow() {
   const std::int32_t position = rows_.CurrentId();
   if (position == 0) return;
-  if (!HasNoTimber(position, rows_.Row().Number("ORDERS"))) {
+  if (!HasNoTimber(position)) {
     stornoThenNew = false;
     return;
   }
@@ -32,7 +45,7 @@ void F_Belege_New::CancelVoucher() {
   const std::int32_t voucher = vouchers_.CurrentId();
   if (voucher == 0) return;
   for (Recordset rows = Screen::Open(sql::RowsInForce(voucher)); !rows.EndOfFile(); rows.MoveNext()) {
-    if (HasNoTimber(ToLong(rows.Fields()["ID"].Value()), ToLong(rows.Fields()["ORDERS"].Value()))) continue;
+    if (HasNoTimber(ToLong(rows.Fields()["ID"].Value()))) continue;
     stornoThenNew = false;
     return;
   }
@@ -44,12 +57,12 @@ void F_Belege_New::CancelVoucher() {
   LoadVouchers(voucher);
 }
 
-bool F_Belege_New::HasNoTimber(std::int32_t position, std::int32_t orders) {
+bool F_Belege_New::HasNoTimber(std::int32_t position) {
   std::string lists;
   for (Recordset rows = Screen::Open(sql::TimberListsOf(position)); !rows.EndOfFile(); rows.MoveNext())
     lists += (lists.empty() ? "'" : ",'") + ToText(rows.Fields()[0].Value()) + "'";
   if (lists.empty()) return true;
-  AppMsgBox(Message(voucher_message::kNumber) + " " + std::to_string(orders) + " " +
+  AppMsgBox(Message(voucher_message::kNumber) + " " + ReadText(sql::OrdersOf(position)) + " " +
                 Message(voucher_message::kTimberHangsOn) + " " + lists,
             kBoxWarning);
   return false;

@@ -118,12 +118,9 @@ TEST_F(Desktop, ListsTheClientsAndWhichScreensThereAre) {
 
   const QListWidget* const screens = Screens(window);
   ASSERT_EQ(screens->count(), 10);
-  const auto* const purpose = window.findChild<QGroupBox*>()->findChild<QLabel*>();
   for (int i = 0; i < screens->count(); ++i) {
     Screens(window)->setCurrentRow(i);
-    const bool built = Methods()[static_cast<std::size_t>(i)].built;
-    EXPECT_NE(purpose->text().contains("Noch nicht verfügbar."), built) << i;
-    EXPECT_EQ(Button(window, "Ö&ffnen")->isEnabled(), built) << i;
+    EXPECT_TRUE(Button(window, "Ö&ffnen")->isEnabled()) << i;
   }
 }
 

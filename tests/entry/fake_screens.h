@@ -99,7 +99,7 @@ struct FakeScreens {
   using F_Bruttolohn = FakeScreen<"F_Bruttolohn">;
   using F_Lager = FakeScreen<"F_Lager">;
   using F_MaschineStamm = FakeScreen<"F_MaschineStamm">;
-  using F_Maschinenbuch = NotBuilt;
+  using F_Maschinenbuch = FakeScreen<"F_Maschinenbuch">;
   using F_NewRechnung = FakeScreen<"F_NewRechnung">;
   using F_PA_Gruppe = FakeScreen<"F_PA_Gruppe">;
 };

@@ -120,6 +120,26 @@ TEST_F(TableViewTest, TellsHeadsAndWidths) {
   EXPECT_THAT(widths_, ElementsAre(std::pair(2, 2880)));
 }
 
+TEST_F(TableViewTest, CutNumbersAndCaptionsTakeTheRoomThatIsFree) {
+  const QHeaderView& head = *Table().horizontalHeader();
+  const auto show = [this](int first, int third) {
+    grid_.Columns()[0].SetWidth(first);
+    grid_.Columns()[2].SetWidth(third);
+    view_->ShowColumns();
+    QCoreApplication::processEvents();
+  };
+  show(450, 450);
+  EXPECT_EQ(Table().columnWidth(0), head.sectionSizeHint(0));
+  EXPECT_EQ(Table().columnWidth(2), head.sectionSizeHint(2));
+  EXPECT_EQ(grid_.Columns()[2].Width(), 450) << "what is told stays";
+  EXPECT_THAT(widths_, IsEmpty());
+  show(7200, 450);
+  EXPECT_EQ(Table().columnWidth(2), view_->logicalDpiX() * 450 / 1440) << "no room";
+  Table().horizontalHeader()->resizeSection(2, 35);
+  show(450, 525);
+  EXPECT_EQ(Table().columnWidth(2), 35) << "the user drew it";
+}
+
 TEST_F(TableViewTest, CopiesWhatIsChosen) {
   Table().selectionModel()->select({Table().model()->index(0, 0), Table().model()->index(1, 2)},
                                    QItemSelectionModel::ClearAndSelect);

@@ -1,0 +1,46 @@
+#include "platform/qt/readable_columns.h"
+
+#include <QHeaderView>
+#include <QStyle>
+#include <algorithm>
+
+#include "platform/qt/public/text.h"
+
+namespace tarvoni::qt {
+namespace {
+
+constexpr int kSampledRows = 200;
+
+// A date or a number says something else when its end is missing.
+int NeededByValues(const QTableView& table, const TableSource& source, int column) {
+  const TableColumn shown = source.ColumnAt(column);
+  if (shown.format.empty() && shown.alignment != Alignment::kRight) return 0;
+  const QFontMetrics metrics = table.fontMetrics();
+  const int step = std::max(source.RowCount() / kSampledRows, 1);
+  int width = 0;
+  for (int row = 0; row < source.RowCount(); row += step)
+    width = std::max(width, metrics.horizontalAdvance(ToQt(source.TextAt(row, column))));
+  const int margin = 2 * (table.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &table) + 1);
+  return width == 0 ? 0 : width + margin + 1;
+}
+
+int NeededByCaption(const QTableView& table, const TableSource& source, int column) {
+  return source.ColumnAt(column).caption.empty() ? 0 : table.horizontalHeader()->sectionSizeHint(column);
+}
+
+}  // namespace
+
+void MakeReadable(QTableView& table, const TableSource& source, const std::set<int>& kept) {
+  int room = table.viewport()->width() - table.horizontalHeader()->length();
+  for (const auto needed : {NeededByValues, NeededByCaption}) {
+    for (int column = 0; column < source.ColumnCount() && room > 0; ++column) {
+      if (table.isColumnHidden(column) || kept.contains(column)) continue;
+      const int more = needed(table, source, column) - table.columnWidth(column);
+      if (more <= 0 || more > room) continue;
+      table.setColumnWidth(column, table.columnWidth(column) + more);
+      room -= more;
+    }
+  }
+}
+
+}  // namespace tarvoni::qt
