@@ -13,7 +13,6 @@ namespace {
 constexpr std::array<std::string_view, 8> kWithText = {"type",   "enter", "leave", "paste",
                                                        "select", "key",   "row",   "tab"};
 constexpr std::array<std::string_view, 3> kWithout = {"click", "doubleclick", "focus"};
-constexpr std::array<std::string_view, 6> kAnswers = {"answer", "input", "pick", "date", "month", "text"};
 
 template <typename Words>
 bool Has(const Words& words, std::string_view word) {
