@@ -6,9 +6,11 @@
 
 #include "host/demo/parts.h"
 #include "host/demo/row_writer.h"
+#include "host/demo/wage_scales.h"
 #include "host/new_database.h"
 #include "src/context/data/handler_scope.h"
 #include "src/context/values/call_error.h"
+#include "src/context/values/number_text.h"
 
 namespace tarvoni::host {
 namespace {
@@ -17,8 +19,10 @@ using demo::RowWriter;
 
 constexpr int kClient = 1;
 constexpr int kFirstCentre = 1000;
+constexpr int kFirstWorker = 1001;       // PERSONAL.ID_PERSONAL
+constexpr int kFirstPersonnel = 10'001;  // PERSONAL.NUMMER
 constexpr auto kCodes = std::to_array<void (*)(demo::Enterprise&)>(
-    {demo::BuildUnits, demo::BuildNatureCodes, demo::BuildCodeSets, demo::BuildWorkTypes,
+    {demo::BuildUnits, demo::BuildNatureCodes, demo::BuildCodeSets, demo::BuildWorkTypes, demo::BuildPlaces,
      demo::BuildWageTypes, demo::BuildWageScales, demo::BuildTimberCodes, demo::BuildTariff});
 
 void Check(const OwnEnterprise& enterprise) {
@@ -64,6 +68,42 @@ void WriteClient(Connection& connection, const OwnEnterprise& enterprise, std::s
   centre.Finish();
 }
 
+// For whom the codes are: the forest office is one of them.
+demo::Client AsClient(const OwnEnterprise& enterprise) {
+  demo::Client client;
+  client.id = kClient;
+  client.number = ToInt32(enterprise.number, {});
+  client.name = enterprise.name;
+  return client;
+}
+
+// A name begins with the surname. What pays a worker holds from the first wage agreement on.
+void WriteWorkers(Connection& connection, const std::vector<std::string>& names) {
+  RowWriter persons(connection, "PERSONAL",
+                    "ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, VORNAME, NAME, MANDANTEN, ID_MANDANTEN, "
+                    "ANGEMELDET, DISABLE, LOHNGRUPPE, ENTGELDGRUPPE, ENTWSTUFFE, DLS",
+                    RowWriter::Keys::kGiven);
+  RowWriter rates(connection, "ONETODATE", "TABLE_COLUMN, TABLE_ID, DATUM, RATE");
+  RowWriter groups(connection, "ONETODATE", "TABLE_COLUMN, TABLE_ID, DATUM, [TEXT]");
+  const DateTime from = demo::kAgreements.front().from;
+  const std::string group = demo::WageGroupName(0);
+  const Decimal pay_group(demo::kFirstPayGroup, 0), stage(1, 0), factor(1, 0);
+  int place = 0;
+  for (const std::string& name : names) {
+    const int id = kFirstWorker + place;
+    const std::size_t surname = std::min(name.find(' '), name.size());
+    const std::string first_name = name.substr(std::min(surname + 1, name.size()));
+    persons.Add(id, kFirstPersonnel + place, name, first_name, name.substr(0, surname), false, kClient, true,
+                false, group, pay_group, stage, factor);
+    rates.Add("PERSONAL.ENTGELDGRUPPE", id, from, pay_group);
+    rates.Add("PERSONAL.ENTWSTUFFE", id, from, stage);
+    rates.Add("PERSONAL.DLS", id, from, factor);
+    groups.Add("PERSONAL.LOHNGRUPPE", id, from, group);
+    ++place;
+  }
+  for (RowWriter* writer : {&persons, &rates, &groups}) writer->Finish();
+}
+
 }  // namespace
 
 void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& enterprise) {
@@ -72,11 +112,13 @@ void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& enterpr
     HandlerScope all_at_once(connection);
     MakeTables(connection);
     demo::Enterprise codes(connection, 1);
+    codes.clients.push_back(AsClient(enterprise));
     WriteOptions(codes, enterprise);
     if (enterprise.with_codes) {
       for (const auto& build : kCodes) build(codes);
     }
     WriteClient(connection, enterprise, enterprise.with_codes ? codes.code_sets[0].name : "FORST");
+    WriteWorkers(connection, enterprise.workers);
     all_at_once.Finish();
   });
 }

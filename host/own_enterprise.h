@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace tarvoni::host {
 
@@ -9,7 +10,8 @@ struct OwnEnterprise {
   std::string number;  // of the client, digits
   std::string name;
   int forest_year = 0;
-  bool with_codes = true;  // work types, wage types and rates, units and tariffs to begin with
+  bool with_codes = true;  // services, work types, wage types and rates, units and tariffs to begin with
+  std::vector<std::string> workers = {};  // "Huber Anna"; they begin in the lowest wage group
 };
 
 // Makes a new database with one client, an administrative cost centre on which orders can be entered at once, and the

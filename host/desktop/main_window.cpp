@@ -155,6 +155,7 @@ void MainWindow::ShowState() {
   for (QAction* const action : needs_database_) action->setEnabled(open);
   setWindowTitle(open ? ToQt(workplace_.Name()) + " – Tarvoni Lohn" : QString("Tarvoni Lohn"));
   ShowRecent();
+  if (!open) start_->setFocus();
 }
 
 void MainWindow::ShowRecent() {

@@ -11,6 +11,7 @@ constexpr int kPageWidth = 70;  // characters
 QCommandLinkButton* Link(const QString& text, const QString& description,
                          const std::function<void()>& action) {
   auto* const link = new QCommandLinkButton(text, description);
+  link->setAutoDefault(true);  // Enter presses it
   QObject::connect(link, &QCommandLinkButton::clicked, link, [action] { action(); });
   return link;
 }
@@ -43,8 +44,9 @@ StartPage::StartPage(Actions actions) : actions_(std::move(actions)) {
       Link("Datenbank &öffnen", "eine Datei auf diesem Rechner oder im Netz", actions_.open_file));
   column->addWidget(
       Link("Mit &Server verbinden", "eine Datenbank auf einem Server", actions_.connect_server));
-  column->addWidget(Link("&Eigenen Betrieb anlegen", "eine neue Datei mit einem Mandanten und den Codes",
-                         actions_.make_enterprise));
+  own_ = Link("Ei&genen Betrieb anlegen", "eine neue Datei mit einem Mandanten und den Codes",
+              actions_.make_enterprise);
+  column->addWidget(own_);
   column->addWidget(
       Link("&Musterbetrieb anlegen", "ein erfundener Forstbetrieb zum Ausprobieren", actions_.make_demo));
   column->addSpacing(fontMetrics().height());
@@ -67,6 +69,7 @@ void StartPage::ShowRecent(const QStringList& databases) {
   policy.setRetainSizeWhenHidden(true);
   recent_->setSizePolicy(policy);
   recent_->setVisible(!databases.isEmpty());
+  setFocusProxy(databases.isEmpty() ? own_ : recent_);
 }
 
 }  // namespace tarvoni::host

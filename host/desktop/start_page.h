@@ -23,6 +23,7 @@ class StartPage : public QWidget {
 
  private:
   Actions actions_;
+  QWidget* own_;
   QLabel* recent_label_;
   QListWidget* recent_;
 };

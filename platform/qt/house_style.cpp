@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QEvent>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QStyleFactory>
 #include <QStyleOption>
 
@@ -22,6 +23,11 @@ void DrawFocus(QPainter& painter, const QStyleOption& option) {
   painter.restore();
 }
 
+// Lists and long texts have the focus inside a frame that would not show it.
+bool ShowsFocusByFrame(const QWidget* widget) {
+  return qobject_cast<const QAbstractItemView*>(widget) || qobject_cast<const QPlainTextEdit*>(widget);
+}
+
 }  // namespace
 
 HouseStyle::HouseStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
@@ -31,8 +37,18 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
   const bool focus = option->state.testFlag(State_HasFocus);
   if (element == PE_FrameFocusRect) return DrawFocus(*painter, *option);
   QProxyStyle::drawPrimitive(element, option, painter, widget);
-  const bool list = element == PE_Frame && qobject_cast<const QAbstractItemView*>(widget);
-  if (focus && (list || element == PE_PanelButtonCommand)) DrawFocus(*painter, *option);
+  const bool framed = element == PE_Frame && ShowsFocusByFrame(widget);
+  if (focus && (framed || element == PE_PanelButtonCommand)) DrawFocus(*painter, *option);
+}
+
+// A link is flat and would show no focus.
+void HouseStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+  QProxyStyle::drawControl(element, option, painter, widget);
+  if (element != CE_PushButton || !option->state.testFlag(State_HasFocus)) return;
+  const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (button && button->features.testFlag(QStyleOptionButton::CommandLinkButton))
+    DrawFocus(*painter, *option);
 }
 
 int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
@@ -54,7 +70,7 @@ int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
 
 void HouseStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
-  if (qobject_cast<QAbstractItemView*>(widget)) widget->installEventFilter(this);
+  if (ShowsFocusByFrame(widget)) widget->installEventFilter(this);
 }
 
 void HouseStyle::polish(QPalette& palette) {

@@ -10,6 +10,8 @@ class HouseStyle : public QProxyStyle {
   HouseStyle();
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override;
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
   void polish(QWidget* widget) override;
   // Hints in empty boxes stay readable in the dark.
@@ -17,7 +19,7 @@ class HouseStyle : public QProxyStyle {
   using QProxyStyle::polish;
 
  protected:
-  // The frame of a list shows whether it has the focus, but Qt paints only its inside anew.
+  // The frame shows whether a list or text has the focus, but Qt paints only its inside anew.
   bool eventFilter(QObject* object, QEvent* event) override;
 };
 

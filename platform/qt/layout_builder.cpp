@@ -55,6 +55,11 @@ void AddTo(QGridLayout& grid, const Piece& piece, int row, int column, int span 
   if (piece.tall) grid.setRowStretch(row, 1);
 }
 
+// Told to each layout, since one inside a grid whose rows stand closer than its columns takes neither.
+int BetweenCells(const QWidget* parent) {
+  return parent->style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing, nullptr, parent);
+}
+
 bool IsFixedBox(const Node& cell) {
   return cell.kind == Kind::kCell && cell.width > 0 && cell.width <= kWidestCode;
 }
@@ -192,8 +197,7 @@ QSplitter* Builder::Split(const std::vector<std::vector<Node>>& parts, Qt::Orien
 // Nodes side by side; what is left of the width goes to gaps and wide pieces, or to the end.
 Piece Builder::Beside(const std::vector<Node>& nodes, std::size_t first, QWidget* parent) {
   auto* const box = new QHBoxLayout;
-  // Told, since a layout inside a grid whose rows stand closer than its columns takes neither.
-  box->setSpacing(parent->style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing, nullptr, parent));
+  box->setSpacing(BetweenCells(parent));
   Piece line{.layout = box};
   if (const auto parts = PartsByTable(nodes); first == 0 && parts.size() > 1) {
     box->addWidget(Split(parts, Qt::Horizontal, parent));
@@ -286,6 +290,7 @@ void Builder::NameCells(const Node& row, QLabel* label, const std::vector<std::s
 
 Piece Builder::Matrix(const Node& node, QWidget* parent) {
   auto* const grid = new QGridLayout;
+  grid->setHorizontalSpacing(BetweenCells(parent));
   for (std::size_t i = 0; i < node.captions.size(); ++i) {
     if (node.captions[i].empty()) continue;
     grid->addWidget(new QLabel(ToQt(node.captions[i]), parent), 0, static_cast<int>(i));
@@ -326,7 +331,8 @@ class Scroll : public QScrollArea {
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
   }
-  QSize sizeHint() const override { return widget()->sizeHint(); }
+  // A scaled screen may round the window down to a point less.
+  QSize sizeHint() const override { return widget()->sizeHint() + QSize(1, 1); }
   QSize minimumSizeHint() const override {
     return widget()->minimumSizeHint().boundedTo(screen()->availableGeometry().size() / 2);
   }

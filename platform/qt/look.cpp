@@ -61,6 +61,10 @@ void PaintBox(QWidget& box, Color color, bool locked, bool enabled) {
   palette.setColor(QPalette::Text, enabled ? text : faded);
   palette.setColor(QPalette::Disabled, QPalette::Base, own ? base : standard.color(QPalette::Window));
   palette.setColor(QPalette::Disabled, QPalette::Text, faded);
+  // What was marked before the focus went must not look as if it were still there.
+  palette.setColor(QPalette::Inactive, QPalette::Highlight,
+                   Mixed(standard.color(QPalette::Active, QPalette::Highlight), base, 0.25));
+  palette.setColor(QPalette::Inactive, QPalette::HighlightedText, palette.color(QPalette::Text));
   box.setPalette(palette);
 }
 

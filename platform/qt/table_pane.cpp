@@ -150,7 +150,9 @@ void TablePane::SetTitle(const std::string& title) {
 
 // A statement that finds nothing may give one row of nothing.
 bool TablePane::IsVoid() const {
-  const auto empty = [this](int column) { return source_.TextAt(0, column).empty(); };
+  const auto empty = [this](int column) {
+    return source_.TextAt(0, column).find_first_not_of(' ') == std::string::npos;
+  };
   return source_.RowCount() == 1 && std::ranges::all_of(VisibleColumns(source_), empty);
 }
 
@@ -222,7 +224,8 @@ bool TablePane::eventFilter(QObject* watched, QEvent* event) {
 void TablePane::MakeCurrent(int row) {
   int column = std::max(table_->currentIndex().column(), 0);
   while (column + 1 < model_->columnCount() && table_->isColumnHidden(column)) ++column;
-  table_->setCurrentIndex(model_->index(row, column));
+  // Alone, also while Ctrl is held for the command that moved the row.
+  table_->selectionModel()->setCurrentIndex(model_->index(row, column), QItemSelectionModel::ClearAndSelect);
 }
 
 void TablePane::FitColumns() {

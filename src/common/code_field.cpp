@@ -25,9 +25,22 @@ std::string CodeField::Picked() {
 
 bool CodeField::Check() {
   const std::string before = code_.Tag();
-  const bool valid = Validate();
+  bool valid = false;
+  try {
+    valid = Validate();
+  } catch (...) {
+    Forget();
+    throw;
+  }
   if (code_.Tag() != before) Changed();
   return valid;
+}
+
+// A text that cannot even be asked for, such as one with a quote, stays to be corrected, but not with the id of the
+// code before it.
+void CodeField::Forget() {
+  code_.SetTag("");
+  if (companion_) companion_->SetText("");
 }
 
 bool CodeField::Validate() {

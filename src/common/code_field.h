@@ -53,6 +53,7 @@ class CodeField {
  private:
   std::string Picked();
   bool Validate();
+  void Forget();
   bool TakeFound(bool report);
 
   const TvnVar_Dll& context_;

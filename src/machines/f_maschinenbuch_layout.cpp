@@ -6,10 +6,10 @@ layout::Node F_Maschinenbuch::BuildLayout() {
   using namespace layout;
   constexpr const char* kNotStored = "wird nicht gespeichert";
   const auto line = [](Label& label, const char* caption, TextBox& numbers, Node sum, Node hint) {
-    return Row(label, caption, Shown(numbers, 18), std::move(sum), std::move(hint));
+    return Row(label, caption, Shown(numbers, 16), std::move(sum), std::move(hint));
   };
   const auto booked = [&line](Label& label, const char* caption, TextBox& numbers, TextBox& sum) {
-    return line(label, caption, numbers, ShownAmount(sum, 14), Gap());
+    return line(label, caption, numbers, ShownAmount(sum, 12), Gap());
   };
   SetCaption("Maschinenbuchführung");
   return Stack(
@@ -27,19 +27,19 @@ layout::Node F_Maschinenbuch::BuildLayout() {
            Page("Kosten",
                 Side(Group(frmKosten, "Kosten",
                            Matrix({"", "Kostenarten", "Summe", ""},
-                                  line(lblAnschaff, "Anschaffungskosten", txtAnschaff, Box(txtAnschaffS, 14),
+                                  line(lblAnschaff, "Anschaffungskosten", txtAnschaff, Box(txtAnschaffS, 12),
                                        Text(lblAnschaffHinweis, kNotStored)),
                                   booked(lblAbschreibung, "Summe-Abschreibung", txtAbschreib, txtAbschreibS),
                                   booked(lblEigeneWA, "Eigene WA", txtEigeneWA, txtEigeneWAS),
                                   booked(lblUnternehmen, "Unternehmen", txtUnternehmen, txtUnternehmenS),
                                   booked(lblVK, "", txtVK, txtVKS), booked(lbOI, "", txtOI, txtOIS),
-                                  line(lblSteuer, "Steuer", txtSteuer, Box(txtSteuerS, 14),
+                                  line(lblSteuer, "Steuer", txtSteuer, Box(txtSteuerS, 12),
                                        Text(lblSteuerHinweis, kNotStored)))),
                      Group(frmKennzahlen, "Kennzahlen",
                            Row(lblAbschreibungssatz, "Abschreibungssatz",
-                               ShownAmount(txtAbschreibungssatz, 14), Text("je Jahr")),
-                           Row(lblMaschinenwert, "Maschinenwert", ShownAmount(txtMaschinenwert, 14), Gap()),
-                           Row(lblBetriebskosten, "Betriebskosten", ShownAmount(txtBetriebskosten, 14),
+                               ShownAmount(txtAbschreibungssatz, 12), Text("je Jahr")),
+                           Row(lblMaschinenwert, "Maschinenwert", ShownAmount(txtMaschinenwert, 12), Gap()),
+                           Row(lblBetriebskosten, "Betriebskosten", ShownAmount(txtBetriebskosten, 12),
                                Gap())))),
            Page("Lebenslauf", Table(DataLebenslauf))),
       Bar(Gap(), Push(cmdSpeichern, "Speichern", Command::kSave),

@@ -4,7 +4,7 @@ namespace tarvoni {
 
 layout::Node F_EST_Stucklohn::BuildLayout() {
   using namespace layout;
-  constexpr int kPercent = 7, kCode = 8, kLists = 16, kListRows = 11;
+  constexpr int kPercent = 5, kCode = 8, kLists = 15, kListRows = 6;
   SetCaption("Holzdaten zu EST-Stücklohn");
   const auto percent = [](TextBox& box) { return ShownAmount(box, kPercent); };
   return Stack(
@@ -18,18 +18,7 @@ layout::Node F_EST_Stucklohn::BuildLayout() {
                          Shown(txtRindenzustand[1])),
                      Row(lblVorlieferstufe, "Vorlieferstufe", Box(txtVorlieferstufe[0], kCode),
                          Shown(txtVorlieferstufe[1])),
-                     Row(lblDMSchichtholz, "DM (Schichtholz)", Box(txtDMSchichtholz, kCode), Gap())),
-               Group(frmKennzeichen, "Kennzeichen",
-                     Row("", Check(chkARAUntypisch, "ARA untypisch"), Check(chkWerkzeuggeld, "Werkzeuggeld"),
-                         Gap()))),
-           Stack(Group(frmZuschlagB, "Zuschlag B",
-                       Matrix({"", "Fichte", "Tanne", "Kiefer", "Buche", "Eiche"},
-                              Row("Arbeiter (%)", percent(txtA_Fichte), percent(txtA_Tanne),
-                                  percent(txtA_Kiefer), percent(txtA_Buche), percent(txtA_Eiche)),
-                              Row("Maschine (%)", percent(txtM_Fichte), percent(txtM_Tanne),
-                                  percent(txtM_Kiefer), percent(txtM_Buche), percent(txtM_Eiche)))),
-                 // Behind the logs, where the Tab key comes first.
-                 Last(Group(frmSonderzuschlag, "Sonderzuschlag", Table(MSFGSonder, 4)))),
+                     Row(lblDMSchichtholz, "DM (Schichtholz)", Box(txtDMSchichtholz, kCode), Gap()))),
            Group(frmZuordnung, "Zuordnung der HABs",
                  Side(Stack(Text("Frei"), List(listeAll, kListRows, kLists)),
                       Stack(Text(""), Push(cmdAddSel, "Zuordnen"), Push(cmdDelSel, "Freigeben"),
@@ -37,6 +26,16 @@ layout::Node F_EST_Stucklohn::BuildLayout() {
                       Stack(Text("Zugeordnet"), List(listeSel, kListRows, kLists))),
                  Row(lblAbrechnungsmonat, "Abrechnungsmonat", Box(txtAbrechnungsmonat[1], 3),
                      Shown(txtAbrechnungsmonat[2], 12), Shown(txtAbrechnungsmonat[3], 6), Gap()))),
+      Side(Group(frmZuschlagB, "Zuschlag B",
+                 Matrix({"", "Fichte", "Tanne", "Kiefer", "Buche", "Eiche"},
+                        Row("Arbeiter (%)", percent(txtA_Fichte), percent(txtA_Tanne), percent(txtA_Kiefer),
+                            percent(txtA_Buche), percent(txtA_Eiche)),
+                        Row("Maschine (%)", percent(txtM_Fichte), percent(txtM_Tanne), percent(txtM_Kiefer),
+                            percent(txtM_Buche), percent(txtM_Eiche)))),
+           Group(frmKennzeichen, "Kennzeichen", Row("", Check(chkARAUntypisch, "ARA untypisch")),
+                 Row("", Check(chkWerkzeuggeld, "Werkzeuggeld"))),
+           // Behind the logs, where the Tab key comes first.
+           Last(Group(frmSonderzuschlag, "Sonderzuschlag", Table(MSFGSonder, 1)))),
       Table(DataGridEST),
       Bar(Push(btnBearbeiten, "Bearbeiten", Command::kEdit), Push(btnSpeichern, "Speichern", Command::kSave),
           Push(btnAbbrechen, "Bearb. abbr.", Command::kCancel), Gap(), Push(btnAusdruck, "Ausdruck"), Gap(),

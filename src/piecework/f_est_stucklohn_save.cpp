@@ -86,7 +86,7 @@ void F_EST_Stucklohn::Write() const {
                                                                  .bark = txtRindenzustand[0].Text(),
                                                                  .skidding = txtVorlieferstufe[0].Text(),
                                                                  .diameter = txtDMSchichtholz.Text()});
-  lists_.RequireNotTaken(Db(), order);
+  lists_.RequireStorable(Db(), order);
   ExecuteOnRow(update_order);
   lists_.Store(Db(), order);
   if (row.IsNull("ID_LOG")) {

@@ -47,7 +47,7 @@ void F_Naturalvollzug::Run(const TvnVar_Dll& tvnvar, const std::string& /*strCon
                            std::int16_t intLeistungsart_Dll) {
   bolOnlyRead = bolOnlyRead_dll;
   ID_ARBEITSAUFTRAG = ID_ARBEITSAUFTRAG_DLL;
-  intLeistungsart = std::to_string(intLeistungsart_Dll);
+  intLeistungsart = Id(intLeistungsart_Dll);
   Present(tvnvar, [this] {
     LoadNatural();
     SetViewState(true);
@@ -100,7 +100,7 @@ void F_Naturalvollzug::StartEditing() {
 void F_Naturalvollzug::Save() {
   if (!Require(natural_.locations.NoneBeneathAnother(Db()), natural_.lblWaldort, natural_.ListWaldort))
     return;
-  natural_.RequireStill(NaturalRowId, natural_sql::RowOf("ID_ARBEITSAUFTRAG", ID_ARBEITSAUFTRAG));
+  NaturalEntry::RequireStill(NaturalRowId, Open(natural_sql::RowsOfPosition(ID_ARBEITSAUFTRAG)));
   NaturalRowId = Committed([this] { return Write(); });
   btnAbbrechen.Press();
 }

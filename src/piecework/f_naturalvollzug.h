@@ -33,7 +33,7 @@ class F_Naturalvollzug : public Screen {
 
   bool bolOnlyRead = false;
   std::int32_t ID_ARBEITSAUFTRAG = 0;
-  std::string intLeistungsart;  // as statements get it
+  SqlText intLeistungsart;
   std::int32_t NaturalRowId = 0;
   Guard IsLoading;
 

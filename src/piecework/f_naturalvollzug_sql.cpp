@@ -14,7 +14,7 @@ SqlText HasNatural(std::int32_t activity) {
   return Compose("SELECT ISNULL(NV_KLR,0) FROM LEISTUNGSART WHERE ID = {}", Id(activity));
 }
 
-SqlText NaturalOfPosition(std::int32_t position, std::string_view activity) {
+SqlText NaturalOfPosition(std::int32_t position, const SqlText& activity) {
   return Compose(R"(
 SELECT NATURALVOLLZUG_KLR.ID,
   NUTZUNGSART.NA,NUTZUNGSART.NA_LANG,
@@ -65,7 +65,7 @@ SqlText StandTypes() {
   return "SELECT NUMBER,BZT_SHORT,BZT_LANG FROM BZT ORDER BY NUMBER";
 }
 
-SqlText FirstMark(std::string_view activity) {
+SqlText FirstMark(const SqlText& activity) {
   return Compose(R"(
 SELECT TOP 1 NUTZUNGSART.ID,NUTZUNGSART.NA,NUTZUNGSART.NA_LANG
 FROM NUTZUNGSART
@@ -74,7 +74,7 @@ WHERE ISNULL(DISABLE,0)=0
                  natural_sql::PermittedMarks(activity));
 }
 
-SqlText ResolveCodes(std::string_view stand_type, std::string_view mark, std::string_view activity) {
+SqlText ResolveCodes(std::string_view stand_type, std::string_view mark, const SqlText& activity) {
   return Compose(R"(
 SELECT ISNULL((SELECT TOP 1 ID FROM BZT WHERE NUMBER = '{}'),0),
   ISNULL((SELECT TOP 1 ID

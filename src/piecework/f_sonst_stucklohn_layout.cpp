@@ -9,14 +9,13 @@ layout::Node F_Sonst_Stucklohn::BuildLayout() {
             Row(lblLohngrundlage, "Lohngrundlage", Box(txtLohngrundlage[0], 8), Shown(txtLohngrundlage[1]),
                 Check(chkWerkzeuggeld, "Werkzeuggeld"), Check(chkARAUntypisch, "ARA untypisch"))),
       Group(frmErfassung, "Erfassung",
-            Row(lblHolzart, "Holzart", Box(txtHolzart[0], 8), Shown(txtHolzart[1]), Text(lblFlache, "Fläche"),
-                Box(txtFlache, 10)),
-            Row(lblMengeKLR, "Menge KLR", Box(txtMenge, 10), Shown(txtMengeeinheit[0], 6),
-                Shown(txtMengeeinheit[1])),
+            Row(lblHolzart, "Holzart", Box(txtHolzart[0], 8), Shown(txtHolzart[1])),
+            Row(lblFlache, "Fläche", Box(txtFlache, 10), Text(lblMengeKLR, "Menge KLR"), Box(txtMenge, 10),
+                Shown(txtMengeeinheit[0], 6), Shown(txtMengeeinheit[1])),
             Row(lblMengeLohn, "Menge Lohn", Box(txtMengeLohn, 10), Text(lblMengeeinheitLohn, "Einheit"),
-                Box(txtMengeeinheitLohn[0], 6), Shown(txtMengeeinheitLohn[1])),
-            Row(lblVorgabeMinAZ, "Vorgabe min AZ", Box(txtVorgabeMinAZ, 10),
-                Text(lblVorgabeMinMZ, "Vorgabe min MZ"), Box(txtVorgabeMinMZ, 10), Gap())),
+                Box(txtMengeeinheitLohn[0], 6), Shown(txtMengeeinheitLohn[1], 10),
+                Text(lblVorgabeMinAZ, "Vorgabe min AZ"), Box(txtVorgabeMinAZ, 9),
+                Text(lblVorgabeMinMZ, "Vorgabe min MZ"), Box(txtVorgabeMinMZ, 9), Gap())),
       NaturalGroup(), Table(DataGridLines), ButtonBar(), Hidden({&AdodcLines}));
 }
 

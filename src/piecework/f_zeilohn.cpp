@@ -61,7 +61,7 @@ void F_Zeilohn::SetViewState(bool view) {
 // --- saving ---
 
 void F_Zeilohn::TestOrder() const {
-  if (frmZuordnung.Enabled()) timber_.RequireNotTaken(Db(), Order());
+  if (frmZuordnung.Enabled()) timber_.RequireStorable(Db(), Order());
 }
 
 void F_Zeilohn::WriteOrder() const {

@@ -59,7 +59,7 @@ NaturalEntry::NaturalEntry(Form& form, const TvnVar_Dll& context, Guard& loading
 // A wrong mark gives way to the one before.
 CodeField::Rule NaturalEntry::MarkRule() {
   auto rule = NamedCode(context_, txtNutzungsart[0], lblNutzungsart, "NUTZUNGSART_LEISTUNGSART", "NA_LANG",
-                        [this] { return NamedValues{Given(shape_.activity())}; });
+                        [this] { return NamedValues{Given(shape_.activity().Text())}; });
   rule.keeps_tag = true;
   return rule;
 }
@@ -135,11 +135,11 @@ void NaturalEntry::ApplyExecutionMarkRules() {
   for (Button* button : {&btnWaldortEinfugen, &btnWaldortLoschen}) button->SetEnabled(HasMark());
 }
 
-// What is not demanded goes with its ids, so that no save writes what nobody sees.
+// The origin goes with its ids. The target type is only hidden: its Tag, and with it the id of the row, stays.
 void NaturalEntry::Demand(bool stand_type, bool origin, bool height, bool fence) {
   const auto open = [](bool demanded, std::initializer_list<TextBox*> boxes) {
     for (TextBox* box : boxes) {
-      if (!demanded) box->Clear();
+      if (!demanded) box->SetText("");
       SetTextBoxLocked(!demanded, *box);
     }
   };
@@ -147,13 +147,15 @@ void NaturalEntry::Demand(bool stand_type, bool origin, bool height, bool fence)
   if (!stand_type) txtBestandeszieltyp[1].SetText("");
   open(origin,
        {&txtBundesland, &txtLandesstelle, &txtBaum_Herk, &txtLFD_Nummer, &txtKategorie, &txtHerkunft});
+  if (!origin) {
+    for (CodeField* code : {&state_, &origin_, &category_}) code->Clear();
+  }
   open(height, {&txtAstungshohe});
   if (!fence) chkZaunbau.SetChecked(false);
   chkZaunbau.SetEnabled(fence);
 }
 
-void NaturalEntry::RequireStill(std::int32_t id, const SqlText& rows_of_owner) const {
-  Recordset rows = DbOf(context_).Open(rows_of_owner);
+void NaturalEntry::RequireStill(std::int32_t id, Recordset rows) {
   bool still = id == 0 && rows.EndOfFile();
   for (; !rows.EndOfFile(); rows.MoveNext()) still = still || ToLong(rows.Fields()[0].Value()) == id;
   if (still) return;

@@ -19,7 +19,7 @@ class NaturalEntry {
     std::string height_box;
     std::string add_button;
     std::string remove_button;
-    std::function<std::string()> activity;           // LEISTUNGSART.ID in digits, as statements get it
+    std::function<SqlText()> activity;               // LEISTUNGSART.ID, as statements get it
     std::function<SqlText()> stand_types = nullptr;  // offered in place of the named list
   };
 
@@ -39,7 +39,7 @@ class NaturalEntry {
   void ApplyExecutionMarkRules();
   // An error with one sentence unless the owner's row is still the one with this id, 0 for none: another workstation may
   // have entered or removed it.
-  void RequireStill(std::int32_t id, const SqlText& rows_of_owner) const;
+  static void RequireStill(std::int32_t id, Recordset rows_of_owner);
   // What a save writes. Mark and target type come from the Tags.
   natural_sql::Values Values() const;
 

@@ -5,13 +5,13 @@
 
 namespace tarvoni::natural_sql {
 
-SqlText PermittedMarks(std::string_view activity) {
+SqlText PermittedMarks(const SqlText& activity) {
   return Compose(
       "SELECT ID_SLAVE FROM ONETOMANY WHERE RELATION = 'LEISTUNGSART.NUTZUNGSART' AND ID_MASTER = {}",
-      Id(activity));
+      activity);
 }
 
-SqlText Demands(std::string_view mark, std::string_view activity) {
+SqlText Demands(std::string_view mark, const SqlText& activity) {
   return Compose(R"(
 SELECT ID,
   ISNULL(BZT_NV_KLR,0) AS BZT_NV_KLR,
@@ -100,8 +100,17 @@ IF NOT EXISTS(SELECT ID FROM NATURALVOLLZUG_KLR_WALDORT WHERE ID_NATURALVOLLZUG_
   return batch;
 }
 
-SqlText RowOf(const SqlText& owner_column, std::int32_t owner) {
-  return Compose("SELECT ID FROM NATURALVOLLZUG_KLR WHERE {} = {}", owner_column, Id(owner));
+SqlText RowsOfLine(std::int32_t line) {
+  return Compose(R"(
+SELECT ISNULL(NATURALVOLLZUG_KLR.ID,0)
+FROM ARA_LOHN
+LEFT JOIN NATURALVOLLZUG_KLR ON NATURALVOLLZUG_KLR.ID_ARA_LOHN = ARA_LOHN.ID
+WHERE ARA_LOHN.ID = {})",
+                 Id(line));
+}
+
+SqlText RowsOfPosition(std::int32_t position) {
+  return Compose("SELECT ID FROM NATURALVOLLZUG_KLR WHERE ID_ARBEITSAUFTRAG = {}", Id(position));
 }
 
 SqlText DeleteLocations(std::int32_t id) {

@@ -7,7 +7,7 @@
 #include "src/context/data/sql_text.h"
 
 // The statements about natural execution: rows of NATURALVOLLZUG_KLR with their forest locations. Their owner is a wage
-// line (ID_ARA_LOHN) or a cost position (ID_ARBEITSAUFTRAG). An `activity` is LEISTUNGSART.ID in digits.
+// line (ID_ARA_LOHN) or a cost position (ID_ARBEITSAUFTRAG). An `activity` is LEISTUNGSART.ID as a literal.
 namespace tarvoni::natural_sql {
 
 // What a row holds, as literals.
@@ -25,9 +25,9 @@ struct Values {
 };
 
 // The ids of the marks permitted for an activity, for an IN.
-SqlText PermittedMarks(std::string_view activity);
+SqlText PermittedMarks(const SqlText& activity);
 // The four flags of a permitted mark; no row for any other.
-SqlText Demands(std::string_view mark, std::string_view activity);
+SqlText Demands(std::string_view mark, const SqlText& activity);
 
 // --- the row of a wage line ---
 
@@ -42,9 +42,11 @@ SqlText Locations(std::string_view id);
 // One batch: takes away the locations that are not among these, and adds those that are not there yet.
 SqlText StoreLocations(std::int32_t id, std::span<const std::int32_t> locations);
 
-// --- the row of any owner; `owner_column` names him ---
+// --- the row of any owner ---
 
-SqlText RowOf(const SqlText& owner_column, std::int32_t owner);
+// The ids of a line's rows, 0 for a line that has none; no row for a line that is gone.
+SqlText RowsOfLine(std::int32_t line);
+SqlText RowsOfPosition(std::int32_t position);
 SqlText DeleteLocations(std::int32_t id);
 SqlText DeleteRow(std::int32_t id);
 // Those that are not among `locations`; all if there are none.

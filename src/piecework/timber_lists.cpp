@@ -24,7 +24,8 @@ void TimberLists::Load(Connection& connection, const TimberOrder& order) {
   AddRows(connection, pair_.Selected(), sql::AssignedLists(order));
 }
 
-void TimberLists::RequireNotTaken(Connection& connection, const TimberOrder& order) const {
+void TimberLists::RequireStorable(Connection& connection, const TimberOrder& order) const {
+  (void)InList(pair_.Offered());
   if (!HasAssigned()) return;
   std::string taken;
   Recordset rows = connection.Open(sql::ListsOfOthers(order, InList(pair_.Selected())));

@@ -33,9 +33,9 @@ class TimberLists {
 
   // Fills both boxes anew.
   void Load(Connection& connection, const TimberOrder& order);
-  // An error with one sentence if another order took one of the assigned lists meanwhile. Comes before the writes of
-  // a save, so that none of them is done.
-  void RequireNotTaken(Connection& connection, const TimberOrder& order) const;
+  // An error with one sentence if another order took one of the assigned lists meanwhile, or if a list bears a name with
+  // a quote. Comes before the writes of a save, so that none of them is done.
+  void RequireStorable(Connection& connection, const TimberOrder& order) const;
   // Releases the lists of the one box, then assigns those of the other. Only what belongs to this order is released,
   // so that lists that have always been free may stand among them.
   void Store(Connection& connection, const TimberOrder& order) const;

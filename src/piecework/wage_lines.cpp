@@ -35,12 +35,12 @@ void WageLines::Run(const TvnVar_Dll& tvnvar, std::int32_t client, std::int32_t 
 
 CodeField::Rule WageLines::SpeciesRule() {
   return NamedCode(Context(), txtHolzart[0], lblHolzart, "HOLZART_LEISTUNGSART", "HA_LANG",
-                   [this] { return NamedValues{Given(Activity())}; });
+                   [this] { return NamedValues{Given(Activity().Text())}; });
 }
 
 // 0 for an order without a performance type.
-std::string WageLines::Activity() const {
-  return "0" + Line().Text("LEISTUNGSART_ID");
+SqlText WageLines::Activity() const {
+  return Compose("0{}", Digits(Line().Text("LEISTUNGSART_ID")));
 }
 
 // --- the list ---
@@ -117,7 +117,8 @@ void WageLines::PrepareNewLine() {
   txtFlache.SetText("");
   txtMenge.SetText("");
   ClearFurther();
-  natural_.Propose(ReadText(GetNamedSql(Context(), "NUTZUNGSART_LEISTUNGSART_GRID", {Given(Activity())})));
+  natural_.Propose(
+      ReadText(GetNamedSql(Context(), "NUTZUNGSART_LEISTUNGSART_GRID", {Given(Activity().Text())})));
   natural_.locations.Clear();
   const CurrentRow row = Line();
   if (natural_.txtNutzungsart[0].Empty() || row.IsNull("ID_WALDORT")) return;
@@ -127,20 +128,31 @@ void WageLines::PrepareNewLine() {
 // --- saving ---
 
 std::optional<std::int32_t> WageLines::Save() {
-  if (!CheckWaldortList()) return std::nullopt;
-  TestOrder();
-  const std::int32_t shown = entry_.IsNew() ? 0 : Line().Number("ID_KLR");
-  const bool with_line = !entry_.IsNew() && CurrentLineId != 0;
-  if (with_line) natural_.RequireStill(shown, natural_sql::RowOf("ID_ARA_LOHN", CurrentLineId));
   const auto natural =
       frmNaturalvollzug.Enabled() && natural_.HasMark() ? std::optional(natural_.Values()) : std::nullopt;
+  if (!CheckWaldortList() || !CheckLine(natural.has_value())) return std::nullopt;
+  TestOrder();
   WriteOrder();
   if (entry_.IsNew()) return SaveNewLine(natural);
-  if (with_line) {
+  if (HasLine()) {
     ExecuteOnRow(UpdateLine(CurrentLineId));
-    StoreNatural(CurrentLineId, shown, natural);
+    StoreNatural(CurrentLineId, Line().Number("ID_KLR"), natural);
   }
   return CurrentLineId;
+}
+
+// A changed line has to be as it was read. An order without lines has no place for a natural execution.
+bool WageLines::CheckLine(bool with_natural) {
+  if (entry_.IsNew()) return true;
+  if (!HasLine()) {
+    return !with_natural ||
+           Refuse("Ein Naturalvollzug gehört zu einer Zeile. Bitte legen Sie zuerst eine neue an.",
+                  natural_.txtNutzungsart[0]);
+  }
+  const Recordset rows = Open(natural_sql::RowsOfLine(CurrentLineId));
+  if (rows.EndOfFile()) throw RowGoneError();
+  NaturalEntry::RequireStill(Line().Number("ID_KLR"), rows);
+  return true;
 }
 
 bool WageLines::CheckWaldortList() {

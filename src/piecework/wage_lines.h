@@ -96,13 +96,14 @@ class WageLines : public Screen {
   RowEntry::Steps EntrySteps();
   CodeField::Rule SpeciesRule();
   std::vector<ShownColumn> Columns() const;
-  std::string Activity() const;
+  SqlText Activity() const;
   void ShowCurrentLine();
   void ShowLocations(const CurrentRow& row);
   void PrepareNewLine();
 
   std::optional<std::int32_t> Save();
   bool CheckWaldortList();
+  bool CheckLine(bool with_natural);
   std::int32_t SaveNewLine(const std::optional<natural_sql::Values>& natural);
   void StoreNatural(std::int32_t line, std::int32_t id, const std::optional<natural_sql::Values>& values);
 

@@ -8,12 +8,11 @@ layout::Node WageLines::NaturalGroup() {
   return Group(
       frmNaturalvollzug, "Naturalvollzug",
       Side(Stack(Row(n.lblNutzungsart, "Vollzugsmerkm", Box(n.txtNutzungsart[0], 8),
-                     Shown(n.txtNutzungsart[1])),
+                     Shown(n.txtNutzungsart[1], 13), Text(n.lblAstungshohe, "Astungshöhe"),
+                     Box(n.txtAstungshohe, 7)),
                  Row(n.lblBestandeszieltyp, "Bestandeszieltyp", Box(n.txtBestandeszieltyp[0], 8),
-                     Shown(n.txtBestandeszieltyp[1])),
-                 Row(n.lblAstungshohe, "Astungshöhe", Box(n.txtAstungshohe, 8),
-                     Check(n.chkZaunbau, "Zaunbau"), Gap())),
-           Stack(Row(n.lblWaldort, "Waldort", List(n.ListWaldort, 3, 30),
+                     Shown(n.txtBestandeszieltyp[1]), Check(n.chkZaunbau, "Zaunbau"))),
+           Stack(Row(n.lblWaldort, "Waldort", List(n.ListWaldort, 3, 27),
                      Stack(Push(n.btnWaldortEinfugen, "Einfügen"), Push(n.btnWaldortLoschen, "Löschen")),
                      Gap()))),
       Matrix(

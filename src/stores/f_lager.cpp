@@ -122,18 +122,18 @@ void F_Lager::StandOnVouchersDocument() {
 
 std::vector<ShownColumn> F_Lager::Columns() const {
   const auto date = [](const char* field, const std::string& caption) {
-    return ShownColumn{.data_field = field, .caption = caption, .number_format = "dd.mm.yyyy", .width = 1550};
+    return ShownColumn{.data_field = field, .caption = caption, .number_format = "dd.mm.yyyy", .width = 1700};
   };
   return {{.data_field = "NUMMER", .caption = lblNummer.Caption(), .width = 1500},
           date("BUCHUNGSDAT", lblBuchDatum.Caption()),
           {.data_field = kChapterNumber, .caption = lblKapitel.Caption(), .width = 850},
           {.data_field = kTitleNumber, .caption = lblTitel.Caption(), .width = 850},
           date("TAGANORD", lblTag.Caption()),
-          {.data_field = "RECHNUMER", .caption = lblRechnummer.Caption(), .width = 1750},
+          {.data_field = "RECHNUMER", .caption = lblRechnummer.Caption(), .width = 1900},
           date("RECHDATUM", lblRechDatum.Caption()),
-          AmountColumn("RECHBERTRAG", lblRechnungsBeitrag.Caption(), 1650, "#0.00"),
+          AmountColumn("RECHBERTRAG", lblRechnungsBeitrag.Caption(), 1750, "#0.00"),
           {.data_field = kPaymentKindNumber, .caption = lblZuhlungsart.Caption(), .width = 1250},
-          {.data_field = kPaymentReasonNumber, .caption = lblZuhlungsgrund.Caption(), .width = 1450},
+          {.data_field = kPaymentReasonNumber, .caption = lblZuhlungsgrund.Caption(), .width = 1550},
           {.data_field = "ZAHLUNGSEMFANGER", .caption = lblZuhlungsempanger.Caption(), .width = 2600}};
 }
 

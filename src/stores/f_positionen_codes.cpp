@@ -70,8 +70,8 @@ void F_Positionen::ProductOrderLeft() {
 }
 
 void F_Positionen::WorkTypeChanged() {
-  txtMengeEinhait_KLR.SetText(ReadText(sql::UnitOfWorkType(txtLeistungsart.Tag())));
   if (saVerfahren && !txtLeistungsart.Tag().empty()) FillSingleMethod();
+  txtMengeEinhait_KLR.SetText(ReadText(sql::UnitOfWorkType(txtLeistungsart.Tag())));
   const auto hold = loading_.Hold();
   txtArbeitsverfahren.LostFocus();
 }

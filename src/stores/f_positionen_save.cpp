@@ -174,13 +174,19 @@ void F_Positionen::SaveWithdrawal() {
 }
 
 bool F_Positionen::TestWithdrawal() {
-  const auto given = [this](const TextBox& code, const Label& label) {
-    return Require(!code.Empty() && !code.Tag().empty(), label, const_cast<TextBox&>(code));
+  const auto given = [this](TextBox& code, const Label& label) {
+    return Require(!code.Empty() && !code.Tag().empty(), label, code);
+  };
+  const auto none_or_given = [&given](TextBox& code, const Label& label) {
+    return code.Empty() || given(code, label);
   };
   return given(txtProduktauftragNr, lblAA_Name) && given(txtLeistungsart, lblLeistungsart) &&
          (!saVerfahren || given(txtArbeitsverfahren, lblArbeitsverfahren)) &&
          given(txtKostenart, lblKostenart) &&
-         Require(!txtLagerMengeAusbuchen.Empty(), lblLagerMengeAusbuchen, txtLagerMengeAusbuchen);
+         Require(!txtLagerMengeAusbuchen.Empty(), lblLagerMengeAusbuchen, txtLagerMengeAusbuchen) &&
+         none_or_given(txtKostenstelle, lblKostenstelle) &&
+         none_or_given(txtArbeitsverfahren, lblArbeitsverfahren) && none_or_given(txtObjekt, lblObjekt) &&
+         none_or_given(txtWaldort, lblWaldort);
 }
 
 // The first write keeps others out until the commit, so the stock read behind it is the one that counts.
@@ -217,11 +223,11 @@ void F_Positionen::TellOverdrawn() {
          txtLagerMengeAusbuchen);
 }
 
+// One that was deleted elsewhere leaves the list, as it does when a row is deleted.
 void F_Positionen::CancelWithdrawal() {
   if (curKlrId == 0) return;
-  Committed(
-      [this] { ExecuteOnRow(sql::CancelWithdrawal(curKlrId, Clock::Today(), Context().strSqlDateFormat)); });
-  ReloadPositions();
+  DeleteRow(sql::CancelWithdrawal(curKlrId, Clock::Today(), Context().strSqlDateFormat),
+            [this] { ReloadPositions(); });
 }
 
 }  // namespace tarvoni

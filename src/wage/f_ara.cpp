@@ -199,7 +199,8 @@ void F_ARA::ShowCurrentRow() {
   row.Show("GESAMNT", txtGesamtKosten, "0.00");
   curProduktId = row.Number("PRODUKT_ID");
   curAraId = row.Number("ID_ARA_KOPF");
-  SetSubject(curAraId == 0 ? "" : "Forstbetrieb " + txtForstbetrieb.Text() + ", Auftrag " + row.Text("NAME"));
+  SetSubject("Forstbetrieb " + txtForstbetrieb.Text() +
+             (curAraId == 0 ? "" : ", Auftrag " + row.Text("NAME")));
   SetTextBoxLocked(row.Number("LE") == 1, txtLeistung[0]);
   SetViewState(true);
 }

@@ -29,6 +29,11 @@ std::vector<std::string> Rows(Connection& connection, const std::string& stateme
   return rows;
 }
 
+// A line of the worker on the 5th of March, as far as the hours.
+void EnterHours(Typist& clerk, const std::string& worker, const std::string& hours) {
+  clerk.Type("\n\n5.3.\n").Type(worker + "\n").Type("\n\n\n").Type(hours + "\n");
+}
+
 // From the list of clients to a wage order with five workers' hours, mistyped, corrected and given up in between.
 TEST(Clerk, EntersAnOrderWithFiveWorkersFromTheKeyboard) {
   QTemporaryDir folder;
@@ -54,9 +59,7 @@ TEST(Clerk, EntersAnOrderWithFiveWorkersFromTheKeyboard) {
   });
   clerk.Key(Qt::Key_S, Qt::ControlModifier);
   clerk.Key(Qt::Key_U, Qt::AltModifier);  // "Stunden"
-  const auto enter = [&clerk](const char* worker, const char* hours) {
-    clerk.Type("\n\n5.3.\n").Type(std::string(worker) + "\n").Type("\n\n\n").Type(std::string(hours) + "\n");
-  };
+  const auto enter = [&clerk](const char* worker, const char* hours) { EnterHours(clerk, worker, hours); };
   clerk.Key(Qt::Key_Insert);
   enter("10001", "7.5");
   clerk.Do([] { EXPECT_EQ(Typist::Text("txtStunden"), "7,50"); });
@@ -95,6 +98,43 @@ TEST(Clerk, EntersAnOrderWithFiveWorkersFromTheKeyboard) {
       Rows(*database,
            "SELECT NAME, GESAMNT, BESCHREIBUNG FROM ARA_KOPF WHERE ID = (SELECT MAX(ID) FROM ARA_KOPF)"),
       ElementsAre("110020240201 483.58 Wertastung"));
+}
+
+// From the first page, with nothing on it, to an enterprise of one's own and its first wage order.
+TEST(Clerk, ComesFromTheEmptyFirstPageToAnOrderOfHisOwn) {
+  QTemporaryDir folder;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+  QSettings("Tarvoni", "Lohn").clear();
+  const QString file = folder.filePath("hof.db");
+  Clock::Set({.year = 2024, .month = 3, .day = 15});
+  MainWindow window;
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+
+  Typist clerk;
+  clerk.Key(Qt::Key_Return);
+  clerk.Type("Hof Hagenwald\t\t\t").Type("Huber Anna\nMaier Karl\t\t").Key(Qt::Key_Return);
+  clerk.Key(Qt::Key_Escape);  // no file yet: what was typed is still there
+  clerk.Key(Qt::Key_Return).Do([&file] {
+    qobject_cast<QLineEdit*>(QApplication::focusWidget())->setText(file);
+  });
+  clerk.Key(Qt::Key_Return);
+  clerk.Key(Qt::Key_Return);  // the client, and with him the orders
+  clerk.Key(Qt::Key_Insert).Type("\nZL\n\n1000\n\n\n\n").Type("Erste Arbeit\t");
+  clerk.Key(Qt::Key_S, Qt::ControlModifier);
+  clerk.Key(Qt::Key_U, Qt::AltModifier);  // "Stunden"
+  clerk.Key(Qt::Key_Insert);
+  EnterHours(clerk, "10001", "7.5");
+  clerk.Key(Qt::Key_Return, Qt::ControlModifier);
+  EnterHours(clerk, "10002", "8");
+  clerk.Key(Qt::Key_S, Qt::ControlModifier).Key(Qt::Key_Escape).Key(Qt::Key_Escape);
+  clerk.Run();
+  Clock::Reset();
+
+  // 15,5 hours at 12,99, the lowest wage group.
+  EXPECT_THAT(Rows(*OpenDatabase(file.toStdString()), "SELECT NAME, GESAMNT, BESCHREIBUNG FROM ARA_KOPF"),
+              ElementsAre("100020240001 201.35 Erste Arbeit"));
 }
 
 }  // namespace

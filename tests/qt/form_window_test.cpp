@@ -283,6 +283,11 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !told("sum").empty(); }));
     EXPECT_EQ(grid.Row(), 2);
     EXPECT_EQ(told("sum"), "Summe 21,75 (2 Zahlen)");
+    QTest::keyPress(window.windowHandle(), Qt::Key_Control, Qt::ControlModifier);
+    grid.Data()->Recordset().MoveFirst();
+    EXPECT_EQ(table.selectionModel()->selectedIndexes().size(), 1)
+        << "a save with Ctrl moves, it does not mark";
+    QTest::keyRelease(window.windowHandle(), Qt::Key_Control);
     stage.Press(Qt::Key_F, Qt::ControlModifier);
     auto& search = *table.parentWidget()->findChild<QLineEdit*>("search");
     QTest::keyClicks(&search, "aho");

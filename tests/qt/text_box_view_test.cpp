@@ -149,6 +149,25 @@ TEST(TextBoxView, ClosedTextsCanBeReadAndCopied) {
   });
 }
 
+TEST(TextBoxView, ALongTextShowsWhetherItHasTheFocus) {
+  Stage stage;
+  auto& text = stage.form.txtText;
+  text.SetText("Windwurf");
+  stage.Show(text, [&](FormWindow&) {
+    auto& edit = dynamic_cast<QPlainTextEdit&>(stage.WidgetOf(text));
+    edit.selectAll();
+    const auto seen = [&] {
+      QCoreApplication::processEvents();
+      const QImage image = edit.grab().toImage();
+      return std::pair(image.pixelColor(0, image.height() / 2), image.copy(6, 6, 40, 10));
+    };
+    const auto focused = seen();
+    stage.driver.Focus(stage.form.txtName);
+    EXPECT_NE(seen().first, focused.first) << "the frame";
+    EXPECT_NE(seen().second, focused.second) << "what is marked";
+  });
+}
+
 TEST(TextBoxView, RefusedKeyIsSeen) {
   Stage stage;
   auto& box = stage.form.txtName;

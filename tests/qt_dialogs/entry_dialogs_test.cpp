@@ -180,6 +180,22 @@ int Answered(int style, const std::function<void(QDialog&)>& act) {
   return ShowMessageBox(nullptr, "<b>Frage</b>?", style, "Titel");
 }
 
+TEST(MessageDialogTest, IsAsWideAsItsTitleAndItsText) {
+  const std::string title = "Arbeitnehmer – 10005 Lindner Paul, 03.2026 – Forstbetrieb 1000, Auftrag 1";
+  const std::string text = "Die Angabe Personalnummer ist nicht vorhanden.";
+  for (const auto& [head, words] : {std::pair(title, text), std::pair(std::string("T"), text)}) {
+    WhenOpen([](QDialog& dialog) {
+      const auto& label = Part<QLabel>(dialog, "qt_msgbox_label");
+      const int beside =
+          dialog.fontMetrics().horizontalAdvance("0000000000000000");  // the window's own buttons
+      EXPECT_GT(dialog.width(), dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + beside);
+      EXPECT_GE(label.width(), label.fontMetrics().horizontalAdvance(label.text()));
+      dialog.reject();
+    });
+    ShowMessageBox(nullptr, words, kBoxOk, head);
+  }
+}
+
 TEST(MessageDialogTest, ButtonsFollowTheStyle) {
   EXPECT_EQ(Answered(kBoxOk, Keys({Qt::Key_Return})), kAnswerOk);
   EXPECT_EQ(Answered(kBoxOk, Keys({Qt::Key_Escape})), kAnswerOk);

@@ -177,7 +177,7 @@ TEST_F(TableViewTest, SearchHidesTheRowsThatDoNotAnswer) {
 
 TEST_F(TableViewTest, ARowOfNothingIsNone) {
   grid_.SetRows(1);
-  grid_.AddItem({"", "", ""});
+  grid_.AddItem({" ", "", ""});
   view_->ShowRows();
   EXPECT_TRUE(Table().isRowHidden(0));
   EXPECT_EQ(view_->findChild<QLabel*>("count")->text(), "0 Zeilen");

@@ -68,6 +68,14 @@ class Message : public QMessageBox {
     if (gives_up) setEscapeButton(button);
   }
   void MakeDefault(std::size_t number) { setDefaultButton(buttons_.at(number)); }
+  // The title tells what is asked about; the window's own buttons stand beside it.
+  void ShowWholeTitle() {
+    constexpr int kBesideTitle = 24, kLongest = 90;  // characters
+    const int title = fontMetrics().horizontalAdvance(windowTitle()) + Characters(*this, kBesideTitle);
+    auto* const text = findChild<QLabel*>("qt_msgbox_label");
+    if (text && title > text->sizeHint().width())
+      text->setMinimumWidth(std::min(title, Characters(*this, kLongest)));
+  }
 
  private:
   std::vector<QPushButton*> buttons_;
@@ -104,6 +112,7 @@ int ShowMessageBox(QWidget* parent, const std::string& prompt, int style, const 
   Modal box(new Message(IconOf(style), ToQt(title), {}, QMessageBox::NoButton, parent));
   box->setTextFormat(Qt::PlainText);
   box->setText(ToQt(prompt));
+  box->ShowWholeTitle();
   for (const int answer : answers) box->AddAnswer(answer);
   const bool second = (style & kBoxSecondIsDefault) != 0 && answers.size() > 1;
   box->MakeDefault(second ? 1 : 0);

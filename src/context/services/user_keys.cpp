@@ -134,7 +134,8 @@ void UserActions::ActOnKey(Control& control, int key, int shift) {
       if (box) Erase(*box, key);
       return;
     case kKeyEscape:
-      if (PressCharacter(control, kKeyEscape)) Cancel();
+      PressCharacter(control, kKeyEscape);  // told, but no filter of characters holds it back
+      if (form_.IsLoaded()) Cancel();
       return;
     case kKeyF4:
       return OpenLookup(control);
