@@ -6,6 +6,7 @@
 #include "host/invariants.h"
 #include "host/open_database.h"
 #include "platform/sqlite/public/sqlite_database.h"
+#include "src/schema/schema.h"
 
 namespace tarvoni::host {
 namespace {
@@ -22,6 +23,17 @@ std::string KeysOf(const Recordset& rows) {
     keys += fmt::format("{}{} {}", i == 0 ? "" : ", ", field.Name(), ToDisplayText(field.Value()));
   }
   return keys;
+}
+
+// What it has otherwise than a new one.
+void ReportDifferences(Connection& connection, bool& sound) {
+  const auto model = sqlite::OpenDatabase(":memory:");
+  model->Execute(SchemaSql());
+  const auto differences = sqlite::DifferencesFrom(*model, connection);
+  for (std::size_t i = 0; i < differences.size() && i < kShownRows; ++i)
+    fmt::print("Datei: {}\n", differences[i]);
+  if (differences.size() > kShownRows) fmt::print("  … insgesamt {}\n", differences.size());
+  sound = sound && differences.empty();
 }
 
 void ReportRows(Recordset rows) {
@@ -79,7 +91,9 @@ class RuleCheck {
 bool CheckFile(Connection& connection) {
   const auto damages = sqlite::CheckIntegrity(connection);
   for (const std::string& damage : damages) fmt::print("Datei: {}\n", damage);
-  return damages.empty();
+  bool sound = damages.empty();
+  ReportDifferences(connection, sound);
+  return sound;
 }
 
 }  // namespace

@@ -55,6 +55,10 @@ class ScriptSession {
     }
   }
 
+  void Finish() {
+    if (trace_) trace_->Finish();
+  }
+
  private:
   ScriptOptions Options() const {
     ScriptOptions options{.update = command_.update, .all = command_.all, .database = command_.database};
@@ -87,6 +91,8 @@ ExitCode RunScript(const ScriptCommand& command) {
     if (!passed) ++failed;
     fmt::print("{}  {}\n", passed ? "in Ordnung" : "FEHLER    ", WithoutPassword(file));
   }
+
+  session.Finish();
   if (command.files.size() > 1) {
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin;
     fmt::print("{} Skripte, {} fehlgeschlagen, {:.1f} s\n", command.files.size(), failed, elapsed.count());

@@ -29,8 +29,12 @@ std::string Indented(std::string_view statement) {
 
 }  // namespace
 
-TraceFile::TraceFile(const std::string& file) : out_(file, std::ios::binary) {
-  if (!out_) throw CallError("Die Datei " + file + " lässt sich nicht schreiben.");
+TraceFile::TraceFile(const std::string& file) : file_(file), out_(file, std::ios::binary) {
+  Finish();
+}
+
+void TraceFile::Finish() {
+  if (!out_.flush()) throw CallError("Die Datei " + file_ + " lässt sich nicht schreiben.");
 }
 
 void TraceFile::Heading(const std::string& text) {

@@ -17,10 +17,13 @@ class TraceFile {
   void Heading(const std::string& text);
   // Listens to the connection; the file has to outlive it.
   void Follow(Connection& connection);
+  // Throws CallError unless all of it is written.
+  void Finish();
 
  private:
   void Write(const TraceEvent& event);
 
+  std::string file_;
   std::ofstream out_;
 };
 

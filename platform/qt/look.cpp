@@ -65,6 +65,9 @@ void PaintBox(QWidget& box, Color color, bool locked, bool enabled) {
   palette.setColor(QPalette::Inactive, QPalette::Highlight,
                    Mixed(standard.color(QPalette::Active, QPalette::Highlight), base, 0.25));
   palette.setColor(QPalette::Inactive, QPalette::HighlightedText, palette.color(QPalette::Text));
+  // Of a combo box, which is drawn as a button.
+  palette.setColor(QPalette::Disabled, QPalette::ButtonText,
+                   Mixed(standard.color(QPalette::ButtonText), standard.color(QPalette::Button), 0.75));
   box.setPalette(palette);
 }
 

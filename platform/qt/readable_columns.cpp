@@ -24,8 +24,11 @@ int NeededByValues(const QTableView& table, const TableSource& source, int colum
   return width == 0 ? 0 : width + margin + 1;
 }
 
+// Without the room for the arrow of an order.
 int NeededByCaption(const QTableView& table, const TableSource& source, int column) {
-  return source.ColumnAt(column).caption.empty() ? 0 : table.horizontalHeader()->sectionSizeHint(column);
+  const QHeaderView& head = *table.horizontalHeader();
+  const int margin = 2 * head.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &head) + 2;
+  return head.fontMetrics().horizontalAdvance(ToQt(source.ColumnAt(column).caption)) + margin;
 }
 
 }  // namespace

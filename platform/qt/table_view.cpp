@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QResizeEvent>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <cmath>
@@ -99,7 +100,10 @@ void TableView::ReportIfMoved() {
 }
 
 bool TableView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Resize) MakeReadableSoon();
+  if (event->type() == QEvent::Resize) {
+    const auto& resized = static_cast<QResizeEvent&>(*event);
+    if (resized.size().width() != resized.oldSize().width()) MakeReadableSoon();
+  }
   const bool pressed = event->type() == QEvent::MouseButtonPress;
   if (pressed || event->type() == QEvent::MouseButtonRelease) {
     if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) pressing_ = pressed;

@@ -62,6 +62,8 @@ void RequireReplaceable(Database& database, const Lineage& source, const fs::pat
                         BackupOptions options) {
   std::error_code ignored;
   const fs::file_status status = fs::status(target, ignored);
+  if (!fs::exists(status) && fs::is_symlink(fs::symlink_status(target, ignored)))
+    Refuse(target, "Das ist ein Verweis auf etwas, das es nicht gibt.");
   if (!fs::exists(status)) return;
   if (fs::is_directory(status)) Refuse(target, "Das ist ein Ordner.");
   if (!fs::is_regular_file(status)) Refuse(target, "Das ist keine gewöhnliche Datei.");

@@ -9,6 +9,12 @@ DatabaseError NothingKept(const DatabaseError& error) {
   return {error.Number(), std::string(error.what()) + " Von diesem Vorgang wurde nichts gespeichert."};
 }
 
+// What the disk refused. After a statement that is wrong a handler keeps what it wrote, as on a server; a disk must not
+// decide how much of a save there is.
+bool IsOfTheDisk(const DatabaseError& error) {
+  return error.Number() == kErrorConnection || error.Number() == kErrorDiskFull;
+}
+
 void SwitchOffBloomFilters(sqlite3* db) {
   sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, db, kBloomFilter);
 }
@@ -80,15 +86,16 @@ void Database::Commit() {
 }
 
 DatabaseError Database::NoteFailure(const DatabaseError& error) {
-  if (!writing_ || handle_.InTransaction()) return error;
-  EndTransaction(true);
+  if (!writing_ || (handle_.InTransaction() && !IsOfTheDisk(error))) return error;
+  Rollback();
   DatabaseError final_error = NothingKept(error);
   if (InHandler()) given_up_ = final_error;
   return final_error;
 }
 
 void Database::Rollback() {
-  if (handle_.InTransaction()) handle_.Execute("ROLLBACK");
+  // A rollback that fails is done by whoever opens the file next.
+  if (handle_.InTransaction()) sqlite3_exec(handle_.Raw(), "ROLLBACK", nullptr, nullptr, nullptr);
   EndTransaction(true);
 }
 

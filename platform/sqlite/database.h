@@ -37,8 +37,8 @@ class Database {
   bool BeginWrite();
   // Commits what is pending. When that fails nothing of it stays, and the connection can be used on.
   void Commit();
-  // To be told of each failed statement: on some errors SQLite gives up the whole transaction, which the error that
-  // comes back says.
+  // To be told of each failed statement: when the disk failed, or SQLite gave up the whole transaction by itself, nothing
+  // of it stays, which the error that comes back says.
   DatabaseError NoteFailure(const DatabaseError& error);
 
   // Own changes of tables: plans and what was read of the tables are void.

@@ -80,6 +80,7 @@ void FileCatalogue::LoadColumns(tsql::TableDefinition& table) const {
   key.reserve(primary.size());
   for (const auto& [place, column] : primary) key.push_back(column);
   LoadKeys(table, key);
+  LoadIndexes(table);
 }
 
 void FileCatalogue::LoadKeys(tsql::TableDefinition& table, const std::vector<int>& primary) const {
@@ -98,6 +99,15 @@ void FileCatalogue::LoadKeys(tsql::TableDefinition& table, const std::vector<int
     if (named) table.unique_keys.push_back(std::move(key));
     table.has_other_keys |= !named;
   }
+}
+
+void FileCatalogue::LoadIndexes(tsql::TableDefinition& table) const {
+  Statement query(handle_,
+                  "SELECT info.name FROM pragma_index_list(?1, 'main') AS list, "
+                  "pragma_index_info(list.name, 'main') AS info "
+                  "WHERE list.partial = 0 AND info.seqno = 0 AND info.name IS NOT NULL");
+  query.BindText(1, table.name);
+  while (query.Step()) table.indexed.push_back(table.Find(query.Text(0)));
 }
 
 void FileCatalogue::LoadIdentity(tsql::TableDefinition& table) const {

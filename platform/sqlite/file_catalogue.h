@@ -35,6 +35,7 @@ class FileCatalogue : public tsql::Catalogue {
   TablePtr Load(const std::string& name) const;
   void LoadColumns(tsql::TableDefinition& table) const;
   void LoadKeys(tsql::TableDefinition& table, const std::vector<int>& primary) const;
+  void LoadIndexes(tsql::TableDefinition& table) const;
   void LoadIdentity(tsql::TableDefinition& table) const;
 
   Handle& handle_;

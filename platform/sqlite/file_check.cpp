@@ -7,6 +7,7 @@
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/utf8_text.h"
 #include "platform/sqlite/whole.h"
+#include "platform/tsql/public/runtime.h"
 
 namespace tarvoni::sqlite {
 namespace {
@@ -84,12 +85,13 @@ const char* FaultOfFloat(sqlite3_stmt* row, int column) {
   return std::isfinite(sqlite3_column_double(row, column)) ? nullptr : "unendlich";
 }
 
-const char* FaultOfText(sqlite3_stmt* row, int column, bool is_date) {
-  if (!HasKind(row, column, SQLITE_TEXT)) return is_date ? "kein Datum" : "kein Text";
+const char* FaultOfText(sqlite3_stmt* row, int column, const Type& type) {
+  if (!HasKind(row, column, SQLITE_TEXT)) return type.IsDate() ? "kein Datum" : "kein Text";
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
   const std::string_view found(text, static_cast<std::size_t>(sqlite3_column_bytes(row, column)));
-  if (is_date) return DateTime::FromIso(found) ? nullptr : "kein gültiges Datum";
-  return IsUtf8(found) ? nullptr : "kein gültiges UTF-8";
+  if (type.IsDate()) return DateTime::FromIso(found) ? nullptr : "kein gültiges Datum";
+  if (!IsUtf8(found)) return "kein gültiges UTF-8";
+  return CountCharacters(found) <= static_cast<std::size_t>(type.length) ? nullptr : "zu lang";
 }
 
 // What is wrong with the cell, null for nothing.
@@ -101,7 +103,7 @@ const char* FaultOf(sqlite3_stmt* row, int column, const tsql::ColumnDefinition&
   if (type.kind == TypeKind::kDecimal || type.kind == TypeKind::kMoney)
     return FaultOfExact(row, column, type);
   if (type.kind == TypeKind::kFloat) return FaultOfFloat(row, column);
-  return FaultOfText(row, column, type.kind == TypeKind::kDateTime);
+  return FaultOfText(row, column, type);
 }
 
 std::string SelectAll(const TableDefinition& table) {
@@ -140,6 +142,32 @@ void CheckTable(Handle& handle, const TableDefinition& table, std::size_t limit,
   }
 }
 
+// The last number noted as given.
+std::int64_t LastGiven(Handle& handle, const TableDefinition& table, const tsql::ColumnDefinition& identity) {
+  Statement query(handle,
+                  std::string("SELECT last FROM main.") + tsql::kIdentityTable + " WHERE table_name = ?1");
+  query.BindText(1, table.name);
+  return query.Step() && !query.IsNull(0) ? query.Integer(0) : identity.seed - identity.step;
+}
+
+// Tables that hold a number beyond the last one noted as given: it would be given again.
+void CheckIdentities(Handle& handle, const FileCatalogue& catalogue, std::vector<std::string>& problems) {
+  for (const std::string& name : catalogue.Names()) {
+    const auto table = catalogue.FindTable(name);
+    const int column = table->IdentityColumn();
+    if (column < 0) continue;
+    const auto& identity = table->columns[static_cast<std::size_t>(column)];
+    Statement query(handle, std::string("SELECT ") + (identity.step > 0 ? "max(" : "min(") +
+                                Quoted(identity.name) + ") FROM main." + Quoted(name));
+    if (!query.Step() || query.IsNull(0)) continue;
+    const std::int64_t last = LastGiven(handle, *table, identity);
+    const bool beyond = identity.step > 0 ? query.Integer(0) > last : query.Integer(0) < last;
+    if (!beyond) continue;
+    problems.push_back("Tabelle " + name + ": als letzte Nummer ist " + std::to_string(last) +
+                       " vermerkt, es gibt aber schon " + std::to_string(query.Integer(0)) + ".");
+  }
+}
+
 }  // namespace
 
 std::vector<std::string> FileProblems(Handle& handle) {
@@ -168,8 +196,10 @@ std::vector<std::string> CheckIntegrity(Connection& connection) {
   Database& database = dynamic_cast<SqliteConnection&>(connection).Shared();
   auto problems = FileProblems(database.File());
   if (!problems.empty()) return problems;
-  return CellProblems(database.File(), database.Tables(), database.Tables().Names(),
-                      std::numeric_limits<std::size_t>::max());
+  problems = CellProblems(database.File(), database.Tables(), database.Tables().Names(),
+                          std::numeric_limits<std::size_t>::max());
+  CheckIdentities(database.File(), database.Tables(), problems);
+  return problems;
 }
 
 }  // namespace tarvoni::sqlite

@@ -112,6 +112,7 @@ std::shared_ptr<Connection> OpenDatabase(const std::string& connection_string, c
   if (connection_string.starts_with(kMemory)) {
     return std::make_shared<SqliteConnection>(OpenMemory(connection_string, options));
   }
+  if (connection_string.empty()) throw DatabaseError(kErrorConnection, "Es ist keine Datenbank genannt.");
   try {
     const fs::path path = fs::weakly_canonical(fs::absolute(connection_string));
     return std::make_shared<SqliteConnection>(OpenFile(path, options));

@@ -3,12 +3,6 @@
 #include "src/context/data/database_error.h"
 
 namespace tarvoni::sqlite {
-namespace {
-
-// Each one makes SQLite go through all others and through everything prepared.
-constexpr std::size_t kMostTables = 250;
-
-}  // namespace
 
 TemporaryTables::~TemporaryTables() {
   for (auto& [name, table] : tables_) {
@@ -21,10 +15,6 @@ TemporaryTables::~TemporaryTables() {
 }
 
 void TemporaryTables::Create(const tsql::CreateTableStep& step) {
-  if (tables_.size() >= kMostTables && !tables_.contains(step.stored_name)) {
-    throw DatabaseError(kErrorNotSupported, "Ein Batch kann höchstens " + std::to_string(kMostTables) +
-                                                " temporäre Tabellen anlegen.");
-  }
   Table& table = tables_[step.stored_name];
   if (table.there) {
     throw DatabaseError(2714, "There is already an object named '" + step.table.name + "' in the database.");

@@ -43,7 +43,10 @@ BoundSelect SelectBinder::Bind(const Select& select, bool compared) {
   bound.distinct = select.distinct;
   if (select.top) bound.top = BindTop(*select.top);
   if (select.from) bound.from = BindSource(*select.from);
-  if (select.where) bound.where = ExpressionBinder(state_, scope_, {}).Condition(*select.where);
+  if (select.where) {
+    bound.where = ExpressionBinder(state_, scope_, {}).Condition(*select.where);
+    NarrowGroups(*bound.where);
+  }
   BindGroups(select, bound);
   BindItems(select, compared || !select.group_by.empty(), bound);
   if (select.having) {

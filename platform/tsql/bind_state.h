@@ -20,6 +20,8 @@ class BatchCatalogue {
   // The name under which the table stands in the file, with its schema, ready to be written.
   std::string StoredName(std::string_view name) const;
   bool CreatedHere(std::string_view name) const { return FindCreated(name) != nullptr; }
+  // How many temporary tables the batch has made, dropped or not.
+  int Temporaries() const { return temporaries_; }
 
   void Create(TableDefinition table);
   void Drop(std::string_view name);

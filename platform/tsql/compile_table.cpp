@@ -10,6 +10,9 @@
 namespace tarvoni::tsql {
 namespace {
 
+// Each one makes SQLite go through all others and through everything prepared.
+constexpr int kMostTemporaryTables = 250;
+
 int RequireColumn(const TableDefinition& table, const std::string& name, Position at) {
   const int column = table.Find(name);
   if (column < 0) throw Error(1911, "Column name '" + name + "' does not exist in the target table.", at);
@@ -176,6 +179,11 @@ void StatementCompiler::Compile(const CreateTableStatement& create, Position at)
   const bool temporary = IsTemporary(create.table);
   if (temporary && state_.tables->CreatedHere(create.table))
     throw Error(kTableExists, "There is already an object named '" + create.table + "' in the database.",
+                create.table_at);
+  if (temporary && state_.tables->Temporaries() >= kMostTemporaryTables)
+    throw Error(kUnsupported,
+                "A batch with more than " + std::to_string(kMostTemporaryTables) +
+                    " temporary tables is not supported.",
                 create.table_at);
   TableDefinition table = Define(create);
   state_.tables->Create(table);

@@ -27,4 +27,9 @@ void ConvertColumn(BoundQuery& query, size_t column, const Type& to,
 // key.
 bool HasOneRowAtMost(const BoundQuery& query);
 
+// Where a WHERE asks for `x IN (SELECT key FROM … GROUP BY key HAVING …)`, only the group of x counts: the query is
+// narrowed to it if an index finds it. Without this all groups would be made first. Below AND alone, where unknown is
+// as good as false.
+void NarrowGroups(const BoundExpression& filter);
+
 }  // namespace tarvoni::tsql

@@ -1,6 +1,5 @@
-#include <algorithm>
-
 #include "src/common/box_rules.h"
+#include "src/common/enter_order.h"
 #include "src/common/page_focus.h"
 #include "src/common/position_amounts.h"
 #include "src/common/timber_assignment.h"
@@ -106,17 +105,9 @@ std::vector<Control*> F_Arbeitsauftrag::EnterOrder() {
 // The next open box, on whichever page it stands; behind the last one the save button. From a unit cost it passes over
 // the total, for leaving that would work the unit cost out anew.
 void F_Arbeitsauftrag::NextOnEnter() {
-  const auto order = EnterOrder();
-  auto next = std::ranges::find(order, ActiveControl());
-  const bool unit_cost_given = ActiveControl() == &txtKostenE && IsOtherThanZero(txtKostenE.Text());
-  const auto is_open = [&](Control* control) {
-    if (unit_cost_given && control == &txtKosten) return false;
-    const auto* input = dynamic_cast<const InputControl*>(control);
-    return control->IsEnabled() && control->Visible() && !(input && input->Locked());
-  };
-  if (next == order.end()) return;
-  next = std::find_if(next + 1, order.end(), is_open);
-  if (next != order.end()) FocusOnPage(**next);
+  std::vector<Control*> order = EnterOrder();
+  if (ActiveControl() == &txtKostenE && IsOtherThanZero(txtKostenE.Text())) std::erase(order, &txtKosten);
+  if (Control* const next = NextOpen(*this, order)) FocusOnPage(*next);
 }
 
 // --- codes ---

@@ -155,9 +155,9 @@ void NaturalEntry::Demand(bool stand_type, bool origin, bool height, bool fence)
   chkZaunbau.SetEnabled(fence);
 }
 
-void NaturalEntry::RequireStill(std::int32_t id, Recordset rows) {
-  bool still = id == 0 && rows.EndOfFile();
-  for (; !rows.EndOfFile(); rows.MoveNext()) still = still || ToLong(rows.Fields()[0].Value()) == id;
+void NaturalEntry::RequireStill(std::int32_t id, Recordset owned) {
+  bool still = id == 0 && owned.EndOfFile();
+  for (; !owned.EndOfFile(); owned.MoveNext()) still = still || ToLong(owned.Fields()[0].Value()) == id;
   if (still) return;
   throw std::runtime_error(
       "Der Naturalvollzug wurde inzwischen an einem anderen Arbeitsplatz geändert. Bitte brechen Sie ab und "

@@ -37,9 +37,9 @@ class NaturalEntry {
   void ShowData(const CurrentRow& row);
   // Opens the groups that the mark demands; empties and locks the others. A mark that is not permitted changes none.
   void ApplyExecutionMarkRules();
-  // An error with one sentence unless the owner's row is still the one with this id, 0 for none: another workstation may
-  // have entered or removed it.
-  static void RequireStill(std::int32_t id, Recordset rows_of_owner);
+  // An error with one sentence unless the one with this id, 0 for none, is still among the rows that the owner has:
+  // another workstation may have entered or removed it.
+  static void RequireStill(std::int32_t id, Recordset owned);
   // What a save writes. Mark and target type come from the Tags.
   natural_sql::Values Values() const;
 

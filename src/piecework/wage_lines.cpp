@@ -128,9 +128,10 @@ void WageLines::PrepareNewLine() {
 // --- saving ---
 
 std::optional<std::int32_t> WageLines::Save() {
+  if (!CheckWaldortList()) return std::nullopt;
   const auto natural =
       frmNaturalvollzug.Enabled() && natural_.HasMark() ? std::optional(natural_.Values()) : std::nullopt;
-  if (!CheckWaldortList() || !CheckLine(natural.has_value())) return std::nullopt;
+  if (!CheckLine(natural.has_value())) return std::nullopt;
   TestOrder();
   WriteOrder();
   if (entry_.IsNew()) return SaveNewLine(natural);

@@ -51,8 +51,8 @@ void F_Belege_New::Fill() {
   forest_year_ = OptionText("STANDARD_FWJ");
   client_number_ = ReadText(sql::NumberOfClient(idPersonal));
   DataGridBelege.SetStruck("STORNO", FieldText(Value(true), "", CurrentLocale()));
+  btnNeu.SetTag("");
   LoadVouchers(0);
-  SetViewState(true);
   SafeSetFocus(DataGridBelege);
 }
 

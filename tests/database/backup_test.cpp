@@ -39,6 +39,13 @@ TEST_F(BackupTest, CopiesWhatTheHandlerHasWritten) {
   EXPECT_EQ(folder_.FileCount(), 2U);
 }
 
+TEST_F(BackupTest, KeepsALinkToADiskThatIsNotThere) {
+  fs::create_symlink("/nicht/da/sicherung.db", copy_);
+  for (const bool force : {false, true})
+    EXPECT_EQ(ErrorNumber([&] { Backup(*connection_, copy_, {.force = force}); }), kErrorConnection);
+  EXPECT_TRUE(fs::is_symlink(copy_));
+}
+
 TEST_F(BackupTest, CopiesADatabaseInMemory) {
   const auto memory = OpenDatabase(":memory:");
   memory->Execute("CREATE TABLE B (ID INT) INSERT INTO B (ID) VALUES (7)");

@@ -43,7 +43,28 @@ TEST_F(DamagedCellsTest, TheCheckNamesTableKeyColumnAndContent) {
                           "Tabelle T, ID 2, Spalte M: keine genaue Zahl („2.5“).",
                           "Tabelle T, ID 2, Spalte F: unendlich („Inf“).",
                           "Tabelle T, ID 2, Spalte N: kein gültiges UTF-8 („A\uFFFD“).",
-                          "Tabelle T, ID 2, Spalte P: leer, obwohl dort ein Wert stehen muss."));
+                          "Tabelle T, ID 2, Spalte P: leer, obwohl dort ein Wert stehen muss.",
+                          "Tabelle T: als letzte Nummer ist 1 vermerkt, es gibt aber schon 2."));
+}
+
+TEST_F(DamagedCellsTest, TheCheckNamesTextsBeyondTheirColumn) {
+  EXPECT_EQ(OtherProgram(path_).Run("DELETE FROM T WHERE ID = 2; UPDATE T SET P = 'zehn Zeich'; "
+                                    "INSERT INTO T (ID,P) VALUES (-7,'neunZeich')"),
+            SQLITE_OK);
+  EXPECT_THAT(CheckIntegrity(*connection_),
+              ElementsAre("Tabelle T, ID 1, Spalte P: zu lang („zehn Zeich“)."));
+}
+
+TEST_F(DamagedCellsTest, DifferencesFromAModelAreTold) {
+  const auto model = OpenDatabase(":memory:");
+  model->Execute(
+      "CREATE TABLE T (ID INT IDENTITY(1,1) NOT NULL PRIMARY KEY, D DATETIME, I BIGINT, X INT)\n"
+      "CREATE TABLE U (A INT)");
+  OtherProgram(path_).Run("DROP TABLE tarvoni_identity");
+  EXPECT_THAT(DifferencesFrom(*model, *OpenDatabase(path_, {.read_only = true})),
+              ElementsAre("Die Spalte ID der Tabelle T vergibt keine Nummern.",
+                          "Die Spalte I der Tabelle T ist INT statt BIGINT.",
+                          "In der Tabelle T fehlt die Spalte X.", "Die Tabelle U fehlt."));
 }
 
 TEST_F(DamagedCellsTest, AListShowsTheCellsAsTheyAreBehindAMark) {

@@ -68,6 +68,41 @@ TEST_F(IndexTest, FindsTheSameRowsWithItAndWithout) {
   EXPECT_EQ(pairs(), "1,1;1,2;2,3;2,4;3,3;3,4;4,NULL");
 }
 
+// Groups of which an outer row needs one are not all made first.
+TEST_F(IndexTest, FindsTheOneGroupThatAFilterAsksFor) {
+  Run("CREATE TABLE LISTE (NAME NVARCHAR(9), ZAHL INT)"
+      "CREATE TABLE STAMMLISTE (LISTE NVARCHAR(9), NR INT, OHNE NVARCHAR(9), AA INT)"
+      "CREATE INDEX STAMMLISTE_LISTE ON STAMMLISTE (LISTE, AA)"
+      "INSERT INTO LISTE VALUES ('a',1),('B ',2),('c',3),(NULL,4),('d',5)"
+      "INSERT INTO STAMMLISTE VALUES ('A',1,'a',NULL),('a ',2,'a',NULL),('b',1,'b',NULL),('b',2,'b',7),"
+      "('C',1,'c',NULL),(NULL,1,NULL,NULL)");
+  struct Case {
+    const char* condition;
+    const char* rows;
+    bool narrowed;
+  };
+  for (const Case& one :
+       {Case{"NAME IN (SELECT LISTE FROM STAMMLISTE GROUP BY LISTE HAVING MAX(AA) IS NULL)", "1;3", true},
+        Case{"ZAHL > 1 AND NAME IN (SELECT LISTE FROM STAMMLISTE GROUP BY LISTE HAVING COUNT(AA) < 1)", "3",
+             true},
+        Case{"NAME IN (SELECT LISTE FROM STAMMLISTE GROUP BY LISTE HAVING MAX(AA) > 0)", "2", true},
+        // Unknown is not false here.
+        Case{"NAME NOT IN (SELECT LISTE FROM STAMMLISTE GROUP BY LISTE HAVING MAX(AA) IS NULL)", "", false},
+        Case{"NOT (NAME IN (SELECT LISTE FROM STAMMLISTE GROUP BY LISTE HAVING MAX(AA) IS NULL))", "", false},
+        // No index, another column, and tests that may fail on another group.
+        Case{"NAME IN (SELECT OHNE FROM STAMMLISTE GROUP BY OHNE HAVING MAX(AA) IS NULL)", "1;3", false},
+        Case{"NAME IN (SELECT MIN(OHNE) FROM STAMMLISTE GROUP BY LISTE HAVING MAX(AA) IS NULL)", "1;3",
+             false},
+        Case{"NAME IN (SELECT LISTE FROM STAMMLISTE GROUP BY LISTE HAVING SUM(NR) = 1)", "3", false},
+        Case{"NAME IN (SELECT LISTE FROM STAMMLISTE WHERE AA = 7 GROUP BY LISTE HAVING MAX(AA) = 7)", "2",
+             false}}) {
+    const std::string text = "SELECT ZAHL FROM LISTE WHERE " + std::string(one.condition) + " ORDER BY ZAHL";
+    EXPECT_EQ(Rows(*connection_, text), one.rows) << one.condition;
+    EXPECT_EQ(PlanOf(text).find("STAMMLISTE_LISTE (LISTE=?)") != std::string::npos, one.narrowed)
+        << one.condition;
+  }
+}
+
 TEST_F(IndexTest, OtherExpressionsAreRefused) {
   for (const char* term : {"UPPER(MARKE)", "ISNULL(MARKE,'x')", "ISNULL(ZAHL,'')", "ISNULL(MARKE,0)"})
     EXPECT_EQ(ErrorNumber([&] { Run("CREATE INDEX X ON TARIF (" + std::string(term) + ")"); }),

@@ -141,6 +141,7 @@ struct FaultyDiskCalls {
     const int code = disk.real_->xDelete(disk.real_, path, 0);
     if (code == SQLITE_OK) disk.names_.erase(path);
     if (code == SQLITE_OK && sync_folder != 0) disk.SyncFolder();
+    if (code == SQLITE_OK) disk.committed_();
     return code;
   }
 };

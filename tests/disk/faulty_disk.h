@@ -3,10 +3,12 @@
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tarvoni::disktest {
@@ -26,6 +28,8 @@ class FaultyDisk {
   void CutAt(long n);
   bool IsCut() const { return cut_; }
   long Operations() const { return operations_; }
+  // Hears of each journal that is removed, with which a commit is done, or a rollback.
+  void OnCommit(std::function<void()> heard) { committed_ = std::move(heard); }
 
   // How much of what nobody synced has reached the disk all the same.
   enum class Unsynced { kLost, kKept, kByChance };
@@ -55,6 +59,7 @@ class FaultyDisk {
 
   sqlite3_vfs vfs_{};
   sqlite3_vfs* real_ = nullptr;
+  std::function<void()> committed_ = [] {};
   long operations_ = 0;
   long fail_at_ = 0;
   int fail_code_ = SQLITE_OK;

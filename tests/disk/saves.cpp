@@ -54,10 +54,11 @@ SET NOCOUNT ON
 INSERT INTO KOPF (NUMMER) SELECT ISNULL((SELECT MAX(NUMMER) FROM KOPF),0)+1
 SELECT IDENT_CURRENT('KOPF') AS ID)");
   const std::string key = ToDisplayText(made.Fields()[0].Value());
-  for (int i = 0; i < kRowsOfASave; ++i) {
-    connection.Execute(
-        Compose("INSERT INTO ZEILE (KOPF,T) VALUES ({},'{}')", Id(key), Quoted(std::string(800, 'x'))));
-  }
+  const std::string text(800, 'x');
+  connection.Execute(Compose("INSERT INTO ZEILE (KOPF,T) VALUES ({},'{}')", Id(key), Quoted(text)));
+  // More than one row in a statement: SQLite takes it back alone when the disk is full.
+  connection.Execute(Compose("INSERT INTO ZEILE (KOPF,T) VALUES ({},'{}'),({},'{}')", Id(key), Quoted(text),
+                             Id(key), Quoted(text)));
   handler.Finish();
   return std::stoll(key);
 }

@@ -168,6 +168,7 @@ TEST_F(Program, CheckRefusesWhatIsNoDatabase) {
     EXPECT_THAT(refused.output, HasSubstr(sentence));
     std::filesystem::remove(file_);
   };
+  EXPECT_THAT(RunProgram("check ''").output, HasSubstr("keine Datenbank genannt"));
   std::ofstream(file_, std::ios::trunc);
   says("ist leer");
   std::filesystem::create_directory(file_);
@@ -175,6 +176,7 @@ TEST_F(Program, CheckRefusesWhatIsNoDatabase) {
   mkfifo(file_.c_str(), 0600);
   says("keine gewöhnliche Datei");
   Sql("CREATE TABLE T (A INT)");
+  EXPECT_THAT(RunProgram("check " + file_.string()).output, HasSubstr("Datei: Die Tabelle "));
   says("weil ihre Tabellen oder Spalten fehlen");
 }
 
@@ -270,6 +272,13 @@ TEST_F(Program, AnOutputThatIsFullAndAFolderForAFileAreErrors) {
     EXPECT_EQ(full.exit_code, 1) << command;
     EXPECT_THAT(full.output, HasSubstr("lässt sich nicht schreiben")) << command;
   }
+  const auto limited = TemporaryFile();
+  EXPECT_EQ(RunProgram("demo " + limited.string(), "ulimit -f 1000;").exit_code, 1);
+  EXPECT_FALSE(std::filesystem::exists(limited.string() + ".tarvoni-teil"));
+  const auto empty = TemporaryFile();
+  std::ofstream(empty) << "database :memory:\n";
+  EXPECT_EQ(RunProgram("script --trace /dev/full " + empty.string()).exit_code, 1);
+  std::filesystem::remove(empty);
   for (const std::string& command : {"sql " + file_.string() + " -f /tmp", std::string("script /tmp")})
     EXPECT_EQ(RunProgram(command).exit_code, 1) << command;
   EXPECT_THAT(RunProgram("check a.db b.db").output, HasSubstr("Das wird hier nicht verstanden: b.db"));

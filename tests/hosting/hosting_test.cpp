@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 #include <cstdio>
@@ -95,7 +96,7 @@ class WindowCloser {
   QTimer timer_;
 };
 
-// Presses these buttons, each in the modal window on top as soon as it is there.
+// Presses these buttons, each in another modal window as soon as that is on top.
 class ButtonPresser {
  public:
   explicit ButtonPresser(QStringList captions) : captions_(std::move(captions)) {
@@ -106,17 +107,20 @@ class ButtonPresser {
  private:
   void PressNext() {
     QWidget* const window = QApplication::activeModalWidget();
-    if (!window || captions_.isEmpty()) return;
+    // A window that is on its way to close would take the next press too.
+    if (!window || window == pressed_ || captions_.isEmpty()) return;
     for (QPushButton* button : window->findChildren<QPushButton*>()) {
       if (button->text().remove('&') != captions_.first() || !button->isEnabled() || !button->isVisible())
         continue;
       captions_.removeFirst();
+      pressed_ = window;
       // From an event of its own: the timer rests while its own is at work.
       return QTimer::singleShot(0, button, &QPushButton::click);
     }
   }
 
   QStringList captions_;
+  QPointer<QWidget> pressed_;
   QTimer timer_;
 };
 

@@ -10,6 +10,7 @@
 #include <QTableView>
 #include <QTest>
 
+#include "tests/qt/dark_palette.h"
 #include "tests/qt/stage.h"
 
 namespace tarvoni::qt {
@@ -34,6 +35,21 @@ TEST(ListView, KeysChooseItems) {
     EXPECT_EQ(widget.count(), 2);
     EXPECT_EQ(widget.currentRow(), 0);
   });
+}
+
+// A combo box is drawn as a button.
+TEST(ComboView, AClosedChoiceStaysReadableInTheDark) {
+  const QPalette light = QApplication::palette();
+  Stage stage;
+  stage.Show(stage.form.cboEinheit, [&](FormWindow&) {
+    QApplication::setPalette(test::DarkPalette());
+    QCoreApplication::processEvents();
+    const QPalette& shown = stage.WidgetOf(stage.form.cboEinheit).palette();
+    EXPECT_GT(shown.color(QPalette::Disabled, QPalette::ButtonText).lightness() -
+                  shown.color(QPalette::Disabled, QPalette::Button).lightness(),
+              90);
+  });
+  QApplication::setPalette(light);
 }
 
 TEST(ListView, MarksSeveralItems) {

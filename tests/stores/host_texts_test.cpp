@@ -8,6 +8,7 @@
 #include "platform/sqlite/public/sqlite_database.h"
 #include "src/common/slot.h"
 #include "src/context/services/environment.h"
+#include "src/entry/c_lohn.h"
 #include "src/entry/screens.h"
 #include "src/schema/schema.h"
 #include "suite/tarvoni_suite.h"
@@ -127,7 +128,9 @@ TEST_F(HostTexts, AnOldInvoiceNameOfAnyKindProposesItsPartsOrFails) {
   std::string name = "vorher";
   EXPECT_EQ(NewRechnung(name, "202350001H" + std::string(kMuch, 'x'), "cmdOK"), kResultOk);
   EXPECT_EQ(name, "202350001");
-  EXPECT_EQ(NewRechnung(name, "20ä35000", "cmdOK"), kResultOk);  // letters count, not bytes; no category
+  EXPECT_EQ(NewRechnung(name, "20ä350001", "cmdOK"), kResultOk);  // letters count, not bytes
+  EXPECT_EQ(name, "20ä350001");
+  EXPECT_EQ(NewRechnung(name, "20235000", "cmdOK"), kResultOk);  // without a category
   EXPECT_EQ(name, "");
   EXPECT_THAT(toolkit_.prompts, ::testing::ElementsAre(HasSubstr("fehlt")));
 

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <filesystem>
 #include <iterator>
+#include <map>
 #include <memory>
 #include <set>
 #include <thread>
@@ -12,6 +13,7 @@
 #include "tests/disk/child.h"
 #include "tests/disk/faulty_disk.h"
 #include "tests/disk/saves.h"
+#include "tests/disk/screen_saves.h"
 #include "tests/support/file_bytes.h"
 #include "tests/support/sql.h"
 
@@ -62,6 +64,30 @@ Found FailAnOperation(const std::string& folder, Chance& chance) {
   disk.FailAt(0, SQLITE_OK);
   acknowledged.push_back(disktest::Save(*sqlite::OpenDatabase(path)));
   return FaultsOf(path, acknowledged);
+}
+
+// A script of a Screen's saves, on a disk that fails at any moment.
+Found SaveOnAScreen(const std::string& folder, Chance& chance) {
+  using disktest::ScreenSaves;
+  struct Script {
+    const char *setup, *script;
+  };
+  static const std::vector<Script> kScripts = {{"disk/screens/demo.tvi", "disk/screens/wage.tvs"},
+                                               {"disk/screens/demo.tvi", "disk/screens/position.tvs"},
+                                               {"scripts/vouchers/vouchers.tvi", "disk/screens/voucher.tvs"},
+                                               {"scripts/wage/journal.tvi", "disk/screens/journal.tvs"}};
+  static std::map<unsigned, ScreenSaves> made;
+  const unsigned which = Below(chance, static_cast<unsigned>(kScripts.size()));
+  const auto [setup, script] = kScripts[which];
+  const ScreenSaves& saves = made.try_emplace(which, folder, setup, script).first->second;
+  constexpr ScreenSaves::Fault kFaults[] = {ScreenSaves::Fault::kPowerCut, ScreenSaves::Fault::kFullDisk,
+                                            ScreenSaves::Fault::kBrokenDisk};
+  using enum FaultyDisk::Unsynced;
+  constexpr FaultyDisk::Unsynced kEach[] = {kLost, kKept, kByChance};
+  const auto fault = kFaults[Below(chance, 3)];
+  const auto unsynced = kEach[Below(chance, 3)];
+  const auto at = 1 + Below(chance, static_cast<unsigned>(saves.Operations()));
+  return saves.FaultsAfter(fault, at, unsynced, Below(chance, 1'000'000));
 }
 
 std::unique_ptr<Child> Saving(const std::string& path, int saves) {
@@ -214,6 +240,7 @@ const std::vector<Attack>& Attacks() {
   static const std::vector<Attack> attacks = {
       {"power cut during saves", CutPower},
       {"file operation fails", FailAnOperation},
+      {"disk fails while a Screen saves", SaveOnAScreen},
       {"programs killed while they save", KillPrograms},
       {"programs save side by side", SaveSideBySide},
       {"backup killed", KillBackups},

@@ -52,7 +52,10 @@ std::shared_ptr<Connection> CopyToMemory(Connection& connection);
 std::function<bool()> FailCommit(Connection& connection, int nth);
 
 // What is wrong with the file, a German sentence each; empty when it is sound. Cells that hold what their column
-// cannot are named by table, key and column.
+// cannot are named by table, key and column, and tables whose numbers would be given twice.
 std::vector<std::string> CheckIntegrity(Connection& connection);
+
+// Tables and columns of the model that the database lacks or has otherwise, a German sentence each.
+std::vector<std::string> DifferencesFrom(Connection& model, Connection& connection);
 
 }  // namespace tarvoni::sqlite

@@ -25,7 +25,8 @@ struct TableDefinition {
   std::vector<ColumnDefinition> columns;
   // Sets of columns (by index) of which a row has a combination of its own; the primary key, if any, first.
   std::vector<std::vector<int>> unique_keys;
-  bool has_other_keys = false;  // there are unique keys that are not told here
+  bool has_other_keys = false;    // there are unique keys that are not told here
+  std::vector<int> indexed = {};  // columns with which an index begins
 
   int Find(std::string_view column) const;  // index without regard to case, -1 if there is none
   int IdentityColumn() const;               // index, -1 if there is none
