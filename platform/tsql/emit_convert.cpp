@@ -28,7 +28,8 @@ bool IsUnsigned(const Type& type) {
 // A DATE is no number either; a DATETIME is one only where the statement says so.
 [[noreturn]] void NoNumber(const BoundExpression& from, const Type& to, BoundConvert::Mode mode) {
   if (from.type.IsDay()) NoConversion(from, to, mode);
-  const std::string types = "onversion from data type " + NameOf(from.type) + " to " + NameOf(to) + " is not ";
+  const std::string types =
+      "onversion from data type " + NameOf(from.type) + " to " + NameOf(to) + " is not ";
   if (mode == BoundConvert::Mode::kCast) throw Error(kUnsupported, "A c" + types + "supported.", from.at);
   throw Error(kNoImplicitConversion,
               "Implicit c" + types + "allowed. Use the CONVERT function to run this query.", from.at);

@@ -133,7 +133,8 @@ bool Compiles(std::string_view text, FixedCatalogue& catalogue) {
   return Accepts(text, [&] {
     const LexedBatch lexed = Lex(text);
     const LexedBatch shape = LexShape(text);
-    Require(shape.shape == lexed.shape && shape.literals.size() == lexed.literals.size(), "two shapes of one batch");
+    Require(shape.shape == lexed.shape && shape.literals.size() == lexed.literals.size(),
+            "two shapes of one batch");
     const auto batch = std::make_shared<const Batch>(Parse(lexed));
     const Plan plan = Compile(lexed, batch, catalogue, options);
     CheckPlan(plan, lexed);

@@ -33,7 +33,7 @@ struct Token {
 // One literal of a batch: what a parameter of the plan is filled with.
 struct LiteralToken {
   TokenKind kind = TokenKind::kInteger;
-  std::string text;  // digits as written, or the text with doubled quotes made one
+  std::string text;       // digits as written, or the text with doubled quotes made one
   bool national = false;  // N'…'
 };
 
