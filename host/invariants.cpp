@@ -77,7 +77,8 @@ FROM LOHNABSCHLUSS
 GROUP BY JAHR, MONAT
 HAVING COUNT(*) > 1 OR MONAT NOT BETWEEN 1 AND 12
 ORDER BY JAHR, MONAT)"},
-      {"Der Betrag eines Lohnauftrags mit Stunden ist die Summe dessen, was seine Stunden wert sind.",
+      {"Der Betrag eines Lohnauftrags mit Stunden ist die Summe dessen, was seine Stunden wert sind; wer sie mit "
+       "„Stunden“ öffnet und schließt, lässt ihn neu rechnen.",
        suite::OrdersWithAnotherTotal()},
       {"Die Nummer eines Produktauftrags kommt je Mandant, Jahr und Revier nur einmal vor.",
        R"(

@@ -2,7 +2,6 @@
 
 #include "platform/odbc/public/odbc_database.h"
 #include "platform/sqlite/public/sqlite_database.h"
-#include "src/context/data/handler_scope.h"
 #include "src/context/data/password.h"
 #include "src/context/values/keywords.h"
 #include "src/schema/schema.h"
@@ -11,10 +10,10 @@ namespace tarvoni::host {
 namespace {
 
 // A file of an earlier release gets the indexes that it lacks. One that cannot be made is left for the next time: it
-// makes statements faster and changes none.
+// makes statements faster and changes none. No handler holds them together: its end would commit what another handler
+// on the file, which opens a second connection here, has written so far.
 void MakeMissingIndexes(Connection& file) {
   const auto names = sqlite::NamesInFile(file);
-  HandlerScope together(file);  // its end throws nothing, also when the file does not take them
   for (const SchemaIndex& index : IndexesOfFile()) {
     if (!names.contains(index.table) || names.contains(index.table + "." + index.name)) continue;
     try {

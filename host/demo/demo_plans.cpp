@@ -37,7 +37,7 @@ class PlanWriter {
     const int location = random.Pick(district.locations);
     const int method = random.Pick(type.methods);
     positions_.Add(id, DateTime{2023, 11, 15}, district.centre.id, type.id, method,
-                   enterprise_.CodesOf(client).CostTypeId(kWages), location, Decimal(area, 1), quantity,
+                   enterprise_.CodesOf(client).CostTypeId(kWages), 1, location, Decimal(area, 1), quantity,
                    by_quantity, type.unit, Decimal(unit_cost, 2), Decimal(total, 2), true);
   }
 
@@ -53,10 +53,9 @@ class PlanWriter {
   RowWriter heads_{enterprise_.connection, "ARBEITSAUFTRAG_KOPF_PLANN",
                    "ID, NAME, PERSONAL_ID, PRODUKT_ID, DATUM, BESCHREIBUNG, FORSTAMT, FWJ, PLANUNG_LANG",
                    RowWriter::Keys::kGiven};
-  RowWriter positions_{
-      enterprise_.connection, "ARBEITSAUFTRAG_PLANN",
-      "AA_PLANN_ID, DATUM_NR, KOSTENSTELLE_ID, LEISTUNGSART_ID, VERFAHREN_ID, KOSTENART_ID, WO_ID, "
-      "FLAECHE, MENGE, PRO_MENGE, EINH_ID, KOSTEN, GESAMT, EURO"};
+  RowWriter positions_{enterprise_.connection, "ARBEITSAUFTRAG_PLANN",
+                       "AA_PLANN_ID, DATUM_NR, KOSTENSTELLE_ID, LEISTUNGSART_ID, VERFAHREN_ID, KOSTENART_ID, "
+                       "SONDERMERKMAL_ID, WO_ID, FLAECHE, MENGE, PRO_MENGE, EINH_ID, KOSTEN, GESAMT, EURO"};
 };
 
 }  // namespace

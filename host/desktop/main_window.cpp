@@ -109,7 +109,9 @@ void MainWindow::MakeMenus() {
   }
 
   menuBar()->addMenu("&Extras")->addAction("&Einstellungen …", this, [this] { ChangeSettings(); });
-  menuBar()->addMenu("&Hilfe")->addAction("Ü&ber Tarvoni Lohn", this, [this] { ShowAbout(); });
+  QMenu* const help = menuBar()->addMenu("&Hilfe");
+  help->addAction("&Tasten", QKeySequence(Qt::Key_F1), this, [this] { ShowKeys(); });
+  help->addAction("Ü&ber Tarvoni Lohn", this, [this] { ShowAbout(); });
 }
 
 void MainWindow::OpenFile() {
@@ -200,6 +202,15 @@ void MainWindow::ChangeSettings() {
   settings_.Save();
   environment_.locale = settings_.FieldLocale();
   settings_.Fill(workplace_.Record());
+}
+
+void MainWindow::ShowKeys() {
+  QMessageBox::information(this, "Tasten",
+                           "Eingabe: den gewählten Bildschirm öffnen\n"
+                           "Alt+M: Mandanten, Alt+L: Bildschirme\n"
+                           "Strg+O: Datenbank öffnen\n"
+                           "Strg+Q: beenden\n"
+                           "F1: diese Übersicht; in jedem Bildschirm nennt sie dessen Tasten");
 }
 
 void MainWindow::ShowAbout() {

@@ -43,6 +43,7 @@ class MainWindow : public QMainWindow {
   void ShowScope();
   void Call(const Method& method, const Arguments::Values& arguments);
   void ChangeSettings();
+  void ShowKeys();
   void ShowAbout();
 
   qt::QtToolkit toolkit_;

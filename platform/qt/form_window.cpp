@@ -125,6 +125,7 @@ bool FormWindow::CommitTyped() {
 
 void FormWindow::FollowFocus() {
   const ControlView* const view = Active();
+  if (told_of_ && told_of_ != form_.ActiveControl()) ShowStatus({});
   if (!view || following_) return;
   following_ = true;
   view->TakeFocus();
@@ -151,6 +152,7 @@ void FormWindow::ShowWaiting() {
 }
 
 void FormWindow::ShowStatus(const QString& sentence) {
+  told_of_ = nullptr;
   status_->setText(sentence);
   status_->setToolTip(sentence);
 }

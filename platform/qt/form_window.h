@@ -71,6 +71,8 @@ class FormWindow : public QDialog, private FormObserver {
   void ShowWaiting();
   // The status line; a sentence that asks for no answer.
   void ShowStatus(const QString& sentence);
+  // What the status line tells is about this control and past when the focus leaves it.
+  void TellsOf(const Control& control) { told_of_ = &control; }
   // Ends Run with this exception.
   void Fail(std::exception_ptr failure) noexcept;
   bool Failed() const { return failure_ != nullptr; }
@@ -109,6 +111,7 @@ class FormWindow : public QDialog, private FormObserver {
   std::exception_ptr failure_;
   const ControlView* reading_ = nullptr;
   const Control* waiting_ = nullptr;
+  const Control* told_of_ = nullptr;
   QWidget* content_ = nullptr;
   QLabel* status_;
   int busy_ = 0;  // actions at work

@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QTabBar>
 
 namespace tarvoni::qt {
 namespace {
@@ -24,7 +25,7 @@ void DrawFocus(QPainter& painter, const QStyleOption& option) {
 }
 
 // Lists and long texts have the focus inside a frame that would not show it.
-bool ShowsFocusByFrame(const QWidget* widget) {
+bool IsFramed(const QWidget* widget) {
   return qobject_cast<const QAbstractItemView*>(widget) || qobject_cast<const QPlainTextEdit*>(widget);
 }
 
@@ -37,18 +38,29 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
   const bool focus = option->state.testFlag(State_HasFocus);
   if (element == PE_FrameFocusRect) return DrawFocus(*painter, *option);
   QProxyStyle::drawPrimitive(element, option, painter, widget);
-  const bool framed = element == PE_Frame && ShowsFocusByFrame(widget);
+  const bool framed = element == PE_Frame && IsFramed(widget);
   if (focus && (framed || element == PE_PanelButtonCommand)) DrawFocus(*painter, *option);
 }
 
-// A link is flat and would show no focus.
 void HouseStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                              const QWidget* widget) const {
+  if (element == CE_HeaderLabel) return DrawHead(*option, *painter, widget);
   QProxyStyle::drawControl(element, option, painter, widget);
-  if (element != CE_PushButton || !option->state.testFlag(State_HasFocus)) return;
+  const bool focus = widget && widget->hasFocus();
   const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
-  if (button && button->features.testFlag(QStyleOptionButton::CommandLinkButton))
-    DrawFocus(*painter, *option);
+  // A link is flat and would show none, nor would the open tab.
+  const bool link =
+      element == CE_PushButton && button && button->features.testFlag(QStyleOptionButton::CommandLinkButton);
+  const bool tab = element == CE_TabBarTabLabel && option->state.testFlag(State_Selected);
+  if (focus && (link || tab)) DrawFocus(*painter, *option);
+}
+
+// A head wider than its column ends in dots.
+void HouseStyle::DrawHead(const QStyleOption& option, QPainter& painter, const QWidget* widget) const {
+  auto head = *qstyleoption_cast<const QStyleOptionHeader*>(&option);
+  head.version = QStyleOptionHeader::Version;  // what newer versions add is not copied
+  head.text = head.fontMetrics.elidedText(head.text, Qt::ElideRight, head.rect.width());
+  QProxyStyle::drawControl(CE_HeaderLabel, &head, &painter, widget);
 }
 
 int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
@@ -70,7 +82,7 @@ int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
 
 void HouseStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
-  if (ShowsFocusByFrame(widget)) widget->installEventFilter(this);
+  if (IsFramed(widget) || qobject_cast<QTabBar*>(widget)) widget->installEventFilter(this);
 }
 
 void HouseStyle::polish(QPalette& palette) {

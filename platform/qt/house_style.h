@@ -19,8 +19,11 @@ class HouseStyle : public QProxyStyle {
   using QProxyStyle::polish;
 
  protected:
-  // The frame shows whether a list or text has the focus, but Qt paints only its inside anew.
+  // Frames and tabs show where the focus is, but Qt does not paint them anew when it comes or goes.
   bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void DrawHead(const QStyleOption& option, QPainter& painter, const QWidget* widget) const;
 };
 
 }  // namespace tarvoni::qt

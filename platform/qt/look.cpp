@@ -46,6 +46,12 @@ QPalette ReadablePalette() {
     const QColor text = palette.color(QPalette::Active, ink);
     palette.setColor(QPalette::Disabled, ink, Mixed(text, palette.color(QPalette::Active, ground), kFaded));
   }
+  // The row that is current in a closed list.
+  const QColor text = palette.color(QPalette::Active, QPalette::Text);
+  palette.setColor(QPalette::Disabled, QPalette::Highlight,
+                   Mixed(text, palette.color(QPalette::Active, QPalette::Window), 0.2));
+  palette.setColor(QPalette::Disabled, QPalette::HighlightedText,
+                   palette.color(QPalette::Disabled, QPalette::Text));
   return palette;
 }
 

@@ -119,6 +119,7 @@ void QtToolkit::DoTell(const std::string& sentence) {
 
 void QtToolkit::DoShowRefusal(Control& control) {
   FormWindow* const window = WindowOf(control.OwnerForm());
+  if (window) window->TellsOf(control);
   if (ControlView* const view = window ? window->ViewOf(&control) : nullptr) view->Flash();
   QApplication::beep();
 }

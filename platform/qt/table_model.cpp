@@ -80,7 +80,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
   const Column& column = columns_[static_cast<std::size_t>(section)];
-  if (role == Qt::DisplayRole) return column.caption;
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return column.caption;
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(column.alignment);
   return {};
 }

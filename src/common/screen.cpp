@@ -7,6 +7,8 @@
 namespace tarvoni {
 
 void Screen::Present(const TvnVar_Dll& tvnvar, const std::function<void()>& fill) {
+  if (IsShown())
+    return CurrentToolkit().ShowModal(*this);  // which refuses, before the open Screen is filled anew
   tvnvar_ = tvnvar;
   Load();
   for (const RowList* list : lists_) list->Data().SetConnectionString(tvnvar_.strConString);

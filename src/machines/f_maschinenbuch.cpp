@@ -134,7 +134,7 @@ void F_Maschinenbuch::ShowLife() {
 }
 
 std::vector<ShownColumn> F_Maschinenbuch::LifeColumns() const {
-  return {{.data_field = "NAME", .caption = "Arbeitsauftrag", .width = 1700},
+  return {{.data_field = "NAME", .caption = "Arbeitsauftrag", .width = 2100},
           AmountColumn("ORDERS", "Pos.", 650, "0"),
           {.data_field = "DATUM", .caption = "Datum", .number_format = "dd.mm.yyyy", .width = 1200},
           {.data_field = "KOSTENSTELLE", .caption = "Kostenstelle", .width = 2100},

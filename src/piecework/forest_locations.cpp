@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 
 #include "src/common/query.h"
@@ -13,8 +14,8 @@
 namespace tarvoni {
 namespace {
 
-// The levels from the top; "" for one that is missing. Case does not count, as in the database.
-using Path = std::array<std::string, 6>;
+// The levels from the top, some missing. Case does not count, as in the database.
+using Path = std::array<std::optional<std::string>, 6>;
 
 SqlText PathsOf(const std::vector<std::int32_t>& ids) {
   return Compose("SELECT ID_WALDORT,WO1,WO2,WO3,WO4,WO5,WO6 FROM WALDORT WHERE ID_WALDORT IN ({})",
@@ -24,7 +25,7 @@ SqlText PathsOf(const std::vector<std::int32_t>& ids) {
 // How many levels there are down to the last one that is not missing.
 std::size_t Depth(const Path& path) {
   std::size_t depth = path.size();
-  while (depth > 0 && path[depth - 1].empty()) --depth;
+  while (depth > 0 && !path[depth - 1]) --depth;
   return depth;
 }
 
@@ -38,6 +39,7 @@ bool LiesBeneath(const Path& path, const Path& other) {
 
 std::vector<std::int32_t> ForestLocations::Ids() const {
   std::vector<std::int32_t> ids;
+  ids.reserve(static_cast<std::size_t>(list_.ListCount()));
   for (int i = 0; i < list_.ListCount(); ++i) ids.push_back(list_.ItemData(i));
   return ids;
 }
@@ -59,7 +61,8 @@ bool ForestLocations::NoneBeneathAnother(Connection& connection) const {
   for (Recordset rows = connection.Open(PathsOf(Ids())); !rows.EndOfFile(); rows.MoveNext()) {
     Path& path = paths.emplace_back();
     for (std::size_t level = 0; level < path.size(); ++level) {
-      path[level] = utf8::Upper(ToText(rows.Fields()[static_cast<int>(level) + 1].Value()));
+      const Value value = rows.Fields()[static_cast<int>(level) + 1].Value();
+      if (!IsNull(value)) path[level] = utf8::Upper(ToText(value));
     }
   }
   return std::ranges::none_of(paths, [&paths](const Path& path) {

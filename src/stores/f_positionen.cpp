@@ -129,7 +129,7 @@ std::vector<ShownColumn> F_Positionen::WithdrawalColumns() const {
   return {{.data_field = "STATUS", .caption = Message(message::kStatus), .width = 650},
           {.data_field = "BELEGNUNMMER", .caption = lblBelegNr.Caption(), .width = 1100},
           {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1200},
-          {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = Message(kArbeitsauftrag), .width = 1900},
+          {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = Message(kArbeitsauftrag), .width = 2100},
           {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption(), .width = 1300},
           {.data_field = "VERFAHRENNUMBER", .caption = lblArbeitsverfahren.Caption(), .width = 1550},
           {.data_field = "OBJEKTNUMBER", .caption = lblObjekt.Caption(), .width = 800},

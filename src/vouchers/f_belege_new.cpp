@@ -31,10 +31,14 @@ F_Belege_New::F_Belege_New() : Screen("F_Belege_New") {
 }
 
 void F_Belege_New::Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_dll, std::uint8_t mode_dll) {
-  idPersonal = ToInt32(strPersonal_dll, CurrentLocale());
-  screenMode = mode_dll;
-  isNewVoucher = stornoThenNew = false;
-  Present(tvnvar, [this] { Fill(); });
+  const std::int32_t client = ToInt32(strPersonal_dll, CurrentLocale());
+  // An open Screen refuses a second call and must not change by it.
+  Present(tvnvar, [=, this] {
+    idPersonal = client;
+    screenMode = mode_dll;
+    isNewVoucher = stornoThenNew = false;
+    Fill();
+  });
 }
 
 std::optional<std::int32_t> F_Belege_New::CurrentDocument() const {
@@ -83,15 +87,15 @@ std::vector<ShownColumn> F_Belege_New::VoucherColumns() const {
         .data_field = field, .caption = std::move(caption), .number_format = "dd.mm.yyyy", .width = width};
   };
   return {{.data_field = 0, .caption = "Status", .width = 650},
-          date(1, lblDatumBeleg.Caption(), 1450),
+          date(1, lblDatumBeleg.Caption(), 1550),
           {.data_field = 2, .caption = lblBelegNr.Caption(), .width = 1750},
           {.data_field = 3, .caption = "Rechnung", .width = 1400},
           date(4, "Rechnung vom", 1450),
-          AmountColumn(5, "Betrag", 1250),
+          AmountColumn(5, "Betrag", 1200),
           {.data_field = 6, .caption = "Währung", .width = 950},
           {.data_field = 7, .caption = lblKapitel.Caption(), .width = 750},
           {.data_field = 8, .caption = lblTitel.Caption(), .width = 650},
-          {.data_field = 9, .caption = lblHul.Caption(), .width = 1050},
+          {.data_field = 9, .caption = lblHul.Caption(), .width = 1000},
           date(10, lblDatumHaus.Caption(), 1350),
           {.data_field = 11, .caption = lblZuhlungsart.Caption(), .width = 1200},
           {.data_field = 12, .caption = lblZuhlungsgrund.Caption(), .width = 1450},
@@ -198,9 +202,9 @@ void F_Belege_New::ShowRowCodes(const CurrentRow& row) {
   txtPA.SetText(order);
   SetTextBoxLocked(txtKostenstelleN.Tag().empty(), txtPaN);
   row.ShowCode("LEISTUNGSART_ID", "LEISTUNGSART_NUMBER", txtLeistungsartN);
-  txtLeistungsart.SetText(GetNameById("LEISTUNGSART", row.Number("LEISTUNGSART_ID"), Db()));
+  ShowActivity(row);
   row.ShowCode("KOSTENART_ID", "KOSTENART_NUMBER", txtKostenartN);
-  txtKostenart.SetText(GetNameById("KOSTENART", row.Number("KOSTENART_ID"), Db()));
+  ShowCostType(row);
   row.ShowCode("SONDERMERKMAL_ID", "SONDERMERKMALNUMMER", "SONDERMERKMALNAME", txtSondermerkmal);
   row.ShowCode("ID_MWST", "MWSTSHORT", "MWSTLONG", txtMehrwertsteuer);
   std::int32_t location = row.Number("WO_ID");
@@ -208,8 +212,8 @@ void F_Belege_New::ShowRowCodes(const CurrentRow& row) {
   txtWaldort.SetTag(location == 0 ? "" : std::to_string(location));
 }
 
-// What the row holds lies over what its codes open and close.
-void F_Belege_New::ShowRowAmounts(const CurrentRow& row) {
+// One that its cost centre does not allow any more keeps its name and opens nothing.
+void F_Belege_New::ShowActivity(const CurrentRow& row) {
   activity_ = {};
   if (!txtLeistungsartN.Empty()) {
     activity_ = FindActivity(Db(), {.client = idPersonal,
@@ -217,10 +221,22 @@ void F_Belege_New::ShowRowAmounts(const CurrentRow& row) {
                                     .number = txtLeistungsartN.Text(),
                                     .cost_centre = row.Number("KOSTENSTELLE_ID")});
   }
-  TakeActivity();
+  const bool found = activity_.id != 0;
   activity_.id = row.Number("LEISTUNGSART_ID");
+  txtLeistungsart.SetText(found ? activity_.name : GetNameById("LEISTUNGSART", activity_.id, Db()));
+}
+
+void F_Belege_New::ShowCostType(const CurrentRow& row) {
   cost_type_ = row.Number("KOSTENART_ID");
-  revenue_ = ToFlag(ReadValue(Db(), sql::IsRevenue(cost_type_)));
+  const Recordset found = Screen::Open(sql::CostType(cost_type_));
+  const CurrentRow type(found);
+  txtKostenart.SetText(type.Text("NAME"));
+  revenue_ = type.Flag("ERLOSE");
+}
+
+// What the row holds lies over what its codes open and close.
+void F_Belege_New::ShowRowAmounts(const CurrentRow& row) {
+  TakeActivity();
   OpenAmounts(!revenue_, revenue_);
   row.Show("FLAECHE", txtFlache, "0.0000");
   row.Show("MENGE", txtMenge, "0.00");

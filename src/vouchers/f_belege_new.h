@@ -52,6 +52,8 @@ class F_Belege_New : public Screen {
   void LoadRows(std::int32_t voucher, std::int32_t position);
   void ShowRow();
   void ShowRowCodes(const CurrentRow& row);
+  void ShowActivity(const CurrentRow& row);
+  void ShowCostType(const CurrentRow& row);
   void ShowRowAmounts(const CurrentRow& row);
   void ShowRest();
   void SetViewState(bool view);

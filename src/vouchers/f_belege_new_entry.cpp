@@ -106,7 +106,8 @@ void F_Belege_New::Save() {
     if (isNewVoucher) voucher = InsertVoucher();
     const auto insert = [&] {
       const std::int32_t row = InsertRow(voucher);
-      if (stornoThenNew) left_behind = CopyNaturalExecution(old_row, row);
+      if (stornoThenNew)
+        left_behind = OrUndo([&] { return CopyNaturalExecution(old_row, row); }, sql::TakeBackRow(row));
       return row;
     };
     return isNewVoucher ? OrUndo(insert, sql::DeleteVoucher(voucher)) : insert();

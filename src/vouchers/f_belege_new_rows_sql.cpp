@@ -123,8 +123,8 @@ WHERE ISNULL(DISABLE,0) = 0 AND NUMBER = '{}'
                  Quoted(number), Id(client), FitsActivity(activity));
 }
 
-SqlText IsRevenue(std::int32_t cost_type) {
-  return Compose("SELECT ISNULL(ERLOSE,0) FROM KOSTENART WHERE ID = {}", Id(cost_type));
+SqlText CostType(std::int32_t id) {
+  return Compose("SELECT NAME,ISNULL(ERLOSE,0) AS ERLOSE FROM KOSTENART WHERE ID = {}", Id(id));
 }
 
 SqlText HighestOrders(std::string_view header) {

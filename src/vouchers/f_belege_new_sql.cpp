@@ -113,6 +113,13 @@ SqlText DeleteVoucher(std::int32_t voucher) {
   return Compose("DELETE FROM BELEGE WHERE ID = {}", Id(voucher));
 }
 
+SqlText TakeBackRow(std::int32_t position) {
+  return Compose(R"(
+DELETE FROM NATURALVOLLZUG_KLR WHERE ID_ARBEITSAUFTRAG = {}
+DELETE FROM ARBEITSAUFTRAG WHERE ID = {})",
+                 Id(position), Id(position));
+}
+
 SqlText VoucherInForce(std::int32_t voucher) {
   return Compose("SELECT ID FROM BELEGE WHERE ID = {} AND ISNULL(STORNO,0) = 0", Id(voucher));
 }

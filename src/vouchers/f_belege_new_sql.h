@@ -44,6 +44,8 @@ SqlText InsertVoucher(const Header& header, std::string_view sql_date_format);
 SqlText LastVoucher();
 SqlText VoucherWithNumber(std::string_view number, std::int32_t other_than);
 SqlText DeleteVoucher(std::int32_t voucher);
+// A row just made, with what was copied to it.
+SqlText TakeBackRow(std::int32_t position);
 SqlText VoucherInForce(std::int32_t voucher);
 
 SqlText CancelVoucher(std::int32_t voucher);
@@ -65,7 +67,7 @@ SqlText FeatureOfOrder(std::string_view header);
 SqlText CostTypes(std::int32_t client, std::int32_t activity);
 SqlText FindCostType(std::string_view number, std::int32_t client, std::int32_t activity);
 
-SqlText IsRevenue(std::int32_t cost_type);
+SqlText CostType(std::int32_t id);
 
 SqlText HighestOrders(std::string_view header);
 struct Row {

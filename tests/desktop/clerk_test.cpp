@@ -113,14 +113,18 @@ TEST(Clerk, ComesFromTheEmptyFirstPageToAnOrderOfHisOwn) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
 
   Typist clerk;
-  clerk.Key(Qt::Key_Return);
-  clerk.Type("Hof Hagenwald\t\t\t").Type("Huber Anna\nMaier Karl\t\t").Key(Qt::Key_Return);
-  clerk.Key(Qt::Key_Escape);  // no file yet: what was typed is still there
-  clerk.Key(Qt::Key_Return).Do([&file] {
+  const QString details = "Eigenen Betrieb anlegen", file_choice = "Datei des Betriebs";
+  clerk.Key(Qt::Key_Return).AwaitWindow(details);
+  clerk.Type("Hof Hagenwald\t\t\t")
+      .Type("Huber Anna\nMaier Karl\t\t")
+      .Key(Qt::Key_Return)
+      .AwaitWindow(file_choice);
+  clerk.Key(Qt::Key_Escape).AwaitWindow(details);  // no file yet: what was typed is still there
+  clerk.Key(Qt::Key_Return).AwaitWindow(file_choice).Do([&file] {
     qobject_cast<QLineEdit*>(QApplication::focusWidget())->setText(file);
   });
-  clerk.Key(Qt::Key_Return);
-  clerk.Key(Qt::Key_Return);  // the client, and with him the orders
+  clerk.Key(Qt::Key_Return).AwaitWindow("hof.db");
+  clerk.Key(Qt::Key_Return).AwaitWindow("Arbeitsaufträge");  // the client, and with him the orders
   clerk.Key(Qt::Key_Insert).Type("\nZL\n\n1000\n\n\n\n").Type("Erste Arbeit\t");
   clerk.Key(Qt::Key_S, Qt::ControlModifier);
   clerk.Key(Qt::Key_U, Qt::AltModifier);  // "Stunden"

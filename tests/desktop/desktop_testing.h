@@ -41,6 +41,13 @@ class Typist {
     steps_.push_back(std::move(step));
     return *this;
   }
+  // Waits for a window that takes its time to open or to close.
+  Typist& AwaitWindow(QString title) {
+    return Do([this, title = std::move(title)] {
+      const QWidget* const window = QApplication::activeWindow();
+      if (!window || !window->windowTitle().contains(title)) --next_;
+    });
+  }
   // What the box with the focus shows.
   static std::string Focused() {
     const auto* const edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
@@ -76,7 +83,7 @@ class Typist {
     return true;
   }
   void Schedule() {
-    QTimer::singleShot(0, qApp, [this] {
+    QTimer::singleShot(0, &until_it_goes_, [this] {
       if (next_ == steps_.size()) return;
       if (Opening()) return Schedule();
       const auto step = steps_[next_++];
@@ -87,6 +94,7 @@ class Typist {
 
   std::vector<std::function<void()>> steps_;
   std::size_t next_ = 0;
+  QObject until_it_goes_;  // no step comes after the user
 };
 
 }  // namespace tarvoni::host

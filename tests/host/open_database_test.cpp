@@ -59,5 +59,15 @@ TEST_F(OldFile, GetsTheIndexesThatItsTablesAllowWhenItIsOpenedForWriting) {
   EXPECT_EQ(Indexes(), std::pair(all - 2, 2));
 }
 
+// As a list does that opens its own connection while a handler writes.
+TEST_F(OldFile, ASecondConnectionLeavesTheCommitToTheHandlerAtWork) {
+  const auto connection = OpenDatabase(path_);
+  HandlerScope handler(*connection);
+  connection->Execute("INSERT INTO OPTIONEN (PROPERTY_ID) VALUES ('NEU')");
+  const auto arranged = sqlite::FailCommit(*connection, 1);
+  OpenDatabase(path_);
+  EXPECT_THROW(handler.Finish(), DatabaseError);
+}
+
 }  // namespace
 }  // namespace tarvoni::host

@@ -218,6 +218,13 @@ TEST(TabView, DisabledPageCannotBeChosen) {
     EXPECT_EQ(bar.tabText(1), "Stunden");
     tabs.SetTabEnabled(1, false);
     EXPECT_EQ(bar.currentIndex(), 1) << "the Screen says which page is open";
+    const auto seen = [&] {
+      QCoreApplication::processEvents();
+      return stage.WidgetOf(tabs).grab().toImage();
+    };
+    const QImage focused = seen();
+    stage.driver.Focus(stage.form.txtName);
+    EXPECT_NE(seen(), focused) << "where the focus is";
     EXPECT_FALSE(stage.WidgetOf(stage.form.FlexGrid1).isEnabled());
   });
 }

@@ -188,6 +188,8 @@ TEST(TextBoxView, RefusedKeyIsSeen) {
     EXPECT_TRUE(is_open());
     stage.driver.Type(box, "2");
     EXPECT_EQ(box.Text(), "12");
+    stage.Press(Qt::Key_Tab);
+    EXPECT_EQ(FromQt(window.findChild<QLabel*>("status")->text()), "") << "past with the box";
   });
 }
 

@@ -166,6 +166,7 @@ TEST(PrintPreviewTest, ShowsThePagesOfTheFileWithoutAPrinter) {
   const std::string pages = " von " + std::to_string(PdfPages(Pdf(document)));
   WhenOpen([&](QDialog& dialog) {
     EXPECT_EQ(FromQt(Part<QLabel>(dialog, "page").text()), "Seite 1" + pages);
+    EXPECT_LE(dialog.minimumSizeHint().width(), 640) << "its bar wraps where the screen is narrow";
     Click(dialog, "next");
     EXPECT_EQ(FromQt(Part<QLabel>(dialog, "page").text()), "Seite 2" + pages);
     EXPECT_TRUE(Part(dialog, "pdf").isEnabled());

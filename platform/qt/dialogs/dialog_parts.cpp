@@ -20,14 +20,6 @@ DialogButtons MakeButtons(QDialog& dialog, const QString& ok_caption) {
   return buttons;
 }
 
-int Characters(const QWidget& widget, int count) {
-  return widget.fontMetrics().averageCharWidth() * count;
-}
-
-int Lines(const QWidget& widget, int count) {
-  return widget.fontMetrics().lineSpacing() * count;
-}
-
 void ResizeWithin(QDialog& dialog, QSize size) {
   const QSize available = dialog.screen()->availableSize() * 9 / 10;
   dialog.resize(size.expandedTo(dialog.minimumSizeHint()).boundedTo(available));

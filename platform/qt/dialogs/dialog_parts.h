@@ -15,10 +15,6 @@ struct DialogButtons {
 };
 DialogButtons MakeButtons(QDialog& dialog, const QString& ok_caption);
 
-// The width of so many characters, and the height of so many lines, in the widget's font.
-int Characters(const QWidget& widget, int count);
-int Lines(const QWidget& widget, int count);
-
 // Makes the dialog as large as this, as far as the screen allows.
 void ResizeWithin(QDialog& dialog, QSize size);
 

@@ -12,6 +12,7 @@
 #include "platform/qt/dialogs/dialog_parts.h"
 #include "platform/qt/dialogs/location_tree.h"
 #include "platform/qt/dialogs/modal.h"
+#include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
@@ -111,7 +112,7 @@ void LocationDialog::Build() {
   layout->addWidget(tree_, 1);
   layout->addWidget(state_);
   layout->addLayout(buttons.line);
-  ResizeWithin(*this, {Characters(*this, 90), Lines(*this, 36)});
+  ResizeWithin(*this, {CharactersWide(*this, 90), LinesHigh(*this, 36)});
 }
 
 void LocationDialog::Fill() {
@@ -129,7 +130,7 @@ void LocationDialog::Fill() {
   }
   tree_->addTopLevelItems(roots);
   tree_->header()->setSectionResizeMode(0, QHeaderView::Interactive);
-  tree_->header()->resizeSection(0, Characters(*this, 50));
+  tree_->header()->resizeSection(0, CharactersWide(*this, 50));
   const bool named =
       std::ranges::any_of(request_.locations, [](const Location& l) { return !l.name.empty(); });
   tree_->setColumnHidden(1, !named);

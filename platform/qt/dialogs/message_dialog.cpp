@@ -10,6 +10,7 @@
 
 #include "platform/qt/dialogs/dialog_parts.h"
 #include "platform/qt/dialogs/modal.h"
+#include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
 #include "src/context/services/toolkit.h"
 
@@ -71,10 +72,10 @@ class Message : public QMessageBox {
   // The title tells what is asked about; the window's own buttons stand beside it.
   void ShowWholeTitle() {
     constexpr int kBesideTitle = 24, kLongest = 90;  // characters
-    const int title = fontMetrics().horizontalAdvance(windowTitle()) + Characters(*this, kBesideTitle);
+    const int title = fontMetrics().horizontalAdvance(windowTitle()) + CharactersWide(*this, kBesideTitle);
     auto* const text = findChild<QLabel*>("qt_msgbox_label");
     if (text && title > text->sizeHint().width())
-      text->setMinimumWidth(std::min(title, Characters(*this, kLongest)));
+      text->setMinimumWidth(std::min(title, CharactersWide(*this, kLongest)));
   }
 
  private:
@@ -92,7 +93,7 @@ class Input : public QDialog {
     label->setWordWrap(true);
     text_->setObjectName("text");
     text_->setAccessibleName(ToQt(prompt));
-    text_->setMinimumWidth(Characters(*this, 50));
+    text_->setMinimumWidth(CharactersWide(*this, 50));
     text_->selectAll();
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(label);

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/dialogs/dialog_parts.h"
+#include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
@@ -67,8 +68,8 @@ void PickDialog::Build(const PickRequest& request) {
   const int height = (lines + 1) * list_->Table()->verticalHeader()->defaultSectionSize();
   const int width = columns->length() + list_->Table()->verticalScrollBar()->sizeHint().width();
   const QSize around = sizeHint() - list_->Table()->sizeHint();
-  ResizeWithin(*this, {std::max(width, Characters(*this, 60)) + Characters(*this, 6),
-                       height + std::max(around.height(), 0) + Lines(*this, 1)});
+  ResizeWithin(*this, {std::max(width, CharactersWide(*this, 60)) + CharactersWide(*this, 6),
+                       height + std::max(around.height(), 0) + LinesHigh(*this, 1)});
 }
 
 void PickDialog::Connect() {

@@ -12,11 +12,13 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include "platform/qt/bar_layout.h"
 #include "platform/qt/dialogs/dialog_parts.h"
 #include "platform/qt/dialogs/message_dialog.h"
 #include "platform/qt/dialogs/modal.h"
 #include "platform/qt/dialogs/print_pages.h"
 #include "platform/qt/file_export.h"
+#include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
 #include "platform/qt/xlsx_file.h"
 
@@ -65,7 +67,7 @@ class PreviewDialog : public QDialog {
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(MakeTools());
     layout->addWidget(pages_, 1);
-    ResizeWithin(*this, {Characters(*this, 130), Lines(*this, 48)});
+    ResizeWithin(*this, {CharactersWide(*this, 130), LinesHigh(*this, 48)});
     pages_->fitToWidth();
     connect(pages_, &QPrintPreviewWidget::previewChanged, this, [this] { ShowPage(); });
     if (const auto* view = pages_->findChild<QAbstractScrollArea*>()) {
@@ -77,19 +79,18 @@ class PreviewDialog : public QDialog {
   ~PreviewDialog() override { delete pages_; }
 
  private:
-  QHBoxLayout* MakeTools() {
-    auto* tools = new QHBoxLayout;
+  QLayout* MakeTools() {
+    auto* tools = new BarLayout;
     AddTool(tools, "previous", "&Zurück", [this] { Turn(-1); });
     page_ = new QLabel(this);
     page_->setObjectName("page");
     tools->addWidget(page_);
     AddTool(tools, "next", "&Weiter", [this] { Turn(1); });
-    tools->addSpacing(Characters(*this, 2));
     AddTool(tools, "fit_page", "&Ganze Seite", [this] { pages_->fitInView(); });
     AddTool(tools, "fit_width", "Seiten&breite", [this] { pages_->fitToWidth(); });
     AddTool(tools, "zoom_in", "&Größer", [this] { pages_->zoomIn(); });
     AddTool(tools, "zoom_out", "&Kleiner", [this] { pages_->zoomOut(); });
-    tools->addStretch();
+    tools->AddGap();
     AddTool(tools, "pdf", "Als &PDF speichern …", [this] { SavePdf(); })->setDefault(true);
     AddTool(tools, "xlsx", "Als &Excel speichern …", [this] { SaveXlsx(); });
     QPushButton* print = AddTool(tools, "print", "&Drucken …", [this] { Print(); });
@@ -100,7 +101,7 @@ class PreviewDialog : public QDialog {
   }
 
   template <typename Act>
-  QPushButton* AddTool(QHBoxLayout* tools, const char* name, const QString& caption, Act act) {
+  QPushButton* AddTool(BarLayout* tools, const char* name, const QString& caption, Act act) {
     auto* button = new QPushButton(caption, this);
     button->setObjectName(name);
     connect(button, &QPushButton::clicked, this, act);

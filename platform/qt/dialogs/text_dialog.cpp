@@ -8,6 +8,7 @@
 
 #include "platform/qt/dialogs/dialog_parts.h"
 #include "platform/qt/dialogs/modal.h"
+#include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
@@ -40,7 +41,7 @@ class TextDialog : public QDialog {
     } else {
       ConnectEditing();
     }
-    ResizeWithin(*this, {Characters(*this, 80), Lines(*this, 18)});
+    ResizeWithin(*this, {CharactersWide(*this, 80), LinesHigh(*this, 18)});
   }
 
   // As it came if nothing was changed.
