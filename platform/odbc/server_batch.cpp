@@ -29,6 +29,18 @@ bool CreatesTemporaryTable(std::string_view text) {
   return false;
 }
 
+bool SwitchesCountsOff(std::string_view text) {
+  BatchWords words(text);
+  std::string_view before, last;
+  for (auto word = words.Next(); !word.empty(); word = words.Next()) {
+    if (EqualsKeyword(before, "SET") && EqualsKeyword(last, "NOCOUNT") && EqualsKeyword(word, "ON"))
+      return !words.Next().empty();
+    before = last;
+    last = word;
+  }
+  return false;
+}
+
 std::string InOwnScope(std::string_view text) {
   std::string call = "EXEC sp_executesql N'";
   for (const char c : text) call.append(c == '\'' ? 2 : 1, c);
@@ -44,7 +56,8 @@ bool WritesSeveralTimes(std::string_view text) {
 }
 
 ServerBatch ForServer(std::string_view text) {
-  ServerBatch batch{CreatesTemporaryTable(text) ? InOwnScope(text) : std::string(text), false};
+  const bool ends_with_it = CreatesTemporaryTable(text) || SwitchesCountsOff(text);
+  ServerBatch batch{ends_with_it ? InOwnScope(text) : std::string(text), false};
   batch.has_lead = WritesSeveralTimes(text) && !BeginsWithDefinition(batch.text);
   if (batch.has_lead) batch.text.insert(0, kLead);
   return batch;

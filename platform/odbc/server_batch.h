@@ -8,7 +8,10 @@ namespace tarvoni::odbc {
 // Whether a batch makes a temporary table of this connection: CREATE TABLE #… outside quotes and comments.
 bool CreatesTemporaryTable(std::string_view text);
 
-// The batch as one call with a scope of its own, with which its temporary tables end.
+// Whether a batch keeps the counts of its statements to itself: SET NOCOUNT ON with something behind it.
+bool SwitchesCountsOff(std::string_view text);
+
+// The batch as one call with a scope of its own, with which its temporary tables and settings end.
 std::string InOwnScope(std::string_view text);
 
 // Whether a batch may write more than once, so that something is left to run when its first write fails.

@@ -174,6 +174,15 @@ Connection& ScriptRun::Db() const {
   return *context.dbAdo;
 }
 
+Connection& ScriptRun::RealDb() const {
+  auto* faulty = dynamic_cast<FaultyConnection*>(&Db());
+  return faulty ? faulty->Real() : Db();
+}
+
+std::function<bool()> ScriptRun::ArmCommit(int nth) const {
+  return hooks.fail_commit ? hooks.fail_commit(RealDb(), nth) : nullptr;
+}
+
 Form& ScriptRun::TopForm() const {
   if (Form* form = environment.toolkit->TopForm()) return *form;
   Fail("Es ist kein Bildschirm geöffnet.");

@@ -71,6 +71,10 @@ struct ScriptRun {
   void ExpectBlock(const std::string& what, const TextRows& found, std::size_t heads = 1);
 
   Connection& Db() const;
+  // The same without what makes writes fail.
+  Connection& RealDb() const;
+  // Makes the nth commit from now on fail and tells whether it did, until it is dropped. Empty where no commit can fail.
+  std::function<bool()> ArmCommit(int nth) const;
   Form& TopForm() const;
   Control& ControlNamed(const std::string& name) const;
   template <typename T>

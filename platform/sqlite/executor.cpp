@@ -23,7 +23,7 @@ StoredValue Now() {
 }  // namespace
 
 Executor::Executor(Database& database, Session& session, std::string_view text, Wanted wanted)
-    : database_(database), session_(session), text_(text), lexed_(tsql::Lex(text)), wanted_(wanted) {
+    : database_(database), session_(session), text_(text), lexed_(tsql::LexShape(text)), wanted_(wanted) {
   database.File().Functions().date_format = session.date_format;
 }
 
@@ -57,14 +57,20 @@ PreparedPlanPtr Executor::FindPlan() {
   known_plan_ = false;
   database_.NoticeForeignChanges();
   suffix_ = database_.NextSuffix();
-  auto batch = std::make_shared<const tsql::Batch>(tsql::Parse(lexed_));
+  auto batch = std::make_shared<const tsql::Batch>(tsql::Parse(WithTokens()));
   auto plan = Prepare(tsql::Compile(lexed_, std::move(batch), database_.Tables(), Options()));
   if (plan->Plan().reusable) database_.Plans().Add(lexed_, session_.identity_insert, plan);
   return plan;
 }
 
+const tsql::LexedBatch& Executor::WithTokens() {
+  if (lexed_.tokens.empty()) lexed_ = tsql::Lex(text_);
+  return lexed_;
+}
+
 PreparedPlanPtr Executor::Prepare(tsql::Plan plan) {
-  return std::make_shared<PreparedPlan>(database_.File(), database_.Identities(), std::move(plan), lexed_);
+  return std::make_shared<PreparedPlan>(database_.File(), database_.Identities(), std::move(plan),
+                                        WithTokens());
 }
 
 tsql::CompileOptions Executor::Options() const {
@@ -98,7 +104,7 @@ std::size_t Executor::Recover(const DatabaseError& error) {
 
 void Executor::KeepError(const DatabaseError& error) {
   if (result_.error) return;
-  const auto at = plan_->PositionOf(index_, lexed_);
+  const auto at = plan_->PositionOf(index_, WithTokens());
   result_.error.emplace(error.Number(), WordsOf(error), at.line, at.column, std::string(text_));
 }
 
@@ -106,7 +112,7 @@ void Executor::KeepError(const DatabaseError& error) {
 std::string Executor::WordsOf(const DatabaseError& error) {
   if (error.Number() != kErrorDamaged || !database_.File().Functions().error) return error.what();
   std::vector<std::string> names;
-  for (const tsql::Token& token : lexed_.tokens) {
+  for (const tsql::Token& token : WithTokens().tokens) {
     if (token.kind == tsql::TokenKind::kName) names.emplace_back(token.text);
   }
   const auto cells = CellProblems(database_.File(), database_.Tables(), names, 1);

@@ -44,6 +44,8 @@ class Executor {
   struct Outdated {};
 
   PreparedPlanPtr FindPlan();
+  // The batch with its tokens, which a known plan does not need.
+  const tsql::LexedBatch& WithTokens();
   PreparedPlanPtr Prepare(tsql::Plan plan);
   tsql::CompileOptions Options() const;
 

@@ -25,11 +25,14 @@ bool IsUnsigned(const Type& type) {
               from.at);
 }
 
-[[noreturn]] void NoConversion(const BoundExpression& from, const Type& to) {
-  throw Error(kUnsupported,
-              "A conversion from " + std::string(NameOf(from.type.kind)) + " to " +
-                  std::string(NameOf(to.kind)) + " is not supported.",
-              from.at);
+// A DATE is no number either; a DATETIME is one only where the statement says so.
+[[noreturn]] void NoNumber(const BoundExpression& from, const Type& to, BoundConvert::Mode mode) {
+  if (from.type.IsDay()) NoConversion(from, to, mode);
+  const std::string types =
+      "onversion from data type " + NameOf(from.type) + " to " + NameOf(to) + " is not ";
+  if (mode == BoundConvert::Mode::kCast) throw Error(kUnsupported, "A c" + types + "supported.", from.at);
+  throw Error(kNoImplicitConversion,
+              "Implicit c" + types + "allowed. Use the CONVERT function to run this query.", from.at);
 }
 
 }  // namespace
@@ -38,6 +41,7 @@ void Emitter::Node(const BoundConvert& node, const BoundExpression& self) {
   const BoundExpression& from = *node.operand;
   const Type& to = self.type;
   if (from.type.IsNull()) return Expression(from);
+  if (from.type.IsDate() && to.IsNumeric()) NoNumber(from, to, node.mode);
   if (to.IsInteger()) return ToInteger(from, to);
   if (to.IsExact()) return ToExact(from, to);
   if (to.IsReal()) return ToReal(from);
@@ -49,7 +53,6 @@ void Emitter::Node(const BoundConvert& node, const BoundExpression& self) {
 void Emitter::ToInteger(const BoundExpression& from, const Type& to) {
   const auto kind = static_cast<int>(to.kind);
   if (from.type.IsText()) return Function("ts_int_from_text", from, {kind});
-  if (from.type.IsDate()) NoConversion(from, to);
   if (to.kind == TypeKind::kBit) {
     Text("(");
     Expression(from);
@@ -70,7 +73,6 @@ void Emitter::ToExact(const BoundExpression& from, const Type& to) {
   if (from.type.IsText())
     return money ? Function("ts_money_from_text", from)
                  : Function("ts_exact_from_text", from, {to.precision, to.scale});
-  if (from.type.IsDate()) NoConversion(from, to);
   if (!from.type.IsExact()) return Function("ts_exact_from_float", from, {to.precision, to.scale});
   const int places = to.scale - from.type.scale;
   if (places >= 0 && OwnLimit(from) * PowerOfTenLimit(places) <= LimitOf(to)) return Scaled(from, to.scale);
@@ -82,7 +84,6 @@ void Emitter::ToExact(const BoundExpression& from, const Type& to) {
 void Emitter::ToFloat(const BoundExpression& from) {
   if (from.type.kind == TypeKind::kFloat) return Expression(from);
   if (from.type.IsText()) return Function("ts_float_from_text", from);
-  if (from.type.IsDate()) NoConversion(from, Type::Float());
   if (IsWide(from)) return Function("ts_float_from_exact", from, {from.type.scale});
   if (from.type.scale == 0) {
     Text("CAST(");

@@ -58,6 +58,7 @@ std::string Excerpt(std::string_view text) {
 }
 
 std::string MakeSingle(std::string_view text, char quote) {
+  if (text.find(quote) == std::string_view::npos) return std::string(text);
   std::string result;
   result.reserve(text.size());
   for (size_t i = 0; i < text.size(); ++i) {
@@ -67,10 +68,14 @@ std::string MakeSingle(std::string_view text, char quote) {
   return result;
 }
 
+bool HasLowerCase(std::string_view word) {
+  return std::ranges::any_of(word, [](char c) { return c >= 'a' && c <= 'z'; });
+}
+
 class Lexer {
  public:
-  explicit Lexer(std::string_view text) : text_(text) {
-    batch_.tokens.reserve(text.size() / 4 + 4);
+  Lexer(std::string_view text, bool with_tokens) : text_(text), with_tokens_(with_tokens) {
+    if (with_tokens) batch_.tokens.reserve(text.size() / 4 + 4);
     batch_.literals.reserve(8);
     batch_.shape.reserve(text.size() + text.size() / 4);
   }
@@ -111,6 +116,7 @@ class Lexer {
   void AddDecimalToShape(std::string_view digits);
 
   std::string_view text_;
+  bool with_tokens_;
   size_t offset_ = 0;
   size_t placed_ = 0;  // up to here lines and columns are counted
   Position place_{1, 1};
@@ -217,7 +223,7 @@ void Lexer::LexQuotedName(char closing) {
   std::string_view name = text_.substr(offset_ + 1, end - offset_ - 1);
   if (name.empty()) Fail(kSyntax, "An object or column name is missing or empty.", offset_);
   AddToShape(text_.substr(offset_, end + 1 - offset_));
-  if (name.find(closing) != std::string_view::npos) {
+  if (with_tokens_ && name.find(closing) != std::string_view::npos) {
     name = batch_.unescaped.emplace_front(MakeSingle(name, closing));
   }
   AddToken(TokenKind::kName, name, true);
@@ -226,7 +232,9 @@ void Lexer::LexQuotedName(char closing) {
 
 void Lexer::LexWord(size_t length) {
   const std::string_view word = text_.substr(offset_, length);
-  const std::string_view reserved = FindReservedWord(word);
+  // The shape has a word in capitals as it stands.
+  const bool matters = with_tokens_ || HasLowerCase(word);
+  const std::string_view reserved = matters ? FindReservedWord(word) : std::string_view();
   const std::string_view text = reserved.empty() ? word : reserved;
   AddToShape(text);
   AddToken(reserved.empty() ? TokenKind::kName : TokenKind::kKeyword, text);
@@ -284,14 +292,13 @@ void Lexer::LexSymbol() {
 }
 
 void Lexer::AddToken(TokenKind kind, std::string_view text, bool quoted) {
-  batch_.tokens.push_back({text, Place(offset_), -1, kind, quoted});
+  if (with_tokens_) batch_.tokens.push_back({text, Place(offset_), -1, kind, quoted});
 }
 
 void Lexer::AddLiteral(TokenKind kind, std::string_view text, std::string value) {
   AddToken(kind, text);
-  Token& token = batch_.tokens.back();
-  token.literal = static_cast<int>(batch_.literals.size());
-  batch_.literals.push_back({kind, std::move(value), token.at});
+  if (with_tokens_) batch_.tokens.back().literal = static_cast<int>(batch_.literals.size());
+  batch_.literals.push_back({kind, std::move(value)});
 }
 
 void Lexer::AddToShape(std::string_view word) {
@@ -311,7 +318,11 @@ void Lexer::AddDecimalToShape(std::string_view digits) {
 }  // namespace
 
 LexedBatch Lex(std::string_view text) {
-  return Lexer(text).Run();
+  return Lexer(text, true).Run();
+}
+
+LexedBatch LexShape(std::string_view text) {
+  return Lexer(text, false).Run();
 }
 
 Type DecimalType(std::string_view digits) {

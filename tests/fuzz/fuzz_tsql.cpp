@@ -132,6 +132,9 @@ bool Compiles(std::string_view text, FixedCatalogue& catalogue) {
   const CompileOptions options{.identity_insert = "T", .temporary_suffix = "1"};
   return Accepts(text, [&] {
     const LexedBatch lexed = Lex(text);
+    const LexedBatch shape = LexShape(text);
+    Require(shape.shape == lexed.shape && shape.literals.size() == lexed.literals.size(),
+            "two shapes of one batch");
     const auto batch = std::make_shared<const Batch>(Parse(lexed));
     const Plan plan = Compile(lexed, batch, catalogue, options);
     CheckPlan(plan, lexed);

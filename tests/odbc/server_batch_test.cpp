@@ -23,6 +23,15 @@ TEST(ServerBatch, IsNotMisledByTextsCommentsAndOtherTables) {
     EXPECT_FALSE(CreatesTemporaryTable(text)) << text;
 }
 
+// Left on, the next batch would not tell that its row is gone.
+TEST(ServerBatch, ABatchThatSwitchesCountsOffGetsAScopeOfItsOwn) {
+  EXPECT_EQ(ForServer("SET NOCOUNT ON\nUPDATE A SET N = 'x'").text,
+            "EXEC sp_executesql N'SET NOCOUNT ON\nUPDATE A SET N = ''x'''");
+  for (const char* text : {"SET NOCOUNT OFF UPDATE A SET N = 1", "SET nocount on",
+                           "SELECT 'SET NOCOUNT ON' SELECT 1", "UPDATE A SET NOCOUNT = 1"})
+    EXPECT_EQ(ForServer(text).text, text);
+}
+
 TEST(ServerBatch, OnlyABatchWithTemporaryTablesGetsAScopeOfItsOwn) {
   const ServerBatch wrapped = ForServer("CREATE TABLE #a (N nvarchar(5))\nINSERT INTO #a VALUES ('ä''b')");
   EXPECT_EQ(wrapped.text,

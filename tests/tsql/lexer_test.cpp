@@ -23,7 +23,12 @@ std::string Words(std::string_view text) {
 }
 
 std::string Shape(std::string_view text) {
-  return Lex(text).shape;
+  const LexedBatch all = Lex(text);
+  const LexedBatch shape = LexShape(text);
+  EXPECT_EQ(shape.shape, all.shape);
+  EXPECT_EQ(shape.literals.size(), all.literals.size());
+  EXPECT_TRUE(shape.tokens.empty());
+  return all.shape;
 }
 
 // "number line:column" of the error, "none" without one.

@@ -39,6 +39,7 @@ enum ErrorNumber : int {
   kUnknownTable = 208,
   kAmbiguousColumn = 209,
   kWrongInsertWidth = 213,
+  kNoImplicitConversion = 257,
   kDuplicateColumn = 264,
   kIncompatibleTypes = 402,
   kConstantOrder = 408,

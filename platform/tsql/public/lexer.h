@@ -33,8 +33,7 @@ struct Token {
 // One literal of a batch: what a parameter of the plan is filled with.
 struct LiteralToken {
   TokenKind kind = TokenKind::kInteger;
-  std::string text;  // digits as written, or the text with doubled quotes made one
-  Position at;
+  std::string text;       // digits as written, or the text with doubled quotes made one
   bool national = false;  // N'…'
 };
 
@@ -56,6 +55,9 @@ struct LexedBatch {
 // Throws Error 105 for an unclosed quote, 113 for an unclosed comment, 102 for a character that begins nothing,
 // 168 and 1007 for a number that no type can hold, kUnsupported for variables and binary literals.
 LexedBatch Lex(std::string_view text);
+
+// The same without tokens: what is needed of a batch whose shape has a plan.
+LexedBatch LexShape(std::string_view text);
 
 // The type of a kDecimal literal: "0012.50" is a decimal of 4 digits, 2 of them after the point.
 Type DecimalType(std::string_view digits);
