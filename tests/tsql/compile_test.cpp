@@ -176,7 +176,9 @@ TEST_F(CompileTest, AQueryThatLiesTooDeepIsAPartAsAWhole) {
 
 TEST_F(CompileTest, OfOneRowAtMostThereIsNoList) {
   const char* const equal = "=(SELECT";
-  const auto sql = [&](const char* where) { return SqlOf(std::string("SELECT ID FROM POSTEN WHERE ") + where); };
+  const auto sql = [&](const char* where) {
+    return SqlOf(std::string("SELECT ID FROM POSTEN WHERE ") + where);
+  };
   EXPECT_THAT(sql("ID = 1 AND NAME IN (SELECT TOP 1 GRUPPE FROM TARIF)"), HasSubstr(equal));
   EXPECT_THAT(sql("NAME NOT IN (SELECT TOP 1 GRUPPE FROM TARIF)"), Not(HasSubstr(equal)));
   EXPECT_THAT(sql("NAME IN (SELECT GRUPPE FROM TARIF)"), Not(HasSubstr(equal)));
