@@ -132,7 +132,7 @@ void F_Bruttolohn::ShowCurrentRow() {
   row.ShowCode("OBJEKTID", "OBJEKTNUMBER", "OBJEKTNAME", txtObjekt);
   curProduktId = row.Number("PRODUKT_ID");
   curLineId = row.Number("ID");
-  SetSubject(Worker() + (curLineId == 0 ? "" : ", " + txtTag.Text() + "."));
+  SetSubject(Worker() + (curLineId == 0 ? "" : ", Tag " + txtTag.Text()));
   SetViewState(true);
 }
 
