@@ -100,7 +100,7 @@ std::vector<ShownColumn> F_Bruttolohn::Columns() const {
           AmountColumn("STUNDENBUCHSTUNDEN", lblWert.Caption(), 1000, ""),
           {.data_field = "EINHEITNAME", .caption = "", .width = 1200},
           AmountColumn("SATZ", lblSatz.Caption(), 1000, ""),
-          AmountColumn("PROZENTSATZ", lblProzentsatz.Caption(), 1100),
+          AmountColumn("PROZENTSATZ", lblProzentsatz.Caption(), 900),
           AmountColumn("BETRAG", lblBetrag.Caption(), 1200),
           {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1300},
           {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption(), .width = 2200},
