@@ -219,6 +219,8 @@ TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
   QTimer::singleShot(0, &window, [&] {
     auto& dialog = *QApplication::activeModalWidget();
     const auto field = [&](const char* name) { return dialog.findChild<QLineEdit*>(name); };
+    const int title = dialog.fontMetrics().horizontalAdvance(dialog.windowTitle());
+    EXPECT_GE(dialog.width(), title * 3 / 2) << "beside the buttons of its frame";
     field("server")->setText("db1");
     field("database")->setText("lohn");
     field("password")->setText("ge;heim");
