@@ -9,13 +9,15 @@
 #include <QPushButton>
 
 #include "host/desktop/settings.h"
+#include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
 #include "src/context/data/password.h"
 
 namespace tarvoni::host {
 namespace {
 
-constexpr int kWidth = 60;  // characters
+constexpr int kFieldWidth = 40;  // characters
+constexpr int kFaultWidth = 60;
 
 // Drivers know braces only where a semicolon needs them.
 QString Braced(const QString& value) {
@@ -30,6 +32,7 @@ class ServerDialog : public QDialog {
     auto* const form = new QFormLayout(this);
     const ServerSettings last = ServerSettings::Load();
     server_ = AddField(*form, "&Server:", "server", last.server);
+    server_->setMinimumWidth(qt::CharactersWide(*this, kFieldWidth));
     database_ = AddField(*form, "&Datenbank:", "database", last.database);
     user_ = AddField(*form, "&Benutzer:", "user", last.user);
     password_ = AddField(*form, "&Kennwort:", "password", {});
@@ -40,7 +43,7 @@ class ServerDialog : public QDialog {
     fault_->setTextFormat(Qt::PlainText);
     fault_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     fault_->setWordWrap(true);
-    fault_->setMinimumWidth(fontMetrics().averageCharWidth() * kWidth);
+    fault_->setMinimumWidth(fontMetrics().averageCharWidth() * kFaultWidth);
     fault_->hide();
     form->addRow(fault_);
     form->addRow(MakeButtons());

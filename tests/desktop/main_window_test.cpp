@@ -8,6 +8,8 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -76,12 +78,14 @@ class Desktop : public ::testing::Test {
     Button(window, "Ö&ffnen")->click();
   }
 
-  QStringList opened_;  // what opened and was closed, boxes with their text
+  QStringList opened_;                     // what opened and was closed, boxes with their text
+  std::function<void(QWidget&)> look_at_;  // each window before it is closed
 
  private:
   void CloseWhatOpened() {
     QWidget* const window = QApplication::activeModalWidget();
     if (!window) return;
+    if (look_at_) look_at_(*window);
     if (const auto* const box = qobject_cast<QMessageBox*>(window))
       opened_ << box->text() + " | " + box->informativeText();
     else
@@ -185,6 +189,23 @@ TEST_F(Desktop, FitsASmallScreen) {
   EXPECT_LE(window.minimumSizeHint().height(), 720);
 }
 
+// 1366x768 at 150 % leaves a Screen this room within the frame of its window.
+TEST_F(Desktop, NoScreenScrollsSidewaysOnASmallScaledScreen) {
+  MainWindow window;
+  window.show();
+  window.Open(DemoFile());
+  look_at_ = [](QWidget& screen) {
+    screen.resize(903, 485);
+    QTest::qWait(50);
+    for (const auto* const area : screen.findChildren<QScrollArea*>()) {
+      if (!area->isVisible()) continue;
+      EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << screen.windowTitle().toStdString();
+    }
+  };
+  for (int i = 0; i < 8; ++i) Open(window, i);
+  EXPECT_EQ(opened_.size(), 8);
+}
+
 TEST_F(Desktop, FocusIsOnTheClientsAndEnterOpens) {
   MainWindow window;
   window.show();
@@ -219,6 +240,8 @@ TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
   QTimer::singleShot(0, &window, [&] {
     auto& dialog = *QApplication::activeModalWidget();
     const auto field = [&](const char* name) { return dialog.findChild<QLineEdit*>(name); };
+    const int title = dialog.fontMetrics().horizontalAdvance(dialog.windowTitle());
+    EXPECT_GE(dialog.width(), title * 3 / 2) << "beside the buttons of its frame";
     field("server")->setText("db1");
     field("database")->setText("lohn");
     field("password")->setText("ge;heim");
