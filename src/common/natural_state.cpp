@@ -2,16 +2,14 @@
 
 #include <utility>
 
+#include "src/common/amount.h"
 #include "src/common/contracts.h"
-#include "src/context/services/environment.h"
-#include "src/context/values/number_text.h"
 
 namespace tarvoni {
 namespace {
 
 bool HasValue(const TextBox& box) {
-  const auto number = ParseNumber(box.Text(), CurrentLocale());
-  return number && *number != Decimal();
+  return NumberOrZero(box) != Decimal();
 }
 
 }  // namespace

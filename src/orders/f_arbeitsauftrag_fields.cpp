@@ -1,3 +1,4 @@
+#include "src/common/amount.h"
 #include "src/common/box_rules.h"
 #include "src/common/enter_order.h"
 #include "src/common/page_focus.h"
@@ -11,15 +12,6 @@
 namespace tarvoni {
 
 namespace sql = work_order_sql;
-
-namespace {
-
-bool IsOtherThanZero(const std::string& text) {
-  const auto number = ParseNumber(text, CurrentLocale());
-  return number && *number != Decimal();
-}
-
-}  // namespace
 
 void F_Arbeitsauftrag::ConnectFields() {
   ConnectBoxes(*this, [this] { NextOnEnter(); });
@@ -106,7 +98,7 @@ std::vector<Control*> F_Arbeitsauftrag::EnterOrder() {
 // the total, for leaving that would work the unit cost out anew.
 void F_Arbeitsauftrag::NextOnEnter() {
   std::vector<Control*> order = EnterOrder();
-  if (ActiveControl() == &txtKostenE && IsOtherThanZero(txtKostenE.Text())) std::erase(order, &txtKosten);
+  if (ActiveControl() == &txtKostenE && NumberOrZero(txtKostenE) != Decimal()) std::erase(order, &txtKosten);
   if (Control* const next = NextOpen(*this, order)) FocusOnPage(*next);
 }
 
