@@ -401,6 +401,7 @@ TEST_F(Editing, EscapeAsksBeforeAnythingTypedIsLost) {
   Edit(true);
   user.Focus(form.txtA);
   user.Type("x");
+  Replace(form.txtA.LostFocus, [&] { toolkit.MessageBox("Ungültiger Code.", kBoxOk, ""); });
   form.txtA.KeyPress.Add(Turn::kFilter,
                          [](int& key) { key = 0; });  // takes no characters, but Escape is none
   toolkit.answer = kAnswerNo;
@@ -410,6 +411,7 @@ TEST_F(Editing, EscapeAsksBeforeAnythingTypedIsLost) {
   toolkit.answer = kAnswerYes;
   user.Key(kKeyEscape);
   EXPECT_FALSE(form.btnAbbrechen.Enabled());
+  EXPECT_EQ(toolkit.prompts.size(), 2) << "what is given up is not checked";
   EXPECT_TRUE(form.IsLoaded());
   user.Key(kKeyEscape);
   EXPECT_FALSE(form.IsLoaded()) << "where nothing is edited it closes";
@@ -425,7 +427,7 @@ TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
   EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.");
   Replace(form.btnOk.Click, [] {});
   user.Key('S', 2);
-  EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.") << "the save was refused";
+  EXPECT_EQ(toolkit.LastTold(), "") << "the save was refused";
   Replace(form.btnOk.Click, [&] { Edit(false); });
   user.Key('S', 2);
   EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Auftrag 1.");
@@ -446,6 +448,8 @@ TEST_F(Actions, ASaveIsToldAlsoWhereNothingIsCancelled) {
   Replace(form.btnOk.Click, [] {});
   user.Click(form.btnOk);
   EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Zeile 1.");
+  user.Click(form.btnAbbrechen);
+  EXPECT_EQ(toolkit.LastTold(), "") << "something else was done since";
 }
 
 TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
