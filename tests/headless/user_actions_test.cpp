@@ -311,6 +311,7 @@ TEST_F(Actions, PastedNumbersComeAsTheyAreOrAreToldOf) {
   user.Focus(form.txtB);
   EXPECT_TRUE(user.Paste("1.234,50"));
   EXPECT_EQ(form.txtB.Text(), "1.234,50") << "a text stays as it is";
+  EXPECT_EQ(toolkit.LastTold(), "") << "what was refused before is past";
 }
 
 TEST_F(Actions, PasteIsOneChangeAndTheFilterSeesItGrow) {
@@ -413,6 +414,11 @@ TEST_F(Editing, EscapeAsksBeforeAnythingTypedIsLost) {
   EXPECT_FALSE(form.btnAbbrechen.Enabled());
   EXPECT_EQ(toolkit.prompts.size(), 2) << "what is given up is not checked";
   EXPECT_TRUE(form.IsLoaded());
+  Button own(form, "btnFreigeben");
+  Edit(true);
+  user.Click(own);
+  user.Key(kKeyEscape);
+  EXPECT_EQ(toolkit.prompts.back(), "Die Eingaben verwerfen?") << "a button may have changed what is edited";
   user.Key(kKeyEscape);
   EXPECT_FALSE(form.IsLoaded()) << "where nothing is edited it closes";
 }
@@ -433,6 +439,7 @@ TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
   EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Auftrag 1.");
   user.Key(kKeyF1);
   EXPECT_THAT(toolkit.prompts.back(), testing::HasSubstr("Strg+S: Schließen"));
+  EXPECT_THAT(toolkit.prompts.back(), testing::Not(testing::HasSubstr("Liste"))) << "there is none";
 }
 
 TEST_F(Actions, ASaveIsToldAlsoWhereNothingIsCancelled) {

@@ -111,9 +111,15 @@ void UserActions::Cancel() {
   Click(*cancel);
 }
 
+void UserActions::Entered() {
+  typed_ = true;
+  toolkit_.Tell("");
+}
+
 // Where nothing can be cancelled a save has no end that shows: it went well if nothing was told.
 void UserActions::PressButton(Button& button) {
-  toolkit_.Tell("");  // what was told before is past
+  // A button of the Screen's own may change what is edited as typing does.
+  button.Does() == Command::kNone ? Entered() : toolkit_.Tell("");
   const int ended = edits_ended_, told = toolkit_.MessageBoxes();
   const bool done = Handle([&] { button.Press(); }) && toolkit_.MessageBoxes() == told;
   const bool edits = std::ranges::any_of(form_.Controls(), [](const Control* control) {
@@ -154,7 +160,11 @@ void UserActions::ShowKeys() {
   add("Tab, Eingabe", "nächstes Feld");
   add("Strg allein, F4", "Auswahl zum Feld");
   add("Alt mit dem unterstrichenen Buchstaben", "Schaltfläche oder Feld");
-  add("Strg+F", "in der Liste suchen");
+  const bool lists = std::ranges::any_of(form_.Controls(), [](const Control* control) {
+    return dynamic_cast<const Grid*>(control) && control->IsVisible();
+  });
+  if (lists) add("Strg+F", "in der Liste suchen");
+  if (lists) add("Strg+P", "die Liste drucken");
   toolkit_.MessageBox(keys + "F1: diese Übersicht", kBoxInformation, "Tasten");
 }
 
