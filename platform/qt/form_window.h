@@ -18,6 +18,8 @@ class QLabel;
 
 namespace tarvoni::qt {
 
+class GridView;
+
 // The window of one Screen while it is shown modally. All input of its widgets comes together here and goes to the
 // Screen's UserActions; no exception passes through Qt: the first one ends the modal loop and leaves Run.
 class FormWindow : public QDialog, private FormObserver {
@@ -92,11 +94,17 @@ class FormWindow : public QDialog, private FormObserver {
   void FormUnloaded() override;
 
   ControlView* Active() const { return ViewOf(form_.ActiveControl()); }
+  GridView* CurrentList() const;
   bool CommitTyped();
   void FollowFocus();
   void PlaceOver(QWidget* owner);
   void ShowColors();
   bool KeyPressed(const QKeyEvent& event);
+  bool ModifierPressed(const QKeyEvent& event);
+  bool ListKey(const QKeyEvent& event);
+  bool ScreenKey(const QKeyEvent& event);
+  bool TabKey(const QKeyEvent& event);
+  void FocusCame(const ControlView& view);
   bool TakesShortcut(QEvent& event) const;
   void KeyReleased(const QKeyEvent& event);
   void SetTimer(Timer& timer);
@@ -112,6 +120,7 @@ class FormWindow : public QDialog, private FormObserver {
   const ControlView* reading_ = nullptr;
   const Control* waiting_ = nullptr;
   const Control* told_of_ = nullptr;
+  const Control* last_list_ = nullptr;  // that had the focus
   QWidget* content_ = nullptr;
   QLabel* status_;
   int busy_ = 0;  // actions at work
