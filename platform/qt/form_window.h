@@ -69,6 +69,15 @@ class FormWindow : public QDialog, private FormObserver {
   }
   // The user marks text in a closed control: Ctrl+C copies it until he does something else.
   void Reading(ControlView& view) { reading_ = &view; }
+  // The characters that a box is about to get: what they open instead takes them, once.
+  QString TakeTyped() { return std::exchange(typed_now_, {}); }
+  // Does something as the user who types these characters into a box.
+  template <typename Action>
+  void Type(const QString& characters, Action action) {
+    typed_now_ = characters;
+    Act(action);
+    typed_now_.clear();
+  }
   // Marks the box that waits for a correction, and no other.
   void ShowWaiting();
   // The status line; a sentence that asks for no answer.
@@ -118,6 +127,7 @@ class FormWindow : public QDialog, private FormObserver {
   std::map<Timer*, QBasicTimer> timers_;
   std::exception_ptr failure_;
   const ControlView* reading_ = nullptr;
+  QString typed_now_;
   const Control* waiting_ = nullptr;
   const Control* told_of_ = nullptr;
   const Control* last_list_ = nullptr;  // that had the focus
