@@ -306,9 +306,7 @@ TEST(FormWindow, AListIsPrintedAndSearchedFromAnywhere) {
   const auto& printed = stage.toolkit.printed;
   stage.Show(form.txtMenge, [&](FormWindow& window) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    const auto press = [&](Qt::Key key) {
-      QTest::keyClick(window.windowHandle(), key, Qt::ControlModifier);
-    };
+    const auto press = [&](Qt::Key key) { QTest::keyClick(window.windowHandle(), key, Qt::ControlModifier); };
     press(Qt::Key_P);
     ASSERT_EQ(printed.size(), 1);
     EXPECT_EQ(printed[0].tables[0].rows.size(), 3) << "the first list there is";

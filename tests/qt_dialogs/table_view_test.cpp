@@ -192,9 +192,9 @@ TEST(GridSourceTest, NumbersWithoutAFormatStandEvenly) {
                                   {.name = "RATE", .type = FieldType::kDouble, .size = 0}},
                                  {std::int64_t{1}, Decimal(80000, 4), 2.0, std::int64_t{12},
                                   Decimal(72500, 4), 0.125, std::int64_t{3}, Null{}, 1.5}));
-  db->Answer("WHOLE", test::Rows({test::Whole("NR"),
-                                  {.name = "HOURS", .type = FieldType::kNumeric, .size = 0}},
-                                 {std::int64_t{1}, Decimal(80000, 4)}));
+  db->Answer("WHOLE",
+             test::Rows({test::Whole("NR"), {.name = "HOURS", .type = FieldType::kNumeric, .size = 0}},
+                        {std::int64_t{1}, Decimal(80000, 4)}));
   Environment environment{.connect = [&](const std::string&) { return db; }};
   const EnvironmentScope scope(environment);
   Form form("F_TEST");
