@@ -53,9 +53,13 @@ ORDER BY NUMMER)");
   return clients;
 }
 
-std::int32_t Workplace::StandardClient() const {
-  const Recordset rows = Read("SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARDMANDANTEN'");
+std::int32_t Workplace::FirstKey(const SqlText& statement) const {
+  const Recordset rows = Read(statement);
   return rows.EndOfFile() ? 0 : Whole(rows.Fields()[0].Value());
+}
+
+std::int32_t Workplace::StandardClient() const {
+  return FirstKey("SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARDMANDANTEN'");
 }
 
 std::string Workplace::StandardForestYear() const {

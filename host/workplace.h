@@ -43,6 +43,8 @@ class Workplace {
   std::string StandardForestYear() const;
   // The rows of a statement: the key first, the rest as one text.
   std::vector<Choice> Choices(const SqlText& statement) const;
+  // The key that a statement gives first; 0 if it gives none.
+  std::int32_t FirstKey(const SqlText& statement) const;
 
  private:
   Recordset Read(const SqlText& statement) const;

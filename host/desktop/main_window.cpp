@@ -142,6 +142,7 @@ void MainWindow::Open(const QString& database) {
 
 void MainWindow::Opened(const QString& database) {
   RememberDatabase(database);
+  calls_->ForgetChosen();
   ShowState();
   ShowClients();
 }
@@ -187,14 +188,19 @@ void MainWindow::ShowScope() {
 }
 
 void MainWindow::Call(const Method& method, const Arguments::Values& arguments) {
+  QStringList told;
+  const auto call = [&] {
+    Reported(this, [&] {
+      for (const auto& [name, value] : CallMethod(method, arguments, workplace_.Record())) {
+        if (!value.empty()) told << ToQt(name + " = " + value);
+      }
+    });
+  };
   Reported(this, [&] {
-    QString results;
-    for (const auto& [name, value] : CallMethod(method, arguments, workplace_.Record())) {
-      if (!value.empty()) results += ToQt(name + " = " + value + "   ");
-    }
-    statusBar()->showMessage(results, kStatusTime);
+    const QStringList made = calls_->Watch(call);
+    if (!made.isEmpty()) told << "Neu angelegt: " + made.join(", ");
   });
-  ShowScope();
+  statusBar()->showMessage(told.join("   "), kStatusTime);
 }
 
 void MainWindow::ChangeSettings() {

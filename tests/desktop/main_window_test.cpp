@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
 #include <QMessageBox>
@@ -11,6 +12,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -23,6 +25,7 @@
 #include "platform/qt/public/look.h"
 #include "src/context/values/call_error.h"
 #include "tests/support/passwords.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni::host {
 namespace {
@@ -156,6 +159,73 @@ TEST_F(Desktop, FormsOfferTheRowsOfTheClientAndTheForestYear) {
   clients->setCurrentItem(clients->topLevelItem(1));
   EXPECT_NE(window.findChild<QComboBox*>()->itemText(1), before);
   EXPECT_THAT(opened_, ElementsAre());
+}
+
+// The journals' hours, which have no amounts, are no place to begin.
+TEST_F(Desktop, BeginsWithTheOrderOnWhichACostWasBookedLast) {
+  MainWindow window;
+  window.Open(DemoFile());
+  Screens(window)->setCurrentRow(7);
+  const auto* const box = window.findChild<QComboBox*>();
+  EXPECT_TRUE(box->currentText().startsWith("2010202411700003")) << qPrintable(box->currentText());
+  EXPECT_GT(box->currentIndex(), 1) << "the list is in the order of the numbers";
+}
+
+// What a Screen writes is written here while it is open.
+TEST_F(Desktop, WhatACallMadeIsToldAndChosen) {
+  const QString file = DemoFile() + ".neu";
+  std::filesystem::copy(DemoFile().toStdString(), file.toStdString());
+  MainWindow window;
+  window.show();
+  window.Open(file);
+  const auto call = [&](int method, const char* meanwhile) {
+    look_at_ = [&](QWidget&) { OpenDatabase(file.toStdString())->Execute(Sql(meanwhile)); };
+    Open(window, method);
+    return window.findChild<QComboBox*>()->currentText().toStdString();
+  };
+  const auto told = [&] { return window.statusBar()->currentMessage().toStdString(); };
+
+  EXPECT_EQ(
+      call(
+          7,
+          "INSERT INTO ARBEITSAUFTRAG_KOPF (NAME, PERSONAL_ID, NAME_FWJ, BESCHREIBUNG) VALUES ('2010202411000009', 1, "
+          "'2024', 'Neu') INSERT INTO PA_GRUPPE (BEZEICHNUNG, FWJ, ID_PERSONAL) VALUES ('Zuletzt', '2019', 1)"),
+      "2010202411000009 · Neu");
+  EXPECT_EQ(told(), "Neu angelegt: PA-Gruppe Zuletzt · 2019, Auftrag 2010202411000009 · Neu");
+  Screens(window)->setCurrentRow(3);
+  EXPECT_EQ(window.findChild<QComboBox*>()->currentText(), "Zuletzt · 2019");
+  call(3, "UPDATE ARBEITSAUFTRAG_KOPF SET BESCHREIBUNG = 'Anders' WHERE NAME = '2010202411000009'");
+  EXPECT_EQ(told(), "") << "nothing is new";
+  Screens(window)->setCurrentRow(7);
+  EXPECT_EQ(window.findChild<QComboBox*>()->currentText(), "2010202411000009 · Anders");
+}
+
+TEST_F(Desktop, ANewMachineGetsTheNumberThatIsTyped) {
+  const QString file = DemoFile() + ".maschine";
+  std::filesystem::copy(DemoFile().toStdString(), file.toStdString());
+  MainWindow window;
+  window.show();
+  window.activateWindow();
+  window.Open(file);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  Screens(window)->setCurrentRow(1);
+  auto* const box = window.findChild<QComboBox*>();
+  EXPECT_FALSE(box->isEditable()) << "a number that no machine bears opens nothing";
+  auto* const fresh = window.findChild<QCheckBox*>();
+  fresh->setChecked(true);
+  EXPECT_EQ(box->currentText(), "702") << "the next free number";
+  box->setFocus();
+  box->lineEdit()->selectAll();
+  look_at_ = [&](QWidget&) {
+    OpenDatabase(file.toStdString())
+        ->Execute("INSERT INTO MASCHINENBUCH (NUMMER, BEZEICHNUNG) VALUES (812, 'Winde')");
+  };
+  for (const Qt::Key key : {Qt::Key_X, Qt::Key_8, Qt::Key_1, Qt::Key_2, Qt::Key_Return})
+    QTest::keyClick(QApplication::focusWidget(), key);
+  EXPECT_THAT(opened_,
+              ElementsAre(testing::Property(&QString::toStdString, testing::HasSubstr("Maschine 812"))));
+  EXPECT_FALSE(fresh->isChecked());
+  EXPECT_EQ(box->currentText(), "812 · Winde");
 }
 
 TEST_F(Desktop, TellsWhyADatabaseDoesNotOpenAndKeepsTheOneBefore) {
