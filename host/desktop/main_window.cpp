@@ -131,7 +131,7 @@ void MainWindow::ConnectServer() {
 void MainWindow::OpenMade(const QString& file) {
   if (file.isEmpty()) return;
   Open(file);
-  statusBar()->showMessage("Angelegt: " + clients_->CurrentName() + ", Datei " + QFileInfo(file).fileName(),
+  statusBar()->showMessage("Angelegt: " + clients_->CurrentName().simplified() + ", Datei " + QFileInfo(file).fileName(),
                            kStatusTime);
 }
 
