@@ -52,6 +52,15 @@ std::size_t PlacesOf(std::string_view number, char separator) {
   return at == std::string_view::npos ? 0 : number.size() - at - 1;
 }
 
+void EvenFormat::Add(const Value& cell) {
+  const auto number = NumberIn(cell);
+  if (number && number->Scale() > 0) places_ = std::max(places_, PlacesOf(number->ToShortString(), '.'));
+}
+
+std::string EvenFormat::Text() const {
+  return places_ == 0 ? "" : "0." + std::string(places_, '0');
+}
+
 bool FitsSheet(const Decimal& number) {
   return std::ranges::count_if(number.ToShortString(),
                                [](unsigned char c) { return std::isdigit(c) != 0; }) <= kSheetDigits;

@@ -23,6 +23,17 @@ std::string SheetFormat(const Value& cell, std::string_view format);
 // How many digits a shown number has behind its separator.
 std::size_t PlacesOf(std::string_view number, char separator);
 
+// The format by which the numbers of a column that has none stand evenly below each other: all with as many places as
+// the one that needs most; "" where all are whole.
+class EvenFormat {
+ public:
+  void Add(const Value& cell);
+  std::string Text() const;
+
+ private:
+  std::size_t places_ = 0;
+};
+
 // Whether a spreadsheet, which counts in doubles, keeps the number as it is.
 bool FitsSheet(const Decimal& number);
 

@@ -43,8 +43,6 @@ class ControlView {
   virtual void Lookup();
   // Shows for a moment that the control did not take what was typed.
   void Flash();
-  // Opens the search of a list; false if there is none.
-  virtual bool Search() { return false; }
   // Copies what the user marked in a closed control; false if it has nothing of the kind.
   virtual bool CopyMarked() const { return false; }
   // Hands on what was typed; the window asks before the user does anything else. False if that has to wait, because

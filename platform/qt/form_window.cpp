@@ -8,9 +8,11 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "platform/qt/grid_view.h"
 #include "platform/qt/keys.h"
 #include "platform/qt/layout_builder.h"
 #include "platform/qt/public/look.h"
+#include "platform/qt/public/table_view.h"
 #include "platform/qt/public/text.h"
 
 namespace tarvoni::qt {
@@ -126,6 +128,7 @@ bool FormWindow::CommitTyped() {
 void FormWindow::FollowFocus() {
   const ControlView* const view = Active();
   if (told_of_ && told_of_ != form_.ActiveControl()) ShowStatus({});
+  if (dynamic_cast<const GridView*>(view)) last_list_ = form_.ActiveControl();
   if (!view || following_) return;
   following_ = true;
   view->TakeFocus();
@@ -244,50 +247,80 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
       return view->Release(static_cast<QMouseEvent&>(*event));
     case QEvent::Wheel:
       ctrl_alone_ = false;
-      break;
+      return view->Other(*event);
     case QEvent::FocusIn:
-      // Qt moved the focus on by itself, away from a widget that was closed.
-      if (!following_ && form_.ActiveControl() != &view->Subject())
-        QMetaObject::invokeMethod(
-            this, [this] { FollowFocus(); }, Qt::QueuedConnection);
-      break;
+      FocusCame(*view);
+      return view->Other(*event);
     default:
-      break;
+      return view->Other(*event);
   }
-  return view->Other(*event);
+}
+
+// Qt moves the focus on by itself, away from a widget that was closed; it comes back to where the Screen has it.
+void FormWindow::FocusCame(const ControlView& view) {
+  if (following_ || form_.ActiveControl() == &view.Subject()) return;
+  QMetaObject::invokeMethod(
+      this, [this] { FollowFocus(); }, Qt::QueuedConnection);
 }
 
 bool FormWindow::KeyPressed(const QKeyEvent& event) {
   if (event.matches(QKeySequence::Copy) && reading_ && reading_->CopyMarked()) return true;
-  if (event.key() == Qt::Key_Control) {
-    if (!event.isAutoRepeat()) ctrl_alone_ = !(event.modifiers() & (Qt::ShiftModifier | Qt::AltModifier));
-    return true;
+  if (ModifierPressed(event) || ListKey(event) || ScreenKey(event) || TabKey(event)) return true;
+  if (ControlView* const view = Active()) return view->Key(event);
+  if (event.key() == Qt::Key_Escape) reject();
+  return true;
+}
+
+// Ctrl pressed and released alone opens a lookup.
+bool FormWindow::ModifierPressed(const QKeyEvent& event) {
+  const bool control = event.key() == Qt::Key_Control;
+  if (!control) ctrl_alone_ = false;
+  if (control && !event.isAutoRepeat())
+    ctrl_alone_ = !(event.modifiers() & (Qt::ShiftModifier | Qt::AltModifier));
+  return control || IsModifier(event);
+}
+
+// Keys that mean the Screen's list wherever the focus is.
+bool FormWindow::ListKey(const QKeyEvent& event) {
+  const bool finds = event.matches(QKeySequence::Find);
+  if (!finds && !event.matches(QKeySequence::Print)) return false;
+  GridView* const list = CurrentList();
+  if (list && finds) list->Search();
+  if (list && !finds) Act([&](UserActions&) { list->Rows().Pane().Print(); });
+  return true;
+}
+
+// The list that had the focus last, else the first to be seen.
+GridView* FormWindow::CurrentList() const {
+  const auto seen = [this](const Control* control) {
+    auto* const list = dynamic_cast<GridView*>(ViewOf(control));
+    return list && control->IsVisible() ? list : nullptr;
+  };
+  GridView* list = seen(last_list_);
+  for (const Control* control : form_.Controls()) {
+    if (!list) list = seen(control);
   }
-  ctrl_alone_ = false;
-  if (IsModifier(event)) return true;
-  if (event.matches(QKeySequence::Find)) {
-    for (const auto& [control, view] : views_) {
-      if (view->Search()) break;
-    }
-    return true;
-  }
+  return list;
+}
+
+// Keys of the Screen as a whole: commands and mnemonics.
+bool FormWindow::ScreenKey(const QKeyEvent& event) {
   const int code = CommandCode(event), shift = ShiftState(event.modifiers());
   if (code != 0 && user_.IsCommand(code, shift)) {
     Act([&](UserActions& user) { user.Key(code, shift); });
     return true;
   }
-  if (const char32_t letter = MnemonicLetter(event)) {
-    Act([&](UserActions& user) { user.Mnemonic(letter); });
-    return true;
-  }
-  if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) {
-    if (event.modifiers().testFlag(Qt::ControlModifier)) return true;
-    const bool backwards = event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
-    Act([&](UserActions& user) { user.Tab(backwards); });
-    return true;
-  }
-  if (ControlView* const view = Active()) return view->Key(event);
-  if (event.key() == Qt::Key_Escape) reject();
+  const char32_t letter = MnemonicLetter(event);
+  if (letter != 0) Act([&](UserActions& user) { user.Mnemonic(letter); });
+  return letter != 0;
+}
+
+bool FormWindow::TabKey(const QKeyEvent& event) {
+  const bool back = event.key() == Qt::Key_Backtab;
+  if (!back && event.key() != Qt::Key_Tab) return false;
+  const Qt::KeyboardModifiers held = event.modifiers();
+  if (!held.testFlag(Qt::ControlModifier))
+    Act([&](UserActions& user) { user.Tab(back || held.testFlag(Qt::ShiftModifier)); });
   return true;
 }
 

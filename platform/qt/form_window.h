@@ -18,6 +18,8 @@ class QLabel;
 
 namespace tarvoni::qt {
 
+class GridView;
+
 // The window of one Screen while it is shown modally. All input of its widgets comes together here and goes to the
 // Screen's UserActions; no exception passes through Qt: the first one ends the modal loop and leaves Run.
 class FormWindow : public QDialog, private FormObserver {
@@ -67,6 +69,15 @@ class FormWindow : public QDialog, private FormObserver {
   }
   // The user marks text in a closed control: Ctrl+C copies it until he does something else.
   void Reading(ControlView& view) { reading_ = &view; }
+  // The characters that a box is about to get: what they open instead takes them, once.
+  QString TakeTyped() { return std::exchange(typed_now_, {}); }
+  // Does something as the user who types these characters into a box.
+  template <typename Action>
+  void Type(const QString& characters, Action action) {
+    typed_now_ = characters;
+    Act(action);
+    typed_now_.clear();
+  }
   // Marks the box that waits for a correction, and no other.
   void ShowWaiting();
   // The status line; a sentence that asks for no answer.
@@ -92,11 +103,17 @@ class FormWindow : public QDialog, private FormObserver {
   void FormUnloaded() override;
 
   ControlView* Active() const { return ViewOf(form_.ActiveControl()); }
+  GridView* CurrentList() const;
   bool CommitTyped();
   void FollowFocus();
   void PlaceOver(QWidget* owner);
   void ShowColors();
   bool KeyPressed(const QKeyEvent& event);
+  bool ModifierPressed(const QKeyEvent& event);
+  bool ListKey(const QKeyEvent& event);
+  bool ScreenKey(const QKeyEvent& event);
+  bool TabKey(const QKeyEvent& event);
+  void FocusCame(const ControlView& view);
   bool TakesShortcut(QEvent& event) const;
   void KeyReleased(const QKeyEvent& event);
   void SetTimer(Timer& timer);
@@ -110,8 +127,10 @@ class FormWindow : public QDialog, private FormObserver {
   std::map<Timer*, QBasicTimer> timers_;
   std::exception_ptr failure_;
   const ControlView* reading_ = nullptr;
+  QString typed_now_;
   const Control* waiting_ = nullptr;
   const Control* told_of_ = nullptr;
+  const Control* last_list_ = nullptr;  // that had the focus
   QWidget* content_ = nullptr;
   QLabel* status_;
   int busy_ = 0;  // actions at work

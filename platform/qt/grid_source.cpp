@@ -1,19 +1,48 @@
 #include "platform/qt/grid_source.h"
 
+#include <utility>
+
 #include "platform/qt/cell_type.h"
 #include "src/context/services/environment.h"
+#include "src/context/values/field_text.h"
 
 namespace tarvoni::qt {
 
 GridSource::GridSource(Grid& grid) : grid_(grid), data_grid_(dynamic_cast<const DataGrid*>(&grid)) {}
 
+bool GridSource::ReadNumbers() {
+  if (!data_grid_) return false;
+  std::vector<EvenFormat> needed(static_cast<std::size_t>(ColumnCount()));
+  for (int row = 0; row < RowCount(); ++row) {
+    for (std::size_t column = 0; column < needed.size(); ++column)
+      needed[column].Add(data_grid_->CellValue(row, static_cast<int>(column)));
+  }
+  std::vector<std::string> formats;
+  for (const EvenFormat& format : needed) formats.push_back(format.Text());
+  return std::exchange(even_formats_, formats) != formats;
+}
+
+std::string GridSource::EvenFormatOf(int column) const {
+  const auto place = static_cast<std::size_t>(column);
+  const bool none = place >= even_formats_.size() || !grid_.Columns()[column].NumberFormat().empty();
+  return none ? "" : even_formats_[place];
+}
+
 TableColumn GridSource::ColumnAt(int column) const {
   const GridColumn& shown = grid_.Columns()[column];
+  const std::string even = EvenFormatOf(column);
+  const Alignment alignment = even.empty() ? shown.Alignment() : Alignment::kRight;
   return {.caption = shown.Caption(),
-          .alignment = shown.Alignment(),
-          .format = shown.NumberFormat(),
+          .alignment = alignment,
+          .format = even.empty() ? shown.NumberFormat() : even,
           .visible = shown.Visible() && shown.Width() > 0,
-          .sums = shown.Alignment() == Alignment::kRight};
+          .sums = alignment == Alignment::kRight};
+}
+
+std::string GridSource::TextAt(int row, int column) const {
+  const std::string even = EvenFormatOf(column);
+  return even.empty() ? grid_.CellText(row, column)
+                      : FieldText(data_grid_->CellValue(row, column), even, CurrentLocale());
 }
 
 Value GridSource::ValueAt(int row, int column) const {

@@ -103,10 +103,8 @@ bool GridView::Key(const QKeyEvent& event) {
   return true;
 }
 
-bool GridView::Search() {
-  if (!grid_.IsEnabled() || !grid_.IsVisible()) return false;
-  view_->Pane().OpenSearch();
-  return true;
+void GridView::Search() {
+  if (grid_.IsEnabled()) view_->Pane().OpenSearch();
 }
 
 bool GridView::Navigate(const QKeyEvent& event) {

@@ -16,7 +16,8 @@ class GridView : public ControlView {
   void Show(Aspect aspect) override;
   bool Key(const QKeyEvent& event) override;
   bool Press(const QMouseEvent& event, bool twice) override;
-  bool Search() override;
+  // Opens the line to type what is searched, if the list is open.
+  void Search();
   TableView& Rows() const { return *view_; }
 
  protected:

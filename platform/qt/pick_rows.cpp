@@ -80,14 +80,10 @@ PickRows::PickRows(const PickRequest& request, const Locale& locale)
   MakeSearchable();
 }
 
-// All numbers of a column with as many places as the one that needs most.
 std::string PickRows::FormatOf(int statement_column) const {
-  std::size_t places = 0;
-  for (std::size_t row = 0; row < rows_.RecordCount(); ++row) {
-    const auto number = NumberIn(Cell(row, statement_column));
-    if (number && number->Scale() > 0) places = std::max(places, PlacesOf(number->ToShortString(), '.'));
-  }
-  return places == 0 ? "" : "0." + std::string(places, '0');
+  EvenFormat format;
+  for (std::size_t row = 0; row < rows_.RecordCount(); ++row) format.Add(Cell(row, statement_column));
+  return format.Text();
 }
 
 const Value& PickRows::Cell(std::size_t row, int statement_column) const {

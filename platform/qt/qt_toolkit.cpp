@@ -105,7 +105,8 @@ std::vector<std::int32_t> QtToolkit::DoPickLocations(const LocationRequest& requ
 
 std::optional<std::string> QtToolkit::DoEditText(const TextRequest& request) {
   const UsualPointer pointer;
-  return ShowTextEditor(DialogOwner(), request);
+  FormWindow* const window = TopWindow();
+  return ShowTextEditor(DialogOwner(), request, window ? window->TakeTyped() : QString());
 }
 
 void QtToolkit::DoPreviewPrint(const PrintDocument& document) {

@@ -31,10 +31,28 @@ int NeededByCaption(const QTableView& table, const TableSource& source, int colu
   return head.fontMetrics().horizontalAdvance(ToQt(source.ColumnAt(column).caption)) + margin;
 }
 
+// What a column of texts shows may end in dots.
+bool IsText(const TableColumn& column) {
+  return column.visible && column.format.empty() && column.alignment == Alignment::kLeft;
+}
+
+// A table that is wider than its place by a little needs no bar to scroll sideways: its widest column of texts gives way.
+void Narrow(QTableView& table, const TableSource& source, const std::set<int>& kept, int over) {
+  constexpr int kLargestShare = 4;  // of the column
+  int widest = -1;
+  for (int column = 0; column < source.ColumnCount(); ++column) {
+    if (kept.contains(column) || !IsText(source.ColumnAt(column))) continue;
+    if (widest < 0 || table.columnWidth(column) > table.columnWidth(widest)) widest = column;
+  }
+  if (widest >= 0 && over <= table.columnWidth(widest) / kLargestShare)
+    table.setColumnWidth(widest, table.columnWidth(widest) - over);
+}
+
 }  // namespace
 
 void MakeReadable(QTableView& table, const TableSource& source, const std::set<int>& kept) {
   int room = table.viewport()->width() - table.horizontalHeader()->length();
+  if (room < 0) Narrow(table, source, kept, -room);
   for (const auto needed : {NeededByValues, NeededByCaption}) {
     for (int column = 0; column < source.ColumnCount() && room > 0; ++column) {
       if (table.isColumnHidden(column) || kept.contains(column)) continue;

@@ -26,7 +26,7 @@ void AddColumn(SelectionSum& total, const TableSource& table, int column, int to
 }  // namespace
 
 std::string SelectionSum::Text(const Locale& locale) const {
-  if (count < 2) return {};
+  if (count == 0) return {};
   if (!sum) return "zu groß";
   const std::size_t shown = std::max(places, PlacesOf(sum->ToShortString(), '.'));
   return FormatNumber(*sum, "0." + std::string(shown, '0'), locale);
@@ -46,16 +46,19 @@ SelectionSum SumOf(const TableSource& table, int column, const std::vector<CellR
 std::string SumText(const TableSource& table, const std::vector<CellRange>& cells, const Locale& locale) {
   std::vector<std::string> sums;
   std::string one;
+  int most = 0;
   for (const int column : VisibleColumns(table)) {
     const TableColumn shown = table.ColumnAt(column);
     if (!shown.sums) continue;
     const SelectionSum sum = SumOf(table, column, cells, locale);
     const std::string text = sum.Text(locale);
     if (text.empty()) continue;
+    most = std::max(most, sum.count);
     one = "Summe " + text + " (" + std::to_string(sum.count) + " Zahlen)";
     sums.push_back(shown.caption + " " + text);
   }
-  if (sums.size() <= 1) return one;
+  if (most < 2) return {};
+  if (sums.size() == 1) return one;
   std::string all = "Summen: " + sums.front();
   for (std::size_t i = 1; i < sums.size(); ++i) all += " · " + sums[i];
   return all;

@@ -15,7 +15,7 @@ struct SelectionSum {
   std::optional<Decimal> sum;  // nothing if it has more than 38 digits
   std::size_t places = 0;      // the most that one of the first cells shows
 
-  // With as many places as the cells show, or more if it has more; "" for less than two numbers.
+  // With as many places as the cells show, or more if it has more; "" without a number.
   std::string Text(const Locale& locale) const;
 };
 
@@ -23,7 +23,7 @@ SelectionSum SumOf(const TableSource& table, int column, const std::vector<CellR
                    const Locale& locale);
 
 // The sums of the chosen cells, each column by itself: "Summe 12,50 (3 Zahlen)" for one, "Summen: Stunden 47,25 · Betrag
-// 656,44" for several. Codes, days and texts have none.
+// 656,44" for several. Codes, days and texts have none; "" where no column has two numbers.
 std::string SumText(const TableSource& table, const std::vector<CellRange>& cells, const Locale& locale);
 
 }  // namespace tarvoni::qt

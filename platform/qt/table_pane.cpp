@@ -288,6 +288,11 @@ void TablePane::Print() {
     auto& cells = table.rows.emplace_back().cells;
     for (const int column : columns) cells.push_back(PrintedCell(row, column));
   }
+  const Form* const top = CurrentToolkit().TopForm();
+  for (const Form* form : CurrentToolkit().OpenForms()) {
+    if (serves_screen_ && form != top && !form->Subject().empty())
+      document.facts.push_back({"Gehört zu", form->Subject()});
+  }
   document.landscape = columns.size() > kPortraitColumns;
   CurrentToolkit().PreviewPrint(document);
 }

@@ -148,6 +148,7 @@ void TableView::MakeReadableSoon() {
 
 void TableView::ShowRows() {
   const Raised showing(showing_);
+  if (source_.ReadNumbers()) pane_->Model().ColumnsChanged();
   pane_->Model().RowsChanged();
   pane_->FilterRows();
   pane_->ShowCount();

@@ -91,17 +91,12 @@ void TextBoxView::EditorTextChanged() {
   Show(Aspect::kSelection);
 }
 
-template <typename Action>
-void TextBoxView::TypeInto(Action action) {
-  const Mirroring typing(typing_);
-  Window().Act(action);
-  Show(Aspect::kSelection);
-}
-
 void TextBoxView::Typed(const std::u32string& text) {
-  TypeInto([&](UserActions& user) {
+  const Mirroring typing(typing_);
+  Window().Type(QString::fromStdU32String(text), [&](UserActions& user) {
     for (const char32_t character : text) user.TypeCharacter(character);
   });
+  Show(Aspect::kSelection);
 }
 
 bool TextBoxView::Key(const QKeyEvent& event) {
@@ -158,9 +153,11 @@ void TextBoxView::Edit(void (QLineEdit::*line)(), void (QPlainTextEdit::*lines)(
 
 void TextBoxView::Insert(const QString& text) {
   if (text.isEmpty()) return;
-  TypeInto([&](UserActions& user) {
+  const Mirroring typing(typing_);
+  Window().Act([&](UserActions& user) {
     if (user.Focus(box_)) user.Paste(FromQt(text));
   });
+  Show(Aspect::kSelection);
 }
 
 bool TextBoxView::Press(const QMouseEvent& event, bool twice) {

@@ -59,8 +59,6 @@ class TextBoxView : public ControlView {
   void Copy() const;
   void Insert(const QString& text);
   void ShowMenu(const QPoint& place);
-  template <typename Action>
-  void TypeInto(Action action);
 
   TextBox& box_;
   bool mirroring_ = false;

@@ -311,6 +311,7 @@ TEST_F(Actions, PastedNumbersComeAsTheyAreOrAreToldOf) {
   user.Focus(form.txtB);
   EXPECT_TRUE(user.Paste("1.234,50"));
   EXPECT_EQ(form.txtB.Text(), "1.234,50") << "a text stays as it is";
+  EXPECT_EQ(toolkit.LastTold(), "") << "what was refused before is past";
 }
 
 TEST_F(Actions, PasteIsOneChangeAndTheFilterSeesItGrow) {
@@ -401,6 +402,7 @@ TEST_F(Editing, EscapeAsksBeforeAnythingTypedIsLost) {
   Edit(true);
   user.Focus(form.txtA);
   user.Type("x");
+  Replace(form.txtA.LostFocus, [&] { toolkit.MessageBox("Ungültiger Code.", kBoxOk, ""); });
   form.txtA.KeyPress.Add(Turn::kFilter,
                          [](int& key) { key = 0; });  // takes no characters, but Escape is none
   toolkit.answer = kAnswerNo;
@@ -410,7 +412,13 @@ TEST_F(Editing, EscapeAsksBeforeAnythingTypedIsLost) {
   toolkit.answer = kAnswerYes;
   user.Key(kKeyEscape);
   EXPECT_FALSE(form.btnAbbrechen.Enabled());
+  EXPECT_EQ(toolkit.prompts.size(), 2) << "what is given up is not checked";
   EXPECT_TRUE(form.IsLoaded());
+  Button own(form, "btnFreigeben");
+  Edit(true);
+  user.Click(own);
+  user.Key(kKeyEscape);
+  EXPECT_EQ(toolkit.prompts.back(), "Die Eingaben verwerfen?") << "a button may have changed what is edited";
   user.Key(kKeyEscape);
   EXPECT_FALSE(form.IsLoaded()) << "where nothing is edited it closes";
 }
@@ -425,12 +433,13 @@ TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
   EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.");
   Replace(form.btnOk.Click, [] {});
   user.Key('S', 2);
-  EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.") << "the save was refused";
+  EXPECT_EQ(toolkit.LastTold(), "") << "the save was refused";
   Replace(form.btnOk.Click, [&] { Edit(false); });
   user.Key('S', 2);
   EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Auftrag 1.");
   user.Key(kKeyF1);
   EXPECT_THAT(toolkit.prompts.back(), testing::HasSubstr("Strg+S: Schließen"));
+  EXPECT_THAT(toolkit.prompts.back(), testing::Not(testing::HasSubstr("Liste"))) << "there is none";
 }
 
 TEST_F(Actions, ASaveIsToldAlsoWhereNothingIsCancelled) {
@@ -446,6 +455,8 @@ TEST_F(Actions, ASaveIsToldAlsoWhereNothingIsCancelled) {
   Replace(form.btnOk.Click, [] {});
   user.Click(form.btnOk);
   EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Zeile 1.");
+  user.Click(form.btnAbbrechen);
+  EXPECT_EQ(toolkit.LastTold(), "") << "something else was done since";
 }
 
 TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {

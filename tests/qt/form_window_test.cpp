@@ -300,6 +300,34 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
   });
 }
 
+TEST(FormWindow, AListIsPrintedAndSearchedFromAnywhere) {
+  Stage stage;
+  auto& form = stage.form;
+  const auto& printed = stage.toolkit.printed;
+  stage.Show(form.txtMenge, [&](FormWindow& window) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto press = [&](Qt::Key key) { QTest::keyClick(window.windowHandle(), key, Qt::ControlModifier); };
+    press(Qt::Key_P);
+    ASSERT_EQ(printed.size(), 1);
+    EXPECT_EQ(printed[0].tables[0].rows.size(), 3) << "the first list there is";
+    EXPECT_TRUE(form.txtMenge.HasFocus());
+    form.tabSeiten.SetTab(1);
+    stage.driver.Focus(form.FlexGrid1);
+    stage.driver.Focus(form.txtMenge);
+    press(Qt::Key_P);
+    ASSERT_EQ(printed.size(), 2);
+    EXPECT_EQ(printed[1].tables[0].rows.size(), 2) << "the one the user was in";
+    press(Qt::Key_F);
+    EXPECT_TRUE(dynamic_cast<QWidget&>(*stage.WidgetOf(form.FlexGrid1).parentWidget())
+                    .findChild<QLineEdit*>("search")
+                    ->isVisible());
+    form.tabSeiten.SetTab(0);
+    press(Qt::Key_P);
+    ASSERT_EQ(printed.size(), 3);
+    EXPECT_EQ(printed[2].tables[0].rows.size(), 3) << "that one is out of sight";
+  });
+}
+
 TEST(FormWindow, TheBorderBetweenTwoTablesMoves) {
   struct TwoTables : Form {
     TwoTables() : Form("F_TwoTables") {}

@@ -12,6 +12,7 @@
 #include "platform/qt/public/qt_driver.h"
 #include "platform/qt/public/qt_toolkit.h"
 #include "platform/qt/public/text.h"
+#include "src/context/services/print_document.h"
 #include "tests/qt/probe_form.h"
 #include "tests/support/fake_suite.h"
 
@@ -22,6 +23,7 @@ class StageToolkit : public QtToolkit {
  public:
   std::function<void(FormWindow&)> play;  // drives the next Screen
   std::vector<std::string> prompts;
+  std::vector<PrintDocument> printed;
   int answer = kAnswerOk;
 
  protected:
@@ -38,6 +40,7 @@ class StageToolkit : public QtToolkit {
     prompts.push_back(prompt);
     return answer;
   }
+  void DoPreviewPrint(const PrintDocument& document) override { printed.push_back(document); }
 };
 
 // A probe form on the desktop.

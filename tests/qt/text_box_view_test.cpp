@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTest>
 #include <algorithm>
 #include <cstdlib>
@@ -58,6 +59,25 @@ TEST(TextBoxView, TypedAndPastedTextPassesTheFilter) {
     QDropEvent drop(QPointF(4, 4), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&edit, &drop);
     EXPECT_EQ(FromQt(edit.text()), "ZAB1ß9é") << "where it was dropped";
+  });
+}
+
+TEST(TextBoxView, TheKeyThatOpensAnEditorArrivesInIt) {
+  Stage stage;
+  auto& box = stage.form.txtName;
+  box.SetText("Alt. ");
+  test::Replace(box.KeyPress, [&](int& key) {
+    key = 0;
+    box.SetText(stage.toolkit.EditText({.caption = "Text", .text = box.Text()}).value_or("nichts"));
+  });
+  stage.Show(box, [&](FormWindow&) {
+    QTimer::singleShot(0, [] {
+      auto* const dialog = QApplication::activeModalWidget();
+      QTest::keyClicks(dialog->findChild<QPlainTextEdit*>("text"), "achs");
+      dialog->findChild<QPushButton*>("ok")->click();
+    });
+    stage.Press(Qt::Key_D, Qt::ShiftModifier, "D");
+    EXPECT_EQ(box.Text(), "Alt. Dachs");
   });
 }
 

@@ -83,6 +83,15 @@ TEST_F(LocationTest, AGroupIsNoAnswer) {
               IsEmpty());
 }
 
+TEST_F(LocationTest, AnEmptyTreeTellsThatThereIsNothing) {
+  request_.locations.clear();
+  EXPECT_THAT(Chosen([](QDialog& dialog) {
+                EXPECT_EQ(Part<QLabel>(dialog, "state").text(), "Es gibt noch keine Waldorte.");
+                Press(dialog, Qt::Key_Escape);
+              }),
+              IsEmpty());
+}
+
 TEST_F(LocationTest, ManyAreMarked) {
   request_.many = true;
   EXPECT_THAT(Chosen([](QDialog& dialog) {

@@ -39,6 +39,15 @@ TEST_F(PickDialogTest, BeginsAtTheStartText) {
             2);
 }
 
+TEST_F(PickDialogTest, AnEmptyListTellsThatThereIsNothing) {
+  request_.rows = Rows({{"ID", FieldType::kInteger}, {"CODE", FieldType::kVarChar, 10}}, {});
+  EXPECT_EQ(Picked([](QDialog& dialog) {
+              EXPECT_EQ(Part<QLabel>(dialog, "count").text(), "Es gibt noch keine Einträge.");
+              Press(dialog, Qt::Key_Escape);
+            }),
+            -1);
+}
+
 TEST_F(PickDialogTest, TheTypedCodeIsTaken) {
   request_.start_text = "120";
   for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {

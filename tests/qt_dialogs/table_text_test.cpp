@@ -93,6 +93,9 @@ TEST(SelectionSumTest, EachColumnHasItsOwnAndCodesHaveNone) {
                      Decimal(11872, 2)});
   EXPECT_EQ(SumText(hours, {{0, 0, 1, 2}}, kGerman), "Summen: Stunden 15,5 · Betrag 230,02");
   EXPECT_EQ(SumText(hours, {{0, 0, 1, 0}}, kGerman), "");
+  const Table gaps({{"Stunden"}, {"Betrag"}}, {Null{}, Decimal(8, 0), Decimal(15, 1), Decimal(9, 0)});
+  EXPECT_EQ(SumText(gaps, {{0, 0, 1, 1}}, kGerman), "Summen: Stunden 1,5 · Betrag 17")
+      << "also where one row alone has hours";
 }
 
 TEST(ClipboardTextTest, CarriesTheCaptions) {

@@ -4,8 +4,10 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 
+#include "src/context/controls/data_control.h"
 #include "src/context/services/environment.h"
 #include "tests/qt_dialogs/dialog_testing.h"
+#include "tests/support/fake_connection.h"
 
 namespace tarvoni::qt {
 namespace {
@@ -181,6 +183,48 @@ TEST_F(TableViewTest, ARowOfNothingIsNone) {
   view_->ShowRows();
   EXPECT_TRUE(Table().isRowHidden(0));
   EXPECT_EQ(view_->findChild<QLabel*>("count")->text(), "0 Zeilen");
+}
+
+TEST(GridSourceTest, NumbersWithoutAFormatStandEvenly) {
+  auto db = std::make_shared<test::FakeConnection>();
+  db->Answer("HOURS", test::Rows({test::Whole("NR"),
+                                  {.name = "HOURS", .type = FieldType::kNumeric, .size = 0},
+                                  {.name = "RATE", .type = FieldType::kDouble, .size = 0}},
+                                 {std::int64_t{1}, Decimal(80000, 4), 2.0, std::int64_t{12},
+                                  Decimal(72500, 4), 0.125, std::int64_t{3}, Null{}, 1.5}));
+  db->Answer("WHOLE",
+             test::Rows({test::Whole("NR"), {.name = "HOURS", .type = FieldType::kNumeric, .size = 0}},
+                        {std::int64_t{1}, Decimal(80000, 4)}));
+  Environment environment{.connect = [&](const std::string&) { return db; }};
+  const EnvironmentScope scope(environment);
+  Form form("F_TEST");
+  DataControl data(form, "data");
+  DataGrid grid(form, "grid");
+  data.SetConnectionString(db->ConnectionString());
+  grid.Bind(data);
+  const auto show = [&](const SqlText& statement) {
+    data.SetRecordSource(statement);
+    data.Refresh();
+  };
+  show("HOURS");
+  TableView view(grid);
+  grid.Columns()["RATE"].SetNumberFormat("0.0");
+  const QAbstractItemModel& shown = *view.Table()->model();
+  const auto cell = [&](int row, int column) { return shown.index(row, column).data().toString(); };
+  EXPECT_EQ(cell(0, 1), "8,00");
+  EXPECT_EQ(cell(1, 1), "7,25");
+  EXPECT_EQ(cell(2, 1), "");
+  EXPECT_EQ(shown.index(0, 1).data(Qt::TextAlignmentRole).value<Qt::Alignment>(),
+            Qt::AlignRight | Qt::AlignVCenter);
+  EXPECT_EQ(cell(1, 0), "12") << "codes are no amounts";
+  EXPECT_EQ(shown.index(1, 0).data(Qt::TextAlignmentRole).value<Qt::Alignment>(),
+            Qt::AlignLeft | Qt::AlignVCenter);
+  EXPECT_EQ(cell(0, 2), "2,0") << "the Screen's own format";
+  EXPECT_EQ(grid.CellText(0, 1), "8") << "the Screen's own text stays";
+  show("WHOLE");
+  view.ShowColumns();
+  view.ShowRows();
+  EXPECT_EQ(cell(0, 1), "8");
 }
 
 }  // namespace

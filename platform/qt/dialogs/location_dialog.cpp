@@ -196,7 +196,9 @@ void LocationDialog::ShowState() {
   } else if (location) {
     state_->setText(ToQt(request_.locations[*NodeAt(current).location].path));
   } else {
-    state_->setText(current == LocationTree::kNone ? "Kein Waldort passt." : "Bitte einen Waldort wählen.");
+    state_->setText(items_.empty()                   ? "Es gibt noch keine Waldorte."
+                    : current == LocationTree::kNone ? "Kein Waldort passt."
+                                                     : "Bitte einen Waldort wählen.");
   }
 }
 

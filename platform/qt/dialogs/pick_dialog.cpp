@@ -123,6 +123,7 @@ void PickDialog::Sort(int column) {
 void PickDialog::ShowState() {
   const auto shown = static_cast<std::size_t>(rows_.RowCount());
   ok_->setEnabled(shown > 0);
+  if (rows_.AllRows() == 0) return list_->SetCountText("Es gibt noch keine Einträge.");
   if (shown == rows_.AllRows()) return list_->ShowCount();
   list_->SetCountText(shown == 0 ? QString(words_.none)
                                  : Counted(shown) + " von " + Counted(rows_.AllRows()) + " Zeilen");

@@ -44,6 +44,9 @@ class TextDialog : public QDialog {
     ResizeWithin(*this, {CharactersWide(*this, 80), LinesHigh(*this, 18)});
   }
 
+  // Behind the text that is there.
+  void Type(const QString& typed) { text_->insertPlainText(typed); }
+
   // As it came if nothing was changed.
   std::string Text() const {
     if (!text_->document()->isModified()) return request_.text;
@@ -108,8 +111,9 @@ class TextDialog : public QDialog {
 
 }  // namespace
 
-std::optional<std::string> ShowTextEditor(QWidget* parent, const TextRequest& request) {
+std::optional<std::string> ShowTextEditor(QWidget* parent, const TextRequest& request, const QString& typed) {
   Modal dialog(new TextDialog(parent, request));
+  if (!request.read_only) dialog->Type(typed);
   if (!dialog.Run() || request.read_only) return std::nullopt;
   return dialog->Text();
 }

@@ -148,7 +148,7 @@ void UserActions::ClickSelf(Control& control) {
   if (auto* button = dynamic_cast<Button*>(&control)) return PressButton(*button);
   auto* const check = dynamic_cast<CheckBox*>(&control);
   auto* const option = dynamic_cast<OptionButton*>(&control);
-  typed_ = typed_ || check || option;
+  if (check || option) Entered();
   Handle([&] {
     if (check) return check->SetChecked(!check->Checked());
     if (option) return option->SetValue(true);
@@ -197,7 +197,7 @@ void UserActions::SelectItem(ItemList& list, int index) {
   Act([&] {
     if (!list.IsEnabled() || !list.IsVisible() || !Arrive(list)) return;
     if (list.Locked()) return;
-    typed_ = typed_ || index != list.ListIndex();
+    if (index != list.ListIndex()) Entered();
     Handle([&] { list.SetListIndex(index); });
   });
 }
@@ -224,7 +224,7 @@ void UserActions::ChooseDate(DateControl& control, std::optional<DateTime> date)
   Act([&] {
     if (!control.IsEnabled() || !control.IsVisible() || !Arrive(control) || control.Locked()) return;
     if (date) date = std::clamp(*date, control.MinDate(), control.MaxDate());
-    typed_ = typed_ || date != control.Value();
+    if (date != control.Value()) Entered();
     Handle([&] { control.SetValue(date); });
   });
 }

@@ -104,6 +104,8 @@ class UserActions : private FormHost {
   void SettleFocus();
   void ClickSelf(Control& control);
 
+  // The user entered something: what was told before is past.
+  void Entered();
   void PressButton(Button& button);
   // The open button of a command; null if there is none.
   Button* ButtonFor(Command command) const;

@@ -97,7 +97,8 @@ void UserActions::StepTab(int step) {
   ChooseTab(tabs, tab);
 }
 
-// Escape: gives the edit up, and asks before anything typed is lost; where nothing is edited it closes.
+// Escape: gives the edit up, and asks before anything typed is lost; where nothing is edited it closes. What is given up
+// is not checked any more, so the focus goes without the box's own leaving.
 void UserActions::Cancel() {
   Button* const cancel = ButtonFor(Command::kCancel);
   if (!cancel) {
@@ -106,11 +107,19 @@ void UserActions::Cancel() {
   }
   const int style = kBoxYesNo + kBoxQuestion + kBoxSecondIsDefault;
   if (typed_ && toolkit_.MessageBox("Die Eingaben verwerfen?", style, form_.Caption()) != kAnswerYes) return;
+  form_.SetActiveControl(cancel);
   Click(*cancel);
+}
+
+void UserActions::Entered() {
+  typed_ = true;
+  toolkit_.Tell("");
 }
 
 // Where nothing can be cancelled a save has no end that shows: it went well if nothing was told.
 void UserActions::PressButton(Button& button) {
+  // A button of the Screen's own may change what is edited as typing does.
+  button.Does() == Command::kNone ? Entered() : toolkit_.Tell("");
   const int ended = edits_ended_, told = toolkit_.MessageBoxes();
   const bool done = Handle([&] { button.Press(); }) && toolkit_.MessageBoxes() == told;
   const bool edits = std::ranges::any_of(form_.Controls(), [](const Control* control) {
@@ -127,7 +136,7 @@ void UserActions::PressButton(Button& button) {
 void UserActions::EnabledChanged(Control& control) {
   const auto* const button = dynamic_cast<Button*>(&control);
   if (!button || button->Does() != Command::kCancel) return;
-  toolkit_.Tell("");  // what was told of it before is past
+  toolkit_.Tell("");
   if (button->Enabled()) {
     typed_ = false;
   } else {
@@ -151,7 +160,11 @@ void UserActions::ShowKeys() {
   add("Tab, Eingabe", "nächstes Feld");
   add("Strg allein, F4", "Auswahl zum Feld");
   add("Alt mit dem unterstrichenen Buchstaben", "Schaltfläche oder Feld");
-  add("Strg+F", "in der Liste suchen");
+  const bool lists = std::ranges::any_of(form_.Controls(), [](const Control* control) {
+    return dynamic_cast<const Grid*>(control) && control->IsVisible();
+  });
+  if (lists) add("Strg+F", "in der Liste suchen");
+  if (lists) add("Strg+P", "die Liste drucken");
   toolkit_.MessageBox(keys + "F1: diese Übersicht", kBoxInformation, "Tasten");
 }
 

@@ -96,7 +96,7 @@ void UserActions::OpenLookup(Control& control) {
   const auto* const box = dynamic_cast<const TextBox*>(&control);
   const std::string before = box ? box->Text() : "";
   Handle([&] { control.KeyDown(kKeyCtrl, kCtrl); });
-  typed_ = typed_ || (box && box->Text() != before);
+  if (box && box->Text() != before) Entered();
 }
 
 void UserActions::PressKey(int key, int shift) {
@@ -236,7 +236,7 @@ bool UserActions::PressCharacter(Control& control, char32_t character) {
     if (IsControlCharacter(character)) return true;
     std::string text = combo->SelLength() > 0 ? std::string() : combo->Text();
     utf8::Append(text, character);
-    typed_ = true;
+    Entered();
     return Handle([&] { combo->SetText(text); });
   }
   return true;
@@ -267,7 +267,7 @@ void UserActions::Erase(TextBox& box, int key) {
 }
 
 void UserActions::Replace(TextBox& box, Range range, std::string_view inserted) {
-  typed_ = true;
+  Entered();
   Handle([&] { box.Splice(range.start, range.length, inserted); });
   box.Select(range.start + utf8::Length(inserted), 0);
 }
@@ -315,16 +315,18 @@ bool UserActions::PasteInto(TextBox& box, std::string_view text) {
   };
   bool taken = false;
   Handle([&] { taken = std::ranges::all_of(pasted, add); });
-  typed_ = typed_ || taken;
-  if (taken) return Handle([&] { insertion.Finish(); });
-  insertion.Undo();
-  return false;
+  if (!taken) {
+    insertion.Undo();
+    return false;
+  }
+  Entered();
+  return Handle([&] { insertion.Finish(); });
 }
 
 void UserActions::ReplaceText(TextBox& box, std::string_view text) {
   Act([&] {
     if (box.Locked() || !box.IsEnabled()) return;
-    typed_ = true;
+    Entered();
     Handle([&] { box.SetText(text); });
   });
 }
@@ -332,7 +334,7 @@ void UserActions::ReplaceText(TextBox& box, std::string_view text) {
 void UserActions::ReplaceText(ComboBox& combo, std::string_view text) {
   Act([&] {
     if (!combo.Editable() || combo.Locked() || !combo.IsEnabled()) return;
-    typed_ = true;
+    Entered();
     Handle([&] { combo.SetText(text); });
   });
 }
