@@ -85,7 +85,7 @@ void F_Belege_New::ProposeStoresPosition() {
 }
 
 void F_Belege_New::ProposeCurrency(bool euro) {
-  if (!txtValuta.Locked()) txtValuta.SetListIndex(euro ? 0 : 1);
+  if (!txtValuta.Locked()) ShowCurrency(txtValuta, euro, Context());
 }
 
 void F_Belege_New::StartEditing() {

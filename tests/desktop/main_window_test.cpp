@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QListWidget>
@@ -12,6 +13,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -28,6 +30,7 @@
 #include "platform/qt/public/look.h"
 #include "src/context/values/call_error.h"
 #include "tests/support/passwords.h"
+#include "tests/support/sql.h"
 
 namespace tarvoni::host {
 namespace {
@@ -206,6 +209,73 @@ TEST_F(Desktop, FormsOfferTheRowsOfTheClientAndTheForestYear) {
   EXPECT_THAT(opened_, ElementsAre());
 }
 
+// The journals' hours, which have no amounts, are no place to begin.
+TEST_F(Desktop, BeginsWithTheOrderOnWhichACostWasBookedLast) {
+  MainWindow window;
+  window.Open(DemoFile());
+  Screens(window)->setCurrentRow(7);
+  const auto* const box = window.findChild<QComboBox*>();
+  EXPECT_TRUE(box->currentText().startsWith("2010202411700003")) << qPrintable(box->currentText());
+  EXPECT_GT(box->currentIndex(), 1) << "the list is in the order of the numbers";
+}
+
+// What a Screen writes is written here while it is open.
+TEST_F(Desktop, WhatACallMadeIsToldAndChosen) {
+  const QString file = DemoFile() + ".neu";
+  std::filesystem::copy(DemoFile().toStdString(), file.toStdString());
+  MainWindow window;
+  window.show();
+  window.Open(file);
+  const auto call = [&](int method, const char* meanwhile) {
+    look_at_ = [&](QWidget&) { OpenDatabase(file.toStdString())->Execute(Sql(meanwhile)); };
+    Open(window, method);
+    return window.findChild<QComboBox*>()->currentText().toStdString();
+  };
+  const auto told = [&] { return window.statusBar()->currentMessage().toStdString(); };
+
+  EXPECT_EQ(
+      call(
+          7,
+          "INSERT INTO ARBEITSAUFTRAG_KOPF (NAME, PERSONAL_ID, NAME_FWJ, BESCHREIBUNG) VALUES ('2010202411000009', 1, "
+          "'2024', 'Neu') INSERT INTO PA_GRUPPE (BEZEICHNUNG, FWJ, ID_PERSONAL) VALUES ('Zuletzt', '2019', 1)"),
+      "2010202411000009 · Neu");
+  EXPECT_EQ(told(), "Neu angelegt: PA-Gruppe Zuletzt · 2019, Auftrag 2010202411000009 · Neu");
+  Screens(window)->setCurrentRow(3);
+  EXPECT_EQ(window.findChild<QComboBox*>()->currentText(), "Zuletzt · 2019");
+  call(3, "UPDATE ARBEITSAUFTRAG_KOPF SET BESCHREIBUNG = 'Anders' WHERE NAME = '2010202411000009'");
+  EXPECT_EQ(told(), "") << "nothing is new";
+  Screens(window)->setCurrentRow(7);
+  EXPECT_EQ(window.findChild<QComboBox*>()->currentText(), "2010202411000009 · Anders");
+}
+
+TEST_F(Desktop, ANewMachineGetsTheNumberThatIsTyped) {
+  const QString file = DemoFile() + ".maschine";
+  std::filesystem::copy(DemoFile().toStdString(), file.toStdString());
+  MainWindow window;
+  window.show();
+  window.activateWindow();
+  window.Open(file);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  Screens(window)->setCurrentRow(1);
+  auto* const box = window.findChild<QComboBox*>();
+  EXPECT_FALSE(box->isEditable()) << "a number that no machine bears opens nothing";
+  auto* const fresh = window.findChild<QCheckBox*>();
+  fresh->setChecked(true);
+  EXPECT_EQ(box->currentText(), "702") << "the next free number";
+  box->setFocus();
+  box->lineEdit()->selectAll();
+  look_at_ = [&](QWidget&) {
+    OpenDatabase(file.toStdString())
+        ->Execute("INSERT INTO MASCHINENBUCH (NUMMER, BEZEICHNUNG) VALUES (812, 'Winde')");
+  };
+  for (const Qt::Key key : {Qt::Key_X, Qt::Key_8, Qt::Key_1, Qt::Key_2, Qt::Key_Return})
+    QTest::keyClick(QApplication::focusWidget(), key);
+  EXPECT_THAT(opened_,
+              ElementsAre(testing::Property(&QString::toStdString, testing::HasSubstr("Maschine 812"))));
+  EXPECT_FALSE(fresh->isChecked());
+  EXPECT_EQ(box->currentText(), "812 · Winde");
+}
+
 TEST_F(Desktop, TellsWhyADatabaseDoesNotOpenAndKeepsTheOneBefore) {
   MainWindow window;
   window.Open(DemoFile());
@@ -315,18 +385,47 @@ TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
     field("password")->setText("ge;heim");
     static_cast<QDialog&>(dialog).accept();
     EXPECT_TRUE(dialog.isVisible());
-    EXPECT_TRUE(dialog.findChild<QLabel*>("fault")->text().contains("nicht zustande gekommen"));
-    EXPECT_TRUE(dialog.findChild<QLabel*>("fault")->text().contains("login failed"));
+    EXPECT_TRUE(
+        dialog.findChild<QLabel*>("fault")->text().startsWith("Die Verbindung zum Server „db1“ ist nicht"));
+    EXPECT_TRUE(dialog.findChild<QLabel*>("fault")->text().endsWith("\n\nEinzelheiten: login failed"));
     EXPECT_EQ(field("password")->text(), "ge;heim");
     static_cast<QDialog&>(dialog).accept();
   });
   ConnectToServer(&window, [&](const QString& server) {
     tried.push_back(server.toStdString());
-    if (tried.size() == 1) throw CallError("login failed");
+    if (tried.size() == 1) throw CallError("Sie lässt sich nicht öffnen. Meldung: login failed");
   });
   EXPECT_EQ(tried, std::vector<std::string>(
                        2, "odbc:Driver=FreeTDS;Server=db1;Port=1433;Database=lohn;PWD={ge;heim}"));
   EXPECT_EQ(ServerSettings::Load().database, "lohn");
+}
+
+// Who gives up has failed at one field, seldom at all of them.
+TEST_F(Desktop, ServerDialogRemembersAllButThePasswordWhenTheUserGivesUp) {
+  MainWindow window;
+  const auto give_up = [](const QString& password) {
+    auto& dialog = *QApplication::activeModalWidget();
+    const auto field = [&](const char* name) { return dialog.findChild<QLineEdit*>(name); };
+    EXPECT_EQ(field("password")->text(), "");
+    if (!password.isEmpty()) field("server")->setText("db1");
+    if (!password.isEmpty()) field("database")->setText("lohn");
+    field("password")->setText(password);
+    static_cast<QDialog&>(dialog).accept();
+    EXPECT_EQ(field("server")->text(), "db1");
+    EXPECT_EQ(dialog.focusWidget(), field("driver"));
+    const QString fault = dialog.findChild<QLabel*>("fault")->text();
+    EXPECT_TRUE(fault.startsWith("Der Treiber „FreeTDS“ ist auf diesem Rechner nicht installiert."))
+        << qPrintable(fault);
+    dialog.close();
+  };
+  for (const QString password : {"geheim", ""}) {
+    QTimer::singleShot(0, &window, [&] { give_up(password); });
+    ConnectToServer(&window, [](const QString&) { throw CallError("Can't open lib"); });
+  }
+  EXPECT_EQ(ServerSettings::Load().database, "lohn");
+  const QSettings store("Tarvoni", "Lohn");
+  for (const QString& key : store.allKeys())
+    EXPECT_FALSE(store.value(key).toString().contains("geheim")) << qPrintable(key);
 }
 
 TEST_F(Desktop, ServerDialogTakesNoSecondPassword) {
