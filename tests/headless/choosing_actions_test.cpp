@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "src/context/services/mnemonics.h"
 #include "src/context/services/user_actions.h"
 #include "tests/support/events.h"
 #include "tests/support/fake_connection.h"
@@ -67,6 +68,9 @@ TEST(Choosing, CtrlWithTabOrAPageKeyTurnsToAnotherTab) {
   EXPECT_EQ(form.SSTab1.Tab(), 1);
   user.Key(kKeyPageDown, 2);
   EXPECT_EQ(form.SSTab1.Tab(), 0) << "round the end";
+  EXPECT_TRUE(user.Mnemonic(MnemonicsOf(form).at(&form.SSTab1.Page(1))));
+  EXPECT_EQ(form.SSTab1.Tab(), 1) << "each tab has a letter";
+  form.SSTab1.SetTab(0);
   form.SSTab1.SetTabEnabled(1, false);
   user.Key(kKeyTab, 3);
   EXPECT_EQ(form.SSTab1.Tab(), 0);
