@@ -49,6 +49,10 @@ std::size_t PlaceOf(char32_t letter, std::u32string_view caption) {
 class Letters {
  public:
   explicit Letters(const Form& form) {
+    for (const Control* control : form.Controls()) {
+      const auto* const button = dynamic_cast<const Button*>(control);
+      if (button && button->Does() == Command::kSave) TakeFirst(*button);
+    }
     for (const bool own : {true, false}) {
       for (const Control* control : form.Controls()) {
         const auto* const captioned = dynamic_cast<const Captioned*>(control);
@@ -66,6 +70,12 @@ class Letters {
     if (taken || !IsLetter(letter)) return false;
     letters_[&control] = letter;
     return true;
+  }
+
+  // Whoever saves by Alt+S on one Screen does so on all.
+  void TakeFirst(const Captioned& control) {
+    const std::u32string caption = Read(control).plain;
+    if (!caption.empty()) Take(control, caption.front());
   }
 
   void TakeOwn(const Captioned& control) {
