@@ -90,6 +90,7 @@ int GridView::StepOf(const QKeyEvent& event) const {
 
 // Rows that a search hides are no step; with Shift the rows passed over are marked, while the Screen follows.
 bool GridView::Key(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Escape && view_->Pane().EndSearch()) return true;
   const int step = StepOf(event);
   const bool marks = event.modifiers() == Qt::ShiftModifier;
   const bool leaps = event.key() != Qt::Key_Up && event.key() != Qt::Key_Down;

@@ -278,11 +278,16 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
     EXPECT_EQ(FromQt(shown(0).data().toString()), "Ahorn") << "the order lasts";
     EXPECT_EQ(table.horizontalHeader()->sortIndicatorSection(), 1);
     EXPECT_FALSE(shown(0).data(Qt::FontRole).value<QFont>().strikeOut());
+    grid.SetStruck("", "");
     stage.driver.ClickRow(grid, 1);
     stage.Press(Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !told("sum").empty(); }));
     EXPECT_EQ(grid.Row(), 2);
     EXPECT_EQ(told("sum"), "Summe 21,75 (2 Zahlen)");
+    grid.SetStruck("NAME", "Buche");
+    stage.Press(Qt::Key_Up, Qt::ShiftModifier);
+    stage.Press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return told("sum").empty(); })) << "what was cancelled does not count";
     QTest::keyPress(window.windowHandle(), Qt::Key_Control, Qt::ControlModifier);
     grid.Data()->Recordset().MoveFirst();
     EXPECT_EQ(table.selectionModel()->selectedIndexes().size(), 1)
@@ -297,6 +302,11 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
     EXPECT_EQ(window.focusWidget(), &table);
     stage.Press(Qt::Key_Down);
     EXPECT_EQ(grid.Row(), 0) << "what is hidden is no step";
+    stage.Press(Qt::Key_Escape);
+    EXPECT_EQ(told("count"), "Zeile 1 von 3") << "Escape ends the search first";
+    EXPECT_TRUE(stage.form.IsLoaded());
+    stage.Press(Qt::Key_Escape);
+    EXPECT_FALSE(stage.form.IsLoaded());
   });
 }
 
