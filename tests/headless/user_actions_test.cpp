@@ -377,6 +377,11 @@ TEST_F(Actions, EveryButtonHasALetterOfItsOwn) {
   EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "Storno + Senden && &Ende")
       << "beginnings of words first";
   EXPECT_EQ(CaptionWithMnemonic(form.frm), "Daten");
+  form.btnOk.SetCaption("Abgeschlossen");
+  form.btnAbbrechen.SetCaption("Bearb. Abbr.");
+  form.btnAbbrechen.SetDoes(Command::kCancel);
+  EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "Bearb. &Abbr.") << "commands have theirs everywhere";
+  EXPECT_EQ(CaptionWithMnemonic(form.btnOk), "A&bgeschlossen");
 }
 
 // A Screen with a list state and an edit state.
