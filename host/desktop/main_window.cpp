@@ -131,8 +131,9 @@ void MainWindow::ConnectServer() {
 void MainWindow::OpenMade(const QString& file) {
   if (file.isEmpty()) return;
   Open(file);
-  statusBar()->showMessage("Angelegt: " + clients_->CurrentName().simplified() + ", Datei " + QFileInfo(file).fileName(),
-                           kStatusTime);
+  statusBar()->showMessage(
+      "Angelegt: " + clients_->CurrentName().simplified() + ", Datei " + QFileInfo(file).fileName(),
+      kStatusTime);
 }
 
 void MainWindow::Open(const QString& database) {

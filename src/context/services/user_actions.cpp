@@ -188,8 +188,6 @@ bool UserActions::Mnemonic(char32_t letter) {
   if (named == form_.Controls().end()) return false;
   if ((*named)->TakesFocus())
     Click(**named);
-  else if (const auto* page = dynamic_cast<TabPage*>(*named))
-    ChooseTab(dynamic_cast<TabControl&>(*page->Container()), page->Number());
   else if (Control* next = form_.NextInTabOrder(*named))
     Focus(*next);
   return true;
