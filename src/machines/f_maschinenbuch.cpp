@@ -176,6 +176,8 @@ void F_Maschinenbuch::ShowDerived() {
 // --- saving ---
 
 void F_Maschinenbuch::Save() {
+  const Decimal most_years(9'999'999, 0);  // what its column holds
+  if (!Require(NumberOrZero(txtNutzungs) <= most_years, lblNutzungs, txtNutzungs)) return;
   Committed([this] {
     if (!bolNew) return WriteFields();
     MakeMachine();
