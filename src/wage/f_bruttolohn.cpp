@@ -135,7 +135,9 @@ void F_Bruttolohn::ShowCurrentRow() {
   row.ShowCode("OBJEKTID", "OBJEKTNUMBER", "OBJEKTNAME", txtObjekt);
   curProduktId = row.Number("PRODUKT_ID");
   curLineId = row.Number("ID");
-  SetSubject(Worker() + (curLineId == 0 ? "" : ", Tag " + txtTag.Text()));
+  SetSubject(Worker() + (curLineId == 0 ? ""
+                                        : ", Tag " + txtTag.Text() + ", " + lblLohnart.Caption() + " " +
+                                              txtLohnart[0].Text()));
   SetViewState(true);
 }
 
