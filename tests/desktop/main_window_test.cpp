@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
@@ -13,10 +14,14 @@
 #include <QScrollBar>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTabWidget>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <filesystem>
+#include <set>
+#include <utility>
 
 #include "host/demo_database.h"
 #include "host/desktop/server_dialog.h"
@@ -82,13 +87,55 @@ class Desktop : public ::testing::Test {
     Button(window, "Ö&ffnen")->click();
   }
 
+  // Does what is to be done with each page of the tabs.
+  static void EachPage(const QWidget& screen, const std::function<void()>& look) {
+    auto* const tabs = screen.findChild<QTabWidget*>();
+    for (int page = 0; page < (tabs ? tabs->count() : 1); ++page) {
+      if (tabs) tabs->setCurrentIndex(page);
+      QTest::qWait(50);
+      look();
+    }
+  }
+
+  // The Screens behind the buttons of a Screen.
+  void OpenInner(QWidget& screen) {
+    for (auto* const button : screen.findChildren<QPushButton*>()) {
+      const QString caption = button->text().remove('&');
+      const bool opens = QStringList{"Vorgaben", "Stunden", "Positionen", "Naturalvollzug"}.contains(caption);
+      if (opens && button->isEnabled()) button->click();
+    }
+  }
+
+  // A word, not the name of a column, and room for all of it.
+  static void LookAtHeads(const QTableView& table, const std::string& screen, std::set<std::string>& heads) {
+    constexpr int kHeadMargin = 3;
+    const QHeaderView& header = *table.horizontalHeader();
+    for (int i = 0; i < header.count(); ++i) {
+      if (header.isSectionHidden(i)) continue;
+      const QString head = table.model()->headerData(i, Qt::Horizontal).toString();
+      EXPECT_FALSE(head.size() > 4 && head == head.toUpper()) << screen << ": " << head.toStdString();
+      EXPECT_GE(header.sectionSize(i), header.fontMetrics().horizontalAdvance(head) + kHeadMargin)
+          << screen << ": " << head.toStdString();
+      heads.insert(head.toStdString());
+    }
+  }
+
   QStringList opened_;                     // what opened and was closed, boxes with their text
   std::function<void(QWidget&)> look_at_;  // each window before it is closed
 
  private:
+  // Each window in an event of its own: looking at it may open another.
   void CloseWhatOpened() {
     QWidget* const window = QApplication::activeModalWidget();
-    if (!window) return;
+    if (!window || window == looked_at_) return;
+    QWidget* const around = std::exchange(looked_at_, window);
+    QTimer::singleShot(0, window, [this, window, around] {
+      LookAndClose(window);
+      looked_at_ = around;
+    });
+  }
+
+  void LookAndClose(QWidget* window) {
     if (look_at_) look_at_(*window);
     if (const auto* const box = qobject_cast<QMessageBox*>(window))
       opened_ << box->text() + " | " + box->informativeText();
@@ -99,6 +146,7 @@ class Desktop : public ::testing::Test {
 
   static inline QTemporaryDir* folder_ = nullptr;
   QTimer watch_;
+  QWidget* looked_at_ = nullptr;
 };
 
 TEST_F(Desktop, BeginsWithAPageThatOffersWhatWasOpenBefore) {
@@ -265,16 +313,36 @@ TEST_F(Desktop, NoScreenScrollsSidewaysOnASmallScaledScreen) {
   MainWindow window;
   window.show();
   window.Open(DemoFile());
-  look_at_ = [](QWidget& screen) {
+  look_at_ = [this](QWidget& screen) {
     screen.resize(903, 485);
-    QTest::qWait(50);
-    for (const auto* const area : screen.findChildren<QScrollArea*>()) {
-      if (!area->isVisible()) continue;
-      EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << screen.windowTitle().toStdString();
-    }
+    EachPage(screen, [&] {
+      for (const auto* const area : screen.findChildren<QScrollArea*>()) {
+        if (!area->isVisible()) continue;
+        EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << screen.windowTitle().toStdString();
+      }
+    });
+    OpenInner(screen);
   };
   for (int i = 0; i < 8; ++i) Open(window, i);
-  EXPECT_EQ(opened_.size(), 8);
+  EXPECT_EQ(opened_.size(), 11) << opened_.join('\n').toStdString();
+}
+
+// A head is a word, told whole in a table that has just opened.
+TEST_F(Desktop, HeadsOfTablesAreWholeWords) {
+  MainWindow window;
+  window.show();
+  window.Open(DemoFile());
+  std::set<std::string> heads;
+  look_at_ = [&](QWidget& screen) {
+    EachPage(screen, [&] {
+      for (const auto* const table : screen.findChildren<QTableView*>()) {
+        if (table->isVisible()) LookAtHeads(*table, screen.windowTitle().toStdString(), heads);
+      }
+    });
+    OpenInner(screen);
+  };
+  for (int i = 0; i < 8; ++i) Open(window, i);
+  EXPECT_GT(heads.size(), 60);
 }
 
 TEST_F(Desktop, FocusIsOnTheClientsAndEnterOpens) {
