@@ -48,8 +48,29 @@ void F_ARA::ConnectFields() {
   Rules(txtGesamtKosten).Number("-######0.00");
   Rules(txtKostenstelleSel[0]).Code(kostenstelleSel_);
   Rules(txtLeistungsartSel[0]).Code(leistungsartSel_);
-  kostenstelleSel_.Changed = [this] { LoadGridAndPosition(); };
-  leistungsartSel_.Changed = [this] { LoadGridAndPosition(); };
+  kostenstelleSel_.Changed = [this] { SelectionChanged(); };
+  leistungsartSel_.Changed = [this] { SelectionChanged(); };
+}
+
+// The selection stays open while an order is edited, and another selection ends that: not without a question.
+void F_ARA::SelectionChanged() {
+  const bool editing = btnAbbrechen.Enabled();
+  const int style = kBoxYesNo + kBoxQuestion + kBoxSecondIsDefault;
+  if (editing && !Ask("Mit der Selektion wird die Liste neu gelesen. Die Eingaben verwerfen?", style))
+    return selection_.PutBack();
+  selection_.Remember();
+  editing ? btnAbbrechen.Press() : LoadGridAndPosition();
+}
+
+void F_ARA::Selection::Remember() {
+  for (std::size_t i = 0; i < boxes.size(); ++i) shown.at(i) = {boxes.at(i)->Text(), boxes.at(i)->Tag()};
+}
+
+void F_ARA::Selection::PutBack() {
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    boxes.at(i)->SetText(shown.at(i).text);
+    boxes.at(i)->SetTag(shown.at(i).tag);
+  }
 }
 
 // A changed cost centre or product order tests what hangs on it anew, without a word.
@@ -156,23 +177,23 @@ const SqlText& F_ARA::StundenCase() {
 }
 
 std::vector<ShownColumn> F_ARA::Columns() const {
-  return {{.data_field = "STATUSKOPF", .caption = Message(message::kStatus), .width = 650},
-          {.data_field = "NAME", .caption = frmArbeitsauftrag.Caption(), .width = 1700},
+  return {{.data_field = "STATUSKOPF", .caption = Message(message::kStatus), .width = 670},
+          {.data_field = "NAME", .caption = frmArbeitsauftrag.Caption(), .width = 1560},
           {.data_field = "DATUM_NR",
            .caption = lblErstellungsDatum.Caption(),
            .number_format = "dd.mm.yyyy",
-           .width = 1650},
-          {.data_field = "LEISTUNGKURZNAME", .caption = lblLeistung.Caption(), .width = 900},
-          {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1150},
-          {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption(), .width = 1350},
-          {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption(), .width = 2000},
-          {.data_field = "WALDORT", .caption = lblWaldort.Caption(), .width = 2000},
-          {.data_field = "BESCHREIBUNG", .caption = frmBeschreibung_der_Arbeit.Caption(), .width = 2120},
+           .width = 1670},
+          {.data_field = "LEISTUNGKURZNAME", .caption = lblLeistung.Caption(), .width = 880},
+          {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1190},
+          {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption(), .width = 1300},
+          {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption(), .width = 1950},
+          {.data_field = "WALDORT", .caption = lblWaldort.Caption(), .width = 1880},
+          {.data_field = "BESCHREIBUNG", .caption = frmBeschreibung_der_Arbeit.Caption(), .width = 2270},
           {.data_field = "ROTTESHORT", .caption = lblRotte.Caption(), .width = 650},
-          AmountColumn("FLACHE", lblFlache.Caption(), 850),
-          AmountColumn("MENGE", lblMenge.Caption(), 950),
-          {.data_field = "WARENEINHEITEINHEIT", .caption = "ME", .width = 550},
-          AmountColumn("STUNDEN", lblStunden_dir_Lohn.Caption(), 2050),
+          AmountColumn("FLACHE", lblFlache.Caption(), 760),
+          AmountColumn("MENGE", lblMenge.Caption(), 880),
+          {.data_field = "WARENEINHEITEINHEIT", .caption = "ME", .width = 450},
+          AmountColumn("STUNDEN", lblStunden_dir_Lohn.Caption(), 2110),
           AmountColumn("GESAMNT", lblGesamtKosten.Caption(), 1400)};
 }
 
