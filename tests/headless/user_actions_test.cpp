@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "src/context/controls/grid.h"
 #include "src/context/services/mnemonics.h"
 #include "src/context/values/call_error.h"
 #include "tests/support/events.h"
@@ -545,6 +546,10 @@ TEST_F(Actions, FocusLeavesAControlThatWasDisabled) {
   Replace(form.btnOk.Click, [&] { form.btnOk.SetEnabled(false); });
   user.Click(form.btnOk);
   EXPECT_TRUE(form.btnAbbrechen.HasFocus());
+  FlexGrid list(form, "list");
+  form.btnOk.SetEnabled(true);
+  user.Click(form.btnOk);
+  EXPECT_TRUE(list.HasFocus()) << "not a button on which Enter would do something else";
 }
 
 TEST_F(Actions, FocusSetBeforeShowingIsWhereItStarts) {

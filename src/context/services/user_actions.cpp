@@ -123,9 +123,19 @@ bool UserActions::Leave(Control& target) {
 void UserActions::SettleFocus() {
   Control* const active = form_.ActiveControl();
   if (!form_.IsLoaded() || (active && active->CanFocus())) return;
-  Control* const next = form_.NextInTabOrder(active);
+  // Behind a button that switched itself off may stand another that opens something: the list is safer.
+  Control* next = dynamic_cast<Button*>(active) ? OpenList() : nullptr;
+  if (!next) next = form_.NextInTabOrder(active);
   form_.SetActiveControl(next);
   if (next) Handle([next] { next->GotFocus(); });
+}
+
+Control* UserActions::OpenList() const {
+  const auto open = [](const Control* control) {
+    return dynamic_cast<const Grid*>(control) && control->CanFocus();
+  };
+  const auto found = std::ranges::find_if(form_.Controls(), open);
+  return found == form_.Controls().end() ? nullptr : *found;
 }
 
 bool UserActions::Focus(Control& target) {
