@@ -4,12 +4,12 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <optional>
 
+#include "host/desktop/digits.h"
 #include "host/desktop/settings.h"
 #include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kFieldWidth = 40;  // characters
 constexpr int kFaultWidth = 60;
-constexpr int kHighestPort = 65'535;
+constexpr int kDigitsOfPort = 5;
 
 // Drivers know braces only where a semicolon needs them.
 QString Braced(const QString& value) {
@@ -42,7 +42,7 @@ class ServerDialog : public QDialog {
     password_->setEchoMode(QLineEdit::Password);
     driver_ = AddField(*form, "&Treiber:", "driver", last.driver);
     port_ = AddField(*form, "P&ort:", "port", last.port);
-    port_->setValidator(new QIntValidator(1, kHighestPort, port_));
+    TakeDigits(*port_, kDigitsOfPort);
     fault_->setObjectName("fault");
     fault_->setTextFormat(Qt::PlainText);
     fault_->setTextInteractionFlags(Qt::TextSelectableByMouse);

@@ -288,6 +288,43 @@ TEST_F(Desktop, TellsWhyADatabaseDoesNotOpenAndKeepsTheOneBefore) {
   EXPECT_EQ(window.windowTitle(), "Tarvoni Lohn");
 }
 
+TEST_F(Desktop, TakesNoDatabaseThatIsNotOurs) {
+  MainWindow window;
+  window.show();
+  window.Open(DemoFile());
+  const QString empty = DemoFile() + ".fremd";
+  OpenDatabase(empty.toStdString(), OpenMode::kCreate)->Execute("CREATE TABLE FREMD (A INT)");
+  window.Open(empty);
+  ASSERT_EQ(opened_.size(), 1);
+  EXPECT_TRUE(opened_[0].contains("keine Datenbank von Tarvoni Lohn")) << qPrintable(opened_[0]);
+  EXPECT_TRUE(window.windowTitle().contains("demo.db –")) << qPrintable(window.windowTitle());
+  EXPECT_EQ(Named<QTreeWidget>(window, "Mandanten")->topLevelItemCount(), 3);
+  EXPECT_FALSE(RecentDatabases().contains(empty));
+  Open(window, 2);
+  EXPECT_EQ(opened_.size(), 2) << "the one before answers";
+}
+
+TEST_F(Desktop, FindsAClientByWhatIsTyped) {
+  MainWindow window;
+  window.show();
+  window.activateWindow();
+  window.Open(DemoFile());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const auto type = [](const char* keys) { QTest::keyClicks(QApplication::focusWidget(), keys); };
+  const auto current = [&] { return Named<QTreeWidget>(window, "Mandanten")->currentItem()->text(0); };
+  type("auen");
+  EXPECT_EQ(current(), "2020");
+  QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+  type("203");
+  EXPECT_EQ(current(), "2030");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_THAT(opened_, ElementsAre(testing::Property(&QString::toStdString, testing::HasSubstr("2030"))));
+  QWidget* at = Button(window, "Ö&ffnen");
+  do at = at->nextInFocusChain();
+  while ((at->focusPolicy() & Qt::TabFocus) == 0 || !at->isVisible() || at->focusProxy());
+  EXPECT_EQ(at, Named<QLineEdit>(window, "Mandanten suchen")) << "Tab comes round to it";
+}
+
 TEST_F(Desktop, ShowsTheErrorThatAMethodReturns) {
   const QString file = DemoFile() + ".kaputt";
   std::filesystem::copy(DemoFile().toStdString(), file.toStdString());
@@ -463,8 +500,9 @@ TEST_F(Desktop, ServerDialogTakesNoSecondPassword) {
 
 // Neither in what the windows show nor in what is kept for the next time, whether a text opens or not.
 TEST_F(Desktop, ShowsAndRemembersNoPassword) {
-  const std::string driver =
-      "odbc:Driver=" SQLITE_ODBC_DRIVER ";Database=" + DemoFile().toStdString() + ".leer";
+  const std::string file = DemoFile().toStdString() + ".leer";
+  std::filesystem::copy(DemoFile().toStdString(), file);
+  const std::string driver = "odbc:Driver=" SQLITE_ODBC_DRIVER ";Database=" + file;
   std::vector<std::string> texts = passwords::ConnectionTexts();
   for (const std::string& attribute : passwords::Attributes()) texts.push_back(driver + ";" + attribute);
   MainWindow window;
