@@ -27,7 +27,6 @@ ClientList::ClientList(std::function<void()> chosen, std::function<void()> activ
   connect(list_, &QTreeWidget::itemActivated, this, [this] { activated_(); });
   for (QWidget* const widget : std::initializer_list<QWidget*>{filter_, list_})
     widget->installEventFilter(this);
-  setFocusProxy(list_);
 
   auto* const label = new QLabel("&Mandanten");
   label->setBuddy(list_);

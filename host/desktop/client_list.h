@@ -19,6 +19,8 @@ class ClientList : public QWidget {
   void Show(const std::vector<Client>& clients, std::int32_t current);
   // Lets the user type what he looks for.
   void Search();
+  // No focus proxy does this: Tab would pass by what stands before it.
+  void FocusList() { list_->setFocus(); }
   // Id and name of the chosen client; 0 and "" for none.
   std::int32_t CurrentId() const;
   QString CurrentName() const;

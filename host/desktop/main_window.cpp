@@ -166,7 +166,7 @@ void MainWindow::ShowState() {
   for (QAction* const action : needs_database_) action->setEnabled(open);
   setWindowTitle(open ? ToQt(workplace_.Name()) + " – Tarvoni Lohn" : QString("Tarvoni Lohn"));
   ShowRecent();
-  if (!open) start_->setFocus();
+  if (!open) start_->FocusStart();
 }
 
 void MainWindow::ShowRecent() {
@@ -185,7 +185,7 @@ void MainWindow::ShowClients() {
     UseSettings();
     forest_year_->setText(ToQt(workplace_.StandardForestYear()));
     clients_->Show(workplace_.Clients(), workplace_.StandardClient());
-    clients_->setFocus();
+    clients_->FocusList();
   });
 }
 
