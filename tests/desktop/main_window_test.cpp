@@ -441,13 +441,15 @@ TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
     static_cast<QDialog&>(dialog).accept();
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_TRUE(
-        dialog.findChild<QLabel*>("fault")->text().startsWith("Die Verbindung zum Server „db1“ ist nicht"));
-    EXPECT_TRUE(dialog.findChild<QLabel*>("fault")->text().endsWith("\n\nEinzelheiten: login failed"));
+        dialog.findChild<QLabel*>("told")->text().startsWith("Die Verbindung zum Server „db1“ ist nicht"));
+    EXPECT_TRUE(dialog.findChild<QLabel*>("told")->text().endsWith("\n\nEinzelheiten: login failed"));
     EXPECT_EQ(field("password")->text(), "ge;heim");
     static_cast<QDialog&>(dialog).accept();
   });
   ConnectToServer(&window, [&](const QString& server) {
     tried.push_back(server.toStdString());
+    EXPECT_EQ(QApplication::activeModalWidget()->findChild<QLabel*>("told")->text(),
+              "Die Verbindung wird aufgebaut …");
     if (tried.size() == 1) throw CallError("Sie lässt sich nicht öffnen. Meldung: login failed");
   });
   EXPECT_EQ(tried, std::vector<std::string>(
@@ -468,7 +470,7 @@ TEST_F(Desktop, ServerDialogRemembersAllButThePasswordWhenTheUserGivesUp) {
     static_cast<QDialog&>(dialog).accept();
     EXPECT_EQ(field("server")->text(), "db1");
     EXPECT_EQ(dialog.focusWidget(), field("driver"));
-    const QString fault = dialog.findChild<QLabel*>("fault")->text();
+    const QString fault = dialog.findChild<QLabel*>("told")->text();
     EXPECT_TRUE(fault.startsWith("Der Treiber „FreeTDS“ ist auf diesem Rechner nicht installiert."))
         << qPrintable(fault);
     dialog.close();
@@ -508,7 +510,7 @@ TEST_F(Desktop, ServerDialogTakesNoSecondPassword) {
     dialog.findChild<QLineEdit*>("server")->setText("db1;PWD=Fichte");
     dialog.findChild<QLineEdit*>("database")->setText("lohn");
     static_cast<QDialog&>(dialog).accept();
-    EXPECT_TRUE(dialog.findChild<QLabel*>("fault")->text().contains("Strichpunkt"));
+    EXPECT_TRUE(dialog.findChild<QLabel*>("told")->text().contains("Strichpunkt"));
     static_cast<QDialog&>(dialog).reject();
   });
   ConnectToServer(&window, [&](const QString&) { FAIL(); });
