@@ -112,7 +112,9 @@ bool GridView::StepKey(const QKeyEvent& event) {
   const int step = StepOf(event);
   const bool marks = event.modifiers() == Qt::ShiftModifier;
   const bool leaps = event.key() != Qt::Key_Up && event.key() != Qt::Key_Down;
-  if (step == 0 || event.modifiers().testFlag(Qt::ControlModifier)) return ControlView::Key(event);
+  const bool held = event.modifiers().testFlag(Qt::ControlModifier);
+  const bool ends = event.key() == Qt::Key_Home || event.key() == Qt::Key_End;
+  if (step == 0 || (held && !ends)) return ControlView::Key(event);
   if (!marks && !leaps && !view_->Pane().IsSearching()) return ControlView::Key(event);
   if (leaps) ControlView::Key(event);  // the Screen hears of the key
   if (!grid_.HasFocus()) return true;

@@ -225,6 +225,10 @@ TEST(FormWindow, KeysOfTheWindowSystemComeOnce) {
     EXPECT_EQ(stage.form.DataGrid1.Row(), 2);
     press(Qt::Key_Up);
     EXPECT_EQ(stage.form.DataGrid1.Row(), 1) << "one row a key";
+    press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(stage.form.DataGrid1.Row(), 2);
+    press(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(stage.form.DataGrid1.Row(), 0);
     stage.form.veto = true;
     stage.form.log.clear();
     press(Qt::Key_Escape);
