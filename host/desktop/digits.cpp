@@ -5,6 +5,11 @@
 #include <QToolTip>
 
 namespace tarvoni::host {
+namespace {
+
+constexpr int kShown = 1500;  // milliseconds
+
+}  // namespace
 
 void TakeDigits(QLineEdit& box, int most) {
   const QRegularExpression digits(QString("\\d{1,%1}").arg(most));
@@ -15,7 +20,8 @@ void TakeDigits(QLineEdit& box, int most) {
 void TellRefused(QLineEdit& box) {
   QObject::connect(&box, &QLineEdit::inputRejected, &box, [&box] {
     QApplication::beep();
-    QToolTip::showText(box.mapToGlobal(box.rect().bottomLeft()), "Das passt nicht in eine Zahl.", &box);
+    QToolTip::showText(box.mapToGlobal(box.rect().bottomLeft()), "Das passt nicht in eine Zahl.", &box, {},
+                       kShown);
   });
 }
 
