@@ -83,7 +83,8 @@ class UserActions : private FormHost {
   void ClickHead(DataGrid& grid, int column);
   void ResizeColumn(Grid& grid, int column, int twips);
 
-  // The window's close button, or Escape where nothing is being edited. False on a veto.
+  // The window's close button, or Escape where nothing is being edited. Where nothing can be cancelled it asks before
+  // anything typed is lost. False on a veto.
   bool Close();
   // Raises Elapsed of each running timer once. The toolkits call it when the time has come.
   void RunTimers();
@@ -109,10 +110,15 @@ class UserActions : private FormHost {
   void PressButton(Button& button);
   // The open button of a command; null if there is none.
   Button* ButtonFor(Command command) const;
+  // Whether the Screen has a button of the command, in whatever state.
+  bool Offers(Command command) const;
   TabControl* OpenTabs() const;
   void DoCommand(int key, int shift);
   void StepTab(int step);
   void Cancel();
+  // Asks before anything typed is lost.
+  bool MayDiscard();
+  bool LosesByClosing() const;
   void ShowKeys();
 
   void OpenLookup(Control& control);
@@ -149,7 +155,7 @@ class UserActions : private FormHost {
   Refused refused_;
   bool acting_ = false;   // inside Act
   bool leaving_ = false;  // between Validate and GotFocus
-  bool typed_ = false;    // the user entered something since the edit began
+  bool typed_ = false;    // the user entered something since the edit began or the last save
   int edits_ended_ = 0;
   std::string ended_subject_;      // what the Screen stood on then
   Control* redirected_ = nullptr;  // where a handler sent the focus meanwhile

@@ -59,6 +59,13 @@ Button* UserActions::ButtonFor(Command command) const {
   return nullptr;
 }
 
+bool UserActions::Offers(Command command) const {
+  return std::ranges::any_of(form_.Controls(), [command](const Control* control) {
+    const auto* const button = dynamic_cast<const Button*>(control);
+    return button && button->Does() == command;
+  });
+}
+
 // The tabs around the active control, else the first there are.
 TabControl* UserActions::OpenTabs() const {
   const auto tabs_in = [](Control* control) {
@@ -105,10 +112,29 @@ void UserActions::Cancel() {
     Close();
     return;
   }
-  const int style = kBoxYesNo + kBoxQuestion + kBoxSecondIsDefault;
-  if (typed_ && toolkit_.MessageBox("Die Eingaben verwerfen?", style, form_.Caption()) != kAnswerYes) return;
+  if (!MayDiscard()) return;
   form_.SetActiveControl(cancel);
   Click(*cancel);
+}
+
+bool UserActions::MayDiscard() {
+  const int style = kBoxYesNo + kBoxQuestion + kBoxSecondIsDefault;
+  return !typed_ || toolkit_.MessageBox("Die Eingaben verwerfen?", style, form_.Caption()) == kAnswerYes;
+}
+
+// A Screen with states refuses to close while it edits.
+bool UserActions::LosesByClosing() const {
+  const bool has_states = Offers(Command::kCancel) && Offers(Command::kClose);
+  return typed_ && Offers(Command::kSave) && !has_states;
+}
+
+bool UserActions::Close() {
+  Act([this] {
+    if (LosesByClosing() && !MayDiscard()) return;
+    const bool asked = Handle([this] { form_.Unload(); });
+    if (asked && form_.IsLoaded()) toolkit_.Tell("Bitte speichern oder abbrechen.");
+  });
+  return !form_.IsLoaded();
 }
 
 void UserActions::Entered() {
@@ -122,12 +148,10 @@ void UserActions::PressButton(Button& button) {
   button.Does() == Command::kNone ? Entered() : toolkit_.Tell("");
   const int ended = edits_ended_, told = toolkit_.MessageBoxes();
   const bool done = Handle([&] { button.Press(); }) && toolkit_.MessageBoxes() == told;
-  const bool edits = std::ranges::any_of(form_.Controls(), [](const Control* control) {
-    const auto* const other = dynamic_cast<const Button*>(control);
-    return other && other->Does() == Command::kCancel;
-  });
+  const bool edits = Offers(Command::kCancel);
   const bool saves = button.Does() == Command::kSave || button.Does() == Command::kSaveAndNew;
   if (!saves || !form_.IsLoaded() || (edits ? edits_ended_ == ended : !done)) return;
+  if (!edits) typed_ = false;
   const std::string& saved = ButtonFor(Command::kCancel) ? ended_subject_ : form_.Subject();
   toolkit_.Tell(saved.empty() ? "Gespeichert." : "Gespeichert: " + saved + ".");
 }
