@@ -428,6 +428,7 @@ TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
   form.SetSubject("Auftrag 1");
   user.Key('S', 2);
   EXPECT_THAT(form.log, IsEmpty()) << "nothing is edited";
+  EXPECT_EQ(toolkit.LastTold(), "„Schließen“ ist hier nicht möglich.");
   Edit(true);
   EXPECT_FALSE(user.Close());
   EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.");

@@ -54,8 +54,8 @@ class UserActions : private FormHost {
   void StopWaiting() { refused_ = {}; }
   // Opens the lookup of the active control: Ctrl released alone, F4, or the button in the field.
   void Lookup();
-  // Whether the key is one that the Screen as a whole answers now: the key of an open button, F1, or Ctrl with Tab or
-  // a page key where there are tabs.
+  // Whether the key is one that the Screen as a whole answers: the key of a button, which is told if the button is
+  // closed, F1, or Ctrl with Tab or a page key where there are tabs.
   bool IsCommand(int key, int shift) const;
   // The button with this letter behind `&`. False if there is none to press.
   bool Mnemonic(char32_t letter);
@@ -110,6 +110,8 @@ class UserActions : private FormHost {
   void PressButton(Button& button);
   // The open button of a command; null if there is none.
   Button* ButtonFor(Command command) const;
+  // The same, or else one that is closed.
+  Button* ShownButtonFor(Command command) const;
   // Whether the Screen has a button of the command, in whatever state.
   bool Offers(Command command) const;
   TabControl* OpenTabs() const;

@@ -52,11 +52,19 @@ std::string KeyName(Command command) {
 }
 
 Button* UserActions::ButtonFor(Command command) const {
+  Button* const button = ShownButtonFor(command);
+  return button && button->IsEnabled() ? button : nullptr;
+}
+
+Button* UserActions::ShownButtonFor(Command command) const {
+  Button* found = nullptr;
   for (Control* control : form_.Controls()) {
     auto* const button = dynamic_cast<Button*>(control);
-    if (button && button->Does() == command && button->IsEnabled() && button->IsVisible()) return button;
+    if (!button || button->Does() != command || !button->IsVisible()) continue;
+    if (button->IsEnabled()) return button;
+    if (!found) found = button;
   }
-  return nullptr;
+  return found;
 }
 
 bool UserActions::Offers(Command command) const {
@@ -85,13 +93,20 @@ bool UserActions::IsCommand(int key, int shift) const {
   if (key == kKeyF1) return true;
   if (TabStep(key, shift) != 0) return OpenTabs() != nullptr;
   const auto command = CommandOf(key, shift);
-  return command && ButtonFor(*command);
+  if (!command || !ShownButtonFor(*command)) return false;
+  // In a box Ctrl+Del erases as long as there is nothing to delete.
+  const bool erases = *command == Command::kDelete && dynamic_cast<const TextBox*>(form_.ActiveControl());
+  return ButtonFor(*command) || !erases;
 }
 
 void UserActions::DoCommand(int key, int shift) {
   if (key == kKeyF1) return ShowKeys();
   if (const int step = TabStep(key, shift)) return StepTab(step);
-  if (const auto command = CommandOf(key, shift)) Click(*ButtonFor(*command));
+  const auto command = CommandOf(key, shift);
+  if (!command) return;
+  Button& button = *ShownButtonFor(*command);
+  if (button.IsEnabled()) return Click(button);
+  toolkit_.Tell("„" + Plain(button.Caption()) + "“ ist hier nicht möglich.");
 }
 
 // To the next tab that can be chosen, round the end.
