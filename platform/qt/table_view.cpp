@@ -150,9 +150,14 @@ void TableView::ShowRows() {
   const Raised showing(showing_);
   if (source_.ReadNumbers()) pane_->Model().ColumnsChanged();
   pane_->Model().RowsChanged();
-  pane_->FilterRows();
-  pane_->ShowCount();
+  FilterRows();
   ShowOrder();
+}
+
+void TableView::FilterRows() {
+  pane_->FilterRows();
+  pane_->RevealCurrent();
+  pane_->ShowCount();
 }
 
 // The arrow in the head of the column the user sorted by.
@@ -181,6 +186,7 @@ void TableView::ShowRow() {
   if (reported_row_ == pane_->CurrentRow()) return;
   if (reported_row_ < 0) return Table()->selectionModel()->clear();
   pane_->MakeCurrent(reported_row_);
+  pane_->RevealCurrent();
 }
 
 }  // namespace tarvoni::qt

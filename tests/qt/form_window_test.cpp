@@ -292,11 +292,19 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
     auto& search = *table.parentWidget()->findChild<QLineEdit*>("search");
     QTest::keyClicks(&search, "aho");
     EXPECT_EQ(told("count"), "1 von 3 Zeilen");
+    EXPECT_EQ(grid.Row(), 0) << "the Screen goes to a row that is seen";
+    EXPECT_EQ(window.focusWidget(), &search);
+    QTest::keyClicks(&search, "x");
+    EXPECT_EQ(told("count"), "0 von 3 Zeilen");
+    EXPECT_FALSE(table.isRowHidden(0)) << "the Screen stands on it";
+    QTest::keyClick(&search, Qt::Key_Backspace);
     QTest::keyClick(&search, Qt::Key_Return);
     EXPECT_EQ(grid.Row(), 0);
     EXPECT_EQ(window.focusWidget(), &table);
     stage.Press(Qt::Key_Down);
     EXPECT_EQ(grid.Row(), 0) << "what is hidden is no step";
+    grid.Data()->Recordset().MoveLast();
+    EXPECT_FALSE(table.isRowHidden(2)) << "a row made meanwhile";
   });
 }
 
