@@ -122,6 +122,7 @@ void TableView::ShowColumns() {
     Table()->setColumnHidden(column, !source_.ColumnAt(column).visible);
   ShowWidths();
   ShowRow();
+  columns_changed_ = true;
   MakeReadableSoon();
 }
 
@@ -140,6 +141,7 @@ void TableView::MakeReadableSoon() {
       [this] {
         const Raised showing(showing_);
         narrow_ = false;
+        if (std::exchange(columns_changed_, false)) FilterRows();
         ShowWidths();
         MakeReadable(*Table(), source_, drawn_);
       },
@@ -154,6 +156,7 @@ void TableView::ShowRows() {
   ShowOrder();
 }
 
+// Which rows are seen depends on the columns that are.
 void TableView::FilterRows() {
   pane_->FilterRows();
   pane_->RevealCurrent();

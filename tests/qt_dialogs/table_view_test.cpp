@@ -192,7 +192,17 @@ TEST_F(TableViewTest, ARowOfNothingIsNone) {
   grid_.AddItem({" ", "", ""});
   view_->ShowRows();
   EXPECT_TRUE(Table().isRowHidden(0));
-  EXPECT_EQ(view_->findChild<QLabel*>("count")->text(), "0 Zeilen");
+  const auto& count = *view_->findChild<QLabel*>("count");
+  EXPECT_EQ(count.text(), "0 Zeilen");
+  grid_.SetTextMatrix(1, 1, "9");
+  grid_.Columns()[1].SetVisible(true);
+  view_->ShowRows();
+  EXPECT_EQ(count.text(), "1 Zeile");
+  grid_.Columns()[1].SetVisible(false);
+  view_->ShowColumns();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(Table().isRowHidden(0)) << "nothing stands in what is seen";
+  EXPECT_EQ(count.text(), "0 Zeilen");
 }
 
 TEST(GridSourceTest, NumbersWithoutAFormatStandEvenly) {

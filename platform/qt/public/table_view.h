@@ -51,6 +51,7 @@ class TableView : public QWidget {
   TablePane* pane_;
   bool showing_ = false;  // the grid speaks, not the user
   bool narrow_ = false;   // columns may still be too narrow to be read
+  bool columns_changed_ = false;
   std::set<int> drawn_;    // columns whose width the user set
   bool pressing_ = false;  // the mouse is held down
   int reported_row_ = -1;
