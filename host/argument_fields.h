@@ -13,7 +13,8 @@ enum class FieldKind {
   kRow,     // a row to choose
   kText,
   kNumber,
-  kFlag,
+  kPlans,  // a flag: the rows are plans
+  kNew,    // a flag for one call: the number is a new one
 };
 
 // What the rows of a choice depend on.
@@ -31,7 +32,9 @@ struct ArgumentField {
   std::string none = {};  // what 0 is called; "" if a row has to be chosen
   // The statement of the rows: the key first, then what is shown.
   SqlText (*choices)(const ChoiceScope& scope) = nullptr;
-  bool free_number = false;  // a number that no row bears may be typed
+  // The statement whose first row is the one to begin with; without it, or where it gives none, the first of `choices`.
+  SqlText (*start)(const ChoiceScope& scope) = nullptr;
+  bool free_number = false;  // the key of a new row is a number that the user gives
 };
 
 // Whether the rows offered depend on the forest year.

@@ -37,7 +37,7 @@ Reference<_c_Lohn> MakeLohn() {
 const std::vector<Method>& Methods() {
   static const std::vector<Method> methods = {
       {"ARA",
-       "&Arbeitsaufträge",
+       "&Arbeitsaufträge (Lohn)",
        "Lohnaufträge eines Mandanten im Forstjahr: Liste, Bearbeitung, Stunden",
        {{"strPersonal_dll", kText}, {"mode_dll", kByte}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
@@ -88,8 +88,8 @@ const std::vector<Method>& Methods() {
          return lohn.Belege(tvnvar, a.Text("strPersonal_dll"), a.Byte("mode_dll"));
        }},
       {"Arbeitsauftrag",
-       "Produktauf&trag",
-       "Produktauftrag oder Plan mit seinen Kostenpositionen",
+       "Produktauf&träge (Kosten)",
+       "Ein Produktauftrag oder Plan mit seinen Kostenpositionen",
        {{"idPersonal_dll", kText}, {"ID", kLong}, {"Plan_dll", kBoolean}},
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.Arbeitsauftrag(tvnvar, a.Text("idPersonal_dll"), a.Long("ID"), a.Boolean("Plan_dll"));
@@ -108,7 +108,9 @@ const std::vector<Method>& Methods() {
        [](_c_Lohn& lohn, Arguments& a, const TvnVar_Dll& tvnvar) {
          return lohn.NewRechnung(tvnvar, a.Reference("RechName"), a.Long("intPersonal"),
                                  a.Text("oldRechName"));
-       }},
+       },
+       "RechName",
+       "Name der Rechnung"},
   };
   return methods;
 }

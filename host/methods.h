@@ -16,6 +16,9 @@ struct Method {
   std::string purpose;  // in a sentence
   std::vector<Parameter> parameters;
   Result (*call)(_c_Lohn& lohn, Arguments& arguments, const TvnVar_Dll& tvnvar);
+  // The by-reference argument that a user wants to know, and what it is called; "" if there is none.
+  std::string result = {};
+  std::string result_label = {};
 };
 
 // The ten methods in slot order.

@@ -3,24 +3,22 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <utility>
 
 #include "host/demo/parts.h"
 #include "host/demo/row_writer.h"
+#include "host/demo/settings_rows.h"
 #include "host/demo/wage_scales.h"
-#include "host/new_database.h"
+#include "host/demo/well_known.h"
+#include "host/own_rows.h"
 #include "src/context/data/handler_scope.h"
 #include "src/context/values/call_error.h"
-#include "src/context/values/number_text.h"
 
 namespace tarvoni::host {
 namespace {
 
-using demo::RowWriter;
-
-constexpr int kClient = 1;
-constexpr int kFirstCentre = 1000;
-constexpr int kFirstWorker = 1001;       // PERSONAL.ID_PERSONAL
-constexpr int kFirstPersonnel = 10'001;  // PERSONAL.NUMMER
+constexpr int kNoneClosed = 0;
+constexpr std::size_t kMostDistricts = 40;  // their cost centres have the numbers from 1100 to 1490
 constexpr auto kCodes = std::to_array<void (*)(demo::Enterprise&)>(
     {demo::BuildUnits, demo::BuildNatureCodes, demo::BuildCodeSets, demo::BuildWorkTypes, demo::BuildPlaces,
      demo::BuildWageTypes, demo::BuildWageScales, demo::BuildTimberCodes, demo::BuildTariff});
@@ -31,96 +29,64 @@ void Check(const OwnEnterprise& enterprise) {
   if (enterprise.number.empty() || !digits)
     throw CallError("Die Nummer des Mandanten muss aus Ziffern bestehen.");
   if (enterprise.name.empty()) throw CallError("Der Name des Mandanten fehlt.");
-  if (enterprise.forest_year < 1900 || enterprise.forest_year > 2099)
-    throw CallError("Das Forstjahr muss zwischen 1900 und 2099 liegen.");
+  if (enterprise.forest_year < FirstForestYear() || enterprise.forest_year > kLastForestYear)
+    throw CallError("Das Forstjahr muss zwischen " + std::to_string(FirstForestYear()) + " und " +
+                    std::to_string(kLastForestYear) + " liegen.");
+  if (enterprise.districts.size() > kMostDistricts)
+    throw CallError("Es können höchstens " + std::to_string(kMostDistricts) + " Reviere angelegt werden.");
 }
 
-void WriteOptions(demo::Enterprise& to, const OwnEnterprise& enterprise) {
-  demo::BuildSettings(to);
-  to.connection.Execute(
-      "DELETE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARD_FWJ'\n"
-      "DELETE FROM LOHNABSCHLUSS\n"
-      "DELETE FROM BB_T_MONAT");
-  RowWriter year(to.connection, "OPTIONEN", "PROPERTY_ID, TEXT_VALUE");
-  year.Add("STANDARD_FWJ", std::to_string(enterprise.forest_year));
-  year.Finish();
-  RowWriter months(to.connection, "LOHNABSCHLUSS", "JAHR, MONAT, ASCHLUSS_L");
-  for (int month = 1; month <= 12; ++month) months.Add(enterprise.forest_year, month, false);
-  months.Finish();
+// What nobody named and the Screens ask for.
+OwnEnterprise Completed(OwnEnterprise enterprise) {
+  const auto complete = [](std::vector<std::string>& names, std::vector<std::string> usual) {
+    if (names.empty()) names = std::move(usual);
+  };
+  complete(enterprise.districts, {"Revier 1"});
+  complete(enterprise.objects, {"Betriebsgebäude", "Schlepper", "Geländewagen"});
+  complete(enterprise.payees, {"Diverse Lieferanten"});
+  return enterprise;
 }
 
-void WriteClient(Connection& connection, const OwnEnterprise& enterprise, std::string_view code_set) {
-  const std::string centres = "KST " + enterprise.number;
-  RowWriter client(
-      connection, "PERSONAL",
-      "ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, NAME, MANDANTEN, STANDART, KOSTENART, KOSTENSTELLE, "
-      "LEISTUNGSART, LOHNARTEN, PRODUKT, VERFAHREN, OBJEKT, HH_KAPITEL, HH_TITEL, ZUHLUNGSART, "
-      "ZUHLUNGSGRUND",
-      RowWriter::Keys::kGiven);
-  client.Add(kClient, enterprise.number, enterprise.name, enterprise.name, true, true, code_set, centres,
-             code_set, "LOHN", code_set, code_set, "OBJ " + enterprise.number, code_set, code_set, code_set,
-             code_set);
-  client.Finish();
-  RowWriter centre(connection, "KOSTENSTELLE",
-                   "NUMBER, NAME, TABLE_NAME, DISABLE, ID_KOSTENSTELLE_TYP, PERSONAL_ID, GK");
-  centre.Add(kFirstCentre, "Verwaltung", centres, false, static_cast<int>(demo::CentreType::kAdministration),
-             kClient, true);
-  centre.Finish();
+// The amounts are in euros: one of them is one of the local currency.
+void WriteSettings(Connection& connection, int forest_year) {
+  demo::WriteOptions(connection, forest_year);
+  connection.Execute(R"(
+UPDATE OPTIONEN SET DOUBLE_VALUE = 1 WHERE PROPERTY_ID = 'UFAKTNAT_EURO'
+INSERT INTO OPTIONEN (PROPERTY_ID, TEXT_VALUE) VALUES ('LANDESWAEHRUNG', 'EUR'))");
+  const demo::Month first{forest_year, 1}, last{forest_year, 12};
+  demo::WriteMonths(connection, first, last, kNoneClosed);
+  demo::WriteTargetHours(connection, first, last);
+  demo::WriteLayouts(connection);
 }
 
-// For whom the codes are: the forest office is one of them.
-demo::Client AsClient(const OwnEnterprise& enterprise) {
-  demo::Client client;
-  client.id = kClient;
-  client.number = ToInt32(enterprise.number, {});
-  client.name = enterprise.name;
-  return client;
-}
-
-// A name begins with the surname. What pays a worker holds from the first wage agreement on.
-void WriteWorkers(Connection& connection, const std::vector<std::string>& names) {
-  RowWriter persons(connection, "PERSONAL",
-                    "ID_PERSONAL, NUMMER, KURZBEZEICHNUNG, VORNAME, NAME, MANDANTEN, ID_MANDANTEN, "
-                    "ANGEMELDET, DISABLE, LOHNGRUPPE, ENTGELDGRUPPE, ENTWSTUFFE, DLS",
-                    RowWriter::Keys::kGiven);
-  RowWriter rates(connection, "ONETODATE", "TABLE_COLUMN, TABLE_ID, DATUM, RATE");
-  RowWriter groups(connection, "ONETODATE", "TABLE_COLUMN, TABLE_ID, DATUM, [TEXT]");
-  const DateTime from = demo::kAgreements.front().from;
-  const std::string group = demo::WageGroupName(0);
-  const Decimal pay_group(demo::kFirstPayGroup, 0), stage(1, 0), factor(1, 0);
-  int place = 0;
-  for (const std::string& name : names) {
-    const int id = kFirstWorker + place;
-    const std::size_t surname = std::min(name.find(' '), name.size());
-    const std::string first_name = name.substr(std::min(surname + 1, name.size()));
-    persons.Add(id, kFirstPersonnel + place, name, first_name, name.substr(0, surname), false, kClient, true,
-                false, group, pay_group, stage, factor);
-    rates.Add("PERSONAL.ENTGELDGRUPPE", id, from, pay_group);
-    rates.Add("PERSONAL.ENTWSTUFFE", id, from, stage);
-    rates.Add("PERSONAL.DLS", id, from, factor);
-    groups.Add("PERSONAL.LOHNGRUPPE", id, from, group);
-    ++place;
-  }
-  for (RowWriter* writer : {&persons, &rates, &groups}) writer->Finish();
+void WriteCodes(demo::Enterprise& codes) {
+  for (const auto& build : kCodes) build(codes);
+  demo::RowWriter gang(codes.connection, "RELTABLE", "RELTABLE_ID, NUMBER, KURZNAME, LANGNAME, DISABLE");
+  gang.Add(demo::kGangList, 1, "001", "Rotte 1", false);
+  gang.Finish();
 }
 
 }  // namespace
 
-void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& enterprise) {
-  Check(enterprise);
-  MakeNewDatabase(database, [&](Connection& connection) {
+int FirstForestYear() {
+  return demo::kAgreements.front().from.year;
+}
+
+void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& given, Existing existing) {
+  Check(given);
+  const OwnEnterprise enterprise = Completed(given);
+  const auto fill = [&](Connection& connection) {
     HandlerScope all_at_once(connection);
     MakeTables(connection);
-    demo::Enterprise codes(connection, 1);
-    codes.clients.push_back(AsClient(enterprise));
-    WriteOptions(codes, enterprise);
-    if (enterprise.with_codes) {
-      for (const auto& build : kCodes) build(codes);
-    }
-    WriteClient(connection, enterprise, enterprise.with_codes ? codes.code_sets[0].name : "FORST");
-    WriteWorkers(connection, enterprise.workers);
+    WriteSettings(connection, enterprise.forest_year);
+    demo::Enterprise codes(connection, 1, 1);
+    codes.clients.push_back(WriteOwnClient(connection, enterprise));
+    if (enterprise.with_codes) WriteCodes(codes);
+    WriteOwnForest(connection, enterprise);
+    WriteOwnPersons(connection, enterprise);
     all_at_once.Finish();
-  });
+  };
+  MakeNewDatabase(database, fill, existing);
 }
 
 }  // namespace tarvoni::host

@@ -53,14 +53,26 @@ ORDER BY NUMMER)");
   return clients;
 }
 
-std::int32_t Workplace::StandardClient() const {
-  const Recordset rows = Read("SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARDMANDANTEN'");
+std::int32_t Workplace::FirstKey(const SqlText& statement) const {
+  const Recordset rows = Read(statement);
   return rows.EndOfFile() ? 0 : Whole(rows.Fields()[0].Value());
 }
 
-std::string Workplace::StandardForestYear() const {
-  const Recordset rows = Read("SELECT TEXT_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARD_FWJ'");
+std::int32_t Workplace::StandardClient() const {
+  return FirstKey("SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARDMANDANTEN'");
+}
+
+std::string Workplace::FirstText(const SqlText& statement) const {
+  const Recordset rows = Read(statement);
   return rows.EndOfFile() ? std::string() : Shown(rows.Fields()[0].Value());
+}
+
+std::string Workplace::StandardForestYear() const {
+  return FirstText("SELECT TEXT_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'STANDARD_FWJ'");
+}
+
+std::string Workplace::LocalCurrency() const {
+  return FirstText("SELECT TEXT_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'LANDESWAEHRUNG'");
 }
 
 std::vector<Choice> Workplace::Choices(const SqlText& statement) const {

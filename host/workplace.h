@@ -41,11 +41,16 @@ class Workplace {
   // The client to begin with; 0 if there is none.
   std::int32_t StandardClient() const;
   std::string StandardForestYear() const;
+  // The currency beside the euro that the database names; "" if it names none.
+  std::string LocalCurrency() const;
   // The rows of a statement: the key first, the rest as one text.
   std::vector<Choice> Choices(const SqlText& statement) const;
+  // The key that a statement gives first; 0 if it gives none.
+  std::int32_t FirstKey(const SqlText& statement) const;
 
  private:
   Recordset Read(const SqlText& statement) const;
+  std::string FirstText(const SqlText& statement) const;
 
   std::string name_;
   TvnVar_Dll record_;

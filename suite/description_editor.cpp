@@ -7,18 +7,19 @@
 namespace tarvoni::suite {
 namespace {
 
-std::string CaptionFor(const std::string& table) {
-  if (table == "ARBEITSAUFTRAG_KOPF") return "Beschreibung des Arbeitsauftrags";
-  if (table == "ARBEITSAUFTRAG_KOPF_PLANN") return "Beschreibung der Planung";
+// Before there is a row it may become the description of either.
+std::string CaptionFor(const std::string& table, std::int32_t id) {
+  if (table == "ARBEITSAUFTRAG_KOPF") return id == 0 ? "Beschreibung" : "Beschreibung des Arbeitsauftrags";
+  if (table == "ARBEITSAUFTRAG_KOPF_PLANN") return id == 0 ? "Beschreibung" : "Beschreibung der Planung";
   throw CallError("Die Tabelle " + table + " hat keine Beschreibung.");
 }
 
 }  // namespace
 
-void DescriptionEditor::EditText(const TvnVar_Dll&, std::int32_t, bool read_only, const std::string& table,
+void DescriptionEditor::EditText(const TvnVar_Dll&, std::int32_t id, bool read_only, const std::string& table,
                                  std::string& text) {
   const auto edited =
-      CurrentToolkit().EditText({.caption = CaptionFor(table), .text = text, .read_only = read_only});
+      CurrentToolkit().EditText({.caption = CaptionFor(table, id), .text = text, .read_only = read_only});
   if (edited && !read_only) text = *edited;
 }
 

@@ -6,9 +6,6 @@
 namespace tarvoni::demo {
 namespace {
 
-constexpr auto kEasterMondays =
-    std::to_array<DateTime>({{2023, 4, 10}, DateTime{2024, 4, 1}, DateTime{2025, 4, 21}});
-
 struct Holiday {
   int month, day;
 };
@@ -22,10 +19,22 @@ constexpr auto kHolidays = std::to_array<Holiday>({{1, 1},
                                                    Holiday{12, 25},
                                                    Holiday{12, 26}});
 
+// By the Gregorian computus in whole numbers.
+DateTime EasterSunday(int year) {
+  const int golden = year % 19;
+  const int century = year / 100;
+  const int of_century = year % 100;
+  const int moon = (19 * golden + century - century / 4 - (century - (century + 8) / 25 + 1) / 3 + 15) % 30;
+  const int weekday = (32 + 2 * (century % 4) + 2 * (of_century / 4) - moon - of_century % 4) % 7;
+  const int correction = (golden + 11 * moon + 22 * weekday) / 451;
+  const int place = moon + weekday - 7 * correction + 114;
+  return {year, place / 31, place % 31 + 1};
+}
+
 bool IsHoliday(const DateTime& day) {
   const auto same_day = [&day](const Holiday& h) { return h.month == day.month && h.day == day.day; };
   return std::any_of(kHolidays.begin(), kHolidays.end(), same_day) ||
-         std::find(kEasterMondays.begin(), kEasterMondays.end(), day) != kEasterMondays.end();
+         day == AddDays(EasterSunday(day.year), 1);
 }
 
 // Day 0 was a Monday.

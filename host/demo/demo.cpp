@@ -9,6 +9,7 @@
 namespace tarvoni::demo {
 namespace {
 
+constexpr std::size_t kCodeSets = 2;
 constexpr double kMasterShare = 0.04;     // of the time, before the wage orders begin
 constexpr double kWageOrderShare = 0.75;  // of the time, for the wage orders
 constexpr std::array kMasterParts = {BuildSettings,  BuildUnits,      BuildNatureCodes, BuildCodeSets,
@@ -27,7 +28,7 @@ void BuildDemo(Connection& connection, const DemoOptions& options) {
   };
   HandlerScope all_at_once(connection);
   host::MakeTables(connection);
-  Enterprise enterprise(connection, options.scale);
+  Enterprise enterprise(connection, options.scale, kCodeSets);
   for (const auto& build : kMasterParts) build(enterprise);
   BuildWageOrders(enterprise, [&](double done) { report(kMasterShare + done * kWageOrderShare); });
   for (std::size_t i = 0; i < kMovementParts.size(); ++i) {

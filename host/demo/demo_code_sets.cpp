@@ -8,6 +8,8 @@
 namespace tarvoni::demo {
 namespace {
 
+constexpr std::array<std::string_view, 2> kSetNames = {"FORST", "STIFT"};
+
 struct CostTypeRow {
   int number;
   std::string_view name;
@@ -104,15 +106,15 @@ void BuildCodeSets(Enterprise& enterprise) {
 SET IDENTITY_INSERT KOSTENART ON
 INSERT INTO KOSTENART (ID, NUMBER, NAME) VALUES (0, NULL, NULL)
 SET IDENTITY_INSERT KOSTENART OFF)");
-  enterprise.code_sets[0].name = "FORST";
-  enterprise.code_sets[1].name = "STIFT";
-  for (int set = 0; set < 2; ++set) {
-    CodeSet& codes = enterprise.code_sets[static_cast<std::size_t>(set)];
+  int set = 0;
+  for (CodeSet& codes : enterprise.code_sets) {
+    codes.name = kSetNames[static_cast<std::size_t>(set)];
     WriteCostTypes(connection, codes, set);
     codes.chapters = WriteCodes(connection, "HH_KAPITEL", codes.name, set, kChapters);
     codes.titles = WriteCodes(connection, "HH_TITEL", codes.name, set, kTitles);
     codes.payment_kinds = WriteCodes(connection, "ZUHLUNGSART", codes.name, set, kPaymentKinds);
     codes.payment_reasons = WriteCodes(connection, "ZUHLUNGSGRUND", codes.name, set, kPaymentReasons);
+    ++set;
   }
 }
 

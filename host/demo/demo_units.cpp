@@ -30,7 +30,7 @@ constexpr auto kVatRates = std::to_array<Named>({{"0", "steuerfrei"},
                                                  {"13", "13 % Holz und Pflanzen"},
                                                  {"20", "20 % Normalsatz"}});
 constexpr auto kSpecialFeatures = std::to_array<Named>({{"00", "ohne Sondermerkmal"},
-                                                        {"10", "Windwurf 2023"},
+                                                        {"10", "Windwurf"},
                                                         {"20", "Borkenkäfer"},
                                                         {"30", "Schutzwaldsanierung"},
                                                         {"40", "Förderprojekt"},

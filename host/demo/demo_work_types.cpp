@@ -29,10 +29,8 @@ ExecutionMark MarkOf(std::string_view code) {
 
 class WorkTypeWriter {
  public:
-  WorkTypeWriter(Enterprise& enterprise, int set)
-      : connection_(enterprise.connection),
-        codes_(enterprise.code_sets[static_cast<std::size_t>(set)]),
-        base_(set * kSetStep) {}
+  WorkTypeWriter(Connection& connection, CodeSet& codes, int set)
+      : connection_(connection), codes_(codes), base_(set * kSetStep) {}
 
   void Write() {
     WriteProducts();
@@ -119,7 +117,8 @@ class WorkTypeWriter {
 }  // namespace
 
 void BuildWorkTypes(Enterprise& enterprise) {
-  for (int set = 0; set < 2; ++set) WorkTypeWriter(enterprise, set).Write();
+  int set = 0;
+  for (CodeSet& codes : enterprise.code_sets) WorkTypeWriter(enterprise.connection, codes, set++).Write();
 }
 
 }  // namespace tarvoni::demo

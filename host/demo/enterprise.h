@@ -159,12 +159,13 @@ struct NatureCodes {
 };
 
 struct Enterprise {
-  Enterprise(Connection& to, int of_scale) : connection(to), scale(of_scale) {}
+  Enterprise(Connection& to, int of_scale, std::size_t sets)
+      : connection(to), scale(of_scale), code_sets(sets) {}
 
   Connection& connection;
   int scale;
   Random random{20240412};
-  std::array<CodeSet, 2> code_sets;
+  std::vector<CodeSet> code_sets;
   std::vector<Client> clients;
   std::vector<Worker> workers;
   std::vector<int> suppliers;  // PERSONAL.ID_PERSONAL

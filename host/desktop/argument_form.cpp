@@ -1,7 +1,8 @@
 #include "host/desktop/argument_form.h"
 
 #include <QCheckBox>
-#include <QComboBox>
+#include <QIntValidator>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
@@ -20,11 +21,23 @@ namespace {
 
 constexpr int kChoiceWidth = 24;  // characters
 
+constexpr const char* kNothing = "nichts vorhanden";
+constexpr int kHighestNumber = 999'999'999;
+
+// A free one, behind those there are.
+std::int32_t NextNumber(const std::vector<Choice>& rows) {
+  return rows.empty() ? 1 : std::ranges::max(rows, {}, &Choice::id).id + 1;
+}
+
+bool IsFlag(const ArgumentField& field) {
+  return field.kind == FieldKind::kPlans || field.kind == FieldKind::kNew;
+}
+
 }  // namespace
 
 ArgumentForm::ArgumentForm(const Workplace& workplace, const std::vector<ArgumentField>& fields,
-                           std::function<void()> changed)
-    : workplace_(workplace), changed_(std::move(changed)) {
+                           ChosenRows& chosen, Heard heard)
+    : workplace_(workplace), chosen_(chosen), heard_(std::move(heard)) {
   auto* const form = new QFormLayout(this);
   form->setContentsMargins(0, 0, 0, 0);
   form->setRowWrapPolicy(QFormLayout::WrapLongRows);
@@ -32,10 +45,7 @@ ArgumentForm::ArgumentForm(const Workplace& workplace, const std::vector<Argumen
   for (const ArgumentField& field : fields) {
     QWidget* const widget = MakeWidget(field);
     entries_.push_back({field, widget});
-    if (field.kind == FieldKind::kFlag)
-      form->addRow(QString(), widget);
-    else
-      form->addRow(ToQt(field.label + ":"), widget);
+    form->addRow(IsFlag(field) ? QString() : ToQt(field.label + ":"), widget);
   }
   if (fields.empty()) form->addRow(new QLabel("Keine weiteren Angaben nötig."));
 }
@@ -47,30 +57,42 @@ QWidget* ArgumentForm::MakeWidget(const ArgumentField& field) {
       label->setTextFormat(Qt::PlainText);
       return label;
     }
-    case FieldKind::kRow: {
-      auto* const box = new QComboBox(this);
-      box->setEditable(field.free_number);
-      box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-      box->setMinimumContentsLength(kChoiceWidth);
-      connect(box, &QComboBox::currentTextChanged, this, [this] { changed_(); });
-      return box;
-    }
+    case FieldKind::kRow:
+      return MakeRowBox(field);
     case FieldKind::kNumber: {
       auto* const box = new QSpinBox(this);
       box->setRange(0, std::numeric_limits<std::uint8_t>::max());
       return box;
     }
-    case FieldKind::kFlag: {
-      auto* const box = new QCheckBox(ToQt(field.label), this);
-      connect(box, &QCheckBox::toggled, this, [this](bool set) {
-        scope_.plan = set;
-        FillChoices();
-      });
-      return box;
-    }
+    case FieldKind::kPlans:
+    case FieldKind::kNew:
+      return MakeFlag(field);
     default:
       return new QLineEdit(this);
   }
+}
+
+QWidget* ArgumentForm::MakeRowBox(const ArgumentField& field) {
+  auto* const box = new QComboBox(this);
+  box->setInsertPolicy(QComboBox::NoInsert);
+  box->setPlaceholderText(kNothing);
+  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  box->setMinimumContentsLength(kChoiceWidth);
+  connect(box, &QComboBox::currentTextChanged, this, [this] { heard_.changed(); });
+  connect(box, &QComboBox::currentIndexChanged, this, [this, box, choices = field.choices](int index) {
+    if (index >= 0) chosen_[std::string(choices(scope_).Text())] = box->itemData(index).toInt();
+  });
+  return box;
+}
+
+QWidget* ArgumentForm::MakeFlag(const ArgumentField& field) {
+  auto* const box = new QCheckBox(ToQt(field.label), this);
+  bool& flag = field.kind == FieldKind::kPlans ? scope_.plan : new_number_;
+  connect(box, &QCheckBox::toggled, this, [this, &flag](bool set) {
+    flag = set;
+    FillChoices();
+  });
+  return box;
 }
 
 void ArgumentForm::SetScope(const ChoiceScope& scope, const QString& client_name) {
@@ -83,27 +105,55 @@ void ArgumentForm::SetScope(const ChoiceScope& scope, const QString& client_name
   FillChoices();
 }
 
+void ArgumentForm::ShowAfterCall() {
+  for (const Entry& entry : entries_) {
+    if (entry.field.kind == FieldKind::kNew) static_cast<QCheckBox*>(entry.widget)->setChecked(false);
+  }
+  FillChoices();
+}
+
+// A box leaves Enter to whoever it stands in.
+void ArgumentForm::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return heard_.entered();
+  QWidget::keyPressEvent(event);
+}
+
 void ArgumentForm::FillChoices() {
   if (!workplace_.IsOpen()) return;
-  for (const Entry& entry : entries_) {
-    if (entry.field.kind != FieldKind::kRow) continue;
-    auto* const box = static_cast<QComboBox*>(entry.widget);
-    const QSignalBlocker quiet(box);
-    const QString before = box->currentText();
-    box->clear();
-    if (!entry.field.none.empty()) box->addItem(ToQt(entry.field.none), 0);
-    Reported(this, [&] {
-      for (const Choice& choice : workplace_.Choices(entry.field.choices(scope_))) {
-        box->addItem(ToQt(choice.text), choice.id);
-      }
-    });
-    // What is there comes before what is new.
-    const int first = box->count() > 1 && !entry.field.none.empty() ? 1 : 0;
-    const int same = box->findText(before);
-    box->setCurrentIndex(same >= first ? same : first);
-    if (box->isEditable()) box->lineEdit()->setCursorPosition(0);
+  Reported(this, [this] {
+    for (const Entry& entry : entries_) {
+      if (entry.field.kind == FieldKind::kRow) FillBox(entry.field, *static_cast<QComboBox*>(entry.widget));
+    }
+  });
+  heard_.changed();
+}
+
+void ArgumentForm::FillBox(const ArgumentField& field, QComboBox& box) {
+  const QSignalBlocker quiet(box);
+  box.clear();
+  box.setEditable(field.free_number && new_number_);
+  const std::vector<Choice> rows = workplace_.Choices(field.choices(scope_));
+  if (box.isEditable()) {
+    box.lineEdit()->setValidator(new QIntValidator(1, kHighestNumber, box.lineEdit()));
+    box.setEditText(QString::number(NextNumber(rows)));
+    return;
   }
-  changed_();
+  if (!field.none.empty()) box.addItem(ToQt(field.none), 0);
+  for (const Choice& row : rows) box.addItem(ToQt(row.text), row.id);
+  ShowChosen(field, box);
+}
+
+// What is there comes before what is new.
+void ArgumentForm::ShowChosen(const ArgumentField& field, QComboBox& box) {
+  const int first = box.count() > 1 && !field.none.empty() ? 1 : 0;
+  box.setCurrentIndex(std::max(first, box.findData(StartOf(field))));
+}
+
+std::int32_t ArgumentForm::StartOf(const ArgumentField& field) const {
+  const auto chosen = chosen_.find(field.choices(scope_).Text());
+  if (chosen != chosen_.end()) return chosen->second;
+  const SqlText start = field.start ? field.start(scope_) : SqlText();
+  return start.Empty() ? 0 : workplace_.FirstKey(start);
 }
 
 std::string ArgumentForm::ValueOf(const Entry& entry) const {
@@ -112,12 +162,13 @@ std::string ArgumentForm::ValueOf(const Entry& entry) const {
       return std::to_string(scope_.client);
     case FieldKind::kRow: {
       const auto* const box = static_cast<const QComboBox*>(entry.widget);
-      const int row = box->findText(box->currentText());
-      return row >= 0 ? std::to_string(box->itemData(row).toInt()) : FromQt(box->currentText().trimmed());
+      if (box->isEditable()) return FromQt(box->currentText());
+      return box->currentIndex() < 0 ? std::string() : std::to_string(box->currentData().toInt());
     }
     case FieldKind::kNumber:
       return std::to_string(static_cast<const QSpinBox*>(entry.widget)->value());
-    case FieldKind::kFlag:
+    case FieldKind::kPlans:
+    case FieldKind::kNew:
       return static_cast<const QCheckBox*>(entry.widget)->isChecked() ? "1" : "0";
     default:
       return FromQt(static_cast<const QLineEdit*>(entry.widget)->text());

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <algorithm>
 
+#include "host/offered_rows.h"
 #include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
 
@@ -68,7 +69,9 @@ void CallPane::ShowMethod(int index) {
   purpose_->setText(ToQt(method.purpose + "."));
   const std::vector<ArgumentField> fields = FieldsOf(method.name);
   year_used_(std::ranges::any_of(fields, UsesForestYear));
-  form_ = new ArgumentForm(workplace_, fields, [this] { open_->setEnabled(form_ && form_->IsComplete()); });
+  form_ = new ArgumentForm(workplace_, fields, chosen_,
+                           {.changed = [this] { open_->setEnabled(form_ && form_->IsComplete()); },
+                            .entered = [this] { Open(); }});
   column_->insertWidget(1, form_);
   OrderTabs();
   open_->setEnabled(form_->IsComplete());
@@ -84,6 +87,18 @@ void CallPane::OrderTabs() {
     before = box;
   }
   setTabOrder(before, open_);
+}
+
+QStringList CallPane::Watch(const std::function<void()>& call) {
+  const std::vector<OfferedRows> before = AllOffered(workplace_, scope_);
+  call();
+  QStringList made;
+  for (const OfferedRows& list : NewlyOffered(before, AllOffered(workplace_, scope_))) {
+    chosen_[list.statement] = std::ranges::max(list.rows, {}, &Choice::id).id;
+    for (const Choice& row : list.rows) made << ToQt(list.label + " " + row.text);
+  }
+  form_->ShowAfterCall();
+  return made;
 }
 
 void CallPane::Open() {

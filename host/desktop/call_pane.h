@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStringList>
 #include <QVBoxLayout>
 #include <functional>
 
@@ -20,6 +21,10 @@ class CallPane : public QWidget {
   CallPane(const Workplace& workplace, Call call, std::function<void(bool)> year_used);
 
   void SetScope(const ChoiceScope& scope, const QString& client_name);
+  // Another database: what was chosen in the one before means nothing in it.
+  void ForgetChosen() { chosen_.clear(); }
+  // Runs a call and offers what it has left. What it made is chosen where it is offered; gives its names.
+  QStringList Watch(const std::function<void()>& call);
   // Chooses a method; Enter opens it then.
   void Choose(const Method& method);
   // Opens what is chosen, if all is given that it needs.
@@ -38,6 +43,7 @@ class CallPane : public QWidget {
   QVBoxLayout* column_;
   QPushButton* open_;
   ArgumentForm* form_ = nullptr;
+  ChosenRows chosen_;
   ChoiceScope scope_;
   QString client_name_;
 };

@@ -3,14 +3,18 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QFile>
 #include <QFileDialog>
 #include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
+#include <QVBoxLayout>
+#include <string>
+#include <vector>
 
 #include "host/desktop/report.h"
 #include "host/own_enterprise.h"
@@ -24,6 +28,10 @@ namespace {
 constexpr int kNameLength = 50;  // as the tables hold it
 constexpr int kDigits = 9;
 
+constexpr int kBoxWidth = 30;  // characters
+constexpr int kBoxHeight = 4;  // lines
+constexpr int kMostCompartments = 200;
+
 // Asks for the enterprise, then for its file; a file not chosen leads back to what was typed.
 class EnterpriseDialog : public QDialog {
  public:
@@ -31,23 +39,21 @@ class EnterpriseDialog : public QDialog {
       : QDialog(parent),
         name_(new QLineEdit(this)),
         number_(new QLineEdit("1000", this)),
-        year_(new QSpinBox(this)),
-        codes_(new QCheckBox("&Codes mitgeben: Leistungen, Lohnarten, Einheiten, Tarife", this)),
-        workers_(new QPlainTextEdit(this)) {
+        year_(MakeSpin(FirstForestYear(), kLastForestYear, Clock::Today().year)),
+        compartments_(MakeSpin(0, kMostCompartments, OwnEnterprise().compartments)),
+        districts_(MakeList("districts", "je Zeile ein Revier; sonst „Revier 1“")),
+        workers_(MakeList("workers", "je Zeile Nachname und Vorname; Lohngruppe LG 1")),
+        objects_(MakeList("objects", "je Zeile eine; sonst Betriebsgebäude, Schlepper, Geländewagen")),
+        payees_(MakeList("payees", "je Zeile einer; sonst „Diverse Lieferanten“")),
+        codes_(new QCheckBox("&Codes und Sätze des Musterbetriebs mitgeben: Leistungen, Lohnarten, Tarife …",
+                             this)) {
     setWindowTitle("Eigenen Betrieb anlegen");
     number_->setObjectName("number");
     number_->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QString("\\d{1,%1}").arg(kDigits)), number_));
     name_->setObjectName("name");
     name_->setMaxLength(kNameLength);
-    name_->setMinimumWidth(qt::CharactersWide(*this, 40));
-    year_->setRange(1900, 2099);
-    year_->setValue(Clock::Today().year);
     codes_->setChecked(true);
-    workers_->setObjectName("workers");
-    workers_->setPlaceholderText("je Zeile Nachname und Vorname; Lohngruppe LG 1");
-    workers_->setTabChangesFocus(true);
-    workers_->setFixedHeight(qt::LinesHigh(*this, 6));
     LayOut();
     for (const QLineEdit* edit : {number_, name_})
       connect(edit, &QLineEdit::textChanged, this, [this] { ShowState(); });
@@ -62,57 +68,99 @@ class EnterpriseDialog : public QDialog {
   const QString& File() const { return file_; }
 
  private:
+  QSpinBox* MakeSpin(int lowest, int highest, int value) {
+    auto* const spin = new QSpinBox(this);
+    spin->setRange(lowest, highest);
+    spin->setValue(value);
+    return spin;
+  }
+
+  QPlainTextEdit* MakeList(const QString& name, const QString& hint) {
+    auto* const list = new QPlainTextEdit(this);
+    list->setObjectName(name);
+    list->setPlaceholderText(hint);
+    list->setTabChangesFocus(true);
+    list->setMinimumWidth(qt::CharactersWide(*this, kBoxWidth));
+    list->setFixedHeight(qt::LinesHigh(*this, kBoxHeight));
+    return list;
+  }
+
   void LayOut() {
+    auto* const form = new QFormLayout;
+    form->addRow("&Mandant:", name_);
+    form->addRow("&Nummer:", number_);
+    form->addRow("&Forstjahr:", year_);
+    form->addRow("Abteilun&gen je Revier:", compartments_);
+    auto* const lists = new QGridLayout;
+    AddList(*lists, 0, 0, "&Reviere:", districts_);
+    AddList(*lists, 0, 1, "Arb&eiter:", workers_);
+    AddList(*lists, 1, 0, "Maschinen &und Gebäude:", objects_);
+    AddList(*lists, 1, 1, "&Lieferanten:", payees_);
+    auto* const column = new QVBoxLayout(this);
+    column->addLayout(form);
+    column->addLayout(lists);
+    column->addWidget(codes_);
+    column->addWidget(MakeButtons());
+  }
+
+  static void AddList(QGridLayout& lists, int row, int column, const QString& caption, QPlainTextEdit* list) {
+    auto* const label = new QLabel(caption);
+    label->setBuddy(list);
+    lists.addWidget(label, 2 * row, column);
+    lists.addWidget(list, 2 * row + 1, column);
+  }
+
+  QDialogButtonBox* MakeButtons() {
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     ok_ = buttons->button(QDialogButtonBox::Ok);
     ok_->setText("&Weiter …");
     buttons->button(QDialogButtonBox::Cancel)->setText("&Abbrechen");
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    auto* const form = new QFormLayout(this);
-    form->addRow("&Mandant:", name_);
-    form->addRow("&Nummer:", number_);
-    form->addRow("&Forstjahr:", year_);
-    form->addRow("A&rbeiter:", workers_);
-    form->addRow(QString(), codes_);
-    form->addRow(buttons);
-    QWidget::setTabOrder(year_, workers_);
-    QWidget::setTabOrder(workers_, codes_);
-    QWidget::setTabOrder(codes_, buttons);
+    return buttons;
   }
 
   void ShowState() { ok_->setEnabled(number_->hasAcceptableInput() && !name_->text().trimmed().isEmpty()); }
 
-  OwnEnterprise Enterprise() const {
-    OwnEnterprise enterprise{.number = qt::FromQt(number_->text()),
-                             .name = qt::FromQt(name_->text().trimmed()),
-                             .forest_year = year_->value(),
-                             .with_codes = codes_->isChecked()};
-    for (const QString& line : workers_->toPlainText().split('\n', Qt::SkipEmptyParts)) {
+  static std::vector<std::string> Lines(const QPlainTextEdit& list) {
+    std::vector<std::string> lines;
+    for (const QString& line : list.toPlainText().split('\n', Qt::SkipEmptyParts)) {
       const QString name = line.simplified().left(kNameLength);
-      if (!name.isEmpty()) enterprise.workers.push_back(qt::FromQt(name));
+      if (!name.isEmpty()) lines.push_back(qt::FromQt(name));
     }
-    return enterprise;
+    return lines;
+  }
+
+  OwnEnterprise Enterprise() const {
+    return {.number = qt::FromQt(number_->text()),
+            .name = qt::FromQt(name_->text().trimmed()),
+            .forest_year = year_->value(),
+            .with_codes = codes_->isChecked(),
+            .districts = Lines(*districts_),
+            .objects = Lines(*objects_),
+            .payees = Lines(*payees_),
+            .workers = Lines(*workers_),
+            .compartments = compartments_->value()};
   }
 
   bool MakeFile() {
     const QString file = QFileDialog::getSaveFileName(this, "Datei des Betriebs", "betrieb.db",
                                                       "Datenbanken (*.db);;Alle Dateien (*)");
     if (file.isEmpty()) return false;
-    // The dialog has asked whether to replace the file.
-    if (QFile::exists(file) && !QFile::remove(file)) {
-      ShowError(this, "Die Datei " + file + " lässt sich nicht ersetzen.");
-      return false;
-    }
     file_ = file;
-    return Reported(this, [&] { MakeOwnEnterprise(qt::FromQt(file), Enterprise()); });
+    // The dialog has asked whether to replace the file.
+    return Reported(this, [&] { MakeOwnEnterprise(qt::FromQt(file), Enterprise(), Existing::kReplace); });
   }
 
   QLineEdit* name_;
   QLineEdit* number_;
   QSpinBox* year_;
-  QCheckBox* codes_;
+  QSpinBox* compartments_;
+  QPlainTextEdit* districts_;
   QPlainTextEdit* workers_;
+  QPlainTextEdit* objects_;
+  QPlainTextEdit* payees_;
+  QCheckBox* codes_;
   QPushButton* ok_ = nullptr;
   QString file_;
 };

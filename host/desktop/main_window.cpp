@@ -1,11 +1,13 @@
 #include "host/desktop/main_window.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QIntValidator>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
@@ -39,8 +41,7 @@ MainWindow::MainWindow()
     : environment_{.toolkit = &toolkit_, .suite = &suite_, .connect = [](const std::string& database) {
                      return OpenDatabase(database);
                    }} {
-  environment_.locale = settings_.FieldLocale();
-  settings_.Fill(workplace_.Record());
+  UseSettings();
   toolkit_.SetOwner(this);
   start_ = new StartPage({.open_file = [this] { OpenFile(); },
                           .connect_server = [this] { ConnectServer(); },
@@ -128,7 +129,10 @@ void MainWindow::ConnectServer() {
 }
 
 void MainWindow::OpenMade(const QString& file) {
-  if (!file.isEmpty()) Open(file);
+  if (file.isEmpty()) return;
+  Open(file);
+  statusBar()->showMessage("Angelegt: " + clients_->CurrentName().simplified() + ", Datei " + QFileInfo(file).fileName(),
+                           kStatusTime);
 }
 
 void MainWindow::Open(const QString& database) {
@@ -142,6 +146,7 @@ void MainWindow::Open(const QString& database) {
 
 void MainWindow::Opened(const QString& database) {
   RememberDatabase(database);
+  calls_->ForgetChosen();
   ShowState();
   ShowClients();
 }
@@ -172,6 +177,7 @@ void MainWindow::ShowRecent() {
 
 void MainWindow::ShowClients() {
   Reported(this, [this] {
+    UseSettings();
     forest_year_->setText(ToQt(workplace_.StandardForestYear()));
     clients_->Show(workplace_.Clients(), workplace_.StandardClient());
     clients_->setFocus();
@@ -187,21 +193,42 @@ void MainWindow::ShowScope() {
 }
 
 void MainWindow::Call(const Method& method, const Arguments::Values& arguments) {
+  std::string result;
+  const auto call = [&] {
+    Reported(this, [&] {
+      const Arguments::Values results = CallMethod(method, arguments, workplace_.Record());
+      if (!method.result.empty()) result = results.at(method.result);
+    });
+  };
   Reported(this, [&] {
-    QString results;
-    for (const auto& [name, value] : CallMethod(method, arguments, workplace_.Record())) {
-      if (!value.empty()) results += ToQt(name + " = " + value + "   ");
-    }
-    statusBar()->showMessage(results, kStatusTime);
+    const QStringList made = calls_->Watch(call);
+    statusBar()->showMessage(made.isEmpty() ? QString() : "Neu angelegt: " + made.join(", "), kStatusTime);
   });
-  ShowScope();
+  if (!result.empty()) ShowResult(ToQt(method.result_label), ToQt(result));
+}
+
+void MainWindow::ShowResult(const QString& label, const QString& result) {
+  QMessageBox box(QMessageBox::Information, label, label + ": " + result, QMessageBox::NoButton, this);
+  box.setTextFormat(Qt::PlainText);
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  const auto* const copy = box.addButton("&Kopieren", QMessageBox::AcceptRole);
+  box.addButton("&Schließen", QMessageBox::RejectRole);
+  box.exec();
+  if (box.clickedButton() == copy) QApplication::clipboard()->setText(result);
 }
 
 void MainWindow::ChangeSettings() {
   if (!EditSettings(this, settings_)) return;
   settings_.Save();
+  Reported(this, [this] { UseSettings(); });
+}
+
+// A database's own currency comes before that of the settings.
+void MainWindow::UseSettings() {
   environment_.locale = settings_.FieldLocale();
   settings_.Fill(workplace_.Record());
+  const std::string currency = workplace_.IsOpen() ? workplace_.LocalCurrency() : std::string();
+  if (!currency.empty()) workplace_.Record().strLocalCurrency = currency;
 }
 
 void MainWindow::ShowKeys() {

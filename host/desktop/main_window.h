@@ -42,7 +42,10 @@ class MainWindow : public QMainWindow {
   // Client and forest year have changed.
   void ShowScope();
   void Call(const Method& method, const Arguments::Values& arguments);
+  // What a method gives, to be read and copied.
+  void ShowResult(const QString& label, const QString& result);
   void ChangeSettings();
+  void UseSettings();
   void ShowKeys();
   void ShowAbout();
 

@@ -4,9 +4,11 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <optional>
 
 #include "host/desktop/settings.h"
 #include "platform/qt/public/look.h"
@@ -18,6 +20,7 @@ namespace {
 
 constexpr int kFieldWidth = 40;  // characters
 constexpr int kFaultWidth = 60;
+constexpr int kHighestPort = 65'535;
 
 // Drivers know braces only where a semicolon needs them.
 QString Braced(const QString& value) {
@@ -39,6 +42,7 @@ class ServerDialog : public QDialog {
     password_->setEchoMode(QLineEdit::Password);
     driver_ = AddField(*form, "&Treiber:", "driver", last.driver);
     port_ = AddField(*form, "P&ort:", "port", last.port);
+    port_->setValidator(new QIntValidator(1, kHighestPort, port_));
     fault_->setObjectName("fault");
     fault_->setTextFormat(Qt::PlainText);
     fault_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -51,22 +55,19 @@ class ServerDialog : public QDialog {
   }
 
   void accept() override {
-    const bool complete = !server_->text().trimmed().isEmpty() && !database_->text().trimmed().isEmpty();
-    if (!complete) return Refuse("Server und Datenbank müssen angegeben sein.");
+    for (auto* const edit : {server_, database_, driver_}) {
+      if (edit->text().trimmed().isEmpty())
+        return Refuse("Server, Datenbank und Treiber müssen angegeben sein.", edit);
+    }
     // It would begin a part of its own in the connection text, a password too, and be kept with the field.
     if (HasSemicolon()) return Refuse("Ein Strichpunkt kann nur im Kennwort stehen.");
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    QString fault;
-    try {
-      connect_to_(Connection());
-    } catch (const std::exception& error) {
-      fault = "Die Verbindung zum Server „" + server_->text().trimmed() +
-              "“ ist nicht zustande gekommen. Bitte die Angaben prüfen.\n(" + qt::ToQt(error.what()) + ")";
-    }
-    QApplication::restoreOverrideCursor();
-    if (!fault.isEmpty()) return Refuse(fault);
-    Remembered().Save();
-    QDialog::accept();
+    if (TryToConnect()) QDialog::accept();
+  }
+
+  // However it ends: who gives up to look a name up finds the rest again.
+  void done(int result) override {
+    if (!HasSemicolon()) Remembered().Save();
+    QDialog::done(result);
   }
 
  private:
@@ -86,10 +87,37 @@ class ServerDialog : public QDialog {
     return buttons;
   }
 
-  void Refuse(const QString& fault) {
+  // Tells why there is none.
+  bool TryToConnect() {
+    std::optional<QString> fault;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    try {
+      connect_to_(Connection());
+    } catch (const std::exception& error) {
+      fault = qt::ToQt(error.what());
+    }
+    QApplication::restoreOverrideCursor();
+    if (fault) RefuseConnection(*fault);
+    return !fault;
+  }
+
+  void RefuseConnection(const QString& fault) {
+    const bool no_driver = fault.contains("Can't open lib");
+    const QString reason = no_driver ? "Der Treiber „" + driver_->text().trimmed() +
+                                           "“ ist auf diesem Rechner nicht installiert."
+                                     : "Die Verbindung zum Server „" + server_->text().trimmed() +
+                                           "“ ist nicht zustande gekommen. Bitte die Angaben prüfen.";
+    // Behind this word stand the driver's own; what comes before it says less than ours.
+    const QString detail = fault.section("Meldung: ", -1);
+    Refuse(reason + "\n\nEinzelheiten: " + detail, no_driver ? driver_ : nullptr);
+  }
+
+  // Tells the fault; the focus goes to the field that is wrong, if one is known.
+  void Refuse(const QString& fault, QLineEdit* field = nullptr) {
     fault_->setText(qt::ToQt(WithoutPassword(qt::FromQt(fault))));
     fault_->show();
     adjustSize();
+    if (field) field->setFocus();
   }
 
   bool HasSemicolon() const {

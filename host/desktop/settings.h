@@ -23,7 +23,7 @@ struct Settings {
   void Fill(TvnVar_Dll& record) const;
 };
 
-// The server connected to last, without the password.
+// The server asked for last, whether it answered or not; without the password.
 struct ServerSettings {
   QString server;
   QString database;

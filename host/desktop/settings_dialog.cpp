@@ -51,6 +51,7 @@ bool EditSettings(QWidget* parent, Settings& settings) {
              settings.date_format);
   auto* const currency = new QLineEdit(settings.currency, &dialog);
   currency->setMaxLength(3);
+  currency->setToolTip("gilt, wo die Datenbank selbst keine nennt");
   auto* const directory = new QLineEdit(settings.work_directory, &dialog);
   directory->setMinimumWidth(directory->fontMetrics().averageCharWidth() * 40);
 

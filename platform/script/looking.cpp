@@ -109,6 +109,14 @@ Found OfAny(Control& control, std::string_view name) {
   return captioned && name == "Caption" ? Found(captioned->Caption()) : std::nullopt;
 }
 
+// What the window of the Screen on top tells around its fields.
+Found OfScreen(const ScriptRun& run, std::string_view name) {
+  const Form& top = run.TopForm();
+  if (name == "Title") return run.environment.toolkit->Titled(top.Caption(), top);
+  if (name == "Status") return run.environment.toolkit->LastTold();
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::string ContentOf(Control& control) {
@@ -126,6 +134,9 @@ std::string ContentOf(Control& control) {
 std::string ShownBy(const ScriptRun& run, const std::string& subject) {
   if (subject == run.TopForm().Name()) return run.TopForm().Caption();
   const auto point = subject.find('.');
+  if (point != std::string::npos && subject.substr(0, point) == run.TopForm().Name()) {
+    if (const Found found = OfScreen(run, subject.substr(point + 1))) return *found;
+  }
   Control& control = run.ControlNamed(subject.substr(0, point));
   if (point == std::string::npos) return ContentOf(control);
   const PropertyName property(subject.substr(point + 1));

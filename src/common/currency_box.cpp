@@ -10,7 +10,7 @@ constexpr const char* kEuro = "EUR";
 void FillCurrencies(ComboBox& box, const TvnVar_Dll& context) {
   box.Clear();
   box.AddItem(kEuro);
-  box.AddItem(context.strLocalCurrency);
+  if (context.strLocalCurrency != kEuro) box.AddItem(context.strLocalCurrency);
 }
 
 void ShowCurrency(ComboBox& box, bool euro, const TvnVar_Dll& context) {

@@ -142,7 +142,7 @@ std::vector<ShownColumn> F_Maschinenbuch::LifeColumns() const {
           {.data_field = "KOSTENART", .caption = "Kostenart", .width = 2400},
           AmountColumn("FLAECHE", "Fläche", 900),
           AmountColumn("MENGE", "Menge", 1000),
-          AmountColumn("KOSTEN", "Kosten je Einheit", 1550),
+          AmountColumn("KOSTEN", "Kosten je Einheit", 1620),
           AmountColumn("GESAMT", "Gesamt", 1300)};
 }
 

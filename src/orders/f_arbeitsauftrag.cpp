@@ -113,6 +113,9 @@ void F_Arbeitsauftrag::ConnectButtons() {
   chkAbgesch.Click = [this] { ClosedClicked(); };
   btnBeschreibung.Click = [this] { EditDescription(); };
   btnBelege.Click = [this] { Neighbour<Vouchers>().OpenOfCurrentPosition(Context(), idPersonal); };
+  btnAuftrag.Click = [] {
+    CurrentToolkit().Tell("Eine Auftragsabrechnung gibt es in diesem Programm nicht. Es wurde nichts getan.");
+  };
   cmdHolz.Click = [this] { AssignLists(); };
   btnNV.Click = [this] { OpenNaturalExecution(); };
   CloseBy(btnOk);

@@ -53,6 +53,7 @@ class F_Arbeitsauftrag : public ArbeitsauftragSurface {
   void ShowHeader(const FieldList& row);
   void DefaultHeader();
   void ShowTitle();
+  std::string NumberOfPosition() const;
   void NameSubject(const std::string& position);
   void SaveHeader() const;
   ColumnWriter HeaderWriter() const;

@@ -71,6 +71,10 @@ void F_Arbeitsauftrag::ShowTitle() {
 }
 
 // Positions of a plan, and those that came from elsewhere, have no numbers.
+std::string F_Arbeitsauftrag::NumberOfPosition() const {
+  return isPlan ? "" : positions_.Row().Text("ORDERS");
+}
+
 void F_Arbeitsauftrag::NameSubject(const std::string& position) {
   SetSubject((isPlan ? "Plan " : "Auftrag ") + headerName +
              (position.empty() ? "" : ", Position " + position));

@@ -18,7 +18,8 @@ constexpr int kLongestName = 14;
 std::int32_t F_Arbeitsauftrag::NewPlan(const TvnVar_Dll& tvnvar) const {
   Connection& db = DbOf(tvnvar);
   const auto text = [&](std::int32_t number) { return CurrentSuite().Messages().GetMessage(number, tvnvar); };
-  const std::string answer = CurrentToolkit().InputBox(text(message::kNumber) + ":", "Tarvoni", "001");
+  const std::string answer =
+      CurrentToolkit().InputBox(text(message::kNumber) + ":", "Tarvoni – neuer Plan", "001");
   if (answer.empty()) return 0;
   const std::string name(utf8::Substring(answer, 0, kLongestName));
   if (!HasRow(db, sql::PlanOfName(idPersonal, name))) {

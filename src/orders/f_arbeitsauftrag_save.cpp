@@ -22,6 +22,7 @@ void F_Arbeitsauftrag::Save() {
   isNewPosition = false;
   SetFrames(false);
   ReloadPositions();
+  NameSubject(NumberOfPosition());
   ShowSum();
   SetViewState(true);
   FocusList();

@@ -39,7 +39,7 @@ void F_Arbeitsauftrag::ShowPosition() {
     ShowAmounts(row);
     ShowFreeFields(row);
   }
-  NameSubject(isPlan ? "" : positions_.Row().Text("ORDERS"));
+  NameSubject(NumberOfPosition());
   SetViewState(true);
 }
 

@@ -88,6 +88,7 @@ void F_NewArbeitsauftrag::FillDefaults() {
   const auto hold = loading_.Hold();
   txtFWJ.SetText(OptionText("STANDARD_FWJ"));
   txtMandant.SetText(ReadText(sql::NumberOfPayee(curPersonal)));
+  SetSubject("Forstbetrieb " + txtMandant.Text() + ", neuer Auftrag");
   SetTextBoxLocked(true, txtNummer);
   SetTextBoxLocked(true, txtKostenstelle[0]);
   txtPA_Gruppe[0].SetText(ReadText(sql::StandardGroup(curPersonal)));

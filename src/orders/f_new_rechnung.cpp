@@ -1,6 +1,7 @@
 #include "src/orders/f_new_rechnung.h"
 
 #include "src/common/box_rules.h"
+#include "src/common/client_number.h"
 #include "src/common/messages.h"
 #include "src/context/values/utf8.h"
 #include "src/orders/f_new_rechnung_sql.h"
@@ -23,6 +24,7 @@ void F_NewRechnung::Run(const TvnVar_Dll& tvnvar, std::string& RechName, std::in
   Present(tvnvar, [&] {
     const auto hold = loading_.Hold();
     txtFWJ.SetText(OptionText("STANDARD_FWJ"));
+    SetSubject("neue Rechnung " + txtFWJ.Text());
     oldRechName.empty() ? FillStandard(intPersonal) : FillFromName(oldRechName);
   });
   RechName = name_;
@@ -42,7 +44,7 @@ void F_NewRechnung::FillFromName(const std::string& name) {
 }
 
 void F_NewRechnung::FillStandard(std::int32_t client) {
-  Enter(txtMandant, ReadText(sql::NumberOfClient(client)));
+  Enter(txtMandant, ReadText(NumberOfClient(client)));
   Enter(txtKategorie[0], ReadText(sql::StandardCategory()));
 }
 

@@ -13,10 +13,6 @@ SqlText FindClient(std::string_view number) {
                  Digits(number));
 }
 
-SqlText NumberOfClient(std::int32_t client) {
-  return Compose("SELECT NUMMER FROM PERSONAL WHERE ID_PERSONAL = {}", Id(client));
-}
-
 SqlText StandardCategory() {
   return "SELECT NUMMER FROM T_KATEGORIE WHERE ISNULL(DISABLE,0) = 0 AND STANDART = 1";
 }

@@ -10,7 +10,6 @@ namespace tarvoni::new_rechnung_sql {
 
 SqlText Clients();
 SqlText FindClient(std::string_view number);
-SqlText NumberOfClient(std::int32_t client);
 SqlText StandardCategory();
 
 }  // namespace tarvoni::new_rechnung_sql

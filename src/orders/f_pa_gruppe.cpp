@@ -69,13 +69,14 @@ bool F_PA_Gruppe::CreateGroup(const TvnVar_Dll& tvnvar) {
 
 void F_PA_Gruppe::Delete(std::int32_t ID_Item_dll, const TvnVar_Dll& tvnvar) const {
   Connection& db = DbOf(tvnvar);
+  const std::string title = "Tarvoni – PA-Gruppe " + tarvoni::ReadText(db, sql::NameOfGroup(ID_Item_dll));
   const Value orders = ReadValue(db, sql::CountOfOrders(ID_Item_dll));
   if (IsNull(orders) || ToLong(orders) > 0) {
-    AppMsgBox(Told(message::kOrderGroupInUse, tvnvar));
+    AppMsgBox(Told(message::kOrderGroupInUse, tvnvar), kBoxOk, title);
     return;
   }
   const int style = kBoxYesNo + kBoxSecondIsDefault + kBoxWarning;
-  if (AppMsgBox(Told(message::kDeleteOrderGroup, tvnvar), style) == kAnswerYes)
+  if (AppMsgBox(Told(message::kDeleteOrderGroup, tvnvar), style, title) == kAnswerYes)
     db.Execute(sql::DeleteGroup(ID_Item_dll));
 }
 

@@ -84,6 +84,10 @@ SqlText TakeBackGroup(std::int32_t group) {
   return Compose("DELETE FROM PA_GRUPPE WHERE PA_GRUPPE.ID = 0{}", Key(group));
 }
 
+SqlText NameOfGroup(std::int32_t group) {
+  return Compose("SELECT BEZEICHNUNG FROM PA_GRUPPE WHERE ID = {}", Id(group));
+}
+
 SqlText CountOfOrders(std::int32_t group) {
   return Compose(
       "SELECT (SELECT COUNT(*) FROM ARBEITSAUFTRAG_KOPF WHERE ARBEITSAUFTRAG_KOPF.ID_PA_GRUPPE = {})",

@@ -31,6 +31,7 @@ SqlText UpdateGroup(std::int32_t group, const Group& typed);
 // Takes back a group that was never saved.
 SqlText TakeBackGroup(std::int32_t group);
 
+SqlText NameOfGroup(std::int32_t group);
 SqlText CountOfOrders(std::int32_t group);
 SqlText DeleteGroup(std::int32_t group);
 

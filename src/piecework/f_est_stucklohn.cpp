@@ -47,6 +47,7 @@ void F_EST_Stucklohn::Run(const TvnVar_Dll& tvnvar, std::int32_t ID_Mandant_dll,
     groupings_ = {.grade = OptionNumber("STANDARD_HS"), .species = OptionNumber("STANDARD_HA")};
     chkARAUntypisch.SetVisible(OptionNumber("ARAUNTYPISCH") != 1);
     CurrentLogId = 0;
+    order_name_ = GetNameById("ARA_KOPF", ID_ARA_Kopf_dll_, Db());
     ReloadAndReposition();
     SetViewState(true);
   });
@@ -90,25 +91,25 @@ void F_EST_Stucklohn::LoadEstData() {
 }
 
 std::vector<ShownColumn> F_EST_Stucklohn::Columns() const {
-  return {{.data_field = "LISTE", .caption = frmHAB.Caption(), .width = 1650},
-          {.data_field = "BLNR", .caption = Message(kLogNumber), .width = 900},
+  return {{.data_field = "LISTE", .caption = frmHAB.Caption(), .width = 1550},
+          {.data_field = "BLNR", .caption = Message(kLogNumber), .width = 930},
           {.data_field = "HA", .caption = Message(kSpecies), .width = 750},
           {.data_field = "HS", .caption = Message(kGrade), .width = 650},
-          {.data_field = "EST", .caption = lblESTMerkmal.Caption(), .width = 1300},
-          {.data_field = "MEFVERF", .caption = lblRindenzustand.Caption(), .width = 1400},
+          {.data_field = "EST", .caption = lblESTMerkmal.Caption(), .width = 1280},
+          {.data_field = "MEFVERF", .caption = lblRindenzustand.Caption(), .width = 1480},
           {.data_field = "RUCKE", .caption = lblVorlieferstufe.Caption(), .width = 1300},
-          AmountColumn("SPALT", Message(kSplitPart), 1350),
-          {.data_field = "STKL", .caption = Message(kSizeClass), .width = 1200},
-          AmountColumn("DURCH", Message(kDiameter), 1250, "0"),
+          AmountColumn("SPALT", Message(kSplitPart), 1300),
+          {.data_field = "STKL", .caption = Message(kSizeClass), .width = 1250},
+          AmountColumn("DURCH", Message(kDiameter), 1320, "0"),
           AmountColumn("STK", Message(kPieces), 650, "0"),
-          AmountColumn("FM", Message(kSolidMetres), 1000),
-          AmountColumn("RM", Message(kStackedMetres), 1100),
-          AmountColumn("MENGE", Message(kQuantity), 850),
-          AmountColumn("WARENEINHEITEINHEIT", Message(message::kUnit), 700),
-          AmountColumn("TAZ", "T-AZ", 750),
-          AmountColumn("TMZ", "T-MZ", 750),
-          AmountColumn("AZ", "AZ", 850),
-          AmountColumn("MZ", "MZ", 850)};
+          AmountColumn("FM", Message(kSolidMetres), 1030),
+          AmountColumn("RM", Message(kStackedMetres), 1180),
+          AmountColumn("MENGE", Message(kQuantity), 800),
+          AmountColumn("WARENEINHEITEINHEIT", Message(message::kUnit), 760),
+          AmountColumn("TAZ", "T-AZ", 680),
+          AmountColumn("TMZ", "T-MZ", 680),
+          AmountColumn("AZ", "AZ", 800),
+          AmountColumn("MZ", "MZ", 800)};
 }
 
 // Of the list that is chosen at this moment.
@@ -144,7 +145,8 @@ void F_EST_Stucklohn::ShowCurrentRow() {
   row.Show("LISTE", txtHAB);
   ShowSurcharges(row);
   CurrentLogId = row.Number("ID_LOG");
-  SetSubject(CurrentLogId == 0 ? "" : "HAB " + txtHAB.Text() + ", Bloch " + row.Text("BLNR"));
+  SetSubject("Auftrag " + order_name_ +
+             (CurrentLogId == 0 ? "" : ", HAB " + txtHAB.Text() + ", Bloch " + row.Text("BLNR")));
   SetViewState(true);
 }
 

@@ -49,6 +49,7 @@ class F_EST_Stucklohn : public Screen {
   std::int32_t ID_ARA_Kopf_dll_ = 0;
   est_pricing::Groupings groupings_;  // StandardHs and StandardHa
   std::int32_t CurrentLogId = 0;
+  std::string order_name_;
   Guard IsLoading;
 
   DataControl AdodcEST{*this, "AdodcEST"};

@@ -63,6 +63,8 @@ void F_EST_Stucklohn::Cancel() {
 void F_EST_Stucklohn::Save() {
   if (!TestMonth()) return;
   Committed([this] { Write(); });
+  btnAbbrechen.SetEnabled(
+      false);  // the edit of this log ends; with other lists the Screen goes on to another one
   btnAbbrechen.Press();
 }
 

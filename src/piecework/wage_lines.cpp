@@ -1,5 +1,7 @@
 #include "src/piecework/wage_lines.h"
 
+#include <algorithm>
+
 #include "src/common/box_rules.h"
 #include "src/common/messages.h"
 #include "src/piecework/wage_lines_sql.h"
@@ -83,9 +85,28 @@ void WageLines::ShowCurrentLine() {
   row.ShowCode("ID_BZT", "BZTNUMBER", "BZTBZT_LANG", natural_.txtBestandeszieltyp);
   natural_.ShowData(row);
   CurrentLineId = row.Number("ID");
+  NameSubject(CurrentLineId == 0 ? "" : LineShown());
   ShowLocations(row);
   natural_.ApplyExecutionMarkRules();
   SetViewState(true);
+}
+
+// A line has no number: it is known by its kind of timber or work and by how much there is of it.
+std::string WageLines::LineShown() const {
+  const TextBox& kind = txtHolzart[0].Empty() ? natural_.txtNutzungsart[0] : txtHolzart[0];
+  std::string line = "Zeile" + (kind.Empty() ? "" : " " + kind.Text());
+  if (!txtFlache.Empty()) line += ", " + lblFlache.Caption() + " " + txtFlache.Text();
+  if (!txtMenge.Empty()) line += ", " + lblMengeKLR.Caption() + " " + txtMenge.Text();
+  return line;
+}
+
+// The order is told by the Screen below, if there is one.
+void WageLines::NameSubject(const std::string& line) {
+  const std::string order = "Auftrag " + Line().Text("NAME");
+  const bool told = std::ranges::any_of(CurrentToolkit().OpenForms(), [&](const Form* form) {
+    return form != this && form->Subject().find(order) != std::string::npos;
+  });
+  SetSubject(told ? line : order + (line.empty() ? "" : ", " + line));
 }
 
 void WageLines::ShowLocations(const CurrentRow& row) {
@@ -113,6 +134,7 @@ RowEntry::Steps WageLines::EntrySteps() {
 // The first permitted mark and the order's own location are proposed; what goes with the mark stays from the line
 // before.
 void WageLines::PrepareNewLine() {
+  NameSubject("neue Zeile");
   species_.Clear();
   txtFlache.SetText("");
   txtMenge.SetText("");

@@ -98,6 +98,8 @@ class WageLines : public Screen {
   std::vector<ShownColumn> Columns() const;
   SqlText Activity() const;
   void ShowCurrentLine();
+  std::string LineShown() const;
+  void NameSubject(const std::string& line);
   void ShowLocations(const CurrentRow& row);
   void PrepareNewLine();
 

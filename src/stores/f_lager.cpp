@@ -3,6 +3,7 @@
 #include "src/common/amount.h"
 #include "src/common/box_chain.h"
 #include "src/common/box_rules.h"
+#include "src/common/client_number.h"
 #include "src/common/contracts.h"
 #include "src/common/currency_box.h"
 #include "src/common/date_limits.h"
@@ -68,6 +69,7 @@ void F_Lager::Run(const TvnVar_Dll& tvnvar, const std::string& strPersonal_dll, 
   curPersonal = ClientOf(wants_position ? strPersonal_dll.substr(kPositionMark.size()) : strPersonal_dll);
   Present(tvnvar, [this] {
     FillCurrencies(txtValuta, Context());
+    client_number_ = ReadText(NumberOfClient(curPersonal));
     curId = 0;
     LoadList();
     ShowCurrentRow();
@@ -157,7 +159,11 @@ void F_Lager::ShowCurrentRow() {
   payment_kind_.Show(row.Number("ZAHLUNGSART"));
   payment_reason_.Show(row.Number("ZAHLUNGSGRUND"));
   payee_.Show(row.Number("ZAHLUNGSEMF"));
-  SetSubject(curId == 0 ? "" : "Beleg " + txtBelegNr.Text());
+  NameSubject(curId == 0 ? "" : "Beleg " + txtBelegNr.Text());
+}
+
+void F_Lager::NameSubject(const std::string& document) {
+  SetSubject("Forstbetrieb " + client_number_ + (document.empty() ? "" : ", " + document));
 }
 
 // --- view and edit ---

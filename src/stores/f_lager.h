@@ -50,6 +50,7 @@ class F_Lager : public Screen {
   void StandOnVouchersDocument();
   std::vector<ShownColumn> Columns() const;
   void ShowCurrentRow();
+  void NameSubject(const std::string& document);
   void SetViewState(bool view);
 
   RowEntry::Steps EntrySteps();
@@ -63,6 +64,7 @@ class F_Lager : public Screen {
 
   std::int32_t curPersonal = 0;
   std::int32_t curId = 0;
+  std::string client_number_;
   std::uint8_t mode_ = 0;
   std::string selektion;
   std::string fromPositions;

@@ -29,7 +29,7 @@ Control& F_Lager::FillNew() {
   for (DateControl* date : {&dtpDatumBeleg, &dtpDatumHaus, &dtpDatumRech}) date->SetValue(std::nullopt);
   txtValuta.SetListIndex(-1);
   payee_.Clear();
-  SetSubject("neuer Beleg");
+  NameSubject("neuer Beleg");
   return txtKapitelN;
 }
 
@@ -55,6 +55,7 @@ std::optional<std::int32_t> F_Lager::Save() {
   }
   const std::int32_t id = InsertDocument();
   OrUndo([&] { WriteFields(id); }, sql::DeleteDocument(id));
+  NameSubject("Beleg " + txtBelegNr.Text());
   return id;
 }
 

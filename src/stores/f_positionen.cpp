@@ -2,6 +2,7 @@
 
 #include "src/common/amount.h"
 #include "src/common/box_rules.h"
+#include "src/common/client_number.h"
 #include "src/common/currency_box.h"
 #include "src/common/messages.h"
 #include "src/common/number_keys.h"
@@ -46,7 +47,7 @@ void F_Positionen::Run(const TvnVar_Dll& tvnvar, std::int32_t client, std::int32
   curPersonal = client;
   document_ = document;
   Present(tvnvar, [this] {
-    client_number_ = ReadText(sql::ClientNumber(curPersonal));
+    client_number_ = ReadText(NumberOfClient(curPersonal));
     strFWJ = OptionText("STANDARD_FWJ");
     saVerfahren = OptionNumber("SA_VERFAHREN") == 1;
     FillCurrencies(txtValuta, Context());
@@ -126,12 +127,12 @@ std::vector<ShownColumn> F_Positionen::PositionColumns() const {
 }
 
 std::vector<ShownColumn> F_Positionen::WithdrawalColumns() const {
-  return {{.data_field = "STATUS", .caption = Message(message::kStatus), .width = 650},
+  return {{.data_field = "STATUS", .caption = Message(message::kStatus), .width = 670},
           {.data_field = "BELEGNUNMMER", .caption = lblBelegNr.Caption(), .width = 1100},
           {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1200},
           {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = Message(kArbeitsauftrag), .width = 2100},
           {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption(), .width = 1300},
-          {.data_field = "VERFAHRENNUMBER", .caption = lblArbeitsverfahren.Caption(), .width = 1550},
+          {.data_field = "VERFAHRENNUMBER", .caption = lblArbeitsverfahren.Caption(), .width = 1650},
           {.data_field = "OBJEKTNUMBER", .caption = lblObjekt.Caption(), .width = 800},
           {.data_field = "KOSTENARTNUMBER", .caption = lblKostenart.Caption(), .width = 950},
           {.data_field = "WALDORT", .caption = lblWaldort.Caption(), .width = 2300},
@@ -153,7 +154,6 @@ void F_Positionen::ShowPosition() {
   FindComboText(txtValuta, row.Text("EURO"));
   row.Show("BEZEICHNUNG", txtBezeichnung);
   row.Show("REST", txtLagerstand, kQuantity);
-  SetSubject(curPosId == 0 ? "" : txtBezeichnung.Text());
   ReloadWithdrawals();
 }
 
@@ -178,6 +178,7 @@ void F_Positionen::ShowWithdrawal() {
   row.Show("WARENEINHEITEINHEIT", txtMengeEinhait_KLR);
   row.Show("LAGERMENGE", txtLagerMengeAusbuchen, kQuantity);
   row.Show("GESAMTKOSTEN", txtGesamtKosten, kMoney);
+  SetSubject(curPosId == 0 ? "" : txtBezeichnung.Text());
   SetPanelState(Panel::kWithdrawal, true);
 }
 

@@ -60,6 +60,7 @@ class F_Positionen : public Screen {
   bool FitsInvoice();
   void WritePosition(std::int32_t id) const;
   void DeletePosition();
+  std::string WithdrawalShown() const;
   void StartWithdrawal();
   void ClearWithdrawal();
   void SaveWithdrawal();
@@ -68,6 +69,7 @@ class F_Positionen : public Screen {
   std::optional<std::int32_t> WriteWithdrawal();
   void TellOverdrawn();
   void CancelWithdrawal();
+  void LeaveWithdrawal();
   void HandOver();
   // The document's Screen; null while it is not open.
   static F_Lager* Document();

@@ -17,7 +17,7 @@ layout::Node F_Positionen::BuildLayout() {
       Side(Push(btnNeu[0], "Neu", Command::kNew), Push(btnBearbeiten, "Bearbeiten", Command::kEdit),
            Push(btnSpeichern[0], "Speichern", Command::kSave),
            Push(btnAbbrechen[0], "Bearb. Abbr.", Command::kCancel),
-           Push(btnLoschen, "Löschen", Command::kDelete), Push(cmdSet, "Set"), Gap()),
+           Push(btnLoschen, "Löschen", Command::kDelete), Push(cmdSet, "Se&t"), Gap()),
       Group(frmKLR, "KLR-Zuordnung",
             Group(frmKLR_Data, "",
                   Side(Stack(Row(lblBelegNr, "Beleg-Nr", Box(txtBelegNr, 12), Gap()),

@@ -35,7 +35,7 @@ void F_Positionen::ConnectButtons() {
   cmdSet.Click = [this] { HandOver(); };
   btnNeu[1].Click = [this] { StartWithdrawal(); };
   btnSpeichern[1].Click = [this] { SaveWithdrawal(); };
-  btnAbbrechen[1].Click = [this] { ReloadWithdrawals(); };
+  btnAbbrechen[1].Click = [this] { LeaveWithdrawal(); };
   btnAbbrechen[1].SetCausesValidation(false);
   btnStorno.Click = [this] { CancelWithdrawal(); };
   btnStornoNeu.Click = [this] {
@@ -142,9 +142,14 @@ void F_Positionen::DeletePosition() {
 
 // --- withdrawals ---
 
+std::string F_Positionen::WithdrawalShown() const {
+  return txtBezeichnung.Text() + ", Entnahme" + (txtBelegNr.Empty() ? "" : " " + txtBelegNr.Text());
+}
+
 void F_Positionen::StartWithdrawal() {
   if (curPosId == 0) return;
   ClearWithdrawal();
+  SetSubject(txtBezeichnung.Text() + ", neue Entnahme");
   SetPanelState(Panel::kWithdrawal, false);
   SafeSetFocus(txtBelegNr);
 }
@@ -170,7 +175,16 @@ void F_Positionen::SaveWithdrawal() {
   const auto id = Committed([this] { return WriteWithdrawal(); });
   if (!id) return TellOverdrawn();
   curKlrId = *id;
+  SetSubject(WithdrawalShown());
+  btnAbbrechen[1].SetEnabled(false);  // the entry of this withdrawal ends
   ReloadPositions();
+  SafeSetFocus(dataGrid_KLR);
+}
+
+// Not onto the next button: that is the one which cancels a withdrawal.
+void F_Positionen::LeaveWithdrawal() {
+  ReloadWithdrawals();
+  SafeSetFocus(dataGrid_KLR);
 }
 
 bool F_Positionen::TestWithdrawal() {
@@ -226,8 +240,11 @@ void F_Positionen::TellOverdrawn() {
 // One that was deleted elsewhere leaves the list, as it does when a row is deleted.
 void F_Positionen::CancelWithdrawal() {
   if (curKlrId == 0) return;
+  const std::string cancelled = WithdrawalShown();
   DeleteRow(sql::CancelWithdrawal(curKlrId, Clock::Today(), Context().strSqlDateFormat),
             [this] { ReloadPositions(); });
+  SafeSetFocus(dataGrid_KLR);
+  CurrentToolkit().Tell("Storniert: " + cancelled + ".");
 }
 
 }  // namespace tarvoni

@@ -121,10 +121,6 @@ SqlText CancelWithdrawal(std::int32_t withdrawal, const DateTime& day, std::stri
                  Id(withdrawal));
 }
 
-SqlText ClientNumber(std::int32_t client) {
-  return Compose("SELECT NUMMER FROM PERSONAL WHERE ID_PERSONAL = {}", Id(client));
-}
-
 SqlText ProductOfOrder(std::string_view order_tag) {
   return Compose("SELECT PRODUKT_ID FROM ARBEITSAUFTRAG_KOPF WHERE ID = 0{}", Digits(order_tag));
 }

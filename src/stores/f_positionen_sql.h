@@ -39,7 +39,6 @@ SqlText CancelWithdrawal(std::int32_t withdrawal, const DateTime& day, std::stri
 
 // --- codes ---
 
-SqlText ClientNumber(std::int32_t client);
 SqlText ProductOfOrder(std::string_view order_tag);
 SqlText FitsProduct(std::int32_t product);
 // Revenue cost types are not offered.

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "src/common/client_number.h"
 #include "src/common/contracts.h"
 #include "src/common/currency_box.h"
 #include "src/common/view_switch.h"
@@ -53,7 +54,7 @@ void F_Belege_New::Fill() {
   txtEinheit.Clear();
   FillComboFromSql(Db(), txtEinheit, GetNamedSql(Context(), "WARENEINHEIT", {}));
   forest_year_ = OptionText("STANDARD_FWJ");
-  client_number_ = ReadText(sql::NumberOfClient(idPersonal));
+  client_number_ = ReadText(NumberOfClient(idPersonal));
   DataGridBelege.SetStruck("STORNO", FieldText(Value(true), "", CurrentLocale()));
   btnNeu.SetTag("");
   LoadVouchers(0);
@@ -86,19 +87,19 @@ std::vector<ShownColumn> F_Belege_New::VoucherColumns() const {
     return ShownColumn{
         .data_field = field, .caption = std::move(caption), .number_format = "dd.mm.yyyy", .width = width};
   };
-  return {{.data_field = 0, .caption = "Status", .width = 650},
-          date(1, lblDatumBeleg.Caption(), 1550),
+  return {{.data_field = 0, .caption = "Status", .width = 670},
+          date(1, lblDatumBeleg.Caption(), 1650),
           {.data_field = 2, .caption = lblBelegNr.Caption(), .width = 1750},
           {.data_field = 3, .caption = "Rechnung", .width = 1400},
-          date(4, "Rechnung vom", 1450),
+          date(4, "Rechnung vom", 1500),
           AmountColumn(5, "Betrag", 1200),
           {.data_field = 6, .caption = "Währung", .width = 950},
           {.data_field = 7, .caption = lblKapitel.Caption(), .width = 750},
           {.data_field = 8, .caption = lblTitel.Caption(), .width = 650},
           {.data_field = 9, .caption = lblHul.Caption(), .width = 1000},
           date(10, lblDatumHaus.Caption(), 1350),
-          {.data_field = 11, .caption = lblZuhlungsart.Caption(), .width = 1200},
-          {.data_field = 12, .caption = lblZuhlungsgrund.Caption(), .width = 1450},
+          {.data_field = 11, .caption = lblZuhlungsart.Caption(), .width = 1300},
+          {.data_field = 12, .caption = lblZuhlungsgrund.Caption(), .width = 1550},
           {.data_field = 13, .caption = lblZuhlungsempanger.Caption(), .width = 1950}};
 }
 
@@ -119,8 +120,12 @@ void F_Belege_New::ShowVoucher(std::int32_t position) {
   ShowHeader(row);
   voucherCancelled = row.Flag("STORNO");
   stockPositionId = row.Number("POS_ID");
-  SetSubject(row.IsNull("ID") ? "" : "Forstbetrieb " + client_number_ + ", Beleg " + txtBelegNr.Text());
+  NameSubject(row.IsNull("ID") ? "" : "Beleg " + txtBelegNr.Text());
   LoadRows(vouchers_.CurrentId(), position);
+}
+
+void F_Belege_New::NameSubject(const std::string& voucher) {
+  SetSubject("Forstbetrieb " + client_number_ + (voucher.empty() ? "" : ", " + voucher));
 }
 
 void F_Belege_New::ShowHeader(const CurrentRow& row) {
@@ -156,7 +161,7 @@ void F_Belege_New::FindVoucher() {
 // --- the allocation ---
 
 std::vector<ShownColumn> F_Belege_New::RowColumns() const {
-  return {{.data_field = "STATUS", .caption = "Status", .width = 650},
+  return {{.data_field = "STATUS", .caption = "Status", .width = 670},
           {.data_field = "PRODUKT_NUMBER", .caption = lblProdukt.Caption(), .width = 900},
           {.data_field = "ARBEITSAUFTRAG_NAME", .caption = lblName.Caption(), .width = 2000},
           {.data_field = "ORDERS", .caption = "Nr.", .width = 550},

@@ -11,6 +11,13 @@ namespace tarvoni {
 
 namespace sql = voucher_sql;
 
+namespace {
+
+constexpr const char* kNeedsRow =
+    "Der neue Beleg braucht seine erste Kostenzeile: „Speichern“ führt zu ihr, dann wird beides gespeichert.";
+
+}  // namespace
+
 void F_Belege_New::StartNew() {
   const bool on_voucher = SSTab1.Tab() == 0;
   {
@@ -26,6 +33,10 @@ void F_Belege_New::StartNew() {
   }
   btnNeu.SetTag("YES");
   SetViewState(false);
+  if (isNewVoucher) {
+    NameSubject("neuer Beleg");
+    CurrentToolkit().Tell(kNeedsRow);
+  }
   SafeSetFocus(on_voucher ? txtDatumBeleg : txtKostenstelleN);
 }
 
@@ -74,7 +85,7 @@ void F_Belege_New::ProposeStoresPosition() {
 }
 
 void F_Belege_New::ProposeCurrency(bool euro) {
-  if (!txtValuta.Locked()) txtValuta.SetListIndex(euro ? 0 : 1);
+  if (!txtValuta.Locked()) ShowCurrency(txtValuta, euro, Context());
 }
 
 void F_Belege_New::StartEditing() {
@@ -94,8 +105,7 @@ void F_Belege_New::Cancel() {
 void F_Belege_New::Save() {
   if (SSTab1.Tab() == 0 && !IsNewEntry()) return SaveHeader();
   if (!RowMayBeSaved()) {
-    if (isNewVoucher)
-      CurrentToolkit().Tell("Der neue Beleg braucht seine erste Kostenzeile, dann wird beides gespeichert.");
+    if (isNewVoucher) CurrentToolkit().Tell(kNeedsRow);
     return;
   }
   if (isNewVoucher ? !NumberIsFree() : !VoucherStillOpen()) return;

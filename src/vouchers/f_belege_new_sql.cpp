@@ -46,10 +46,6 @@ SqlText Amount(std::string_view typed) {
 
 }  // namespace
 
-SqlText NumberOfClient(std::int32_t client) {
-  return Compose("SELECT NUMMER FROM PERSONAL WHERE ID_PERSONAL = {}", Id(client));
-}
-
 SqlText VouchersOfClient(std::int32_t client, std::string_view local_currency) {
   return Vouchers(Compose("ARBEITSAUFTRAG_KOPF.PERSONAL_ID = {}", Id(client)), local_currency);
 }

@@ -14,7 +14,6 @@ namespace tarvoni::voucher_sql {
 
 // --- vouchers (f_belege_new_sql.cpp) ---
 
-SqlText NumberOfClient(std::int32_t client);
 // Vouchers with a row in one of the client's orders, or with the position given.
 SqlText VouchersOfClient(std::int32_t client, std::string_view local_currency);
 SqlText VouchersOfPosition(std::int32_t position, std::string_view local_currency);

@@ -156,23 +156,23 @@ const SqlText& F_ARA::StundenCase() {
 }
 
 std::vector<ShownColumn> F_ARA::Columns() const {
-  return {{.data_field = "STATUSKOPF", .caption = Message(message::kStatus), .width = 650},
-          {.data_field = "NAME", .caption = frmArbeitsauftrag.Caption(), .width = 1700},
+  return {{.data_field = "STATUSKOPF", .caption = Message(message::kStatus), .width = 670},
+          {.data_field = "NAME", .caption = frmArbeitsauftrag.Caption(), .width = 1560},
           {.data_field = "DATUM_NR",
            .caption = lblErstellungsDatum.Caption(),
            .number_format = "dd.mm.yyyy",
-           .width = 1650},
-          {.data_field = "LEISTUNGKURZNAME", .caption = lblLeistung.Caption(), .width = 900},
-          {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1150},
-          {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption(), .width = 1350},
-          {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption(), .width = 2000},
-          {.data_field = "WALDORT", .caption = lblWaldort.Caption(), .width = 2000},
-          {.data_field = "BESCHREIBUNG", .caption = frmBeschreibung_der_Arbeit.Caption(), .width = 2120},
+           .width = 1670},
+          {.data_field = "LEISTUNGKURZNAME", .caption = lblLeistung.Caption(), .width = 880},
+          {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1190},
+          {.data_field = "LEISTUNGSARTNUMBER", .caption = lblLeistungsart.Caption(), .width = 1300},
+          {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption(), .width = 1950},
+          {.data_field = "WALDORT", .caption = lblWaldort.Caption(), .width = 1880},
+          {.data_field = "BESCHREIBUNG", .caption = frmBeschreibung_der_Arbeit.Caption(), .width = 2270},
           {.data_field = "ROTTESHORT", .caption = lblRotte.Caption(), .width = 650},
-          AmountColumn("FLACHE", lblFlache.Caption(), 850),
-          AmountColumn("MENGE", lblMenge.Caption(), 950),
-          {.data_field = "WARENEINHEITEINHEIT", .caption = "ME", .width = 550},
-          AmountColumn("STUNDEN", lblStunden_dir_Lohn.Caption(), 2050),
+          AmountColumn("FLACHE", lblFlache.Caption(), 760),
+          AmountColumn("MENGE", lblMenge.Caption(), 880),
+          {.data_field = "WARENEINHEITEINHEIT", .caption = "ME", .width = 450},
+          AmountColumn("STUNDEN", lblStunden_dir_Lohn.Caption(), 2110),
           AmountColumn("GESAMNT", lblGesamtKosten.Caption(), 1400)};
 }
 

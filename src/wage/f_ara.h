@@ -104,9 +104,11 @@ class F_ARA : public Screen {
   Frame frmSummen{*this, "frmSummen"};
   Label lblFlache{*this, "lblFlache"};
   TextBox txtFlache{*this, "txtFlache"};
+  Label lblFlacheHinweis{*this, "lblFlacheHinweis"};
   Label lblMenge{*this, "lblMenge"};
   TextBox txtMenge{*this, "txtMenge"};
   TextBox txtMengeEinhait{*this, "txtMengeEinhait"};
+  Label lblMengeHinweis{*this, "lblMengeHinweis"};
   Label lblStunden_dir_Lohn{*this, "lblStunden_dir_Lohn"};
   TextBox txtStunden_dir_Lohn{*this, "txtStunden_dir_Lohn"};
   Label lblGesamtKosten{*this, "lblGesamtKosten"};

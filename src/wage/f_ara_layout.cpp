@@ -4,6 +4,8 @@ namespace tarvoni {
 
 layout::Node F_ARA::BuildLayout() {
   using namespace layout;
+  constexpr const char* kNotStored =
+      "wird nicht gespeichert";  // but summed up from what lies behind "Vorgaben"
   SetCaption("Arbeitsaufträge");
   return Stack(
       Side(Group(frmArbeitsauftrag, "Arbeitsauftrag",
@@ -22,8 +24,10 @@ layout::Node F_ARA::BuildLayout() {
       Side(
           Group(frmBeschreibung_der_Arbeit, "Beschreibung der Arbeit", Lines(txtBegrundung_der_Anordnung, 3)),
           Group(frmSummen, "Summen",
-                Side(Stack(Row(lblFlache, "Flache", Box(txtFlache, 12)),
-                           Row(lblMenge, "Menge", Box(txtMenge, 12), Shown(txtMengeEinhait, 6))),
+                Side(Stack(Row(lblFlache, "Flache", Box(txtFlache, 12), Gap(),
+                               Text(lblFlacheHinweis, kNotStored)),
+                           Row(lblMenge, "Menge", Box(txtMenge, 12), Shown(txtMengeEinhait, 6),
+                               Text(lblMengeHinweis, kNotStored))),
                      Stack(Row(lblStunden_dir_Lohn, "Stunden direkter Lohn",
                                ShownAmount(txtStunden_dir_Lohn, 12)),
                            Row(lblGesamtKosten, "Gesamtkosten", Box(txtGesamtKosten, 12)))))),

@@ -1,6 +1,7 @@
 #include <charconv>
 #include <utility>
 
+#include "src/common/client_number.h"
 #include "src/common/contracts.h"
 #include "src/common/messages.h"
 #include "src/common/month_fields.h"
@@ -89,7 +90,7 @@ RowEntry::Steps F_ARA::EntrySteps() {
 // Inserts it: an order exists in the database before anything is entered.
 std::int32_t F_ARA::CreateNewAra() {
   txtFWJ.SetText(curFwj);
-  const Recordset client = Open(sql::ClientNumber(curPersonal));
+  const Recordset client = Open(NumberOfClient(curPersonal));
   txtForstbetrieb.SetText(client.EndOfFile() ? "" : ToText(client.Fields()[0].Value()));
   txtForstbetrieb.SetTag(client.EndOfFile() ? "" : std::to_string(curPersonal));
   const std::int32_t order = ReadNumber(sql::InsertOrder({curPersonal, curFwj}));

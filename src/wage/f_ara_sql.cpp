@@ -205,10 +205,6 @@ AND 1=(CASE WHEN {} THEN LEISTUNGSART.ALLOW_HOLZ ELSE 1 END))",
                  Id(product), fits_service, HasTimberList(order));
 }
 
-SqlText ClientNumber(std::int32_t client) {
-  return Compose("SELECT NUMMER FROM PERSONAL WHERE ID_PERSONAL = {}", Id(client));
-}
-
 SqlText InsertOrder(const Client& client) {
   return Compose(R"(
 SET NOCOUNT ON

@@ -42,7 +42,6 @@ SqlText WorkTypeFits(std::int32_t product, std::string_view service, std::int32_
 
 // --- a new order ---
 
-SqlText ClientNumber(std::int32_t client);
 // Inserts the order under the client's next number of the year and gives its id.
 SqlText InsertOrder(const Client& client);
 // Inserts the order's position, names it provisionally and gives its number.

@@ -115,8 +115,8 @@ TEST(Clerk, ComesFromTheEmptyFirstPageToAnOrderOfHisOwn) {
   Typist clerk;
   const QString details = "Eigenen Betrieb anlegen", file_choice = "Datei des Betriebs";
   clerk.Key(Qt::Key_Return).AwaitWindow(details);
-  clerk.Type("Hof Hagenwald\t\t\t")
-      .Type("Huber Anna\nMaier Karl\t\t")
+  clerk.Type("Hof Hagenwald\t\t\t\t\t")
+      .Type("Huber Anna\nMaier Karl\t\t\t\t")
       .Key(Qt::Key_Return)
       .AwaitWindow(file_choice);
   clerk.Key(Qt::Key_Escape).AwaitWindow(details);  // no file yet: what was typed is still there

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "src/context/services/mnemonics.h"
 #include "src/context/services/user_actions.h"
 #include "tests/support/events.h"
 #include "tests/support/fake_connection.h"
@@ -56,6 +57,17 @@ TEST(Choosing, TabsChecksOptionsAndDates) {
   form.dtp.SetLimits({.year = 1901, .month = 1, .day = 1}, {.year = 2079, .month = 1, .day = 1});
   user.ChooseDate(form.dtp, DateTime{.year = 2100, .month = 5, .day = 1});
   EXPECT_EQ(form.dtp.Value(), (DateTime{.year = 2079, .month = 1, .day = 1}));
+}
+
+TEST(Choosing, ATabHasALetterThatTurnsToIt) {
+  QuietToolkit toolkit;
+  Choices form;
+  const auto shown = toolkit.Show(form, form.chk);
+  EXPECT_EQ(CaptionWithMnemonic(form.SSTab1.Page(0)), "&Eins");
+  EXPECT_EQ(CaptionWithMnemonic(form.SSTab1.Page(1)), "Z&wei") << "Zaunbau has the Z";
+  EXPECT_TRUE(shown->user.Mnemonic(U'w'));
+  EXPECT_EQ(form.SSTab1.Tab(), 1);
+  EXPECT_TRUE(form.SSTab1.HasFocus());
 }
 
 TEST(Choosing, CtrlWithTabOrAPageKeyTurnsToAnotherTab) {

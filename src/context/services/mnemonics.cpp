@@ -31,7 +31,7 @@ bool IsLetter(char32_t c) {
 
 bool IsPressed(const Control& control) {
   return dynamic_cast<const Button*>(&control) || dynamic_cast<const CheckBox*>(&control) ||
-         dynamic_cast<const OptionButton*>(&control);
+         dynamic_cast<const OptionButton*>(&control) || dynamic_cast<const TabPage*>(&control);
 }
 
 // Where a letter stands in a caption: at the beginning of a word if it can.

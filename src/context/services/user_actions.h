@@ -57,7 +57,7 @@ class UserActions : private FormHost {
   // Whether the key is one that the Screen as a whole answers: the key of a button, which is told if the button is
   // closed, F1, or Ctrl with Tab or a page key where there are tabs.
   bool IsCommand(int key, int shift) const;
-  // The button with this letter behind `&`. False if there is none to press.
+  // Presses the button, or turns to the tab, with this letter. False if there is none.
   bool Mnemonic(char32_t letter);
 
   // The mouse. Clicking first moves the focus; if it does not arrive, the click is lost, as is one on a
