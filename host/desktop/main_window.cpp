@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QIntValidator>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
@@ -13,6 +12,7 @@
 #include <QStatusBar>
 
 #include "host/desktop/demo_maker.h"
+#include "host/desktop/digits.h"
 #include "host/desktop/enterprise_dialog.h"
 #include "host/desktop/report.h"
 #include "host/desktop/server_dialog.h"
@@ -33,7 +33,7 @@ constexpr int kFirstHeight = 34;  // lines
 constexpr double kShareOfScreen = 0.9;
 constexpr int kClientWidth = 30;
 constexpr int kStatusTime = 15000;
-constexpr int kLastYear = 9999;
+constexpr int kDigitsOfYear = 4;
 
 }  // namespace
 
@@ -64,7 +64,7 @@ QWidget* MainWindow::MakeWorkPage() {
   forest_year_ = new QLineEdit;
   forest_year_->setObjectName("forest_year");
   year_row_ = new QWidget;
-  forest_year_->setValidator(new QIntValidator(0, kLastYear, forest_year_));
+  TakeDigits(*forest_year_, kDigitsOfYear);
   connect(forest_year_, &QLineEdit::textChanged, this, [this] { ShowScope(); });
   calls_ = new CallPane(
       workplace_,
@@ -108,7 +108,10 @@ void MainWindow::MakeMenus() {
                                           [this, &method] { calls_->Choose(method); });
   }
 
-  menuBar()->addMenu("&Extras")->addAction("&Einstellungen …", this, [this] { ChangeSettings(); });
+  QMenu* const extras = menuBar()->addMenu("&Extras");
+  needs_database_ << extras->addAction("&Mandanten suchen", QKeySequence::Find, this,
+                                       [this] { clients_->Search(); });
+  extras->addAction("&Einstellungen …", this, [this] { ChangeSettings(); });
   QMenu* const help = menuBar()->addMenu("&Hilfe");
   help->addAction("&Tasten", QKeySequence(Qt::Key_F1), this, [this] { ShowKeys(); });
   help->addAction("Ü&ber Tarvoni Lohn", this, [this] { ShowAbout(); });
@@ -163,7 +166,7 @@ void MainWindow::ShowState() {
   for (QAction* const action : needs_database_) action->setEnabled(open);
   setWindowTitle(open ? ToQt(workplace_.Name()) + " – Tarvoni Lohn" : QString("Tarvoni Lohn"));
   ShowRecent();
-  if (!open) start_->setFocus();
+  if (!open) start_->FocusStart();
 }
 
 void MainWindow::ShowRecent() {
@@ -177,11 +180,12 @@ void MainWindow::ShowRecent() {
 }
 
 void MainWindow::ShowClients() {
+  clients_->Show({}, 0);
   Reported(this, [this] {
     UseSettings();
     forest_year_->setText(ToQt(workplace_.StandardForestYear()));
     clients_->Show(workplace_.Clients(), workplace_.StandardClient());
-    clients_->setFocus();
+    clients_->FocusList();
   });
 }
 
@@ -236,6 +240,7 @@ void MainWindow::ShowKeys() {
   QMessageBox::information(this, "Tasten",
                            "Eingabe: den gewählten Bildschirm öffnen\n"
                            "Alt+M: Mandanten, Alt+L: Bildschirme\n"
+                           "Strg+F oder Buchstaben in der Liste: Mandanten suchen\n"
                            "Strg+O: Datenbank öffnen\n"
                            "Strg+Q: beenden\n"
                            "F1: diese Übersicht; in jedem Bildschirm nennt sie dessen Tasten");

@@ -69,7 +69,10 @@ void StartPage::ShowRecent(const QStringList& databases) {
   policy.setRetainSizeWhenHidden(true);
   recent_->setSizePolicy(policy);
   recent_->setVisible(!databases.isEmpty());
-  setFocusProxy(databases.isEmpty() ? own_ : recent_);
+}
+
+void StartPage::FocusStart() {
+  (recent_->count() > 0 ? recent_ : own_)->setFocus();
 }
 
 }  // namespace tarvoni::host
