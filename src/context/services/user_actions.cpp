@@ -196,7 +196,9 @@ bool UserActions::Mnemonic(char32_t letter) {
     return own != letters.end() && own->second == wanted && control->IsEnabled() && control->IsVisible();
   });
   if (named == form_.Controls().end()) return false;
-  if ((*named)->TakesFocus())
+  if (const auto* page = dynamic_cast<TabPage*>(*named))
+    ChooseTab(dynamic_cast<TabControl&>(*page->Container()), page->Number());
+  else if ((*named)->TakesFocus())
     Click(**named);
   else if (Control* next = form_.NextInTabOrder(*named))
     Focus(*next);
@@ -276,14 +278,6 @@ void UserActions::ClickHead(DataGrid& grid, int column) {
 
 void UserActions::ResizeColumn(Grid& grid, int column, int twips) {
   Act([&] { grid.Columns()[column].SetWidth(twips); });
-}
-
-bool UserActions::Close() {
-  Act([this] {
-    const bool asked = Handle([this] { form_.Unload(); });
-    if (asked && form_.IsLoaded()) toolkit_.Tell("Bitte speichern oder abbrechen.");
-  });
-  return !form_.IsLoaded();
 }
 
 void UserActions::RunTimers() {
