@@ -437,6 +437,7 @@ TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
   form.SetSubject("Auftrag 1");
   user.Key('S', 2);
   EXPECT_THAT(form.log, IsEmpty()) << "nothing is edited";
+  EXPECT_EQ(toolkit.LastTold(), "„Schließen“ ist hier nicht möglich.");
   Edit(true);
   EXPECT_FALSE(user.Close());
   EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.");
@@ -466,6 +467,23 @@ TEST_F(Actions, ASaveIsToldAlsoWhereNothingIsCancelled) {
   EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Zeile 1.");
   user.Click(form.btnAbbrechen);
   EXPECT_EQ(toolkit.LastTold(), "") << "something else was done since";
+}
+
+// Such a Screen has fields and a save, but no states.
+TEST_F(Actions, ClosingAsksWhereNothingCanBeCancelled) {
+  UserActions& user = Open();
+  form.btnOk.SetDoes(Command::kSave);
+  form.btnAbbrechen.SetDoes(Command::kClose);
+  toolkit.answer = kAnswerNo;
+  user.Type("x");
+  user.Key(kKeyEscape);
+  EXPECT_FALSE(user.Close());
+  EXPECT_THAT(toolkit.prompts, ElementsAre("Die Eingaben verwerfen?", "Die Eingaben verwerfen?"));
+  EXPECT_EQ(toolkit.styles.back() & kBoxSecondIsDefault, kBoxSecondIsDefault);
+  Replace(form.btnOk.Click, [] {});
+  user.Click(form.btnOk);
+  EXPECT_TRUE(user.Close()) << "all is saved";
+  EXPECT_EQ(toolkit.prompts.size(), 2U);
 }
 
 TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {
