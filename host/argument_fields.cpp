@@ -82,7 +82,6 @@ bool UsesForestYear(const ArgumentField& field) {
 }
 
 const std::vector<ArgumentField>& FieldsOf(const std::string& method) {
-  static const ArgumentField mode = {"mode_dll", "Modus", kNumber};
   static const std::map<std::string, std::vector<ArgumentField>> fields = {
       {"ARA", {{"strPersonal_dll", "Mandant", kClient}}},
       {"Maschinenbuch",
@@ -95,9 +94,8 @@ const std::vector<ArgumentField>& FieldsOf(const std::string& method) {
       {"PA_Gruppe",
        {{"ID_Mandant", "Mandant", kClient}, {"Id_PA_Gruppe", "PA-Gruppe", kRow, "neue Gruppe", OrderGroups}}},
       {"BruttoLohn", {{"Id_StundenBuch", "Stundenbuch", kRow, "", Journals, CurrentJournal}}},
-      {"Lager",
-       {{"strPersonal_dll", "Mandant", kClient}, mode, {"strSelektion_Fr_Wh_dll", "Selektion", kText}}},
-      {"Belege", {{"strPersonal_dll", "Mandant", kClient}, mode}},
+      {"Lager", {{"strPersonal_dll", "Mandant", kClient}}},
+      {"Belege", {{"strPersonal_dll", "Mandant", kClient}}},
       {"Arbeitsauftrag",
        {{"idPersonal_dll", "Mandant", kClient},
         {"Plan_dll", "Plan", kPlans},

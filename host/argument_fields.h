@@ -12,7 +12,6 @@ enum class FieldKind {
   kClient,  // the chosen client
   kRow,     // a row to choose
   kText,
-  kNumber,
   kPlans,  // a flag: the rows are plans
   kNew,    // a flag for one call: the number is a new one
 };

@@ -2,6 +2,7 @@
 
 #include "src/context/data/statement.h"
 #include "src/context/services/environment.h"
+#include "src/context/services/toolkit.h"
 #include "src/context/values/field_text.h"
 #include "src/context/values/number_text.h"
 #include "src/context/values/utf8.h"
@@ -81,7 +82,10 @@ int ValueHelper::FilterKeyOptions(int& key, bool allow_decimal, TextBox& box, bo
 void ValueHelper::FormatOnLeave(TextBox& box, const std::string& format) {
   const Locale& locale = CurrentLocale();
   if (const auto number = ParseNumber(box.Text(), locale)) {
-    box.SetText(FormatNumber(*number, format, locale));
+    const std::string shown = FormatNumber(*number, format, locale);
+    if (box.HasFocus() && ParseNumber(shown, locale) != number)
+      CurrentToolkit().ShowRefusal(box, box.Text() + " wurde auf " + shown + " gerundet.");
+    box.SetText(shown);
   } else if (kAnySize.Admits(utf8::Trim(box.Text()), locale)) {
     box.SetText("");
   }

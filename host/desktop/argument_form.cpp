@@ -5,9 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSpinBox>
 #include <algorithm>
-#include <limits>
 
 #include "host/desktop/report.h"
 #include "platform/qt/public/text.h"
@@ -19,7 +17,7 @@ using qt::ToQt;
 
 namespace {
 
-constexpr int kChoiceWidth = 24;  // characters
+constexpr int kChoiceWidth = 30;  // characters
 
 constexpr const char* kNothing = "nichts vorhanden";
 constexpr int kHighestNumber = 999'999'999;
@@ -59,11 +57,6 @@ QWidget* ArgumentForm::MakeWidget(const ArgumentField& field) {
     }
     case FieldKind::kRow:
       return MakeRowBox(field);
-    case FieldKind::kNumber: {
-      auto* const box = new QSpinBox(this);
-      box->setRange(0, std::numeric_limits<std::uint8_t>::max());
-      return box;
-    }
     case FieldKind::kPlans:
     case FieldKind::kNew:
       return MakeFlag(field);
@@ -165,8 +158,6 @@ std::string ArgumentForm::ValueOf(const Entry& entry) const {
       if (box->isEditable()) return FromQt(box->currentText());
       return box->currentIndex() < 0 ? std::string() : std::to_string(box->currentData().toInt());
     }
-    case FieldKind::kNumber:
-      return std::to_string(static_cast<const QSpinBox*>(entry.widget)->value());
     case FieldKind::kPlans:
     case FieldKind::kNew:
       return static_cast<const QCheckBox*>(entry.widget)->isChecked() ? "1" : "0";

@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QLabel>
@@ -16,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "host/desktop/new_file.h"
 #include "host/desktop/report.h"
 #include "host/own_enterprise.h"
 #include "platform/qt/public/look.h"
@@ -144,12 +144,8 @@ class EnterpriseDialog : public QDialog {
   }
 
   bool MakeFile() {
-    const QString file = QFileDialog::getSaveFileName(this, "Datei des Betriebs", "betrieb.db",
-                                                      "Datenbanken (*.db);;Alle Dateien (*)");
-    if (file.isEmpty()) return false;
-    file_ = file;
-    // The dialog has asked whether to replace the file.
-    return Reported(this, [&] { MakeOwnEnterprise(qt::FromQt(file), Enterprise(), Existing::kReplace); });
+    file_ = ChooseNewFile(this, "Datei des Betriebs", "betrieb");
+    return !file_.isEmpty() && Reported(this, [this] { MakeOwnEnterprise(qt::FromQt(file_), Enterprise()); });
   }
 
   QLineEdit* name_;

@@ -85,8 +85,7 @@ QWidget* MainWindow::MakeWorkPage() {
   auto* const splitter = new QSplitter;
   splitter->addWidget(left);
   splitter->addWidget(calls_);
-  splitter->setStretchFactor(0, 2);
-  splitter->setStretchFactor(1, 5);
+  splitter->setStretchFactor(1, 1);
   splitter->setChildrenCollapsible(false);
   (new QVBoxLayout(page))->addWidget(splitter);
   return page;
@@ -131,8 +130,10 @@ void MainWindow::ConnectServer() {
 void MainWindow::OpenMade(const QString& file) {
   if (file.isEmpty()) return;
   Open(file);
-  statusBar()->showMessage("Angelegt: " + clients_->CurrentName().simplified() + ", Datei " + QFileInfo(file).fileName(),
-                           kStatusTime);
+  activateWindow();
+  statusBar()->showMessage(
+      "Angelegt: " + clients_->CurrentName().simplified() + ", Datei " + QFileInfo(file).fileName(),
+      kStatusTime);
 }
 
 void MainWindow::Open(const QString& database) {

@@ -1,5 +1,6 @@
 #include "platform/qt/control_view.h"
 
+#include <QGuiApplication>
 #include <QScrollArea>
 #include <QTimer>
 
@@ -46,9 +47,23 @@ void ControlView::ShowAll() {
 void ControlView::TakeFocus() const {
   if (window_.focusWidget() == Target() && Target()->hasFocus()) return;
   Target()->setFocus(Qt::OtherFocusReason);
+  // What was clicked is in sight, and must not move away under the mouse.
+  if (QGuiApplication::mouseButtons() != Qt::NoButton) return;
+  // When the layout has settled.
+  QTimer::singleShot(0, Target(), [this] {
+    if (control_.HasFocus()) Reveal();
+  });
+}
+
+void ControlView::Reveal() const {
+  if (QScrollArea* const area = ScrolledArea()) area->ensureWidgetVisible(Target());
+}
+
+QScrollArea* ControlView::ScrolledArea() const {
   for (QWidget* around = Target()->parentWidget(); around; around = around->parentWidget()) {
-    if (auto* scrolled = qobject_cast<QScrollArea*>(around)) scrolled->ensureWidgetVisible(Target());
+    if (auto* const area = qobject_cast<QScrollArea*>(around)) return area;
   }
+  return nullptr;
 }
 
 bool ControlView::Key(const QKeyEvent& event) {

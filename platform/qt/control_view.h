@@ -7,6 +7,8 @@
 
 #include "src/context/controls/form.h"
 
+class QScrollArea;
+
 namespace tarvoni::qt {
 
 class FormWindow;
@@ -53,6 +55,10 @@ class ControlView {
   FormWindow& Window() const { return window_; }
   // Keys that only the widget knows to answer, after KeyDown.
   virtual bool Navigate(const QKeyEvent&) { return true; }
+  // Scrolls what lies around the control so that it is seen.
+  virtual void Reveal() const;
+  // The area that scrolls around the control; null if there is none.
+  QScrollArea* ScrolledArea() const;
   // Characters that the control's own filter does not see.
   virtual void Typed(const std::u32string& text);
   // Registers the widgets whose events come here.

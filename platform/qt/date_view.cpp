@@ -108,6 +108,8 @@ bool DateView::Press(const QMouseEvent& event, bool twice) {
 }
 
 bool DateView::Other(QEvent& event) {
+  // Whoever comes types the date anew, as in every box.
+  if (event.type() == QEvent::FocusIn) edit_->selectAll();
   return event.type() == QEvent::MouseMove || event.type() == QEvent::Drop;
 }
 

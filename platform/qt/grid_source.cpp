@@ -5,6 +5,7 @@
 #include "platform/qt/cell_type.h"
 #include "src/context/services/environment.h"
 #include "src/context/values/field_text.h"
+#include "src/context/values/utf8.h"
 
 namespace tarvoni::qt {
 
@@ -32,7 +33,7 @@ TableColumn GridSource::ColumnAt(int column) const {
   const GridColumn& shown = grid_.Columns()[column];
   const std::string even = EvenFormatOf(column);
   const Alignment alignment = even.empty() ? shown.Alignment() : Alignment::kRight;
-  return {.caption = shown.Caption(),
+  return {.caption = std::string(utf8::Trim(shown.Caption())),
           .alignment = alignment,
           .format = even.empty() ? shown.NumberFormat() : even,
           .visible = shown.Visible() && shown.Width() > 0,

@@ -1,6 +1,7 @@
 #include "platform/qt/grid_view.h"
 
 #include <QHeaderView>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
 #include <algorithm>
@@ -68,6 +69,17 @@ bool GridView::Press(const QMouseEvent& event, bool twice) {
   return ControlView::Press(event, twice);
 }
 
+// No further than the current row asks for: the head of a Screen that only shows has nothing else by which to come back.
+void GridView::Reveal() const {
+  QScrollArea* const area = ScrolledArea();
+  if (!area) return;
+  const QTableView& table = *view_->Table();
+  const int row = std::max(grid_.Row(), 0);
+  const int bottom = table.viewport()->y() + table.rowViewportPosition(row) + table.rowHeight(row) + 1;
+  const QPoint end = table.mapTo(area->widget(), QPoint(0, std::min(bottom, table.height())));
+  area->verticalScrollBar()->setValue(std::max(end.y() - area->viewport()->height(), 0));
+}
+
 int GridView::StepOf(const QKeyEvent& event) const {
   const QTableView& table = *view_->Table();
   const int page = std::max(table.viewport()->height() / std::max(table.rowHeight(0), 1) - 1, 1);
@@ -89,12 +101,21 @@ int GridView::StepOf(const QKeyEvent& event) const {
   }
 }
 
-// Rows that a search hides are no step; with Shift the rows passed over are marked, while the Screen follows.
 bool GridView::Key(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Escape && view_->Pane().EndSearch()) return true;
+  const bool answered = StepKey(event);
+  if (grid_.HasFocus()) Reveal();
+  return answered;
+}
+
+// Rows that a search hides are no step; with Shift the rows passed over are marked, while the Screen follows.
+bool GridView::StepKey(const QKeyEvent& event) {
   const int step = StepOf(event);
   const bool marks = event.modifiers() == Qt::ShiftModifier;
   const bool leaps = event.key() != Qt::Key_Up && event.key() != Qt::Key_Down;
-  if (step == 0 || event.modifiers().testFlag(Qt::ControlModifier)) return ControlView::Key(event);
+  const bool held = event.modifiers().testFlag(Qt::ControlModifier);
+  const bool ends = event.key() == Qt::Key_Home || event.key() == Qt::Key_End;
+  if (step == 0 || (held && !ends)) return ControlView::Key(event);
   if (!marks && !leaps && !view_->Pane().IsSearching()) return ControlView::Key(event);
   if (leaps) ControlView::Key(event);  // the Screen hears of the key
   if (!grid_.HasFocus()) return true;

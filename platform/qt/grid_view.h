@@ -22,9 +22,11 @@ class GridView : public ControlView {
 
  protected:
   bool Navigate(const QKeyEvent& event) override;
+  void Reveal() const override;
 
  private:
   void MoveTo(int row);
+  bool StepKey(const QKeyEvent& event);
   // How many rows a key moves; 0 for any other key.
   int StepOf(const QKeyEvent& event) const;
 

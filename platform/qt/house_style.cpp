@@ -37,6 +37,7 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                                const QWidget* widget) const {
   const bool focus = option->state.testFlag(State_HasFocus);
   if (element == PE_FrameFocusRect) return DrawFocus(*painter, *option);
+  if (element == PE_IndicatorHeaderArrow) return DrawOrder(*option, *painter, widget);
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool framed = element == PE_Frame && IsFramed(widget);
   if (focus && (framed || element == PE_PanelButtonCommand)) DrawFocus(*painter, *option);
@@ -53,6 +54,15 @@ void HouseStyle::drawControl(ControlElement element, const QStyleOption* option,
       element == CE_PushButton && button && button->features.testFlag(QStyleOptionButton::CommandLinkButton);
   const bool tab = element == CE_TabBarTabLabel && option->state.testFlag(State_Selected);
   if (focus && (link || tab)) DrawFocus(*painter, *option);
+}
+
+// Upward where values rise, as other programs show it; the style means the way one reads.
+void HouseStyle::DrawOrder(const QStyleOption& option, QPainter& painter, const QWidget* widget) const {
+  auto head = *qstyleoption_cast<const QStyleOptionHeader*>(&option);
+  head.version = QStyleOptionHeader::Version;
+  const bool rises = head.sortIndicator == QStyleOptionHeader::SortDown;
+  head.sortIndicator = rises ? QStyleOptionHeader::SortUp : QStyleOptionHeader::SortDown;
+  QProxyStyle::drawPrimitive(PE_IndicatorHeaderArrow, &head, &painter, widget);
 }
 
 // A head wider than its column ends in dots.

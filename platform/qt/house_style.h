@@ -23,6 +23,7 @@ class HouseStyle : public QProxyStyle {
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
+  void DrawOrder(const QStyleOption& option, QPainter& painter, const QWidget* widget) const;
   void DrawHead(const QStyleOption& option, QPainter& painter, const QWidget* widget) const;
 };
 

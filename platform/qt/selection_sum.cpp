@@ -10,11 +10,11 @@ namespace {
 
 constexpr int kCellsLookedAt = 100;  // for the number of places
 
-// A column's numbers, from `top` to `bottom`.
+// A column's numbers, from `top` to `bottom`; what is struck through counts no more.
 void AddColumn(SelectionSum& total, const TableSource& table, int column, int top, int bottom,
                char separator) {
   for (int row = top; row <= bottom; ++row) {
-    const auto number = NumberIn(table.ValueAt(row, column));
+    const auto number = table.IsStruck(row) ? std::nullopt : NumberIn(table.ValueAt(row, column));
     if (!number) continue;
     if (total.count++ < kCellsLookedAt) {
       total.places = std::max(total.places, PlacesOf(table.TextAt(row, column), separator));

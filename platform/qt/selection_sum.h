@@ -23,7 +23,7 @@ SelectionSum SumOf(const TableSource& table, int column, const std::vector<CellR
                    const Locale& locale);
 
 // The sums of the chosen cells, each column by itself: "Summe 12,50 (3 Zahlen)" for one, "Summen: Stunden 47,25 · Betrag
-// 656,44" for several. Codes, days and texts have none; "" where no column has two numbers.
+// 656,44" for several. Codes, days, texts and rows struck through have none; "" where no column has two numbers.
 std::string SumText(const TableSource& table, const std::vector<CellRange>& cells, const Locale& locale);
 
 }  // namespace tarvoni::qt

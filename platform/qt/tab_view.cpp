@@ -5,6 +5,7 @@
 
 #include "platform/qt/form_window.h"
 #include "platform/qt/public/text.h"
+#include "src/context/services/mnemonics.h"
 
 namespace tarvoni::qt {
 
@@ -31,7 +32,7 @@ void TabView::Show(Aspect aspect) {
 
 void TabView::ShowPage(const TabPage& page) const {
   const int number = page.Number();
-  pages_->setTabText(number, ToQt(page.Caption()));
+  pages_->setTabText(number, ToQt(CaptionWithMnemonic(page)));
   // The widget would turn away from a current page that is disabled; what stands on it is closed all the same.
   pages_->setTabEnabled(number, page.Enabled() || number == tabs_.Tab());
   pages_->setTabVisible(number, page.Visible());

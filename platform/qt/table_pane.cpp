@@ -172,9 +172,11 @@ void TablePane::OpenSearch() {
   search_->selectAll();
 }
 
-void TablePane::CloseSearch() {
+bool TablePane::EndSearch() {
+  const bool searched = search_->isVisible();
   search_->clear();
   search_->hide();
+  return searched;
 }
 
 // Nobody works on a row unseen: where the search hides the current one, another becomes it, and where nothing
@@ -228,7 +230,7 @@ bool TablePane::eventFilter(QObject* watched, QEvent* event) {
   const bool goes = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Down ||
                     key == Qt::Key_Up || key == Qt::Key_Tab;
   if (!goes && key != Qt::Key_Escape) return QWidget::eventFilter(watched, event);
-  if (!goes) CloseSearch();
+  if (!goes) EndSearch();
   table_->setFocus();
   if (search_left) search_left();
   return true;

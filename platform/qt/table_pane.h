@@ -40,6 +40,8 @@ class TablePane : public QWidget {
   // The row `steps` shown rows away, or the last on the way; -1 if none is shown.
   int ShownRow(int from, int steps) const;
   bool IsSearching() const { return !search_->text().isEmpty(); }
+  // Shows all rows again; false if nothing was searched.
+  bool EndSearch();
 
   void MakeCurrent(int row);
   int CurrentRow() const { return table_->currentIndex().isValid() ? table_->currentIndex().row() : -1; }
@@ -74,7 +76,6 @@ class TablePane : public QWidget {
   void ShowSum();
   // Without what a search hides.
   std::vector<CellRange> SelectedCells() const;
-  void CloseSearch();
 
   const TableSource& source_;
   TableModel* model_;

@@ -97,9 +97,12 @@ void LinesView::SetEditorText(const QString& text) {
 
 void LinesView::ReplaceInEditor(int start, int length, const QString& text) {
   QTextCursor cursor(edit_->document());
+  // As one edit the paragraph is laid out once, not again for each of the cursor's steps.
+  cursor.beginEditBlock();
   cursor.setPosition(start);
   cursor.setPosition(start + length, QTextCursor::KeepAnchor);
   cursor.insertText(text);
+  cursor.endEditBlock();
 }
 
 TextBoxView::Selection LinesView::EditorSelection() const {

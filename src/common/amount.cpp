@@ -1,5 +1,6 @@
 #include "src/common/amount.h"
 
+#include "src/common/m_common.h"
 #include "src/context/services/environment.h"
 #include "src/context/values/number_text.h"
 #include "src/context/values/wide_integer.h"
@@ -19,7 +20,8 @@ void ShowNumber(TextBox& box, const Decimal& number, std::string_view format) {
 }
 
 void ShowAsNumber(TextBox& box, std::string_view format) {
-  ShowNumber(box, NumberOrZero(box), format);
+  if (!NumberIn(box)) box.SetText("0");
+  FormatNumberBox(box, std::string(format));
 }
 
 std::optional<Decimal> Quotient(const Decimal& dividend, const Decimal& divisor, int places) {

@@ -2,6 +2,7 @@
 
 #include "src/context/services/environment.h"
 #include "src/context/services/services.h"
+#include "src/context/services/toolkit.h"
 #include "src/context/values/date_text.h"
 #include "src/context/values/number_text.h"
 
@@ -36,6 +37,8 @@ void MonthFields::OfferMonths() const {
 
 void MonthFields::LeaveMonth() const {
   const int month = Month();
+  if (month == 0 && !month_.Empty())
+    CurrentToolkit().ShowRefusal(month_, "Einen Monat " + month_.Text() + " gibt es nicht.");
   month_.SetText(month > 0 ? TwoDigits(month) : "");
   if (!name_) return;
   name_->SetText(month > 0 ? MonthName(month, CurrentLocale()) : "");
@@ -76,7 +79,18 @@ void LeaveDay(TextBox& day, const MonthFields& month) {
   const auto first = month.FirstDay();
   const int last = first ? DaysInMonth(first->year, first->month) : 31;
   const int number = WholeIn(day, 1, last);
+  if (number == 0 && !day.Empty()) {
+    const std::string in =
+        first ? " im " + MonthName(first->month, CurrentLocale()) + " " + std::to_string(first->year) : "";
+    CurrentToolkit().ShowRefusal(day, "Einen " + day.Text() + ". gibt es" + in + " nicht.");
+  }
   day.SetText(number > 0 ? TwoDigits(number) : "");
+}
+
+void LeaveYear(TextBox& year) {
+  const int ending = WholeIn(year, 1, 99);
+  const auto meant = ending > 0 ? ParseDate("01.01." + TwoDigits(ending)) : std::nullopt;
+  if (meant) year.SetText(std::to_string(meant->year));
 }
 
 DateTime AddMonths(const DateTime& first_day, int months) {

@@ -18,7 +18,7 @@ class MonthFields {
   // Offers the months unless the box is locked; the chosen one is shown and the box left.
   void OfferMonths() const;
 
-  // The rule on leaving the month: 1 to 12 is shown as "00" with its name; anything else empties both.
+  // The rule on leaving the month: 1 to 12 is shown as "00" with its name; anything else empties both, which is seen.
   void LeaveMonth() const;
   void Set(int year, int month) const;
   void Clear() const;
@@ -37,8 +37,11 @@ class MonthFields {
 };
 
 // The rule on leaving a day: it stays if it lies in the month of the fields, or from 1 to 31 while month or
-// year is not known, and is shown as "00"; otherwise it is emptied.
+// year is not known, and is shown as "00"; otherwise it is emptied, which is seen.
 void LeaveDay(TextBox& day, const MonthFields& month);
+
+// Two digits are the year that they mean in a date.
+void LeaveYear(TextBox& year);
 
 DateTime AddMonths(const DateTime& first_day, int months);
 

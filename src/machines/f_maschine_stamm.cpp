@@ -26,6 +26,7 @@ F_MaschineStamm::F_MaschineStamm()
 void F_MaschineStamm::Run(const TvnVar_Dll& tvnvar) {
   Present(tvnvar, [this] {
     for (const CostGroup& group : groups_) LoadGroup(group);
+    TellSeveral();
   });
 }
 
@@ -80,6 +81,17 @@ void F_MaschineStamm::SaveGroups() {
       ExecuteOnRow(sql::SetCostType(group.label, group.kostenart_id));
     }
   });
+  TellSeveral();
+}
+
+// A group may have more cost types than the one its box shows: saving puts that one in place of all.
+void F_MaschineStamm::TellSeveral() {
+  std::string several;
+  for (const CostGroup& group : groups_) {
+    if (!HasRow(Db(), sql::OtherCostTypes(group.label, group.kostenart_id))) continue;
+    several += (several.empty() ? "" : ", ") + group.caption.Caption();
+  }
+  lblMehrere.SetCaption(several.empty() ? "" : "Speichern ersetzt weitere Kostenarten von: " + several);
 }
 
 }  // namespace tarvoni

@@ -34,6 +34,7 @@ class F_MaschineStamm : public Screen {
   // True if the code is a cost type's or empty; otherwise the user has been told.
   bool CheckCode(const CostGroup& group);
   void SaveGroups();
+  void TellSeveral();
 
   Frame frmKosten{*this, "frmKosten"};
   Label lblKostenart{*this, "lblKostenart"};
@@ -60,6 +61,7 @@ class F_MaschineStamm : public Screen {
   Label lblVKName{*this, "lblVKName"};
   Label lblOIName{*this, "lblOIName"};
   Label lblSteuerName{*this, "lblSteuerName"};
+  Label lblMehrere{*this, "lblMehrere"};
   Button cmdSpeichern{*this, "cmdSpeichern"};
   Button cmdSchliesen{*this, "cmdSchliesen"};
 

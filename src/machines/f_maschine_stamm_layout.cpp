@@ -15,7 +15,8 @@ layout::Node F_MaschineStamm::BuildLayout() {
             Row(lblUnthernehmen, "Unternehmen", Box(txtUnternehmenN, 8), Box(lblUnternehmenName, 40)),
             Row(lblSumme_Verbrau, "Summe-Verbrauchst."), Row(lblVK, "", Box(txtVKN, 8), Box(lblVKName, 40)),
             Row(lbOI, "", Box(txtOIN, 8), Box(lblOIName, 40)),
-            Row(lblSteuer, "Steuer", Box(txtSteuerN, 8), Box(lblSteuerName, 40))),
+            Row(lblSteuer, "Steuer", Box(txtSteuerN, 8), Box(lblSteuerName, 40)),
+            Row("", Text(lblMehrere, ""))),
       Bar(Gap(), Push(cmdSpeichern, "&Speichern", Command::kSave),
           Push(cmdSchliesen, "&Schließen", Command::kClose)));
 }

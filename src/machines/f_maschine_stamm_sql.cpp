@@ -17,6 +17,11 @@ SqlText SetCostType(std::string_view label, std::int32_t kostenart_id) {
                  Quoted(label));
 }
 
+SqlText OtherCostTypes(std::string_view label, std::int32_t kostenart_id) {
+  return Compose("SELECT ID FROM MASCHINE_STAMM WHERE LABEL = '{}' AND KOSTENART_ID <> {}", Quoted(label),
+                 Id(kostenart_id));
+}
+
 SqlText OfferedCostTypes() {
   return "SELECT NUMBER, NAME,TABLE_NAME FROM KOSTENART WHERE ID <> 0";
 }

@@ -70,9 +70,13 @@ void F_Arbeitsauftrag::ShowTitle() {
                     : Message(message::kOrderAndCosts) + " (Arbeitsauftrag " + headerName + ")");
 }
 
-// Positions of a plan, and those that came from elsewhere, have no numbers.
+// Positions of a plan have no numbers, and those that came from elsewhere are known by their day and work type.
 std::string F_Arbeitsauftrag::NumberOfPosition() const {
-  return isPlan ? "" : positions_.Row().Text("ORDERS");
+  if (isPlan || !HasPosition()) return "";
+  const CurrentRow row = positions_.Row();
+  if (!row.IsNull("ORDERS")) return row.Text("ORDERS");
+  return "vom " + row.Text("DATUM_NR", "dd.mm.yyyy") + ", " + lblLeistungsart.Caption() + " " +
+         row.Text("LEISTUNGSART");
 }
 
 void F_Arbeitsauftrag::NameSubject(const std::string& position) {

@@ -15,7 +15,7 @@ class F_Zeilohn : public WageLines {
   SqlText Lines() const override;
   void ShowOrder(const CurrentRow& row) override;
   void SetViewState(bool view) override;
-  TextBox& FirstBox() override { return txtZuchslagA; }
+  TextBox& FirstBox() override { return txtZuchslagA.Locked() ? txtHolzart[0] : txtZuchslagA; }
   void TestOrder() const override;
   void WriteOrder() const override;
   SqlText UpdateLine(std::int32_t line) const override;

@@ -12,9 +12,8 @@ layout::Node WageLines::NaturalGroup() {
                      Box(n.txtAstungshohe, 7)),
                  Row(n.lblBestandeszieltyp, "Bestandeszieltyp", Box(n.txtBestandeszieltyp[0], 8),
                      Shown(n.txtBestandeszieltyp[1]), Check(n.chkZaunbau, "Zaunbau"))),
-           Stack(Row(n.lblWaldort, "Waldort", List(n.ListWaldort, 3, 27),
-                     Stack(Push(n.btnWaldortEinfugen, "Einfügen"), Push(n.btnWaldortLoschen, "Löschen")),
-                     Gap()))),
+           Stack(Row(n.lblWaldort, "Waldort", List(n.ListWaldort, 4, 27),
+                     Stack(Push(n.btnWaldortEinfugen, "Einfügen"), Push(n.btnWaldortLoschen, "Löschen"))))),
       Matrix(
           {"", "Bundesland", "Landesstelle", "Herkunftsgebiet", "Lfd. Nr.", "Kategorie", "Bemerkung"},
           Row(n.lblHerkunft, "Herkunft", Box(n.txtBundesland, 9), Box(n.txtLandesstelle, 9),

@@ -36,6 +36,9 @@ F_Positionen::F_Positionen()
   dataGrid_KLR.SetStruck("STATUS", "S");
   positions_.Connect([this] { ShowPosition(); }, [this] { return PositionColumns(); }, &btnBearbeiten);
   withdrawals_.Connect([this] { ShowWithdrawal(); }, [this] { return WithdrawalColumns(); });
+  dataGrid_KLR.KeyDown = [this](int key, int) {
+    if (key == kKeyInsert && btnNeu[1].Enabled()) btnNeu[1].Press();  // a new one of the list with the focus
+  };
   ConnectBoxes(*this, NextOpenBoxOnEnter(*this));
   ConnectFields();
   ConnectCodes();

@@ -48,8 +48,29 @@ void F_ARA::ConnectFields() {
   Rules(txtGesamtKosten).Number("-######0.00");
   Rules(txtKostenstelleSel[0]).Code(kostenstelleSel_);
   Rules(txtLeistungsartSel[0]).Code(leistungsartSel_);
-  kostenstelleSel_.Changed = [this] { LoadGridAndPosition(); };
-  leistungsartSel_.Changed = [this] { LoadGridAndPosition(); };
+  kostenstelleSel_.Changed = [this] { SelectionChanged(); };
+  leistungsartSel_.Changed = [this] { SelectionChanged(); };
+}
+
+// The selection stays open while an order is edited, and another selection ends that: not without a question.
+void F_ARA::SelectionChanged() {
+  const bool editing = btnAbbrechen.Enabled();
+  const int style = kBoxYesNo + kBoxQuestion + kBoxSecondIsDefault;
+  if (editing && !Ask("Mit der Selektion wird die Liste neu gelesen. Die Eingaben verwerfen?", style))
+    return selection_.PutBack();
+  selection_.Remember();
+  editing ? btnAbbrechen.Press() : LoadGridAndPosition();
+}
+
+void F_ARA::Selection::Remember() {
+  for (std::size_t i = 0; i < boxes.size(); ++i) shown.at(i) = {boxes.at(i)->Text(), boxes.at(i)->Tag()};
+}
+
+void F_ARA::Selection::PutBack() {
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    boxes.at(i)->SetText(shown.at(i).text);
+    boxes.at(i)->SetTag(shown.at(i).tag);
+  }
 }
 
 // A changed cost centre or product order tests what hangs on it anew, without a word.

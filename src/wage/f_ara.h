@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -34,6 +35,7 @@ class F_ARA : public Screen {
   const SqlText& StundenCase();
   void ProductOrderLeft();
   void CostCentreLeft();
+  void SelectionChanged();
   SqlText ProductOrderFilter() const;
   SqlText WorkTypeFilter() const;
 
@@ -44,6 +46,17 @@ class F_ARA : public Screen {
   CodeField::Rule ProductOrderRule();
   CodeField::Rule WorkTypeRule();
   CodeField::Rule TeamRule();
+
+  // What limits the list, codes and names, as it was when the list was read.
+  struct Selection {
+    struct Shown {
+      std::string text = {}, tag = {};
+    };
+    std::array<TextBox*, 4> boxes;
+    std::array<Shown, 4> shown = {};
+    void Remember();
+    void PutBack();
+  };
 
   // --- what is written (f_ara_save.cpp) ---
   RowEntry::Steps EntrySteps();
@@ -137,6 +150,8 @@ class F_ARA : public Screen {
                    .grid = DataGridArbeitsauftrag,
                    .layout_key = "F_ARBEITSAUFTRAG_ARA",
                    .id_column = "ID_ARA_KOPF"}};
+  Selection selection_{.boxes = {&txtKostenstelleSel[0], &txtKostenstelleSel[1], &txtLeistungsartSel[0],
+                                 &txtLeistungsartSel[1]}};
   RowEntry entry_{*this, orders_, curAraId, {btnNeu, btnBearbeiten, btnAbbrechen}, EntrySteps()};
   CodeField kostenstelleSel_{Context(), loadingFlag, txtKostenstelleSel[0], &txtKostenstelleSel[1],
                              SelectedCostCentreRule()};

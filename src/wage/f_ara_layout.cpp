@@ -24,10 +24,10 @@ layout::Node F_ARA::BuildLayout() {
       Side(
           Group(frmBeschreibung_der_Arbeit, "Beschreibung der Arbeit", Lines(txtBegrundung_der_Anordnung, 3)),
           Group(frmSummen, "Summen",
-                Side(Stack(Row(lblFlache, "Flache", Box(txtFlache, 12), Gap(),
-                               Text(lblFlacheHinweis, kNotStored)),
+                Side(Stack(Row(lblFlache, "Flache", Box(txtFlache, 12), Text(lblFlacheHinweis, kNotStored),
+                               Gap()),
                            Row(lblMenge, "Menge", Box(txtMenge, 12), Shown(txtMengeEinhait, 6),
-                               Text(lblMengeHinweis, kNotStored))),
+                               Text(lblMengeHinweis, kNotStored), Gap())),
                      Stack(Row(lblStunden_dir_Lohn, "Stunden direkter Lohn",
                                ShownAmount(txtStunden_dir_Lohn, 12)),
                            Row(lblGesamtKosten, "Gesamtkosten", Box(txtGesamtKosten, 12)))))),

@@ -175,6 +175,7 @@ void F_ARA::Storno() {
   if (!day) return;
   Committed([&] { ExecuteOnRow(sql::CancelOrder(curAraId, *day, Context().strSqlDateFormat)); });
   LoadGridAndPosition();
+  SafeSetFocus(DataGridArbeitsauftrag);  // not onto the button behind this one, which opens another Screen
 }
 
 // A day of a month that is not closed, no later than today; nothing if the user gives up or there is none.

@@ -48,14 +48,17 @@ void F_Arbeitnehmer::Run(const TvnVar_Dll& tvnvar, std::int32_t araId) {
 void F_Arbeitnehmer::ConnectFields() {
   ConnectBoxes(*this, TabOnEnter(*this));
   Rules(txtBearbeitungsmonat[1]).Number("00").Month(working_month_);
-  Rules(txtBearbeitungsmonat[3]).Number("0000");
+  Rules(txtBearbeitungsmonat[3]).Number("0000").Left([this] { LeaveYear(txtBearbeitungsmonat[3]); });
   Rules(txtVerlohnungs[0]).Number("00").Left([this] { DayLeft(); });
   Rules(txtVerlohnungs[1]).Number("00").Month(pay_month_).Left([this] { DayLeft(); });
-  Rules(txtVerlohnungs[3]).Number("0000").Left([this] { DayLeft(); });
+  Rules(txtVerlohnungs[3]).Number("0000").Left([this] {
+    LeaveYear(txtVerlohnungs[3]);
+    DayLeft();
+  });
   Rules(txtPersonalnummer[0]).Keys("#########0").Code(worker_);
   Rules(txtLohnart[0]).Keys("#########0").Code(wage_type_).Left([this] { WageTypeLeft(); });
   Rules(txtAuszahlungsmonat[1]).Number("00").Month(paying_month_);
-  Rules(txtAuszahlungsmonat[3]).Number("0000");
+  Rules(txtAuszahlungsmonat[3]).Number("0000").Left([this] { LeaveYear(txtAuszahlungsmonat[3]); });
   Rules(txtStunden).Number("-##0.00").Left([this] { ShowAmount(); });
   Rules(txtProzentsatz).Number("-##0.00");
   worker_.Changed = [this] {

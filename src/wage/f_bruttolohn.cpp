@@ -65,11 +65,14 @@ void F_Bruttolohn::ConnectFields() {
   ConnectBoxes(*this, TabOnEnter(*this));
   Rules(txtFWJ).Number("0000");
   Rules(txtVerlohnungs[1]).Number("00").Month(pay_month_).Left([this] { DayLeft(); });
-  Rules(txtVerlohnungs[3]).Number("0000").Left([this] { DayLeft(); });
+  Rules(txtVerlohnungs[3]).Number("0000").Left([this] {
+    LeaveYear(txtVerlohnungs[3]);
+    DayLeft();
+  });
   Rules(txtTag).Number("00").Left([this] { DayLeft(); });
   Rules(txtLohnart[0]).Keys("#########0").Code(wage_type_).Left([this] { WageTypeLeft(); });
   Rules(txtAuszahlungsmonat[1]).Number("00").Month(paying_month_);
-  Rules(txtAuszahlungsmonat[3]).Number("0000");
+  Rules(txtAuszahlungsmonat[3]).Number("0000").Left([this] { LeaveYear(txtAuszahlungsmonat[3]); });
   Rules(txtWert).Number("-###0.00").Left([this] { ShowAmount(); });
   Rules(txtProzentsatz).Number("-##0.00").Left([this] { ShowAmount(); });
   Rules(txtKostenstelle[0]).Code(cost_centre_);
@@ -138,8 +141,9 @@ void F_Bruttolohn::ShowCurrentRow() {
 
 // Whose journal it is, and of which month.
 std::string F_Bruttolohn::Worker() const {
-  return txtArbeitnehmer[0].Text() + " " + txtArbeitnehmer[1].Text() + ", " + txtBearbeitungsmonat[2].Text() +
-         " " + txtBearbeitungsmonat[3].Text();
+  return "Forstbetrieb " + txtForstbetrieb[0].Text() + ", " + txtArbeitnehmer[0].Text() + " " +
+         txtArbeitnehmer[1].Text() + ", " + txtBearbeitungsmonat[2].Text() + " " +
+         txtBearbeitungsmonat[3].Text();
 }
 
 void F_Bruttolohn::SetViewState(bool bolView) {

@@ -25,6 +25,7 @@
 
 #include "host/demo_database.h"
 #include "host/desktop/server_dialog.h"
+#include "host/desktop/settings_dialog.h"
 #include "host/open_database.h"
 #include "host/own_enterprise.h"
 #include "platform/qt/public/look.h"
@@ -426,6 +427,24 @@ TEST_F(Desktop, ServerDialogRemembersAllButThePasswordWhenTheUserGivesUp) {
   const QSettings store("Tarvoni", "Lohn");
   for (const QString& key : store.allKeys())
     EXPECT_FALSE(store.value(key).toString().contains("geheim")) << qPrintable(key);
+}
+
+TEST_F(Desktop, TabGoesThroughTheSettingsInTheirOrder) {
+  MainWindow window;
+  QStringList stops;
+  QTimer::singleShot(0, &window, [&] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    for (QWidget* at = dialog->nextInFocusChain(); at != dialog; at = at->nextInFocusChain()) {
+      if ((at->focusPolicy() & Qt::TabFocus) == 0) continue;
+      const auto* const button = qobject_cast<QPushButton*>(at);
+      const auto* const edit = qobject_cast<QLineEdit*>(at);
+      if (button || edit) stops << (button ? button->text() : edit->text());
+    }
+    static_cast<QDialog*>(dialog)->reject();
+  });
+  Settings settings{.work_directory = "/tmp"};
+  EXPECT_FALSE(EditSettings(&window, settings));
+  EXPECT_THAT(stops, ElementsAre("ATS", "/tmp", "&Wählen …", "&Übernehmen", "&Abbrechen"));
 }
 
 TEST_F(Desktop, ServerDialogTakesNoSecondPassword) {

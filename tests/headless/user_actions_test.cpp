@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "src/context/controls/grid.h"
 #include "src/context/services/mnemonics.h"
 #include "src/context/values/call_error.h"
 #include "tests/support/events.h"
@@ -374,6 +375,11 @@ TEST_F(Actions, EveryButtonHasALetterOfItsOwn) {
   EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "Storno + Senden && &Ende")
       << "beginnings of words first";
   EXPECT_EQ(CaptionWithMnemonic(form.frm), "Daten");
+  form.btnOk.SetCaption("Abgeschlossen");
+  form.btnAbbrechen.SetCaption("Bearb. Abbr.");
+  form.btnAbbrechen.SetDoes(Command::kCancel);
+  EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "Bearb. &Abbr.") << "commands have theirs everywhere";
+  EXPECT_EQ(CaptionWithMnemonic(form.btnOk), "A&bgeschlossen");
 }
 
 // A Screen with a list state and an edit state.
@@ -558,6 +564,10 @@ TEST_F(Actions, FocusLeavesAControlThatWasDisabled) {
   Replace(form.btnOk.Click, [&] { form.btnOk.SetEnabled(false); });
   user.Click(form.btnOk);
   EXPECT_TRUE(form.btnAbbrechen.HasFocus());
+  FlexGrid list(form, "list");
+  form.btnOk.SetEnabled(true);
+  user.Click(form.btnOk);
+  EXPECT_TRUE(list.HasFocus()) << "not a button on which Enter would do something else";
 }
 
 TEST_F(Actions, FocusSetBeforeShowingIsWhereItStarts) {

@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTableView>
 #include <QTest>
@@ -223,6 +225,10 @@ TEST(FormWindow, KeysOfTheWindowSystemComeOnce) {
     EXPECT_EQ(stage.form.DataGrid1.Row(), 2);
     press(Qt::Key_Up);
     EXPECT_EQ(stage.form.DataGrid1.Row(), 1) << "one row a key";
+    press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(stage.form.DataGrid1.Row(), 2);
+    press(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(stage.form.DataGrid1.Row(), 0);
     stage.form.veto = true;
     stage.form.log.clear();
     press(Qt::Key_Escape);
@@ -278,11 +284,16 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
     EXPECT_EQ(FromQt(shown(0).data().toString()), "Ahorn") << "the order lasts";
     EXPECT_EQ(table.horizontalHeader()->sortIndicatorSection(), 1);
     EXPECT_FALSE(shown(0).data(Qt::FontRole).value<QFont>().strikeOut());
+    grid.SetStruck("", "");
     stage.driver.ClickRow(grid, 1);
     stage.Press(Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !told("sum").empty(); }));
     EXPECT_EQ(grid.Row(), 2);
     EXPECT_EQ(told("sum"), "Summe 21,75 (2 Zahlen)");
+    grid.SetStruck("NAME", "Buche");
+    stage.Press(Qt::Key_Up, Qt::ShiftModifier);
+    stage.Press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return told("sum").empty(); })) << "what was cancelled does not count";
     QTest::keyPress(window.windowHandle(), Qt::Key_Control, Qt::ControlModifier);
     grid.Data()->Recordset().MoveFirst();
     EXPECT_EQ(table.selectionModel()->selectedIndexes().size(), 1)
@@ -305,6 +316,11 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
     EXPECT_EQ(grid.Row(), 0) << "what is hidden is no step";
     grid.Data()->Recordset().MoveLast();
     EXPECT_FALSE(table.isRowHidden(2)) << "a row made meanwhile";
+    stage.Press(Qt::Key_Escape);
+    EXPECT_EQ(told("count"), "Zeile 3 von 3") << "Escape ends the search first";
+    EXPECT_TRUE(stage.form.IsLoaded());
+    stage.Press(Qt::Key_Escape);
+    EXPECT_FALSE(stage.form.IsLoaded());
   });
 }
 
@@ -334,6 +350,45 @@ TEST(FormWindow, AListIsPrintedAndSearchedFromAnywhere) {
     ASSERT_EQ(printed.size(), 3);
     EXPECT_EQ(printed[2].tables[0].rows.size(), 3) << "that one is out of sight";
   });
+}
+
+TEST(FormWindow, AListScrollsItsPageNoFurtherThanItsRow) {
+  struct Tall : Form {
+    Tall() : Form("F_Tall") {}
+    layout::Node BuildLayout() override {
+      using namespace layout;
+      return Stack(Row("A", Box(boxes[0])), Row("B", Box(boxes[1])), Row("C", Box(boxes[2])),
+                   Row("D", Box(boxes[3])), Table(grid, 24), Bar(Push(close, "Schließen")));
+    }
+    ControlArray<TextBox, 4> boxes{*this, "boxes"};
+    FlexGrid grid{*this, "grid"};
+    Button close{*this, "close"};
+  } form;
+  form.Load();
+  form.grid.SetCols(1);
+  form.grid.SetRows(41);
+  form.grid.SetRow(0);
+  form.grid.SetFocus();
+  Stage stage;
+  stage.toolkit.play = [&](FormWindow& window) {
+    auto& area = *window.findChild<QScrollArea*>();
+    const auto& table = dynamic_cast<QTableView&>(stage.WidgetOf(form.grid));
+    const auto row_end = [&] {
+      const int y = table.rowViewportPosition(form.grid.Row()) + table.rowHeight(0);
+      return table.viewport()->mapTo(area.viewport(), QPoint(0, y)).y();
+    };
+    const auto scrolled = [&] { return area.verticalScrollBar()->value(); };
+    window.resize(window.width(), 240);
+    QTest::qWait(10);
+    ASSERT_GT(area.verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(scrolled(), 0) << "the list's beginning is seen with the Screen's";
+    stage.Press(Qt::Key_End);
+    EXPECT_GT(scrolled(), 0);
+    EXPECT_LE(row_end(), area.viewport()->height());
+    stage.Press(Qt::Key_Home);
+    EXPECT_EQ(scrolled(), 0) << "and comes back with its first row";
+  };
+  stage.toolkit.ShowModal(form);
 }
 
 TEST(FormWindow, TheBorderBetweenTwoTablesMoves) {

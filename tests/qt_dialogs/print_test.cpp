@@ -75,6 +75,34 @@ TEST(PrintPagesTest, LongCellsAreWrapped) {
   EXPECT_GT(LowestInk(document, 0), one_line + 50);
 }
 
+// How many lines of text begin at the left edge of a row, of a table so wide.
+int LinesAtTheLeft(const std::vector<std::string>& cells, double width) {
+  PrintDocument::Table table{.columns = std::vector<PrintDocument::Column>(cells.size()), .rows = {{}}};
+  for (const std::string& cell : cells) table.rows[0].cells.emplace_back(cell);
+  QImage image = Paper();
+  QPainter painter(&image);
+  const PrintedTable printed(table, 0, width, &image);
+  printed.PaintRow(painter, 0, 0);
+  int lines = 0;
+  bool ink = false;
+  for (int y = 0; y < static_cast<int>(printed.RowHeight(0)) - 1; ++y) {
+    bool any = false;
+    for (int x = 0; x < 15; ++x) any = any || qGray(image.pixel(x, y)) < 128;
+    lines += any && !ink ? 1 : 0;
+    ink = any;
+  }
+  return lines;
+}
+
+TEST(PrintPagesTest, AWordHasItsRoomOrIsBrokenNeverCut) {
+  const std::string word = "Borkenkäferbekämpfung";
+  std::string words;
+  for (int i = 0; i < 30; ++i) words += " im Revier";
+  EXPECT_EQ(LinesAtTheLeft({word, words, words}, 220), 1) << "the others give way";
+  EXPECT_GE(LinesAtTheLeft({word + word}, 100), 2);
+  EXPECT_GE(LinesAtTheLeft(std::vector<std::string>(12, word), 300), 3);
+}
+
 TEST(PrintPagesTest, AFootNeverStandsAlone) {
   PrintDocument document = Journal(30);
   document.remarks.assign(5, "Summe");

@@ -241,6 +241,8 @@ TEST(GridSourceTest, NumbersWithoutAFormatStandEvenly) {
             Qt::AlignLeft | Qt::AlignVCenter);
   EXPECT_EQ(cell(0, 2), "2,0") << "the Screen's own format";
   EXPECT_EQ(grid.CellText(0, 1), "8") << "the Screen's own text stays";
+  grid.Columns()["NR"].SetCaption(" ");
+  EXPECT_EQ(GridSource(grid).ColumnAt(0).caption, "") << "no head is copied as none";
   show("WHOLE");
   view.ShowColumns();
   view.ShowRows();

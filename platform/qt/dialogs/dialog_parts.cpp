@@ -8,7 +8,7 @@ namespace tarvoni::qt {
 DialogButtons MakeButtons(QDialog& dialog, const QString& ok_caption) {
   DialogButtons buttons{.line = new QHBoxLayout,
                         .ok = new QPushButton(ok_caption, &dialog),
-                        .cancel = new QPushButton("Abbrechen", &dialog)};
+                        .cancel = new QPushButton("Abbre&chen", &dialog)};
   buttons.ok->setObjectName("ok");
   buttons.ok->setDefault(true);
   buttons.cancel->setObjectName("cancel");

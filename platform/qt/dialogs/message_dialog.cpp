@@ -51,7 +51,7 @@ struct AnswerButton {
   const char* name;
 };
 constexpr std::array kAnswerButtons = {
-    AnswerButton{kAnswerOk, "OK", "ok"}, AnswerButton{kAnswerCancel, "Abbrechen", "cancel"},
+    AnswerButton{kAnswerOk, "&OK", "ok"}, AnswerButton{kAnswerCancel, "Abbre&chen", "cancel"},
     AnswerButton{kAnswerYes, "&Ja", "yes"}, AnswerButton{kAnswerNo, "&Nein", "no"}};
 
 // Escape and the window's button cancel, answer a plain question with "Nein", and take note of all else.

@@ -79,22 +79,63 @@ std::vector<double> PrintedTable::NaturalWidths() const {
   return widths;
 }
 
+double PrintedTable::LongestWord(const QString& text, bool bold) const {
+  double longest = 0;
+  for (const QString& word : QString(text).replace('\n', ' ').split(' '))
+    longest = std::max(longest, Advance(word, bold));
+  return longest;
+}
+
+// Such that no word is broken.
+std::vector<double> PrintedTable::WordWidths() const {
+  std::vector<double> widths;
+  for (const QString& caption : captions_) widths.push_back(LongestWord(caption, true));
+  for (std::size_t row = 0; row < RowCount(); ++row) {
+    if (KindOf(row) == RowKind::kGroup) continue;
+    for (std::size_t i = 0; i < widths.size(); ++i)
+      widths[i] = std::max(widths[i], LongestWord(rows_[row][i], IsBold(row)));
+  }
+  for (double& width : widths) width += 2 * padding_;
+  return widths;
+}
+
 void PrintedTable::FitColumns() {
   widths_ = NaturalWidths();
   while (Sum(widths_) > width_ && points_ > kSmallestPoints) {
     points_ -= kSmallestStep;
     widths_ = NaturalWidths();
   }
-  Sum(widths_) > width_ ? ShareWidth() : StretchTexts();
+  if (Sum(widths_) <= width_) return StretchTexts();
+  Narrow(WordWidths());
+  Narrow(std::vector<double>(widths_.size()));
+  BreakWords(captions_, true);
+  for (std::size_t row = 0; row < RowCount(); ++row) {
+    if (KindOf(row) != RowKind::kGroup) BreakWords(rows_[row], IsBold(row));
+  }
 }
 
-// What is too wide gives up width where columns are wider than an even share.
-void PrintedTable::ShareWidth() {
-  for (int round = 0; round < 40 && Sum(widths_) > width_; ++round) {
-    const double over = Sum(widths_) - width_;
-    const double widest = *std::ranges::max_element(widths_);
+// What is too wide gives up width where columns are wider than an even share, but not below what each needs.
+void PrintedTable::Narrow(const std::vector<double>& least) {
+  for (double over = Sum(widths_) - width_; over > 0; over = Sum(widths_) - width_) {
+    double widest = 0;
+    for (std::size_t i = 0; i < widths_.size(); ++i) {
+      if (widths_[i] > least[i]) widest = std::max(widest, widths_[i]);
+    }
+    if (widest == 0) return;
     const double limit = widest - std::max(over / static_cast<double>(widths_.size()), 1.0);
-    for (double& width : widths_) width = std::min(width, limit);
+    for (std::size_t i = 0; i < widths_.size(); ++i)
+      widths_[i] = std::min(widths_[i], std::max(limit, least[i]));
+  }
+}
+
+// Lets a line end within a word that is wider than its column.
+void PrintedTable::BreakWords(Texts& cells, bool bold) const {
+  constexpr QChar kMayBreak(0x200B);
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (LongestWord(cells[i], bold) <= widths_[i] - 2 * padding_) continue;
+    for (qsizetype at = cells[i].size() - 1; at > 0; --at) {
+      if (!cells[i][at].isLowSurrogate()) cells[i].insert(at, kMayBreak);
+    }
   }
 }
 

@@ -9,8 +9,8 @@
 
 namespace tarvoni::qt {
 
-// One table of a document, laid out for a width: a table too wide is set smaller first, then long cells are wrapped; one
-// too narrow gives its texts more room.
+// One table of a document, laid out for a width: a table too wide is set smaller first, then long cells are wrapped and,
+// where not even its longest words have room, words broken; one too narrow gives its texts more room.
 class PrintedTable {
  public:
   // `table` outlives it; `width` is in the device's units.
@@ -35,8 +35,11 @@ class PrintedTable {
   bool IsBold(std::size_t row) const { return KindOf(row) != PrintDocument::RowKind::kPlain; }
   double Advance(const QString& text, bool bold) const;
   std::vector<double> NaturalWidths() const;
+  std::vector<double> WordWidths() const;
+  double LongestWord(const QString& text, bool bold) const;
   void FitColumns();
-  void ShareWidth();
+  void Narrow(const std::vector<double>& least);
+  void BreakWords(Texts& cells, bool bold) const;
   void StretchTexts();
   double HeightOf(const Texts& cells, bool bold) const;
   void PaintCells(QPainter& painter, double y, double height, const Texts& cells, bool bold) const;

@@ -31,7 +31,7 @@ bool IsLetter(char32_t c) {
 
 bool IsPressed(const Control& control) {
   return dynamic_cast<const Button*>(&control) || dynamic_cast<const CheckBox*>(&control) ||
-         dynamic_cast<const OptionButton*>(&control) || dynamic_cast<const TabPage*>(&control);
+         dynamic_cast<const OptionButton*>(&control);
 }
 
 // Where a letter stands in a caption: at the beginning of a word if it can.
@@ -46,13 +46,36 @@ std::size_t PlaceOf(char32_t letter, std::u32string_view caption) {
   return place;
 }
 
+// The letter of a command's button; 0 for none.
+char32_t LetterOf(Command command) {
+  switch (command) {
+    case Command::kNew:
+      return U'N';
+    case Command::kEdit:
+      return U'B';
+    case Command::kSave:
+      return U'S';
+    case Command::kCancel:
+      return U'A';
+    case Command::kDelete:
+      return U'L';
+    case Command::kClose:
+      return U'C';
+    case Command::kSaveAndNew:
+    case Command::kNone:
+      return 0;
+  }
+  return 0;
+}
+
 class Letters {
  public:
   explicit Letters(const Form& form) {
-    for (const bool own : {true, false}) {
+    for (const auto take :
+         {&Letters::TakeCommand, &Letters::TakeOwn, &Letters::TakeFree, &Letters::TakeTab}) {
       for (const Control* control : form.Controls()) {
         const auto* const captioned = dynamic_cast<const Captioned*>(control);
-        if (captioned && !letters_.contains(control)) own ? TakeOwn(*captioned) : TakeFree(*captioned);
+        if (captioned && !letters_.contains(control)) (this->*take)(*captioned);
       }
     }
   }
@@ -68,13 +91,26 @@ class Letters {
     return true;
   }
 
+  void TakeCommand(const Captioned& control) {
+    const auto* const button = dynamic_cast<const Button*>(&control);
+    const char32_t letter = button ? LetterOf(button->Does()) : 0;
+    if (PlaceOf(letter, Read(control).plain) != std::u32string::npos) Take(control, letter);
+  }
+
   void TakeOwn(const Captioned& control) {
     const Marked caption = Read(control);
     if (caption.mark < caption.plain.size()) Take(control, caption.plain[caption.mark]);
   }
 
   void TakeFree(const Captioned& control) {
-    if (!IsPressed(control)) return;
+    if (IsPressed(control)) TakeFirst(control);
+  }
+
+  void TakeTab(const Captioned& control) {
+    if (dynamic_cast<const TabPage*>(&control)) TakeFirst(control);
+  }
+
+  void TakeFirst(const Captioned& control) {
     const std::u32string caption = Read(control).plain;
     for (const bool beginnings : {true, false}) {
       for (std::size_t i = 0; i < caption.size(); ++i) {

@@ -123,9 +123,19 @@ bool UserActions::Leave(Control& target) {
 void UserActions::SettleFocus() {
   Control* const active = form_.ActiveControl();
   if (!form_.IsLoaded() || (active && active->CanFocus())) return;
-  Control* const next = form_.NextInTabOrder(active);
+  // Behind a button that switched itself off may stand another that opens something: the list is safer.
+  Control* next = dynamic_cast<Button*>(active) ? OpenList() : nullptr;
+  if (!next) next = form_.NextInTabOrder(active);
   form_.SetActiveControl(next);
   if (next) Handle([next] { next->GotFocus(); });
+}
+
+Control* UserActions::OpenList() const {
+  const auto open = [](const Control* control) {
+    return dynamic_cast<const Grid*>(control) && control->CanFocus();
+  };
+  const auto found = std::ranges::find_if(form_.Controls(), open);
+  return found == form_.Controls().end() ? nullptr : *found;
 }
 
 bool UserActions::Focus(Control& target) {
@@ -186,9 +196,7 @@ bool UserActions::Mnemonic(char32_t letter) {
     return own != letters.end() && own->second == wanted && control->IsEnabled() && control->IsVisible();
   });
   if (named == form_.Controls().end()) return false;
-  if (const auto* page = dynamic_cast<TabPage*>(*named))
-    ChooseTab(dynamic_cast<TabControl&>(*page->Container()), page->Number());
-  else if ((*named)->TakesFocus())
+  if ((*named)->TakesFocus())
     Click(**named);
   else if (Control* next = form_.NextInTabOrder(*named))
     Focus(*next);

@@ -103,6 +103,8 @@ class UserActions : private FormHost {
   bool Arrive(Control& target);
   bool Leave(Control& target);
   void SettleFocus();
+  // The first list that can take the focus; null if there is none.
+  Control* OpenList() const;
   void ClickSelf(Control& control);
 
   // The user entered something: what was told before is past.
