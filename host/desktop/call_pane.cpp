@@ -95,7 +95,7 @@ QStringList CallPane::Watch(const std::function<void()>& call) {
   QStringList made;
   for (const OfferedRows& list : NewlyOffered(before, AllOffered(workplace_, scope_))) {
     chosen_[list.statement] = std::ranges::max(list.rows, {}, &Choice::id).id;
-    for (const Choice& row : list.rows) made << ToQt(list.label + " " + row.text);
+    for (const Choice& row : list.rows) made << PlainCaption(list.label) + " " + ToQt(row.text);
   }
   form_->ShowAfterCall();
   return made;

@@ -9,12 +9,12 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QRegularExpressionValidator>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <string>
 #include <vector>
 
+#include "host/desktop/digits.h"
 #include "host/desktop/new_file.h"
 #include "host/desktop/report.h"
 #include "host/own_enterprise.h"
@@ -49,8 +49,7 @@ class EnterpriseDialog : public QDialog {
                              this)) {
     setWindowTitle("Eigenen Betrieb anlegen");
     number_->setObjectName("number");
-    number_->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QString("\\d{1,%1}").arg(kDigits)), number_));
+    TakeDigits(*number_, kDigits);
     name_->setObjectName("name");
     name_->setMaxLength(kNameLength);
     codes_->setChecked(true);
@@ -72,6 +71,7 @@ class EnterpriseDialog : public QDialog {
     auto* const spin = new QSpinBox(this);
     spin->setRange(lowest, highest);
     spin->setValue(value);
+    TellRefused(*spin->findChild<QLineEdit*>());
     return spin;
   }
 

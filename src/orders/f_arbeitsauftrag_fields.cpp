@@ -1,6 +1,7 @@
 #include "src/common/amount.h"
 #include "src/common/box_rules.h"
 #include "src/common/enter_order.h"
+#include "src/common/number_keys.h"
 #include "src/common/page_focus.h"
 #include "src/common/position_amounts.h"
 #include "src/common/timber_assignment.h"
@@ -60,10 +61,10 @@ void F_Arbeitsauftrag::ConnectAmounts() {
 
 // A number with decimals and a sign; with a column, one that the column's type takes.
 void F_Arbeitsauftrag::AmountKeys(TextBox& box, const std::string& column) {
-  box.SetTakes(Entry::kDecimal);
-  box.KeyPress.Add(Turn::kFilter, [this, &box, column](int& key) {
-    KeyFilterOptions(key, true, box, true);
-    if (key != 0 && !column.empty()) key = TypedKeyFilter(key, PositionTable(), column, Context());
+  NumberKeys(box, Entry::kDecimal, Minus::kAllowed);
+  if (column.empty()) return;
+  box.KeyPress.Add(Turn::kFilter, [this, column](int& key) {
+    if (key != 0) key = TypedKeyFilter(key, PositionTable(), column, Context());
   });
 }
 

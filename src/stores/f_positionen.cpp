@@ -73,7 +73,7 @@ void F_Positionen::ConnectFields() {
   }
   for (TextBox* box : {&txtKostenE, &txtMenge}) {
     box->GotFocus.Add(Turn::kOwn, [this, box] { on_arrival_ = box->Text(); });
-    box->LostFocus = [this, box] { CostPartLeft(*box); };
+    box->LostFocus.Add(Turn::kOwn, [this, box] { CostPartLeft(*box); });
   }
   txtKosten.Validate = [this](bool&) { TotalLeft(); };
   Rules(txtMenge_KLR).Number(kQuantityKeys);

@@ -123,9 +123,11 @@ void F_Arbeitnehmer::ShowCurrentRow() {
   row.Show("PROZENTSATZ", txtProzentsatz, kAmount);
   txtGesamtbetrag.SetText(Amount());  // a row without a rate has no SATZ
   curStundenId = row.Number("ID");
-  SetSubject(curStundenId == 0 ? ""
-                               : txtPersonalnummer[0].Text() + " " + txtPersonalnummer[1].Text() + ", " +
-                                     txtVerlohnungs[1].Text() + "." + txtVerlohnungs[3].Text());
+  SetSubject(curStundenId == 0
+                 ? ""
+                 : txtPersonalnummer[0].Text() + " " + txtPersonalnummer[1].Text() + ", " +
+                       txtVerlohnungs[0].Text() + "." + txtVerlohnungs[1].Text() + "." +
+                       txtVerlohnungs[3].Text() + ", " + lblLohnart.Caption() + " " + txtLohnart[0].Text());
   SetViewState(true);
 }
 

@@ -59,6 +59,17 @@ TEST(Choosing, TabsChecksOptionsAndDates) {
   EXPECT_EQ(form.dtp.Value(), (DateTime{.year = 2079, .month = 1, .day = 1}));
 }
 
+TEST(Choosing, ATabHasALetterThatTurnsToIt) {
+  QuietToolkit toolkit;
+  Choices form;
+  const auto shown = toolkit.Show(form, form.chk);
+  EXPECT_EQ(CaptionWithMnemonic(form.SSTab1.Page(0)), "&Eins");
+  EXPECT_EQ(CaptionWithMnemonic(form.SSTab1.Page(1)), "Z&wei") << "Zaunbau has the Z";
+  EXPECT_TRUE(shown->user.Mnemonic(U'w'));
+  EXPECT_EQ(form.SSTab1.Tab(), 1);
+  EXPECT_TRUE(form.SSTab1.HasFocus());
+}
+
 TEST(Choosing, CtrlWithTabOrAPageKeyTurnsToAnotherTab) {
   QuietToolkit toolkit;
   Choices form;

@@ -383,6 +383,9 @@ TEST_F(Actions, EveryButtonHasALetterOfItsOwn) {
   form.btnAbbrechen.SetCaption("&Speichern");
   EXPECT_EQ(CaptionWithMnemonic(form.btnOk), "&Schließen");
   EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "S&peichern") << "the letter is taken";
+  form.btnAbbrechen.SetDoes(Command::kSave);
+  EXPECT_EQ(CaptionWithMnemonic(form.btnOk), "Schließ&en") << "the same letter saves on every Screen";
+  form.btnAbbrechen.SetDoes(Command::kNone);
   form.btnAbbrechen.SetCaption("Storno + Senden && Ende");
   EXPECT_EQ(CaptionWithMnemonic(form.btnAbbrechen), "Storno + Senden && &Ende")
       << "beginnings of words first";

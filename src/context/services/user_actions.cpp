@@ -196,7 +196,9 @@ bool UserActions::Mnemonic(char32_t letter) {
     return own != letters.end() && own->second == wanted && control->IsEnabled() && control->IsVisible();
   });
   if (named == form_.Controls().end()) return false;
-  if ((*named)->TakesFocus())
+  if (const auto* page = dynamic_cast<TabPage*>(*named))
+    ChooseTab(dynamic_cast<TabControl&>(*page->Container()), page->Number());
+  else if ((*named)->TakesFocus())
     Click(**named);
   else if (Control* next = form_.NextInTabOrder(*named))
     Focus(*next);
