@@ -173,9 +173,11 @@ void F_ARA::Storno() {
   if (curAraId == 0) return;
   const auto day = AskStornoDay();
   if (!day) return;
+  const std::string cancelled = Subject();
   Committed([&] { ExecuteOnRow(sql::CancelOrder(curAraId, *day, Context().strSqlDateFormat)); });
   LoadGridAndPosition();
   SafeSetFocus(DataGridArbeitsauftrag);  // not onto the button behind this one, which opens another Screen
+  CurrentToolkit().Tell("Storniert: " + cancelled + ".");
 }
 
 // A day of a month that is not closed, no later than today; nothing if the user gives up or there is none.
