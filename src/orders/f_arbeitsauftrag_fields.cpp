@@ -54,8 +54,9 @@ void F_Arbeitsauftrag::ConnectAmounts() {
   for (TextBox* box : {&txtKosten, &txtStunden, &txtMAS}) AmountKeys(*box);
   for (TextBox* box : {&txtKostenE, &txtErlos, &txtStunden, &txtMAS})
     Rules(*box).Left([box] { FormatAmountBox(*box); });
-  txtKosten.Validate = [this](bool&) { CalculateUnitCost(); };
-  Rules(txtKosten).Left([this] { CalculateUnitCost(); });
+  txtKosten.GotFocus.Add(Turn::kOwn, [this] { total_on_arrival_ = txtKosten.Text(); });
+  txtKosten.Validate = [this](bool&) { TotalLeft(); };
+  Rules(txtKosten).Left([this] { TotalLeft(); });
   txtValuta.Click = [this] { lblValuta.SetCaption(txtValuta.Text()); };
 }
 
@@ -227,6 +228,11 @@ TextBox& F_Arbeitsauftrag::Basis() {
 void F_Arbeitsauftrag::CalculateTotal() {
   if (const auto total = TotalCost(Basis().Text(), txtKostenE.Text())) txtKosten.SetText(*total);
   FormatAmountBox(txtKosten);
+}
+
+// Of unit cost and total the last one entered wins; a total that was only passed was not entered.
+void F_Arbeitsauftrag::TotalLeft() {
+  if (txtKosten.Text() != total_on_arrival_) CalculateUnitCost();
 }
 
 void F_Arbeitsauftrag::CalculateUnitCost() {

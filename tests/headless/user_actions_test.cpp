@@ -256,6 +256,15 @@ TEST_F(Actions, ARefusedKeyKeepsWhatANumberMeans) {
   user.Key(kKeyDelete);
   user.Tab();
   EXPECT_TRUE(form.txtB.HasFocus());
+  form.txtA.SetText("");
+  user.Focus(form.txtA);
+  user.Type("7");
+  user.Key(kKeySpace);
+  EXPECT_EQ(toolkit.LastTold(), "Ein Leerzeichen passt nicht in dieses Feld. Weiter mit Rücktaste oder Esc.");
+  user.Type("5");
+  EXPECT_EQ(form.txtA.Text(), "7");
+  user.Key(kKeyEscape);
+  user.Focus(form.txtB);
   AdmitNumbers(form.txtB, Entry::kWhole);
   form.btnAbbrechen.SetDoes(Command::kCancel);
   user.Type("x");
@@ -355,6 +364,9 @@ TEST_F(Actions, LookupKeysRaiseTheCtrlCode) {
   user.Key(kKeyCtrl, 2);
   user.Key(kKeyF4);
   EXPECT_THAT(keys, ElementsAre(17, 17, kKeyF4, 17));
+  Replace(form.txtA.KeyDown, [&](int, int) { form.txtA.SetText("10024"); });
+  user.Lookup();
+  EXPECT_EQ(form.txtA.SelLength(), 5) << "what is typed then takes its place";
 }
 
 TEST_F(Actions, MnemonicsPressButtons) {
