@@ -127,6 +127,12 @@ void F_ARA::ClearFields() {
 
 // --- saving ---
 
+// The edit of this order ends, whichever the list then stands on: under a selection it may not hold the order any more.
+void F_ARA::EndEdit() {
+  SetSubject("Forstbetrieb " + txtForstbetrieb.Text() + ", Auftrag " + OrderName());
+  btnAbbrechen.SetEnabled(false);
+}
+
 std::string F_ARA::OrderName() const {
   return txtKostenstelle[0].Text() + txtFWJ.Text() + txtArbeitsauftrag.Text();
 }

@@ -177,7 +177,7 @@ void UserActions::PressButton(Button& button) {
   const bool saves = button.Does() == Command::kSave || button.Does() == Command::kSaveAndNew;
   if (!saves || !form_.IsLoaded() || (edits ? edits_ended_ == ended : !done)) return;
   if (!edits) typed_ = false;
-  const std::string& saved = ButtonFor(Command::kCancel) ? ended_subject_ : form_.Subject();
+  const std::string& saved = edits ? ended_subject_ : form_.Subject();
   toolkit_.Tell(saved.empty() ? "Gespeichert." : "Gespeichert: " + saved + ".");
 }
 
