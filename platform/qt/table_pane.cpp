@@ -207,13 +207,13 @@ void TablePane::Search() {
   FilterRows();
   if (found_ > 0 && CurrentRow() >= 0 && table_->isRowHidden(CurrentRow()) && current_hidden)
     current_hidden();
-  RevealCurrent();
+  Reveal(CurrentRow());
   ShowCount();
   ShowSum();
 }
 
-void TablePane::RevealCurrent() {
-  if (CurrentRow() >= 0 && !IsVoid()) table_->setRowHidden(CurrentRow(), false);
+void TablePane::Reveal(int row) {
+  if (row >= 0 && !IsVoid()) table_->setRowHidden(row, false);
 }
 
 void TablePane::FilterRows() {

@@ -35,8 +35,8 @@ class TablePane : public QWidget {
   void OpenSearch();
   // Hides the rows again that do not answer what is searched, after rows changed.
   void FilterRows();
-  // Shows the current row also if it does not answer what is searched.
-  void RevealCurrent();
+  // Shows the row, if there is one, also where it does not answer what is searched.
+  void Reveal(int row);
   // The row `steps` shown rows away, or the last on the way; -1 if none is shown.
   int ShownRow(int from, int steps) const;
   bool IsSearching() const { return !search_->text().isEmpty(); }

@@ -159,7 +159,7 @@ void TableView::ShowRows() {
 // Which rows are seen depends on the columns that are.
 void TableView::FilterRows() {
   pane_->FilterRows();
-  pane_->RevealCurrent();
+  pane_->Reveal(grid_.Row());
   pane_->ShowCount();
 }
 
@@ -189,7 +189,7 @@ void TableView::ShowRow() {
   if (reported_row_ == pane_->CurrentRow()) return;
   if (reported_row_ < 0) return Table()->selectionModel()->clear();
   pane_->MakeCurrent(reported_row_);
-  pane_->RevealCurrent();
+  pane_->Reveal(reported_row_);
 }
 
 }  // namespace tarvoni::qt

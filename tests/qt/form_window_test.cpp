@@ -314,6 +314,10 @@ TEST(FormWindow, ListsSortMarkAndSearch) {
     EXPECT_EQ(window.focusWidget(), &table);
     stage.Press(Qt::Key_Down);
     EXPECT_EQ(grid.Row(), 0) << "what is hidden is no step";
+    stage.driver.ClickHead(grid, 1);
+    EXPECT_FALSE(table.isRowHidden(2)) << "in its new place";
+    EXPECT_TRUE(table.isRowHidden(0));
+    stage.driver.ClickHead(grid, 1);
     grid.Data()->Recordset().MoveLast();
     EXPECT_FALSE(table.isRowHidden(2)) << "a row made meanwhile";
     stage.Press(Qt::Key_Escape);
