@@ -82,28 +82,27 @@ bool UsesForestYear(const ArgumentField& field) {
 }
 
 const std::vector<ArgumentField>& FieldsOf(const std::string& method) {
-  static const ArgumentField mode = {"mode_dll", "Modus", kNumber};
   static const std::map<std::string, std::vector<ArgumentField>> fields = {
       {"ARA", {{"strPersonal_dll", "Mandant", kClient}}},
       {"Maschinenbuch",
-       {{"bolNew", "neue Maschine", kNew},
+       {{"bolNew", "&neue Maschine", kNew},
         {.parameter = "intNummer_dll",
-         .label = "Maschine",
+         .label = "Mas&chine",
          .kind = kRow,
          .choices = Machines,
          .free_number = true}}},
       {"PA_Gruppe",
-       {{"ID_Mandant", "Mandant", kClient}, {"Id_PA_Gruppe", "PA-Gruppe", kRow, "neue Gruppe", OrderGroups}}},
-      {"BruttoLohn", {{"Id_StundenBuch", "Stundenbuch", kRow, "", Journals, CurrentJournal}}},
-      {"Lager",
-       {{"strPersonal_dll", "Mandant", kClient}, mode, {"strSelektion_Fr_Wh_dll", "Selektion", kText}}},
-      {"Belege", {{"strPersonal_dll", "Mandant", kClient}, mode}},
+       {{"ID_Mandant", "Mandant", kClient},
+        {"Id_PA_Gruppe", "PA-&Gruppe", kRow, "neue Gruppe", OrderGroups}}},
+      {"BruttoLohn", {{"Id_StundenBuch", "St&undenbuch", kRow, "", Journals, CurrentJournal}}},
+      {"Lager", {{"strPersonal_dll", "Mandant", kClient}}},
+      {"Belege", {{"strPersonal_dll", "Mandant", kClient}}},
       {"Arbeitsauftrag",
        {{"idPersonal_dll", "Mandant", kClient},
-        {"Plan_dll", "Plan", kPlans},
-        {"ID", "Auftrag", kRow, "neu", OrdersOrPlans, OrderBookedLast}}},
-      {"PA_Gruppe_Delete", {{"ID_Item_dll", "PA-Gruppe", kRow, "", OrderGroups}}},
-      {"NewRechnung", {{"intPersonal", "Mandant", kClient}, {"oldRechName", "Bisheriger Name", kText}}},
+        {"Plan_dll", "&Plan", kPlans},
+        {"ID", "A&uftrag", kRow, "neu", OrdersOrPlans, OrderBookedLast}}},
+      {"PA_Gruppe_Delete", {{"ID_Item_dll", "PA-&Gruppe", kRow, "", OrderGroups}}},
+      {"NewRechnung", {{"intPersonal", "Mandant", kClient}, {"oldRechName", "Bisheriger &Name", kText}}},
   };
   static const std::vector<ArgumentField> none;
   const auto found = fields.find(method);

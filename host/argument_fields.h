@@ -12,7 +12,6 @@ enum class FieldKind {
   kClient,  // the chosen client
   kRow,     // a row to choose
   kText,
-  kNumber,
   kPlans,  // a flag: the rows are plans
   kNew,    // a flag for one call: the number is a new one
 };
@@ -27,7 +26,7 @@ struct ChoiceScope {
 // How a form asks for one argument of a method.
 struct ArgumentField {
   std::string parameter;
-  std::string label;
+  std::string label;  // with "&" before its letter
   FieldKind kind = FieldKind::kText;
   std::string none = {};  // what 0 is called; "" if a row has to be chosen
   // The statement of the rows: the key first, then what is shown.

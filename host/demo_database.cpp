@@ -2,9 +2,8 @@
 
 namespace tarvoni::host {
 
-void MakeDemoDatabase(const std::string& database, const demo::DemoOptions& options, Existing existing) {
-  MakeNewDatabase(
-      database, [&](Connection& connection) { demo::BuildDemo(connection, options); }, existing);
+void MakeDemoDatabase(const std::string& database, const demo::DemoOptions& options) {
+  MakeNewDatabase(database, [&](Connection& connection) { demo::BuildDemo(connection, options); });
 }
 
 }  // namespace tarvoni::host

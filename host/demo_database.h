@@ -9,7 +9,6 @@ namespace tarvoni::host {
 
 // Makes a new database with the demo enterprise, as MakeNewDatabase does; also when `options.progress` throws, all is as
 // before.
-void MakeDemoDatabase(const std::string& database, const demo::DemoOptions& options,
-                      Existing existing = Existing::kRefuse);
+void MakeDemoDatabase(const std::string& database, const demo::DemoOptions& options);
 
 }  // namespace tarvoni::host

@@ -53,14 +53,11 @@ void MakeTables(Connection& connection) {
   for (const SqlText& statement : FileIndexes()) connection.Execute(statement);
 }
 
-void MakeNewDatabase(const std::string& database, const std::function<void(Connection&)>& fill,
-                     Existing existing) {
+void MakeNewDatabase(const std::string& database, const std::function<void(Connection&)>& fill) {
   if (IsServer(database)) return FillServer(database, fill);
-  const bool replaces = existing == Existing::kReplace;
-  if (!replaces && HoldsSomething(database)) Refuse(database);
+  if (HoldsSomething(database)) Refuse(database);
   sqlite::PartialFile file(std::filesystem::weakly_canonical(std::filesystem::absolute(database)));
   fill(*OpenDatabase(file.Path(), OpenMode::kCreate));
-  if (replaces) return file.TakeName();
   if (!file.TakeFreeName() && !TakeEmptyFile(file, database)) Refuse(database);
 }
 

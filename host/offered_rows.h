@@ -10,7 +10,7 @@ namespace tarvoni::host {
 
 // The rows that a box for an argument offers.
 struct OfferedRows {
-  std::string label;      // what one of them is: "Auftrag"
+  std::string label;      // what one of them is: "A&uftrag"
   std::string statement;  // that gives them; it also tells lists apart
   std::vector<Choice> rows;
 };

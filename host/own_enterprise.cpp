@@ -10,6 +10,7 @@
 #include "host/demo/settings_rows.h"
 #include "host/demo/wage_scales.h"
 #include "host/demo/well_known.h"
+#include "host/new_database.h"
 #include "host/own_rows.h"
 #include "src/context/data/handler_scope.h"
 #include "src/context/values/call_error.h"
@@ -72,10 +73,10 @@ int FirstForestYear() {
   return demo::kAgreements.front().from.year;
 }
 
-void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& given, Existing existing) {
+void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& given) {
   Check(given);
   const OwnEnterprise enterprise = Completed(given);
-  const auto fill = [&](Connection& connection) {
+  MakeNewDatabase(database, [&](Connection& connection) {
     HandlerScope all_at_once(connection);
     MakeTables(connection);
     WriteSettings(connection, enterprise.forest_year);
@@ -85,8 +86,7 @@ void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& given, 
     WriteOwnForest(connection, enterprise);
     WriteOwnPersons(connection, enterprise);
     all_at_once.Finish();
-  };
-  MakeNewDatabase(database, fill, existing);
+  });
 }
 
 }  // namespace tarvoni::host

@@ -3,8 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "host/new_database.h"
-
 namespace tarvoni::host {
 
 // What a new enterprise of one's own begins with. No Screen makes these rows: what is not here cannot be chosen there.
@@ -27,9 +25,8 @@ int FirstForestYear();
 inline constexpr int kLastForestYear = 2099;
 
 // Makes a new database with one client, his cost centres, districts and forest locations, objects, payees and workers,
-// and the open months of the forest year with a journal for each worker. A CallError if a detail is missing, or if the
-// database is not empty and not to be replaced; all is as before then.
-void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& enterprise,
-                       Existing existing = Existing::kRefuse);
+// and the open months of the forest year with a journal for each worker. A CallError if the database is not empty or
+// a detail is missing.
+void MakeOwnEnterprise(const std::string& database, const OwnEnterprise& enterprise);
 
 }  // namespace tarvoni::host

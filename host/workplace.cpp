@@ -1,8 +1,12 @@
 #include "host/workplace.h"
 
+#include <utility>
+
 #include "host/open_database.h"
+#include "src/context/data/database_error.h"
 #include "src/context/data/password.h"
 #include "src/context/services/environment.h"
+#include "src/context/values/call_error.h"
 #include "src/context/values/field_text.h"
 #include "src/context/values/number_text.h"
 
@@ -18,10 +22,25 @@ std::string Shown(const Value& value) {
   return FieldText(value, "", CurrentLocale());
 }
 
+constexpr int kNoSuchTable = 208;  // a server's number
+
+void CheckIsOurs(Connection& connection, const std::string& database) {
+  try {
+    connection.Open("SELECT NUMBER_VALUE FROM OPTIONEN WHERE 1 = 0");
+    connection.Open("SELECT NUMMER FROM PERSONAL WHERE 1 = 0");
+  } catch (const DatabaseError& error) {
+    if (error.Number() != kNoSuchTable) throw;
+    throw CallError("„" + WithoutPassword(database) +
+                    "“ ist keine Datenbank von Tarvoni Lohn: Ihre Tabellen fehlen darin.");
+  }
+}
+
 }  // namespace
 
 void Workplace::Open(const std::string& database) {
-  record_.dbAdo = OpenDatabase(database);
+  auto connection = OpenDatabase(database);
+  CheckIsOurs(*connection, database);
+  record_.dbAdo = std::move(connection);
   record_.strConString = record_.dbAdo->ConnectionString();
   name_ = WithoutPassword(database);
 }

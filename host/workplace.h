@@ -27,7 +27,7 @@ struct Client {
 // operation.
 class Workplace {
  public:
-  // Closes what was open; a database that does not open leaves that open.
+  // Closes what was open. A database that does not open, or is none of ours (a CallError), leaves that open.
   void Open(const std::string& database);
   void Close();
   bool IsOpen() const { return record_.dbAdo != nullptr; }

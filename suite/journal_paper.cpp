@@ -1,6 +1,7 @@
 #include "suite/journal_paper.h"
 
 #include <map>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -154,8 +155,22 @@ Table WageTypesTable(const Month& month) {
   return table;
 }
 
+// Hours count though their order was cancelled; whoever checks the month must know of it.
+std::string CancelledOrders(const Month& month) {
+  std::set<std::string> orders;
+  for (const MonthLine& line : month.hours) {
+    if (line.cancelled) orders.insert(FieldText(line.wage_order, "", CurrentLocale()));
+  }
+  std::string told;
+  for (const std::string& order : orders) told += (told.empty() ? "" : ", ") + order;
+  return told;
+}
+
 std::vector<std::string> Remarks(const Month& month) {
   std::vector<std::string> remarks;
+  const std::string cancelled = CancelledOrders(month);
+  if (!cancelled.empty())
+    remarks.push_back("Enthalten sind Stunden auf stornierten Arbeitsaufträgen: " + cancelled + ".");
   int without_amount = 0;
   for (const MonthLine& line : month.own) without_amount += IsNull(line.amount) ? 1 : 0;
   if (without_amount > 0) {

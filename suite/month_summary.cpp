@@ -22,7 +22,7 @@ SELECT LOHNARTEN.NUMBER AS LOHNARTENNUMBER,LOHNARTEN.NAME AS LOHNARTENNAME,
   {} AS SATZ,
   {} AS WERT,
   ARBEITSAUFTRAG_KOPF.NAME AS ARBEITSAUFTRAG_KOPFNAME,ARA_KOPF.NAME AS ARA_KOPFNAME,
-  ARA_STUNDEN.VERLOHNUNG,
+  ARBEITSAUFTRAG.STORNODATUM,ARA_STUNDEN.VERLOHNUNG,
   {} AS WALDORT
 FROM STUNDENBUCH_HEADER
 INNER JOIN ARA_STUNDEN ON ARA_STUNDEN.ID_PERSONAL = STUNDENBUCH_HEADER.ID_PERSONAL
@@ -79,7 +79,8 @@ std::vector<MonthLine> OrderHours(const TvnVar_Dll& context, const JournalMonth&
                      .product_order = field["ARBEITSAUFTRAG_KOPFNAME"].Value(),
                      .wage_order = field["ARA_KOPFNAME"].Value(),
                      .day = field["VERLOHNUNG"].Value(),
-                     .location = field["WALDORT"].Value()});
+                     .location = field["WALDORT"].Value(),
+                     .cancelled = !IsNull(field["STORNODATUM"].Value())});
   }
   return lines;
 }

@@ -29,6 +29,7 @@ struct MonthLine {
   Value wage_order;
   Value day;  // of the wage; a month alone as text
   Value location;
+  bool cancelled = false;  // the wage order
 };
 
 // The worker's hours on wage orders of the client that were worked in the month (BEARBEITUNG), with rate and amount of

@@ -32,7 +32,7 @@ std::int32_t PersonPicker::PickPayee(const TvnVar_Dll& context, std::int32_t, co
   const auto pick = [&](std::int32_t client) {
     PickRequest request =
         ChoiceOf(Payees(context, type_key, client), "Zahlungsempfänger", kHiddenId, std::to_string(current));
-    if (client != 0) request.extra_button = "Alle Mandanten";
+    if (client != 0) request.extra_button = "&Alle Mandanten";
     const PickResult result = CurrentToolkit().PickPerson(request);
     return std::pair(request.rows, result);
   };

@@ -95,7 +95,12 @@ void ValueHelper::FilterKeyFormat(int& key, TextBox& box, const std::string& for
   FilterNumberKey(key, box, NumberMask::Of(format));
 }
 
-int ValueHelper::FilterDateKey(int key, TextBox&) {
+// What parts a date in other places becomes the point that parts it here: left out, it would leave another date.
+int ValueHelper::FilterDateKey(int key, TextBox& box) {
+  if (key == '/' || key == ' ') {
+    const std::string before = std::string(utf8::Substring(box.Text(), 0, box.SelStart()));
+    return before.empty() || before.ends_with('.') ? 0 : '.';
+  }
   const bool admitted =
       key < kFirstPrintable || (key >= '0' && key <= '9') || key == '.' || key == ',' || key == '-';
   return admitted ? key : 0;

@@ -1,14 +1,12 @@
 #include "host/desktop/argument_form.h"
 
 #include <QCheckBox>
-#include <QIntValidator>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSpinBox>
 #include <algorithm>
-#include <limits>
 
+#include "host/desktop/digits.h"
 #include "host/desktop/report.h"
 #include "platform/qt/public/text.h"
 
@@ -19,10 +17,9 @@ using qt::ToQt;
 
 namespace {
 
-constexpr int kChoiceWidth = 24;  // characters
+constexpr int kChoiceWidth = 30;  // characters
 
-constexpr const char* kNothing = "nichts vorhanden";
-constexpr int kHighestNumber = 999'999'999;
+constexpr int kDigitsOfNumber = 9;
 
 // A free one, behind those there are.
 std::int32_t NextNumber(const std::vector<Choice>& rows) {
@@ -59,11 +56,6 @@ QWidget* ArgumentForm::MakeWidget(const ArgumentField& field) {
     }
     case FieldKind::kRow:
       return MakeRowBox(field);
-    case FieldKind::kNumber: {
-      auto* const box = new QSpinBox(this);
-      box->setRange(0, std::numeric_limits<std::uint8_t>::max());
-      return box;
-    }
     case FieldKind::kPlans:
     case FieldKind::kNew:
       return MakeFlag(field);
@@ -75,7 +67,6 @@ QWidget* ArgumentForm::MakeWidget(const ArgumentField& field) {
 QWidget* ArgumentForm::MakeRowBox(const ArgumentField& field) {
   auto* const box = new QComboBox(this);
   box->setInsertPolicy(QComboBox::NoInsert);
-  box->setPlaceholderText(kNothing);
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(kChoiceWidth);
   connect(box, &QComboBox::currentTextChanged, this, [this] { heard_.changed(); });
@@ -134,10 +125,12 @@ void ArgumentForm::FillBox(const ArgumentField& field, QComboBox& box) {
   box.setEditable(field.free_number && new_number_);
   const std::vector<Choice> rows = workplace_.Choices(field.choices(scope_));
   if (box.isEditable()) {
-    box.lineEdit()->setValidator(new QIntValidator(1, kHighestNumber, box.lineEdit()));
+    TakeDigits(*box.lineEdit(), kDigitsOfNumber);
     box.setEditText(QString::number(NextNumber(rows)));
     return;
   }
+  const std::string where = UsesForestYear(field) ? "im Forstjahr " + scope_.forest_year + " " : "";
+  box.setPlaceholderText(ToQt(where + "nichts vorhanden"));
   if (!field.none.empty()) box.addItem(ToQt(field.none), 0);
   for (const Choice& row : rows) box.addItem(ToQt(row.text), row.id);
   ShowChosen(field, box);
@@ -165,8 +158,6 @@ std::string ArgumentForm::ValueOf(const Entry& entry) const {
       if (box->isEditable()) return FromQt(box->currentText());
       return box->currentIndex() < 0 ? std::string() : std::to_string(box->currentData().toInt());
     }
-    case FieldKind::kNumber:
-      return std::to_string(static_cast<const QSpinBox*>(entry.widget)->value());
     case FieldKind::kPlans:
     case FieldKind::kNew:
       return static_cast<const QCheckBox*>(entry.widget)->isChecked() ? "1" : "0";

@@ -23,7 +23,7 @@ CallPane::CallPane(const Workplace& workplace, Call call, std::function<void(boo
       open_(new QPushButton("Ö&ffnen")) {
   list_->setAccessibleName("Bildschirme");
   for (const Method& method : Methods()) list_->addItem(PlainCaption(method.title));
-  list_->setMinimumWidth(list_->sizeHintForColumn(0) + qt::CharactersWide(*list_, 3));
+  list_->setFixedWidth(list_->sizeHintForColumn(0) + qt::CharactersWide(*list_, 3));
   purpose_->setWordWrap(true);
   open_->setDefault(true);
   auto* const buttons = new QHBoxLayout;
@@ -44,8 +44,8 @@ CallPane::CallPane(const Workplace& workplace, Call call, std::function<void(boo
   left->addWidget(list_);
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
-  row->addLayout(left, 2);
-  row->addWidget(group_, 3);
+  row->addLayout(left);
+  row->addWidget(group_, 1);
   list_->setCurrentRow(0);
 }
 
@@ -95,7 +95,7 @@ QStringList CallPane::Watch(const std::function<void()>& call) {
   QStringList made;
   for (const OfferedRows& list : NewlyOffered(before, AllOffered(workplace_, scope_))) {
     chosen_[list.statement] = std::ranges::max(list.rows, {}, &Choice::id).id;
-    for (const Choice& row : list.rows) made << ToQt(list.label + " " + row.text);
+    for (const Choice& row : list.rows) made << PlainCaption(list.label) + " " + ToQt(row.text);
   }
   form_->ShowAfterCall();
   return made;

@@ -1,8 +1,10 @@
 #include "host/desktop/client_list.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <initializer_list>
 
 #include "platform/qt/public/text.h"
 
@@ -11,7 +13,7 @@ namespace tarvoni::host {
 using qt::ToQt;
 
 ClientList::ClientList(std::function<void()> chosen, std::function<void()> activated)
-    : filter_(new QLineEdit), list_(new QTreeWidget) {
+    : activated_(std::move(activated)), filter_(new QLineEdit), list_(new QTreeWidget) {
   list_->setHeaderLabels({"Nummer", "Mandant"});
   list_->setRootIsDecorated(false);
   list_->setUniformRowHeights(true);
@@ -22,8 +24,9 @@ ClientList::ClientList(std::function<void()> chosen, std::function<void()> activ
   filter_->setAccessibleName("Mandanten suchen");
   connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) { Filter(text); });
   connect(list_, &QTreeWidget::currentItemChanged, this, [chosen = std::move(chosen)] { chosen(); });
-  connect(list_, &QTreeWidget::itemActivated, this, [activated = std::move(activated)] { activated(); });
-  setFocusProxy(list_);
+  connect(list_, &QTreeWidget::itemActivated, this, [this] { activated_(); });
+  for (QWidget* const widget : std::initializer_list<QWidget*>{filter_, list_})
+    widget->installEventFilter(this);
 
   auto* const label = new QLabel("&Mandanten");
   label->setBuddy(list_);
@@ -48,6 +51,31 @@ void ClientList::Show(const std::vector<Client>& clients, std::int32_t current) 
   list_->setCurrentItem(start);
 }
 
+void ClientList::Search() {
+  filter_->setFocus();
+  filter_->selectAll();
+}
+
+bool ClientList::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  auto& key = static_cast<QKeyEvent&>(*event);
+  if (watched == list_) return SearchByKey(key);
+  if (key.key() == Qt::Key_Down) list_->setFocus();
+  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  if (enter && CurrentId() != 0) activated_();
+  return enter || key.key() == Qt::Key_Down;
+}
+
+// Whoever types letters in the list looks for a name.
+bool ClientList::SearchByKey(QKeyEvent& key) {
+  const bool letter = !key.text().isEmpty() && key.text()[0].isLetterOrNumber() &&
+                      (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+  if (!letter) return false;
+  filter_->setFocus();
+  filter_->setText(key.text());
+  return true;
+}
+
 std::int32_t ClientList::CurrentId() const {
   const QTreeWidgetItem* const item = list_->currentItem();
   return item ? item->data(0, Qt::UserRole).toInt() : 0;
@@ -59,11 +87,15 @@ QString ClientList::CurrentName() const {
 }
 
 void ClientList::Filter(const QString& text) {
+  QTreeWidgetItem* first = nullptr;
   for (int i = 0; i < list_->topLevelItemCount(); ++i) {
     QTreeWidgetItem* const item = list_->topLevelItem(i);
     const bool found = item->text(0).startsWith(text) || item->text(1).contains(text, Qt::CaseInsensitive);
     item->setHidden(!found);
+    if (found && !first) first = item;
   }
+  const QTreeWidgetItem* const current = list_->currentItem();
+  if (!current || current->isHidden()) list_->setCurrentItem(first);
 }
 
 }  // namespace tarvoni::host

@@ -1,10 +1,10 @@
 #include "host/desktop/demo_maker.h"
 
-#include <QFileDialog>
 #include <QProgressDialog>
 #include <stdexcept>
 
 #include "host/demo_database.h"
+#include "host/desktop/new_file.h"
 #include "host/desktop/report.h"
 #include "platform/qt/public/text.h"
 
@@ -18,8 +18,7 @@ struct Cancelled {};
 }  // namespace
 
 QString MakeDemoFile(QWidget* parent) {
-  const QString file = QFileDialog::getSaveFileName(parent, "Musterbetrieb anlegen", "musterbetrieb.db",
-                                                    "Datenbanken (*.db);;Alle Dateien (*)");
+  const QString file = ChooseNewFile(parent, "Musterbetrieb anlegen", "musterbetrieb");
   if (file.isEmpty()) return {};
   QProgressDialog progress("Der Musterbetrieb wird angelegt …", "&Abbrechen", 0, kSteps, parent);
   progress.setWindowTitle("Musterbetrieb");
@@ -31,8 +30,7 @@ QString MakeDemoFile(QWidget* parent) {
         progress.setValue(static_cast<int>(done * kSteps));
         if (progress.wasCanceled()) throw Cancelled();
       };
-      // The dialog has asked whether to replace the file.
-      MakeDemoDatabase(qt::FromQt(file), {.scale = 1, .progress = show}, Existing::kReplace);
+      MakeDemoDatabase(qt::FromQt(file), {.scale = 1, .progress = show});
     });
   } catch (const Cancelled&) {
     return {};

@@ -3,19 +3,19 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QRegularExpressionValidator>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <string>
 #include <vector>
 
+#include "host/desktop/digits.h"
+#include "host/desktop/new_file.h"
 #include "host/desktop/report.h"
 #include "host/own_enterprise.h"
 #include "platform/qt/public/look.h"
@@ -49,8 +49,7 @@ class EnterpriseDialog : public QDialog {
                              this)) {
     setWindowTitle("Eigenen Betrieb anlegen");
     number_->setObjectName("number");
-    number_->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QString("\\d{1,%1}").arg(kDigits)), number_));
+    TakeDigits(*number_, kDigits);
     name_->setObjectName("name");
     name_->setMaxLength(kNameLength);
     codes_->setChecked(true);
@@ -72,6 +71,7 @@ class EnterpriseDialog : public QDialog {
     auto* const spin = new QSpinBox(this);
     spin->setRange(lowest, highest);
     spin->setValue(value);
+    TellRefused(*spin->findChild<QLineEdit*>());
     return spin;
   }
 
@@ -144,12 +144,8 @@ class EnterpriseDialog : public QDialog {
   }
 
   bool MakeFile() {
-    const QString file = QFileDialog::getSaveFileName(this, "Datei des Betriebs", "betrieb.db",
-                                                      "Datenbanken (*.db);;Alle Dateien (*)");
-    if (file.isEmpty()) return false;
-    file_ = file;
-    // The dialog has asked whether to replace the file.
-    return Reported(this, [&] { MakeOwnEnterprise(qt::FromQt(file), Enterprise(), Existing::kReplace); });
+    file_ = ChooseNewFile(this, "Datei des Betriebs", "betrieb");
+    return !file_.isEmpty() && Reported(this, [this] { MakeOwnEnterprise(qt::FromQt(file_), Enterprise()); });
   }
 
   QLineEdit* name_;

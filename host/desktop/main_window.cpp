@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QIntValidator>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
@@ -13,6 +12,7 @@
 #include <QStatusBar>
 
 #include "host/desktop/demo_maker.h"
+#include "host/desktop/digits.h"
 #include "host/desktop/enterprise_dialog.h"
 #include "host/desktop/report.h"
 #include "host/desktop/server_dialog.h"
@@ -33,7 +33,7 @@ constexpr int kFirstHeight = 34;  // lines
 constexpr double kShareOfScreen = 0.9;
 constexpr int kClientWidth = 30;
 constexpr int kStatusTime = 15000;
-constexpr int kLastYear = 9999;
+constexpr int kDigitsOfYear = 4;
 
 }  // namespace
 
@@ -60,39 +60,57 @@ MainWindow::MainWindow()
 }
 
 QWidget* MainWindow::MakeWorkPage() {
-  clients_ = new ClientList([this] { ShowScope(); }, [this] { calls_->Open(); });
-  forest_year_ = new QLineEdit;
-  forest_year_->setObjectName("forest_year");
-  year_row_ = new QWidget;
-  forest_year_->setValidator(new QIntValidator(0, kLastYear, forest_year_));
-  connect(forest_year_, &QLineEdit::textChanged, this, [this] { ShowScope(); });
+  auto* const page = new QWidget;
+  auto* const splitter = new QSplitter;
+  splitter->addWidget(MakeScopeSide());
   calls_ = new CallPane(
       workplace_,
       [this](const Method& method, const Arguments::Values& arguments) { Call(method, arguments); },
       [this](bool used) { year_row_->setVisible(used); });
-
-  auto* const left = new QWidget;
-  left->setMinimumWidth(qt::CharactersWide(*this, kClientWidth));
-  auto* const column = new QVBoxLayout(left);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(clients_);
-  auto* const row = new QFormLayout(year_row_);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->addRow("Forst&jahr:", forest_year_);
-  column->addWidget(year_row_);
-
-  auto* const page = new QWidget;
-  auto* const splitter = new QSplitter;
-  splitter->addWidget(left);
   splitter->addWidget(calls_);
-  splitter->setStretchFactor(0, 2);
-  splitter->setStretchFactor(1, 5);
+  splitter->setStretchFactor(1, 1);
   splitter->setChildrenCollapsible(false);
   (new QVBoxLayout(page))->addWidget(splitter);
   return page;
 }
 
+QWidget* MainWindow::MakeScopeSide() {
+  clients_ = new ClientList([this] { ShowScope(); }, [this] { calls_->Open(); });
+  forest_year_ = new QLineEdit;
+  forest_year_->setObjectName("forest_year");
+  TakeDigits(*forest_year_, kDigitsOfYear);
+  connect(forest_year_, &QLineEdit::textChanged, this, [this] { ShowScope(); });
+  year_row_ = new QWidget;
+  auto* const row = new QFormLayout(year_row_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addRow("Forst&jahr:", forest_year_);
+
+  auto* const side = new QWidget;
+  side->setMinimumWidth(qt::CharactersWide(*this, kClientWidth));
+  auto* const column = new QVBoxLayout(side);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(clients_);
+  column->addWidget(year_row_);
+  return side;
+}
+
 void MainWindow::MakeMenus() {
+  MakeDatabaseMenu();
+  QMenu* const screens = menuBar()->addMenu("&Bildschirme");
+  for (const Method& method : Methods()) {
+    needs_database_ << screens->addAction(ToQt(method.title), this,
+                                          [this, &method] { calls_->Choose(method); });
+  }
+  QMenu* const extras = menuBar()->addMenu("&Extras");
+  needs_database_ << extras->addAction("&Mandanten suchen", QKeySequence::Find, this,
+                                       [this] { clients_->Search(); });
+  extras->addAction("&Einstellungen …", this, [this] { ChangeSettings(); });
+  QMenu* const help = menuBar()->addMenu("&Hilfe");
+  help->addAction("&Tasten", QKeySequence(Qt::Key_F1), this, [this] { ShowKeys(); });
+  help->addAction("Ü&ber Tarvoni Lohn", this, [this] { ShowAbout(); });
+}
+
+void MainWindow::MakeDatabaseMenu() {
   QMenu* const database = menuBar()->addMenu("&Datenbank");
   database->addAction("Ö&ffnen …", QKeySequence::Open, this, [this] { OpenFile(); });
   database->addAction("Mit &Server verbinden …", this, [this] { ConnectServer(); });
@@ -102,17 +120,6 @@ void MainWindow::MakeMenus() {
   needs_database_ << database->addAction("S&chließen", QKeySequence::Close, this, [this] { Close(); });
   database->addSeparator();
   database->addAction("&Beenden", QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); });
-
-  QMenu* const screens = menuBar()->addMenu("&Bildschirme");
-  for (const Method& method : Methods()) {
-    needs_database_ << screens->addAction(ToQt(method.title), this,
-                                          [this, &method] { calls_->Choose(method); });
-  }
-
-  menuBar()->addMenu("&Extras")->addAction("&Einstellungen …", this, [this] { ChangeSettings(); });
-  QMenu* const help = menuBar()->addMenu("&Hilfe");
-  help->addAction("&Tasten", QKeySequence(Qt::Key_F1), this, [this] { ShowKeys(); });
-  help->addAction("Ü&ber Tarvoni Lohn", this, [this] { ShowAbout(); });
 }
 
 void MainWindow::OpenFile() {
@@ -131,6 +138,7 @@ void MainWindow::ConnectServer() {
 void MainWindow::OpenMade(const QString& file) {
   if (file.isEmpty()) return;
   Open(file);
+  activateWindow();
   statusBar()->showMessage(
       "Angelegt: " + clients_->CurrentName().simplified() + ", Datei " + QFileInfo(file).fileName(),
       kStatusTime);
@@ -163,7 +171,7 @@ void MainWindow::ShowState() {
   for (QAction* const action : needs_database_) action->setEnabled(open);
   setWindowTitle(open ? ToQt(workplace_.Name()) + " – Tarvoni Lohn" : QString("Tarvoni Lohn"));
   ShowRecent();
-  if (!open) start_->setFocus();
+  if (!open) start_->FocusStart();
 }
 
 void MainWindow::ShowRecent() {
@@ -177,11 +185,12 @@ void MainWindow::ShowRecent() {
 }
 
 void MainWindow::ShowClients() {
+  clients_->Show({}, 0);
   Reported(this, [this] {
     UseSettings();
     forest_year_->setText(ToQt(workplace_.StandardForestYear()));
     clients_->Show(workplace_.Clients(), workplace_.StandardClient());
-    clients_->setFocus();
+    clients_->FocusList();
   });
 }
 
@@ -236,8 +245,10 @@ void MainWindow::ShowKeys() {
   QMessageBox::information(this, "Tasten",
                            "Eingabe: den gewählten Bildschirm öffnen\n"
                            "Alt+M: Mandanten, Alt+L: Bildschirme\n"
+                           "Strg+F oder Buchstaben in der Liste: Mandanten suchen\n"
                            "Strg+O: Datenbank öffnen\n"
                            "Strg+Q: beenden\n"
+                           "Alt und der unterstrichene Buchstabe: ein Feld daneben\n"
                            "F1: diese Übersicht; in jedem Bildschirm nennt sie dessen Tasten");
 }
 

@@ -31,7 +31,10 @@ class MainWindow : public QMainWindow {
   // A database is open now.
   void Opened(const QString& database);
   QWidget* MakeWorkPage();
+  // Clients and forest year: for whom and for when Screens are opened.
+  QWidget* MakeScopeSide();
   void MakeMenus();
+  void MakeDatabaseMenu();
   void OpenFile();
   void ConnectServer();
   // Opens a file that was made; "" is none.

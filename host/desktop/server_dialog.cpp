@@ -4,12 +4,12 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <optional>
 
+#include "host/desktop/digits.h"
 #include "host/desktop/settings.h"
 #include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
@@ -19,8 +19,8 @@ namespace tarvoni::host {
 namespace {
 
 constexpr int kFieldWidth = 40;  // characters
-constexpr int kFaultWidth = 60;
-constexpr int kHighestPort = 65'535;
+constexpr int kToldWidth = 60;
+constexpr int kDigitsOfPort = 5;
 
 // Drivers know braces only where a semicolon needs them.
 QString Braced(const QString& value) {
@@ -30,7 +30,7 @@ QString Braced(const QString& value) {
 class ServerDialog : public QDialog {
  public:
   ServerDialog(QWidget* parent, const std::function<void(const QString&)>& connect_to)
-      : QDialog(parent), connect_to_(connect_to), fault_(new QLabel(this)) {
+      : QDialog(parent), connect_to_(connect_to), told_(new QLabel(this)) {
     setWindowTitle("Mit einem Server verbinden");
     auto* const form = new QFormLayout(this);
     const ServerSettings last = ServerSettings::Load();
@@ -42,14 +42,14 @@ class ServerDialog : public QDialog {
     password_->setEchoMode(QLineEdit::Password);
     driver_ = AddField(*form, "&Treiber:", "driver", last.driver);
     port_ = AddField(*form, "P&ort:", "port", last.port);
-    port_->setValidator(new QIntValidator(1, kHighestPort, port_));
-    fault_->setObjectName("fault");
-    fault_->setTextFormat(Qt::PlainText);
-    fault_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    fault_->setWordWrap(true);
-    fault_->setMinimumWidth(fontMetrics().averageCharWidth() * kFaultWidth);
-    fault_->hide();
-    form->addRow(fault_);
+    TakeDigits(*port_, kDigitsOfPort);
+    told_->setObjectName("told");
+    told_->setTextFormat(Qt::PlainText);
+    told_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    told_->setWordWrap(true);
+    told_->setMinimumWidth(fontMetrics().averageCharWidth() * kToldWidth);
+    told_->hide();
+    form->addRow(told_);
     form->addRow(MakeButtons());
     if (!last.server.isEmpty()) password_->setFocus();
   }
@@ -90,6 +90,8 @@ class ServerDialog : public QDialog {
   // Tells why there is none.
   bool TryToConnect() {
     std::optional<QString> fault;
+    Tell("Die Verbindung wird aufgebaut …");
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);  // to be seen while it lasts
     QApplication::setOverrideCursor(Qt::WaitCursor);
     try {
       connect_to_(Connection());
@@ -114,10 +116,14 @@ class ServerDialog : public QDialog {
 
   // Tells the fault; the focus goes to the field that is wrong, if one is known.
   void Refuse(const QString& fault, QLineEdit* field = nullptr) {
-    fault_->setText(qt::ToQt(WithoutPassword(qt::FromQt(fault))));
-    fault_->show();
-    adjustSize();
+    Tell(qt::ToQt(WithoutPassword(qt::FromQt(fault))));
     if (field) field->setFocus();
+  }
+
+  void Tell(const QString& text) {
+    told_->setText(text);
+    told_->show();
+    adjustSize();
   }
 
   bool HasSemicolon() const {
@@ -143,7 +149,7 @@ class ServerDialog : public QDialog {
   }
 
   const std::function<void(const QString&)>& connect_to_;
-  QLabel* fault_;
+  QLabel* told_;
   QLineEdit* server_;
   QLineEdit* database_;
   QLineEdit* user_;

@@ -6,72 +6,98 @@
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "platform/qt/public/look.h"
 
 namespace tarvoni::host {
 namespace {
 
-// Shows texts for values.
-QComboBox* Choice(QWidget* parent, const std::vector<std::pair<QString, QString>>& items,
-                  const QString& value) {
-  auto* const box = new QComboBox(parent);
-  for (const auto& [text, data] : items) box->addItem(text, data);
-  box->setCurrentIndex(std::max(0, box->findData(value)));
-  return box;
-}
+constexpr int kFolderWidth = 40;  // characters
 
-// A folder's box with a button that lets the user choose one.
-QWidget* WithChoice(QLineEdit* directory) {
-  auto* const both = new QWidget(directory->parentWidget());
-  auto* const choose = new QPushButton("&Wählen …", both);
-  choose->setAutoDefault(false);
-  auto* const line = new QHBoxLayout(both);
-  line->setContentsMargins(0, 0, 0, 0);
-  line->addWidget(directory, 1);
-  line->addWidget(choose);
-  both->setFocusProxy(directory);
-  QObject::connect(choose, &QPushButton::clicked, both, [directory] {
-    const QString folder =
-        QFileDialog::getExistingDirectory(directory, "Arbeitsordner wählen", directory->text());
-    if (!folder.isEmpty()) directory->setText(folder);
-  });
-  return both;
-}
+class SettingsDialog : public QDialog {
+ public:
+  SettingsDialog(QWidget* parent, const Settings& settings)
+      : QDialog(parent),
+        locale_(Choice({{"mit Komma (1234,56)", "de"}, {"mit Punkt (1234.56)", "en"}}, settings.locale)),
+        date_format_(
+            Choice({{"'20240315'  (yyyymmdd)", "yyyymmdd"}, {"'2024-03-15'  (yyyy-mm-dd)", "yyyy-mm-dd"}},
+                   settings.date_format)),
+        currency_(new QLineEdit(settings.currency, this)),
+        folder_(new QLineEdit(settings.work_directory, this)),
+        choose_(new QPushButton("&Wählen …", this)) {
+    setWindowTitle("Einstellungen");
+    currency_->setMaxLength(3);
+    currency_->setToolTip("gilt, wo die Datenbank selbst keine nennt");
+    folder_->setMinimumWidth(qt::CharactersWide(*this, kFolderWidth));
+    choose_->setAutoDefault(false);
+    connect(choose_, &QPushButton::clicked, this, [this] { ChooseFolder(); });
+    LayOut();
+  }
+
+  Settings Chosen() const {
+    return {.locale = locale_->currentData().toString(),
+            .date_format = date_format_->currentData().toString(),
+            .currency = currency_->text().trimmed().toUpper(),
+            .work_directory = folder_->text().trimmed()};
+  }
+
+ private:
+  // Shows texts for values.
+  QComboBox* Choice(const std::vector<std::pair<QString, QString>>& items, const QString& value) {
+    auto* const box = new QComboBox(this);
+    for (const auto& [text, chosen] : items) box->addItem(text, chosen);
+    box->setCurrentIndex(std::max(0, box->findData(value)));
+    return box;
+  }
+
+  void LayOut() {
+    auto* const folder = new QHBoxLayout;
+    folder->addWidget(folder_, 1);
+    folder->addWidget(choose_);
+    auto* const folder_label = new QLabel("A&rbeitsordner:");
+    folder_label->setBuddy(folder_);
+    auto* const form = new QFormLayout(this);
+    form->addRow("&Zahlen:", locale_);
+    form->addRow("&Datum in Anweisungen:", date_format_);
+    form->addRow("&Landeswährung:", currency_);
+    form->addRow(folder_label, folder);
+    form->addRow(MakeButtons());
+  }
+
+  QDialogButtonBox* MakeButtons() {
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setText("&Übernehmen");
+    buttons->button(QDialogButtonBox::Cancel)->setText("&Abbrechen");
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    return buttons;
+  }
+
+  void ChooseFolder() {
+    const QString folder = QFileDialog::getExistingDirectory(this, "Arbeitsordner wählen", folder_->text());
+    if (!folder.isEmpty()) folder_->setText(folder);
+  }
+
+  // In the order of the keyboard.
+  QComboBox* locale_;
+  QComboBox* date_format_;
+  QLineEdit* currency_;
+  QLineEdit* folder_;
+  QPushButton* choose_;
+};
 
 }  // namespace
 
 bool EditSettings(QWidget* parent, Settings& settings) {
-  QDialog dialog(parent);
-  dialog.setWindowTitle("Einstellungen");
-  auto* const locale =
-      Choice(&dialog, {{"mit Komma (1234,56)", "de"}, {"mit Punkt (1234.56)", "en"}}, settings.locale);
-  auto* const date_format =
-      Choice(&dialog, {{"'20240315'  (yyyymmdd)", "yyyymmdd"}, {"'2024-03-15'  (yyyy-mm-dd)", "yyyy-mm-dd"}},
-             settings.date_format);
-  auto* const currency = new QLineEdit(settings.currency, &dialog);
-  currency->setMaxLength(3);
-  currency->setToolTip("gilt, wo die Datenbank selbst keine nennt");
-  auto* const directory = new QLineEdit(settings.work_directory, &dialog);
-  directory->setMinimumWidth(directory->fontMetrics().averageCharWidth() * 40);
-
-  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
-  buttons->button(QDialogButtonBox::Ok)->setText("&Übernehmen");
-  buttons->button(QDialogButtonBox::Cancel)->setText("&Abbrechen");
-  QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
-  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-
-  auto* const form = new QFormLayout(&dialog);
-  form->addRow("&Zahlen:", locale);
-  form->addRow("&Datum in Anweisungen:", date_format);
-  form->addRow("&Landeswährung:", currency);
-  form->addRow("A&rbeitsordner:", WithChoice(directory));
-  form->addRow(buttons);
+  SettingsDialog dialog(parent, settings);
   if (dialog.exec() != QDialog::Accepted) return false;
-  settings = {.locale = locale->currentData().toString(),
-              .date_format = date_format->currentData().toString(),
-              .currency = currency->text().trimmed().toUpper(),
-              .work_directory = directory->text().trimmed()};
+  settings = dialog.Chosen();
   return true;
 }
 

@@ -31,6 +31,10 @@ StartPage::StartPage(Actions actions) : actions_(std::move(actions)) {
   recent_label_ = Heading("Zuletzt geöffnet", 1.1);
   recent_ = new QListWidget;
   recent_->setAccessibleName("Zuletzt geöffnete Datenbanken");
+  // Kept in the layout while hidden, so that what stands above does not move.
+  QSizePolicy policy = recent_->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  recent_->setSizePolicy(policy);
   connect(recent_, &QListWidget::itemActivated, this,
           [this](const QListWidgetItem* item) { actions_.open(item->text()); });
 
@@ -64,12 +68,11 @@ void StartPage::ShowRecent(const QStringList& databases) {
   recent_->addItems(databases);
   if (!databases.isEmpty()) recent_->setCurrentRow(0);
   recent_label_->setVisible(!databases.isEmpty());
-  // Kept in the layout, so that what stands above does not move.
-  QSizePolicy policy = recent_->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  recent_->setSizePolicy(policy);
   recent_->setVisible(!databases.isEmpty());
-  setFocusProxy(databases.isEmpty() ? own_ : recent_);
+}
+
+void StartPage::FocusStart() {
+  (recent_->count() > 0 ? recent_ : own_)->setFocus();
 }
 
 }  // namespace tarvoni::host

@@ -20,6 +20,8 @@ class StartPage : public QWidget {
   explicit StartPage(Actions actions);
 
   void ShowRecent(const QStringList& databases);
+  // To the database opened last, else to what a new user needs.
+  void FocusStart();
 
  private:
   Actions actions_;

@@ -25,11 +25,12 @@ GridView::GridView(Grid& grid, FormWindow& window, QWidget* parent)
   view_->row_double_clicked = [this](int) {
     Window().Act([this](UserActions& user) { user.SecondClick(grid_); });
   };
-  view_->Pane().search_left = [this] {
-    const TablePane& pane = view_->Pane();
-    if (pane.ShownRow(grid_.Row(), 0) < 0) MoveTo(pane.ShownRow(-1, 1));
-    Window().Act([this](UserActions& user) { user.Focus(grid_); });
+  view_->Pane().current_hidden = [this] {
+    QWidget* const typed_in = Window().focusWidget();
+    MoveTo(view_->Pane().ShownRow(-1, 1));
+    if (typed_in) typed_in->setFocus();
   };
+  view_->Pane().search_left = [this] { Window().Act([this](UserActions& user) { user.Focus(grid_); }); };
   view_->head_clicked = [this](int column) {
     auto* const data_grid = dynamic_cast<DataGrid*>(&grid_);
     if (!data_grid) return;

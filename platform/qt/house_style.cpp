@@ -24,6 +24,21 @@ void DrawFocus(QPainter& painter, const QStyleOption& option) {
   painter.restore();
 }
 
+// On a dark ground the frame of a box to tick would be as dark as the ground.
+void DrawMarkFrame(QPainter& painter, const QStyleOption& option, bool round) {
+  constexpr float kFrame = 0.6F;
+  if (option.palette.color(QPalette::Base).lightness() > 127) return;
+  QColor frame = option.palette.color(QPalette::Text);
+  frame.setAlphaF(kFrame);
+  const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing, round);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(frame);
+  round ? painter.drawEllipse(box) : painter.drawRect(box);
+  painter.restore();
+}
+
 // Lists and long texts have the focus inside a frame that would not show it.
 bool IsFramed(const QWidget* widget) {
   return qobject_cast<const QAbstractItemView*>(widget) || qobject_cast<const QPlainTextEdit*>(widget);
@@ -39,6 +54,8 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
   if (element == PE_FrameFocusRect) return DrawFocus(*painter, *option);
   if (element == PE_IndicatorHeaderArrow) return DrawOrder(*option, *painter, widget);
   QProxyStyle::drawPrimitive(element, option, painter, widget);
+  const bool round = element == PE_IndicatorRadioButton;
+  if (round || element == PE_IndicatorCheckBox) DrawMarkFrame(*painter, *option, round);
   const bool framed = element == PE_Frame && IsFramed(widget);
   if (focus && (framed || element == PE_PanelButtonCommand)) DrawFocus(*painter, *option);
 }

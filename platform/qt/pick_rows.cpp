@@ -42,6 +42,8 @@ std::string HeadOf(const std::string& column) {
                                                             {"LANGNAME", "Bezeichnung"},
                                                             {"KURZBEZEICHNUNG", "Kurzbezeichnung"},
                                                             {"BEZEICHNUNG", "Bezeichnung"},
+                                                            {"FWJ", "FWJ"},
+                                                            {"TABLE_NAME", "Codesatz"},
                                                             {"EINHEIT", "Einheit"}};
   const std::string upper = utf8::Upper(column);
   if (const auto word = kWords.find(upper); word != kWords.end()) return word->second;

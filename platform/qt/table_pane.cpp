@@ -92,10 +92,7 @@ TablePane::TablePane(const TableSource& source, RowMark mark, QWidget* parent)
   search_->setClearButtonEnabled(true);
   search_->hide();
   search_->installEventFilter(this);
-  connect(search_, &QLineEdit::textChanged, this, [this] {
-    FilterRows();
-    ShowCount();
-  });
+  connect(search_, &QLineEdit::textChanged, this, [this] { Search(); });
   sum_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* line = new QHBoxLayout;
   line->addWidget(search_);
@@ -161,9 +158,7 @@ void TablePane::ShowCount() {
   const int rows = IsVoid() ? 0 : source_.RowCount();
   const QString all = rows == 1 ? QString("1 Zeile") : german.toString(rows) + " Zeilen";
   if (IsSearching()) {
-    int shown = 0;
-    for (int row = 0; row < rows; ++row) shown += table_->isRowHidden(row) ? 0 : 1;
-    count_->setText(german.toString(shown) + " von " + all);
+    count_->setText(german.toString(found_) + " von " + all);
   } else if (serves_screen_ && CurrentRow() >= 0 && rows > 1) {
     count_->setText("Zeile " + german.toString(CurrentRow() + 1) + " von " + german.toString(rows));
   } else {
@@ -184,18 +179,36 @@ bool TablePane::EndSearch() {
   return searched;
 }
 
+// Nobody works on a row unseen: where the search hides the current one, another becomes it, and where nothing
+// answers it stays. What is hidden counts in no sum.
+void TablePane::Search() {
+  FilterRows();
+  if (found_ > 0 && CurrentRow() >= 0 && table_->isRowHidden(CurrentRow()) && current_hidden)
+    current_hidden();
+  RevealCurrent();
+  ShowCount();
+  ShowSum();
+}
+
+void TablePane::RevealCurrent() {
+  if (CurrentRow() >= 0 && !IsVoid()) table_->setRowHidden(CurrentRow(), false);
+}
+
 void TablePane::FilterRows() {
   const SearchQuery query(FromQt(search_->text()));
   if (query.Empty() && !filtered_) return table_->setRowHidden(0, IsVoid());
   filtered_ = !query.Empty();
   const bool nothing = IsVoid();
+  found_ = 0;
   const std::vector<int> columns = VisibleColumns(source_);
   for (int row = 0; row < source_.RowCount(); ++row) {
     SearchRow cells;
     for (const int column : columns) {
       if (!query.Empty()) cells.Add(source_.TextAt(row, column));
     }
-    table_->setRowHidden(row, nothing || (!query.Empty() && query.FitOf(cells) == Fit::kNone));
+    const bool answers = !nothing && (query.Empty() || query.FitOf(cells) != Fit::kNone);
+    found_ += answers ? 1 : 0;
+    table_->setRowHidden(row, !answers);
   }
 }
 

@@ -35,6 +35,8 @@ class TablePane : public QWidget {
   void OpenSearch();
   // Hides the rows again that do not answer what is searched, after rows changed.
   void FilterRows();
+  // Shows the current row also if it does not answer what is searched.
+  void RevealCurrent();
   // The row `steps` shown rows away, or the last on the way; -1 if none is shown.
   int ShownRow(int from, int steps) const;
   bool IsSearching() const { return !search_->text().isEmpty(); }
@@ -63,11 +65,14 @@ class TablePane : public QWidget {
  public:
   // Called when the user is done with searching and goes back to the table.
   std::function<void()> search_left;
+  // Called when what the user searches hides the current row.
+  std::function<void()> current_hidden;
 
  private:
   void AddAction(const QString& text, const QKeySequence& keys, void (TablePane::*act)());
   void CopySelection() { Copy(); }
   void SelectAll() { table_->selectAll(); }
+  void Search();
   void ShowSum();
   // Without what a search hides.
   std::vector<CellRange> SelectedCells() const;
@@ -81,6 +86,7 @@ class TablePane : public QWidget {
   std::string title_;
   bool serves_screen_ = false;
   bool filtered_ = false;
+  int found_ = 0;  // rows that answer what is searched
 };
 
 }  // namespace tarvoni::qt

@@ -122,6 +122,7 @@ void TableView::ShowColumns() {
     Table()->setColumnHidden(column, !source_.ColumnAt(column).visible);
   ShowWidths();
   ShowRow();
+  columns_changed_ = true;
   MakeReadableSoon();
 }
 
@@ -140,6 +141,7 @@ void TableView::MakeReadableSoon() {
       [this] {
         const Raised showing(showing_);
         narrow_ = false;
+        if (std::exchange(columns_changed_, false)) FilterRows();
         ShowWidths();
         MakeReadable(*Table(), source_, drawn_);
       },
@@ -150,9 +152,15 @@ void TableView::ShowRows() {
   const Raised showing(showing_);
   if (source_.ReadNumbers()) pane_->Model().ColumnsChanged();
   pane_->Model().RowsChanged();
-  pane_->FilterRows();
-  pane_->ShowCount();
+  FilterRows();
   ShowOrder();
+}
+
+// Which rows are seen depends on the columns that are.
+void TableView::FilterRows() {
+  pane_->FilterRows();
+  pane_->RevealCurrent();
+  pane_->ShowCount();
 }
 
 // The arrow in the head of the column the user sorted by.
@@ -181,6 +189,7 @@ void TableView::ShowRow() {
   if (reported_row_ == pane_->CurrentRow()) return;
   if (reported_row_ < 0) return Table()->selectionModel()->clear();
   pane_->MakeCurrent(reported_row_);
+  pane_->RevealCurrent();
 }
 
 }  // namespace tarvoni::qt

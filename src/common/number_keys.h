@@ -10,7 +10,7 @@ namespace tarvoni {
 
 // NumericKeyFilter: digits, and one separator in a box with decimals.
 void PlainNumberKeys(TextBox& box, Entry entry);
-// KeyFilterOptions: a number of any size.
+// KeyFilterOptions: a number of any size. One that is left with more than two places is told.
 enum class Minus { kRefused, kAllowed };
 void NumberKeys(TextBox& box, Entry entry, Minus minus = Minus::kRefused);
 // TypedKeyFilter: what the column can hold; any other key is told.

@@ -3,6 +3,7 @@
 #include "src/common/amount.h"
 #include "src/common/box_chain.h"
 #include "src/common/column_writer.h"
+#include "src/common/month_fields.h"
 #include "src/common/number_keys.h"
 #include "src/context/data/database_error.h"
 #include "src/context/values/call_error.h"
@@ -83,6 +84,7 @@ void F_Maschinenbuch::ConnectFields() {
     ShowAsNumber(txtNutzungs);
     ShowDerived();
   };
+  txtAnschaffjahr.LostFocus = [this] { LeaveYear(txtAnschaffjahr); };
   txtAnschaffS.LostFocus = [this] { ShowSums(); };
   txtSteuerS.LostFocus = [this] { ShowSums(); };
 }
@@ -176,6 +178,8 @@ void F_Maschinenbuch::ShowDerived() {
 // --- saving ---
 
 void F_Maschinenbuch::Save() {
+  const Decimal most_years(9'999'999, 0);  // what its column holds
+  if (!Require(NumberOrZero(txtNutzungs) <= most_years, lblNutzungs, txtNutzungs)) return;
   Committed([this] {
     if (!bolNew) return WriteFields();
     MakeMachine();

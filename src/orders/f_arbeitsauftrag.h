@@ -105,6 +105,7 @@ class F_Arbeitsauftrag : public ArbeitsauftragSurface {
   void GradeGroupLeft();
   void OfferGradeGroups();
   void CalculateTotal();
+  void TotalLeft();
   void CalculateUnitCost();
   TextBox& Basis();
   std::function<std::int32_t()> OfClient() {
@@ -153,7 +154,8 @@ class F_Arbeitsauftrag : public ArbeitsauftragSurface {
   std::string productNumber_;  // what productId was found by
   std::int32_t activityId_ = 0;
   std::string headerName;
-  bool closed_ = false;  // as it was last read or written
+  std::string total_on_arrival_;  // what txtKosten showed when it got the focus
+  bool closed_ = false;           // as it was last read or written
   Guard undoing_click_;
   double euroFactor = 1.0;
   PositionWidths widths_;

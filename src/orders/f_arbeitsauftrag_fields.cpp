@@ -1,6 +1,7 @@
 #include "src/common/amount.h"
 #include "src/common/box_rules.h"
 #include "src/common/enter_order.h"
+#include "src/common/number_keys.h"
 #include "src/common/page_focus.h"
 #include "src/common/position_amounts.h"
 #include "src/common/timber_assignment.h"
@@ -53,17 +54,18 @@ void F_Arbeitsauftrag::ConnectAmounts() {
   for (TextBox* box : {&txtKosten, &txtStunden, &txtMAS}) AmountKeys(*box);
   for (TextBox* box : {&txtKostenE, &txtErlos, &txtStunden, &txtMAS})
     Rules(*box).Left([box] { FormatAmountBox(*box); });
-  txtKosten.Validate = [this](bool&) { CalculateUnitCost(); };
-  Rules(txtKosten).Left([this] { CalculateUnitCost(); });
+  txtKosten.GotFocus.Add(Turn::kOwn, [this] { total_on_arrival_ = txtKosten.Text(); });
+  txtKosten.Validate = [this](bool&) { TotalLeft(); };
+  Rules(txtKosten).Left([this] { TotalLeft(); });
   txtValuta.Click = [this] { lblValuta.SetCaption(txtValuta.Text()); };
 }
 
 // A number with decimals and a sign; with a column, one that the column's type takes.
 void F_Arbeitsauftrag::AmountKeys(TextBox& box, const std::string& column) {
-  box.SetTakes(Entry::kDecimal);
-  box.KeyPress.Add(Turn::kFilter, [this, &box, column](int& key) {
-    KeyFilterOptions(key, true, box, true);
-    if (key != 0 && !column.empty()) key = TypedKeyFilter(key, PositionTable(), column, Context());
+  NumberKeys(box, Entry::kDecimal, Minus::kAllowed);
+  if (column.empty()) return;
+  box.KeyPress.Add(Turn::kFilter, [this, column](int& key) {
+    if (key != 0) key = TypedKeyFilter(key, PositionTable(), column, Context());
   });
 }
 
@@ -226,6 +228,11 @@ TextBox& F_Arbeitsauftrag::Basis() {
 void F_Arbeitsauftrag::CalculateTotal() {
   if (const auto total = TotalCost(Basis().Text(), txtKostenE.Text())) txtKosten.SetText(*total);
   FormatAmountBox(txtKosten);
+}
+
+// Of unit cost and total the last one entered wins; a total that was only passed was not entered.
+void F_Arbeitsauftrag::TotalLeft() {
+  if (txtKosten.Text() != total_on_arrival_) CalculateUnitCost();
 }
 
 void F_Arbeitsauftrag::CalculateUnitCost() {

@@ -1,3 +1,4 @@
+#include "src/common/code_in_use.h"
 #include "src/common/currency_box.h"
 #include "src/orders/f_arbeitsauftrag.h"
 #include "src/orders/f_arbeitsauftrag_sql.h"
@@ -61,7 +62,7 @@ void F_Arbeitsauftrag::ShowCodes(const CurrentRow& row) {
 void F_Arbeitsauftrag::ShowCostType(const std::string& number) {
   kostenart_.Clear();
   if (number.empty()) return;
-  const Recordset found = Open(sql::FindCostType(idPersonal, number));
+  const Recordset found = Open(CodeInUse("ID,NAME", "KOSTENART", number, idPersonal));
   if (found.EndOfFile()) return;
   const CurrentRow row(found);
   txtKostenartN.SetText(number);

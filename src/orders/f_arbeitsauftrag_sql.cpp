@@ -221,15 +221,6 @@ HAVING COUNT(*) = 1)",
                  Id(client), Id(activity));
 }
 
-SqlText FindCostType(std::int32_t client, std::string_view number) {
-  return Compose(R"(
-SELECT ID,NAME
-FROM KOSTENART
-WHERE (DISABLE = 0 OR DISABLE IS NULL) AND NUMBER = '{}'
-  AND TABLE_NAME IN (SELECT KOSTENART FROM PERSONAL WHERE ID_PERSONAL = {}))",
-                 Quoted(number), Id(client));
-}
-
 SqlText Species() {
   return "SELECT DISTINCT HA , HA_LANG FROM HOLZART ";
 }

@@ -56,8 +56,6 @@ SqlText FindProduct(std::int32_t client, std::string_view number);
 SqlText WorkTypesOf(std::int32_t product);  // a condition on LEISTUNGSART
 // The only method that is open for a work type; no row if there are none or several.
 SqlText OnlyMethod(std::int32_t client, std::int32_t activity);
-// ID and NAME of a cost type of the client that is not disabled.
-SqlText FindCostType(std::int32_t client, std::string_view number);
 SqlText Species();
 SqlText FindSpecies(std::string_view code);
 SqlText SpeciesCode(std::int32_t id);

@@ -2,6 +2,7 @@
 
 #include "src/common/box_rules.h"
 #include "src/common/messages.h"
+#include "src/common/month_fields.h"
 #include "src/common/view_switch.h"
 #include "src/context/values/clock.h"
 #include "src/context/values/field_text.h"
@@ -88,7 +89,7 @@ void F_PA_Gruppe::ConnectFields() {
   ConnectCode(produkt_);
   ConnectCode(kategorie_);
   kategorie_.Changed = [this] { CategoryChanged(); };
-  Rules(txtFWJ).Number("###0", "0000");
+  Rules(txtFWJ).Number("###0", "0000").Left([this] { LeaveYear(txtFWJ); });
   Rules(txtPA_Nummer).Number("###0", "0000");
 }
 

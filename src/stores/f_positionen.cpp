@@ -36,8 +36,9 @@ F_Positionen::F_Positionen()
   dataGrid_KLR.SetStruck("STATUS", "S");
   positions_.Connect([this] { ShowPosition(); }, [this] { return PositionColumns(); }, &btnBearbeiten);
   withdrawals_.Connect([this] { ShowWithdrawal(); }, [this] { return WithdrawalColumns(); });
-  DataGrid1.GotFocus = [this] { GiveKeysTo(Panel::kPosition); };
-  dataGrid_KLR.GotFocus = [this] { GiveKeysTo(Panel::kWithdrawal); };
+  dataGrid_KLR.KeyDown = [this](int key, int) {
+    if (key == kKeyInsert && btnNeu[1].Enabled()) btnNeu[1].Press();  // a new one of the list with the focus
+  };
   ConnectBoxes(*this, NextOpenBoxOnEnter(*this));
   ConnectFields();
   ConnectCodes();
@@ -72,7 +73,7 @@ void F_Positionen::ConnectFields() {
   }
   for (TextBox* box : {&txtKostenE, &txtMenge}) {
     box->GotFocus.Add(Turn::kOwn, [this, box] { on_arrival_ = box->Text(); });
-    box->LostFocus = [this, box] { CostPartLeft(*box); };
+    box->LostFocus.Add(Turn::kOwn, [this, box] { CostPartLeft(*box); });
   }
   txtKosten.Validate = [this](bool&) { TotalLeft(); };
   Rules(txtMenge_KLR).Number(kQuantityKeys);
@@ -186,23 +187,7 @@ void F_Positionen::ShowWithdrawal() {
 
 // --- view and edit ---
 
-// The keys that mean the same on every Screen mean the panel in which the user is.
-void F_Positionen::GiveKeysTo(Panel panel) {
-  const auto give = [](Button& button, Command command, bool to_it) {
-    button.SetDoes(to_it ? command : Command::kNone);
-  };
-  const bool goods = panel == Panel::kPosition;
-  for (const int i : {0, 1}) {
-    give(btnNeu[i], Command::kNew, (i == 0) == goods);
-    give(btnSpeichern[i], Command::kSave, (i == 0) == goods);
-    give(btnAbbrechen[i], Command::kCancel, (i == 0) == goods);
-  }
-  give(btnBearbeiten, Command::kEdit, goods);
-  give(btnLoschen, Command::kDelete, goods);
-}
-
 void F_Positionen::SetPanelState(Panel panel, bool view) {
-  if (!view) GiveKeysTo(panel);
   ViewSwitch(
       {&DataGrid1, &dataGrid_KLR, &btnNeu[0], &btnNeu[1], &btnBearbeiten, &btnLoschen, &cmdSet, &btnOk}, {})
       .Set(view);

@@ -47,7 +47,6 @@ class F_Positionen : public Screen {
   std::vector<ShownColumn> WithdrawalColumns() const;
   void ShowPosition();
   void ShowWithdrawal();
-  void GiveKeysTo(Panel panel);
   void SetPanelState(Panel panel, bool view);
 
   // --- cost and stock ---

@@ -120,12 +120,7 @@ void F_Belege_New::ShowVoucher(std::int32_t position) {
   ShowHeader(row);
   voucherCancelled = row.Flag("STORNO");
   stockPositionId = row.Number("POS_ID");
-  NameSubject(row.IsNull("ID") ? "" : "Beleg " + txtBelegNr.Text());
   LoadRows(vouchers_.CurrentId(), position);
-}
-
-void F_Belege_New::NameSubject(const std::string& voucher) {
-  SetSubject("Forstbetrieb " + client_number_ + (voucher.empty() ? "" : ", " + voucher));
 }
 
 void F_Belege_New::ShowHeader(const CurrentRow& row) {
@@ -268,8 +263,24 @@ void F_Belege_New::ShowRest() {
 
 // --- states ---
 
+// On the second page it is the row that is cancelled, and what is entered there is always a new one.
+void F_Belege_New::NameSubject() {
+  const CurrentRow voucher = vouchers_.Row(), row = rows_.Row();
+  std::string subject = "Forstbetrieb " + client_number_;
+  if (isNewVoucher)
+    subject += ", neuer Beleg";
+  else if (!voucher.IsNull("ID"))
+    subject += ", Beleg " + voucher.Text("NUMMER");
+  if (SSTab1.Tab() == 1 && !view_)
+    subject += ", neue Zeile";
+  else if (SSTab1.Tab() == 1 && !row.IsNull("ID"))
+    subject += ", Position " + row.Text("ORDERS");
+  SetSubject(subject);
+}
+
 void F_Belege_New::SetViewState(bool view) {
   view_ = view;
+  NameSubject();
   for (const int tab : {0, 1}) SSTab1.SetTabEnabled(tab, tab == SSTab1.Tab() || !IsNewEntry());
   if (ReadOnly()) return SetReadOnly();
   const bool on_voucher = SSTab1.Tab() == 0;

@@ -48,7 +48,7 @@ class F_Belege_New : public Screen {
   std::vector<ShownColumn> RowColumns() const;
   void LoadVouchers(std::int32_t voucher, std::int32_t position = 0);
   void ShowVoucher(std::int32_t position);
-  void NameSubject(const std::string& voucher);
+  void NameSubject();
   void ShowHeader(const CurrentRow& row);
   void LoadRows(std::int32_t voucher, std::int32_t position);
   void ShowRow();

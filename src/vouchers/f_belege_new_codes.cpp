@@ -1,4 +1,5 @@
 #include "src/common/box_rules.h"
+#include "src/common/code_in_use.h"
 #include "src/common/contracts.h"
 #include "src/common/enter_order.h"
 #include "src/common/number_keys.h"
@@ -85,7 +86,7 @@ Client F_Belege_New::OfClient() {
 // A code of the client's set that is in use.
 CodeField::Rule F_Belege_New::BudgetRule(const Label& label, const std::string& table) {
   const auto find = [this, table](const std::string& typed) {
-    const Recordset rows = Screen::Open(sql::FindCode(table, typed, idPersonal));
+    const Recordset rows = Screen::Open(CodeInUse("ID,NAME", table, typed, idPersonal));
     if (rows.EndOfFile()) return CodeField::Found{};
     return CodeField::Found{.id = ToLong(rows.Fields()["ID"].Value()),
                             .name = ToText(rows.Fields()["NAME"].Value())};

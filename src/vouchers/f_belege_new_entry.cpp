@@ -33,10 +33,7 @@ void F_Belege_New::StartNew() {
   }
   btnNeu.SetTag("YES");
   SetViewState(false);
-  if (isNewVoucher) {
-    NameSubject("neuer Beleg");
-    CurrentToolkit().Tell(kNeedsRow);
-  }
+  if (isNewVoucher) CurrentToolkit().Tell(kNeedsRow);
   SafeSetFocus(on_voucher ? txtDatumBeleg : txtKostenstelleN);
 }
 

@@ -1,3 +1,4 @@
+#include "src/common/code_in_use.h"
 #include "src/common/currency_box.h"
 #include "src/vouchers/f_belege_new.h"
 #include "src/vouchers/f_belege_new_sql.h"
@@ -46,7 +47,7 @@ sql::Header F_Belege_New::TypedHeader() const {
 
 // Asked again: a code that was disabled since it was typed is none.
 std::int32_t F_Belege_New::CodeNow(const std::string& table, const TextBox& box) const {
-  return box.Empty() ? 0 : ReadNumber(sql::CodeId(table, box.Text(), idPersonal));
+  return box.Empty() ? 0 : ReadNumber(CodeInUse("ID", table, box.Text(), idPersonal));
 }
 
 bool F_Belege_New::NumberIsFree() {

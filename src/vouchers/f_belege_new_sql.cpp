@@ -29,16 +29,6 @@ ORDER BY 1,2,3,4)",
                  Quoted(local_currency), of_rows);
 }
 
-SqlText CodeOfClient(const SqlText& columns, std::string_view table, std::string_view typed,
-                     std::int32_t client) {
-  return Compose(R"(
-SELECT {}
-FROM {}
-WHERE (DISABLE = 0 OR DISABLE IS NULL) and NUMBER = '{}'
-  AND TABLE_NAME IN (SELECT {} FROM PERSONAL WHERE ID_PERSONAL = {}))",
-                 columns, Name(table), Quoted(typed), Name(table), Id(client));
-}
-
 // What is no number is 0.
 SqlText Amount(std::string_view typed) {
   return IsNumeric(typed, CurrentLocale()) ? Number(typed) : SqlText("0");
@@ -60,14 +50,6 @@ SELECT NUMBER, NAME
 FROM {}
 WHERE (DISABLE = 0 OR DISABLE IS NULL) and TABLE_NAME IN (SELECT {} FROM PERSONAL WHERE ID_PERSONAL = {}))",
                  Name(table), Name(table), Id(client));
-}
-
-SqlText FindCode(std::string_view table, std::string_view typed, std::int32_t client) {
-  return CodeOfClient("ID,NAME", table, typed, client);
-}
-
-SqlText CodeId(std::string_view table, std::string_view typed, std::int32_t client) {
-  return CodeOfClient("ID", table, typed, client);
 }
 
 SqlText UpdateVoucher(std::int32_t voucher, const Header& header, std::string_view sql_date_format) {

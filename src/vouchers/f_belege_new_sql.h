@@ -18,10 +18,8 @@ namespace tarvoni::voucher_sql {
 SqlText VouchersOfClient(std::int32_t client, std::string_view local_currency);
 SqlText VouchersOfPosition(std::int32_t position, std::string_view local_currency);
 
-// The codes of a table in the client's set; `typed` names one.
+// The codes of a table in the client's set.
 SqlText CodesOf(std::string_view table, std::int32_t client);
-SqlText FindCode(std::string_view table, std::string_view typed, std::int32_t client);
-SqlText CodeId(std::string_view table, std::string_view typed, std::int32_t client);
 
 struct Header {
   std::string number;

@@ -123,9 +123,11 @@ void F_Arbeitnehmer::ShowCurrentRow() {
   row.Show("PROZENTSATZ", txtProzentsatz, kAmount);
   txtGesamtbetrag.SetText(Amount());  // a row without a rate has no SATZ
   curStundenId = row.Number("ID");
-  SetSubject(curStundenId == 0 ? ""
-                               : txtPersonalnummer[0].Text() + " " + txtPersonalnummer[1].Text() + ", " +
-                                     txtVerlohnungs[1].Text() + "." + txtVerlohnungs[3].Text());
+  SetSubject(curStundenId == 0
+                 ? ""
+                 : txtPersonalnummer[0].Text() + " " + txtPersonalnummer[1].Text() + ", " +
+                       txtVerlohnungs[0].Text() + "." + txtVerlohnungs[1].Text() + "." +
+                       txtVerlohnungs[3].Text() + ", " + lblLohnart.Caption() + " " + txtLohnart[0].Text());
   SetViewState(true);
 }
 
@@ -152,14 +154,20 @@ void F_Arbeitnehmer::PriceAgain() {
   txtLohnart[0].LostFocus();
 }
 
-// Another worker has another rate; the month in which he is paid stays as it stands.
+// Another worker has another rate; the month in which he is paid stays as it stands, which is told where it is not the
+// one that follows from day and wage type.
 void F_Arbeitnehmer::PriceForWorker() {
   const std::string month = txtAuszahlungsmonat[1].Text(), year = txtAuszahlungsmonat[3].Text();
   PriceAgain();
   if (month.empty()) return;
+  const std::string follows = txtAuszahlungsmonat[1].Text() + "." + txtAuszahlungsmonat[3].Text();
   txtAuszahlungsmonat[1].SetText(month);
   txtAuszahlungsmonat[3].SetText(year);
   paying_month_.LeaveMonth();
+  if (follows == month + "." + year) return;
+  CurrentToolkit().ShowRefusal(txtAuszahlungsmonat[1], lblAuszahlungsmonat.Caption() + " bleibt " + month +
+                                                           "." + year + "; aus Tag und Lohnart folgt " +
+                                                           follows + ".");
 }
 
 void F_Arbeitnehmer::WageTypeLeft() {

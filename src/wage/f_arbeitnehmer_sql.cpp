@@ -3,6 +3,7 @@
 #include "src/context/data/statement.h"
 #include "src/context/rules/hour_amount.h"
 #include "src/context/rules/wage_rules.h"
+#include "src/wage/wage_type_lists.h"
 
 namespace tarvoni::arbeitnehmer_sql {
 namespace {
@@ -87,19 +88,11 @@ WHERE ARA_KOPF.ID = {})",
 }
 
 SqlText WageTypes(std::int32_t order) {
-  return Compose(R"(
-SELECT NUMBER AS NUMMER,NAME AS LONG
-{}
-ORDER BY LOHNARTEN.NUMBER)",
-                 Allowed(order));
+  return WageTypesOffered(Allowed(order));
 }
 
 SqlText FindWageType(std::int32_t order, std::string_view typed) {
-  return Compose(R"(
-SELECT ID,NUMBER,NAME
-{}
-  AND NUMBER = 0{})",
-                 Allowed(order), Digits(typed));
+  return WageTypeTyped(Allowed(order), typed);
 }
 
 SqlText DirectWageType(std::int32_t order) {

@@ -65,7 +65,7 @@ void F_Bruttolohn::Run(const TvnVar_Dll& tvnvar, std::int32_t Id_StundenBuch) {
 
 void F_Bruttolohn::ConnectFields() {
   ConnectBoxes(*this, TabOnEnter(*this));
-  Rules(txtFWJ).Number("0000");
+  Rules(txtFWJ).Number("0000").Left([this] { LeaveYear(txtFWJ); });
   Rules(txtVerlohnungs[1]).Number("00").Month(pay_month_).Left([this] { DayLeft(); });
   Rules(txtVerlohnungs[3]).Number("0000").Left([this] {
     LeaveYear(txtVerlohnungs[3]);
@@ -137,7 +137,9 @@ void F_Bruttolohn::ShowCurrentRow() {
   row.ShowCode("OBJEKTID", "OBJEKTNUMBER", "OBJEKTNAME", txtObjekt);
   curProduktId = row.Number("PRODUKT_ID");
   curLineId = row.Number("ID");
-  SetSubject(Worker() + (curLineId == 0 ? "" : ", Tag " + txtTag.Text()));
+  SetSubject(Worker() + (curLineId == 0 ? ""
+                                        : ", Tag " + txtTag.Text() + ", " + lblLohnart.Caption() + " " +
+                                              txtLohnart[0].Text()));
   SetViewState(true);
 }
 

@@ -1,6 +1,7 @@
 #include "src/wage/f_bruttolohn_sql.h"
 
 #include "src/context/data/statement.h"
+#include "src/wage/wage_type_lists.h"
 
 namespace tarvoni::bruttolohn_sql {
 namespace {
@@ -17,19 +18,11 @@ WHERE ISNULL(DISABLE,0) = 0
 }  // namespace
 
 SqlText WageTypes(std::string_view client) {
-  return Compose(R"(
-SELECT NUMBER AS NUMMER,NAME AS LONG
-{}
-ORDER BY LOHNARTEN.NUMBER)",
-                 Offered(client));
+  return WageTypesOffered(Offered(client));
 }
 
 SqlText FindWageType(std::string_view client, std::string_view typed) {
-  return Compose(R"(
-SELECT ID,NUMBER,NAME
-{}
-  AND NUMBER = 0{})",
-                 Offered(client), Digits(typed));
+  return WageTypeTyped(Offered(client), typed);
 }
 
 SqlText InsertLine(std::int32_t header) {

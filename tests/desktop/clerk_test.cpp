@@ -1,8 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QFileInfo>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <fstream>
 
 #include "host/demo_database.h"
 #include "host/desktop/main_window.h"
@@ -106,6 +108,8 @@ TEST(Clerk, ComesFromTheEmptyFirstPageToAnOrderOfHisOwn) {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
   QSettings("Tarvoni", "Lohn").clear();
   const QString file = folder.filePath("hof.db");
+  const QString taken = folder.filePath("alt.db");
+  std::ofstream(taken.toStdString()) << "a year's work";
   Clock::Set({.year = 2024, .month = 3, .day = 15});
   MainWindow window;
   window.show();
@@ -120,9 +124,12 @@ TEST(Clerk, ComesFromTheEmptyFirstPageToAnOrderOfHisOwn) {
       .Key(Qt::Key_Return)
       .AwaitWindow(file_choice);
   clerk.Key(Qt::Key_Escape).AwaitWindow(details);  // no file yet: what was typed is still there
-  clerk.Key(Qt::Key_Return).AwaitWindow(file_choice).Do([&file] {
-    qobject_cast<QLineEdit*>(QApplication::focusWidget())->setText(file);
-  });
+  const auto type_file = [](const QString& name) {
+    return [name] { qobject_cast<QLineEdit*>(QApplication::focusWidget())->setText(name); };
+  };
+  clerk.Key(Qt::Key_Return).AwaitWindow(file_choice).Do(type_file(taken));
+  clerk.Key(Qt::Key_Return).AwaitWindow("Tarvoni Lohn").Key(Qt::Key_Return);  // it is told to be there
+  clerk.AwaitWindow(file_choice).Do(type_file(file));
   clerk.Key(Qt::Key_Return).AwaitWindow("hof.db");
   clerk.Key(Qt::Key_Return).AwaitWindow("Arbeitsaufträge");  // the client, and with him the orders
   clerk.Key(Qt::Key_Insert).Type("\nZL\n\n1000\n\n\n\n").Type("Erste Arbeit\t");
@@ -139,6 +146,7 @@ TEST(Clerk, ComesFromTheEmptyFirstPageToAnOrderOfHisOwn) {
   // 15,5 hours at 12,99, the lowest wage group.
   EXPECT_THAT(Rows(*OpenDatabase(file.toStdString()), "SELECT NAME, GESAMNT, BESCHREIBUNG FROM ARA_KOPF"),
               ElementsAre("100020240001 201.35 Erste Arbeit"));
+  EXPECT_EQ(QFileInfo(taken).size(), 13) << "what is there is never replaced";
 }
 
 }  // namespace

@@ -25,6 +25,7 @@
 
 #include "host/demo_database.h"
 #include "host/desktop/server_dialog.h"
+#include "host/desktop/settings_dialog.h"
 #include "host/open_database.h"
 #include "host/own_enterprise.h"
 #include "platform/qt/public/look.h"
@@ -118,6 +119,9 @@ class Desktop : public ::testing::Test {
       heads.insert(head.toStdString());
     }
   }
+
+  // For a test that closes its dialogs by itself, though events go on while one is open.
+  void CloseNothing() { watch_.stop(); }
 
   QStringList opened_;                     // what opened and was closed, boxes with their text
   std::function<void(QWidget&)> look_at_;  // each window before it is closed
@@ -287,6 +291,60 @@ TEST_F(Desktop, TellsWhyADatabaseDoesNotOpenAndKeepsTheOneBefore) {
   EXPECT_EQ(window.windowTitle(), "Tarvoni Lohn");
 }
 
+TEST_F(Desktop, TakesNoDatabaseThatIsNotOurs) {
+  MainWindow window;
+  window.show();
+  window.Open(DemoFile());
+  const QString empty = DemoFile() + ".fremd";
+  OpenDatabase(empty.toStdString(), OpenMode::kCreate)->Execute("CREATE TABLE FREMD (A INT)");
+  window.Open(empty);
+  ASSERT_EQ(opened_.size(), 1);
+  EXPECT_TRUE(opened_[0].contains("keine Datenbank von Tarvoni Lohn")) << qPrintable(opened_[0]);
+  EXPECT_TRUE(window.windowTitle().contains("demo.db –")) << qPrintable(window.windowTitle());
+  EXPECT_EQ(Named<QTreeWidget>(window, "Mandanten")->topLevelItemCount(), 3);
+  EXPECT_FALSE(RecentDatabases().contains(empty));
+  Open(window, 2);
+  EXPECT_EQ(opened_.size(), 2) << "the one before answers";
+}
+
+TEST_F(Desktop, FindsAClientByWhatIsTyped) {
+  MainWindow window;
+  window.show();
+  window.activateWindow();
+  window.Open(DemoFile());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const auto type = [](const char* keys) { QTest::keyClicks(QApplication::focusWidget(), keys); };
+  const auto current = [&] { return Named<QTreeWidget>(window, "Mandanten")->currentItem()->text(0); };
+  type("auen");
+  EXPECT_EQ(current(), "2020");
+  QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+  type("203");
+  EXPECT_EQ(current(), "2030");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_THAT(opened_, ElementsAre(testing::Property(&QString::toStdString, testing::HasSubstr("2030"))));
+}
+
+TEST_F(Desktop, TabGoesRoundAllBoxes) {
+  MainWindow window;
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const auto round = [] {
+    QWidget* const first = QApplication::focusWidget();
+    QStringList stops;
+    do {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      const auto* const button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+      stops << (button ? button->text() : QApplication::focusWidget()->accessibleName());
+    } while (QApplication::focusWidget() != first && stops.size() < 10);
+    return stops.join(", ").toStdString();
+  };
+  EXPECT_EQ(round(),
+            "&Musterbetrieb anlegen, Datenbank &öffnen, Mit &Server verbinden, Ei&genen Betrieb anlegen");
+  window.Open(DemoFile());
+  EXPECT_EQ(round(), "Bildschirme, Ö&ffnen, Mandanten suchen, Mandanten");
+}
+
 TEST_F(Desktop, ShowsTheErrorThatAMethodReturns) {
   const QString file = DemoFile() + ".kaputt";
   std::filesystem::copy(DemoFile().toStdString(), file.toStdString());
@@ -326,13 +384,14 @@ TEST_F(Desktop, NoScreenScrollsSidewaysOnASmallScaledScreen) {
   EXPECT_EQ(opened_.size(), 11) << opened_.join('\n').toStdString();
 }
 
-// A head is a word, told whole in a table that has just opened.
+// On a laptop's screen a head is a word, told whole in a table that has just opened.
 TEST_F(Desktop, HeadsOfTablesAreWholeWords) {
   MainWindow window;
   window.show();
   window.Open(DemoFile());
   std::set<std::string> heads;
   look_at_ = [&](QWidget& screen) {
+    screen.resize(1340, 700);
     EachPage(screen, [&] {
       for (const auto* const table : screen.findChildren<QTableView*>()) {
         if (table->isVisible()) LookAtHeads(*table, screen.windowTitle().toStdString(), heads);
@@ -373,6 +432,7 @@ TEST_F(Desktop, AnEnterpriseOfOnesOwnTakesOrdersAtOnce) {
 }
 
 TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
+  CloseNothing();
   MainWindow window;
   std::vector<std::string> tried;
   QTimer::singleShot(0, &window, [&] {
@@ -386,13 +446,14 @@ TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
     static_cast<QDialog&>(dialog).accept();
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_TRUE(
-        dialog.findChild<QLabel*>("fault")->text().startsWith("Die Verbindung zum Server „db1“ ist nicht"));
-    EXPECT_TRUE(dialog.findChild<QLabel*>("fault")->text().endsWith("\n\nEinzelheiten: login failed"));
+        dialog.findChild<QLabel*>("told")->text().startsWith("Die Verbindung zum Server „db1“ ist nicht"));
+    EXPECT_TRUE(dialog.findChild<QLabel*>("told")->text().endsWith("\n\nEinzelheiten: login failed"));
     EXPECT_EQ(field("password")->text(), "ge;heim");
     static_cast<QDialog&>(dialog).accept();
   });
   ConnectToServer(&window, [&](const QString& server) {
     tried.push_back(server.toStdString());
+    EXPECT_EQ(window.findChild<QLabel*>("told")->text(), "Die Verbindung wird aufgebaut …");
     if (tried.size() == 1) throw CallError("Sie lässt sich nicht öffnen. Meldung: login failed");
   });
   EXPECT_EQ(tried, std::vector<std::string>(
@@ -402,6 +463,7 @@ TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
 
 // Who gives up has failed at one field, seldom at all of them.
 TEST_F(Desktop, ServerDialogRemembersAllButThePasswordWhenTheUserGivesUp) {
+  CloseNothing();
   MainWindow window;
   const auto give_up = [](const QString& password) {
     auto& dialog = *QApplication::activeModalWidget();
@@ -413,7 +475,7 @@ TEST_F(Desktop, ServerDialogRemembersAllButThePasswordWhenTheUserGivesUp) {
     static_cast<QDialog&>(dialog).accept();
     EXPECT_EQ(field("server")->text(), "db1");
     EXPECT_EQ(dialog.focusWidget(), field("driver"));
-    const QString fault = dialog.findChild<QLabel*>("fault")->text();
+    const QString fault = dialog.findChild<QLabel*>("told")->text();
     EXPECT_TRUE(fault.startsWith("Der Treiber „FreeTDS“ ist auf diesem Rechner nicht installiert."))
         << qPrintable(fault);
     dialog.close();
@@ -428,6 +490,24 @@ TEST_F(Desktop, ServerDialogRemembersAllButThePasswordWhenTheUserGivesUp) {
     EXPECT_FALSE(store.value(key).toString().contains("geheim")) << qPrintable(key);
 }
 
+TEST_F(Desktop, TabGoesThroughTheSettingsInTheirOrder) {
+  MainWindow window;
+  QStringList stops;
+  QTimer::singleShot(0, &window, [&] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    for (QWidget* at = dialog->nextInFocusChain(); at != dialog; at = at->nextInFocusChain()) {
+      if ((at->focusPolicy() & Qt::TabFocus) == 0) continue;
+      const auto* const button = qobject_cast<QPushButton*>(at);
+      const auto* const edit = qobject_cast<QLineEdit*>(at);
+      if (button || edit) stops << (button ? button->text() : edit->text());
+    }
+    static_cast<QDialog*>(dialog)->reject();
+  });
+  Settings settings{.work_directory = "/tmp"};
+  EXPECT_FALSE(EditSettings(&window, settings));
+  EXPECT_THAT(stops, ElementsAre("ATS", "/tmp", "&Wählen …", "&Übernehmen", "&Abbrechen"));
+}
+
 TEST_F(Desktop, ServerDialogTakesNoSecondPassword) {
   MainWindow window;
   QTimer::singleShot(0, &window, [&] {
@@ -435,7 +515,7 @@ TEST_F(Desktop, ServerDialogTakesNoSecondPassword) {
     dialog.findChild<QLineEdit*>("server")->setText("db1;PWD=Fichte");
     dialog.findChild<QLineEdit*>("database")->setText("lohn");
     static_cast<QDialog&>(dialog).accept();
-    EXPECT_TRUE(dialog.findChild<QLabel*>("fault")->text().contains("Strichpunkt"));
+    EXPECT_TRUE(dialog.findChild<QLabel*>("told")->text().contains("Strichpunkt"));
     static_cast<QDialog&>(dialog).reject();
   });
   ConnectToServer(&window, [&](const QString&) { FAIL(); });
@@ -444,8 +524,9 @@ TEST_F(Desktop, ServerDialogTakesNoSecondPassword) {
 
 // Neither in what the windows show nor in what is kept for the next time, whether a text opens or not.
 TEST_F(Desktop, ShowsAndRemembersNoPassword) {
-  const std::string driver =
-      "odbc:Driver=" SQLITE_ODBC_DRIVER ";Database=" + DemoFile().toStdString() + ".leer";
+  const std::string file = DemoFile().toStdString() + ".leer";
+  std::filesystem::copy(DemoFile().toStdString(), file);
+  const std::string driver = "odbc:Driver=" SQLITE_ODBC_DRIVER ";Database=" + file;
   std::vector<std::string> texts = passwords::ConnectionTexts();
   for (const std::string& attribute : passwords::Attributes()) texts.push_back(driver + ";" + attribute);
   MainWindow window;

@@ -256,6 +256,15 @@ TEST_F(Actions, ARefusedKeyKeepsWhatANumberMeans) {
   user.Key(kKeyDelete);
   user.Tab();
   EXPECT_TRUE(form.txtB.HasFocus());
+  form.txtA.SetText("");
+  user.Focus(form.txtA);
+  user.Type("7");
+  user.Key(kKeySpace);
+  EXPECT_EQ(toolkit.LastTold(), "Ein Leerzeichen passt nicht in dieses Feld. Weiter mit Rücktaste oder Esc.");
+  user.Type("5");
+  EXPECT_EQ(form.txtA.Text(), "7");
+  user.Key(kKeyEscape);
+  user.Focus(form.txtB);
   AdmitNumbers(form.txtB, Entry::kWhole);
   form.btnAbbrechen.SetDoes(Command::kCancel);
   user.Type("x");
@@ -355,6 +364,9 @@ TEST_F(Actions, LookupKeysRaiseTheCtrlCode) {
   user.Key(kKeyCtrl, 2);
   user.Key(kKeyF4);
   EXPECT_THAT(keys, ElementsAre(17, 17, kKeyF4, 17));
+  Replace(form.txtA.KeyDown, [&](int, int) { form.txtA.SetText("10024"); });
+  user.Lookup();
+  EXPECT_EQ(form.txtA.SelLength(), 5) << "what is typed then takes its place";
 }
 
 TEST_F(Actions, MnemonicsPressButtons) {
@@ -437,6 +449,7 @@ TEST_F(Editing, KeysPressTheButtonsOfTheirCommands) {
   form.SetSubject("Auftrag 1");
   user.Key('S', 2);
   EXPECT_THAT(form.log, IsEmpty()) << "nothing is edited";
+  EXPECT_EQ(toolkit.LastTold(), "„Schließen“ ist hier nicht möglich.");
   Edit(true);
   EXPECT_FALSE(user.Close());
   EXPECT_EQ(toolkit.LastTold(), "Bitte speichern oder abbrechen.");
@@ -466,6 +479,23 @@ TEST_F(Actions, ASaveIsToldAlsoWhereNothingIsCancelled) {
   EXPECT_EQ(toolkit.LastTold(), "Gespeichert: Zeile 1.");
   user.Click(form.btnAbbrechen);
   EXPECT_EQ(toolkit.LastTold(), "") << "something else was done since";
+}
+
+// Such a Screen has fields and a save, but no states.
+TEST_F(Actions, ClosingAsksWhereNothingCanBeCancelled) {
+  UserActions& user = Open();
+  form.btnOk.SetDoes(Command::kSave);
+  form.btnAbbrechen.SetDoes(Command::kClose);
+  toolkit.answer = kAnswerNo;
+  user.Type("x");
+  user.Key(kKeyEscape);
+  EXPECT_FALSE(user.Close());
+  EXPECT_THAT(toolkit.prompts, ElementsAre("Die Eingaben verwerfen?", "Die Eingaben verwerfen?"));
+  EXPECT_EQ(toolkit.styles.back() & kBoxSecondIsDefault, kBoxSecondIsDefault);
+  Replace(form.btnOk.Click, [] {});
+  user.Click(form.btnOk);
+  EXPECT_TRUE(user.Close()) << "all is saved";
+  EXPECT_EQ(toolkit.prompts.size(), 2U);
 }
 
 TEST_F(Actions, ErrorEndsItsHandlerAndIsShownOnce) {

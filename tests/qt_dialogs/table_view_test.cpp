@@ -160,12 +160,22 @@ TEST_F(TableViewTest, CopiesWhatIsChosen) {
 }
 
 TEST_F(TableViewTest, SearchHidesTheRowsThatDoNotAnswer) {
-  const TablePane& pane = view_->Pane();
+  TablePane& pane = view_->Pane();
+  pane.current_hidden = [&] {
+    grid_.SetRow(pane.ShownRow(-1, 1));
+    view_->ShowRow();
+  };
   QTest::keyClick(&Table(), Qt::Key_F, Qt::ControlModifier);
   auto& search = *view_->findChild<QLineEdit*>("search");
   ASSERT_TRUE(search.isVisible());
   const int all = Table().model()->rowCount();
+  Table().selectionModel()->select({Table().model()->index(1, 0), Table().model()->index(4, 2)},
+                                   QItemSelectionModel::ClearAndSelect);
+  QCoreApplication::processEvents();
+  const auto& sum = *view_->findChild<QLabel*>("sum");
+  ASSERT_EQ(sum.text(), "Summe 30,00 (4 Zahlen)");
   QTest::keyClicks(&search, Table().model()->index(4, 0).data().toString());
+  EXPECT_EQ(sum.text(), "") << "of what is seen";
   QTest::keyClick(&search, Qt::Key_X, Qt::AltModifier);
   EXPECT_FALSE(Table().isRowHidden(4)) << "a letter with Alt is no text";
   EXPECT_TRUE(Table().isRowHidden(3));
@@ -178,7 +188,7 @@ TEST_F(TableViewTest, SearchHidesTheRowsThatDoNotAnswer) {
   EXPECT_EQ(QApplication::clipboard()->text(), "Nr.\tStunden\r\n4\t7,50\r\n")
       << "what is hidden is not chosen";
   QCoreApplication::processEvents();
-  EXPECT_EQ(view_->findChild<QLabel*>("sum")->text(), "");
+  EXPECT_EQ(sum.text(), "");
   QTest::keyClick(&search, Qt::Key_Escape);
   EXPECT_FALSE(search.isVisible());
   EXPECT_FALSE(Table().isRowHidden(3));
@@ -189,7 +199,17 @@ TEST_F(TableViewTest, ARowOfNothingIsNone) {
   grid_.AddItem({" ", "", ""});
   view_->ShowRows();
   EXPECT_TRUE(Table().isRowHidden(0));
-  EXPECT_EQ(view_->findChild<QLabel*>("count")->text(), "0 Zeilen");
+  const auto& count = *view_->findChild<QLabel*>("count");
+  EXPECT_EQ(count.text(), "0 Zeilen");
+  grid_.SetTextMatrix(1, 1, "9");
+  grid_.Columns()[1].SetVisible(true);
+  view_->ShowRows();
+  EXPECT_EQ(count.text(), "1 Zeile");
+  grid_.Columns()[1].SetVisible(false);
+  view_->ShowColumns();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(Table().isRowHidden(0)) << "nothing stands in what is seen";
+  EXPECT_EQ(count.text(), "0 Zeilen");
 }
 
 TEST(GridSourceTest, NumbersWithoutAFormatStandEvenly) {

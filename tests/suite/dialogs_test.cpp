@@ -304,7 +304,7 @@ TEST_F(Payees, FurtherButtonOffersThoseOfEveryClient) {
   EXPECT_EQ(Pick(1, 0), 3);
   EXPECT_TRUE(chosen);
   EXPECT_THAT(ColumnOf(list.asked.at(1), 1), ElementsAre("701", "702", "703"));
-  EXPECT_EQ(list.asked.at(0).extra_button, "Alle Mandanten");
+  EXPECT_EQ(list.asked.at(0).extra_button, "&Alle Mandanten");
   EXPECT_EQ(list.asked.at(1).extra_button, "");
 }
 

@@ -108,6 +108,13 @@ TEST_F(KeyFilters, OptionsAllowSeparatorAndMinus) {
 
 TEST_F(KeyFilters, DateTakesWhatADateHolds) {
   EXPECT_EQ(Filtered("|", "5,.-/x", [&](int& key) { key = values.FilterDateKey(key, form.box); }), "5,.-");
+  form.box.SetText("5");
+  form.box.Select(1, 0);
+  EXPECT_EQ(values.FilterDateKey('/', form.box), '.') << "5/3/24 is no 5324";
+  EXPECT_EQ(values.FilterDateKey(' ', form.box), '.');
+  form.box.SetText("5.");
+  form.box.Select(2, 0);
+  EXPECT_EQ(values.FilterDateKey(' ', form.box), 0);
 }
 
 TEST_F(KeyFilters, ControlCharactersPassInAFullBox) {

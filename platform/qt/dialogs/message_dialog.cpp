@@ -98,7 +98,7 @@ class Input : public QDialog {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(label);
     layout->addWidget(text_);
-    layout->addLayout(MakeButtons(*this, "OK").line);
+    layout->addLayout(MakeButtons(*this, "&OK").line);
   }
   std::string Text() const { return FromQt(text_->text()); }
 

@@ -12,25 +12,23 @@
 namespace tarvoni::qt {
 namespace {
 
-// All that the list knows of its current row, two fields beside each other; what a narrow column cuts off stands
-// here in full.
+// All that the list knows of its current row, a line for each field; what a narrow column cuts off stands here in full.
 class PersonCard : public QGroupBox {
  public:
   explicit PersonCard(PickDialog& dialog) : QGroupBox("Gewählte Person", &dialog), dialog_(dialog) {
     setObjectName("person");
     auto* grid = new QGridLayout(this);
-    constexpr int kAcross = 2;
     for (int i = 0; i < dialog_.Rows().ColumnCount(); ++i) {
       auto* caption = new QLabel(ToQt(dialog_.Rows().ColumnAt(i).caption) + ":", this);
       auto* text = new QLabel(this);
       text->setTextFormat(Qt::PlainText);
       text->setTextInteractionFlags(Qt::TextSelectableByMouse);
       text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-      grid->addWidget(caption, i / kAcross, 2 * (i % kAcross));
-      grid->addWidget(text, i / kAcross, 2 * (i % kAcross) + 1);
+      grid->addWidget(caption, i, 0);
+      grid->addWidget(text, i, 1);
       texts_.push_back(text);
     }
-    for (int i = 0; i < kAcross; ++i) grid->setColumnStretch(2 * i + 1, 1);
+    grid->setColumnStretch(1, 1);
     const auto* chosen = dialog_.List().Table()->selectionModel();
     connect(chosen, &QItemSelectionModel::currentRowChanged, this, [this] { ShowPerson(); });
     connect(&dialog_.List().Model(), &QAbstractItemModel::modelReset, this, [this] { ShowPerson(); });

@@ -42,14 +42,16 @@ class TableView : public QWidget {
   void Report(int row);
   void ReportIfMoved();
   void ShowOrder();
+  void FilterRows();
   void ShowWidths();
   void MakeReadableSoon();
 
   Grid& grid_;
   GridSource source_;
   TablePane* pane_;
-  bool showing_ = false;   // the grid speaks, not the user
-  bool narrow_ = false;    // columns may still be too narrow to be read
+  bool showing_ = false;  // the grid speaks, not the user
+  bool narrow_ = false;   // columns may still be too narrow to be read
+  bool columns_changed_ = false;
   std::set<int> drawn_;    // columns whose width the user set
   bool pressing_ = false;  // the mouse is held down
   int reported_row_ = -1;

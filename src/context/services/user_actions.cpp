@@ -280,14 +280,6 @@ void UserActions::ResizeColumn(Grid& grid, int column, int twips) {
   Act([&] { grid.Columns()[column].SetWidth(twips); });
 }
 
-bool UserActions::Close() {
-  Act([this] {
-    const bool asked = Handle([this] { form_.Unload(); });
-    if (asked && form_.IsLoaded()) toolkit_.Tell("Bitte speichern oder abbrechen.");
-  });
-  return !form_.IsLoaded();
-}
-
 void UserActions::RunTimers() {
   const std::vector<Control*> controls = form_.Controls();
   for (Control* control : controls) {

@@ -54,8 +54,8 @@ class UserActions : private FormHost {
   void StopWaiting() { refused_ = {}; }
   // Opens the lookup of the active control: Ctrl released alone, F4, or the button in the field.
   void Lookup();
-  // Whether the key is one that the Screen as a whole answers now: the key of an open button, F1, or Ctrl with Tab or
-  // a page key where there are tabs.
+  // Whether the key is one that the Screen as a whole answers: the key of a button, which is told if the button is
+  // closed, F1, or Ctrl with Tab or a page key where there are tabs.
   bool IsCommand(int key, int shift) const;
   // Presses the button, or turns to the tab, with this letter. False if there is none.
   bool Mnemonic(char32_t letter);
@@ -83,7 +83,8 @@ class UserActions : private FormHost {
   void ClickHead(DataGrid& grid, int column);
   void ResizeColumn(Grid& grid, int column, int twips);
 
-  // The window's close button, or Escape where nothing is being edited. False on a veto.
+  // The window's close button, or Escape where nothing is being edited. Where nothing can be cancelled it asks before
+  // anything typed is lost. False on a veto.
   bool Close();
   // Raises Elapsed of each running timer once. The toolkits call it when the time has come.
   void RunTimers();
@@ -111,10 +112,17 @@ class UserActions : private FormHost {
   void PressButton(Button& button);
   // The open button of a command; null if there is none.
   Button* ButtonFor(Command command) const;
+  // The same, or else one that is closed.
+  Button* ShownButtonFor(Command command) const;
+  // Whether the Screen has a button of the command, in whatever state.
+  bool Offers(Command command) const;
   TabControl* OpenTabs() const;
   void DoCommand(int key, int shift);
   void StepTab(int step);
   void Cancel();
+  // Asks before anything typed is lost.
+  bool MayDiscard();
+  bool LosesByClosing() const;
   void ShowKeys();
 
   void OpenLookup(Control& control);
@@ -151,7 +159,7 @@ class UserActions : private FormHost {
   Refused refused_;
   bool acting_ = false;   // inside Act
   bool leaving_ = false;  // between Validate and GotFocus
-  bool typed_ = false;    // the user entered something since the edit began
+  bool typed_ = false;    // the user entered something since the edit began or the last save
   int edits_ended_ = 0;
   std::string ended_subject_;      // what the Screen stood on then
   Control* redirected_ = nullptr;  // where a handler sent the focus meanwhile

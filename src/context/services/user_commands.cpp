@@ -52,11 +52,26 @@ std::string KeyName(Command command) {
 }
 
 Button* UserActions::ButtonFor(Command command) const {
+  Button* const button = ShownButtonFor(command);
+  return button && button->IsEnabled() ? button : nullptr;
+}
+
+Button* UserActions::ShownButtonFor(Command command) const {
+  Button* found = nullptr;
   for (Control* control : form_.Controls()) {
     auto* const button = dynamic_cast<Button*>(control);
-    if (button && button->Does() == command && button->IsEnabled() && button->IsVisible()) return button;
+    if (!button || button->Does() != command || !button->IsVisible()) continue;
+    if (button->IsEnabled()) return button;
+    if (!found) found = button;
   }
-  return nullptr;
+  return found;
+}
+
+bool UserActions::Offers(Command command) const {
+  return std::ranges::any_of(form_.Controls(), [command](const Control* control) {
+    const auto* const button = dynamic_cast<const Button*>(control);
+    return button && button->Does() == command;
+  });
 }
 
 // The tabs around the active control, else the first there are.
@@ -78,13 +93,20 @@ bool UserActions::IsCommand(int key, int shift) const {
   if (key == kKeyF1) return true;
   if (TabStep(key, shift) != 0) return OpenTabs() != nullptr;
   const auto command = CommandOf(key, shift);
-  return command && ButtonFor(*command);
+  if (!command || !ShownButtonFor(*command)) return false;
+  // In a box Ctrl+Del erases as long as there is nothing to delete.
+  const bool erases = *command == Command::kDelete && dynamic_cast<const TextBox*>(form_.ActiveControl());
+  return ButtonFor(*command) || !erases;
 }
 
 void UserActions::DoCommand(int key, int shift) {
   if (key == kKeyF1) return ShowKeys();
   if (const int step = TabStep(key, shift)) return StepTab(step);
-  if (const auto command = CommandOf(key, shift)) Click(*ButtonFor(*command));
+  const auto command = CommandOf(key, shift);
+  if (!command) return;
+  Button& button = *ShownButtonFor(*command);
+  if (button.IsEnabled()) return Click(button);
+  toolkit_.Tell("„" + Plain(button.Caption()) + "“ ist hier nicht möglich.");
 }
 
 // To the next tab that can be chosen, round the end.
@@ -105,10 +127,29 @@ void UserActions::Cancel() {
     Close();
     return;
   }
-  const int style = kBoxYesNo + kBoxQuestion + kBoxSecondIsDefault;
-  if (typed_ && toolkit_.MessageBox("Die Eingaben verwerfen?", style, form_.Caption()) != kAnswerYes) return;
+  if (!MayDiscard()) return;
   form_.SetActiveControl(cancel);
   Click(*cancel);
+}
+
+bool UserActions::MayDiscard() {
+  const int style = kBoxYesNo + kBoxQuestion + kBoxSecondIsDefault;
+  return !typed_ || toolkit_.MessageBox("Die Eingaben verwerfen?", style, form_.Caption()) == kAnswerYes;
+}
+
+// A Screen with states refuses to close while it edits.
+bool UserActions::LosesByClosing() const {
+  const bool has_states = Offers(Command::kCancel) && Offers(Command::kClose);
+  return typed_ && Offers(Command::kSave) && !has_states;
+}
+
+bool UserActions::Close() {
+  Act([this] {
+    if (LosesByClosing() && !MayDiscard()) return;
+    const bool asked = Handle([this] { form_.Unload(); });
+    if (asked && form_.IsLoaded()) toolkit_.Tell("Bitte speichern oder abbrechen.");
+  });
+  return !form_.IsLoaded();
 }
 
 void UserActions::Entered() {
@@ -122,12 +163,10 @@ void UserActions::PressButton(Button& button) {
   button.Does() == Command::kNone ? Entered() : toolkit_.Tell("");
   const int ended = edits_ended_, told = toolkit_.MessageBoxes();
   const bool done = Handle([&] { button.Press(); }) && toolkit_.MessageBoxes() == told;
-  const bool edits = std::ranges::any_of(form_.Controls(), [](const Control* control) {
-    const auto* const other = dynamic_cast<const Button*>(control);
-    return other && other->Does() == Command::kCancel;
-  });
+  const bool edits = Offers(Command::kCancel);
   const bool saves = button.Does() == Command::kSave || button.Does() == Command::kSaveAndNew;
   if (!saves || !form_.IsLoaded() || (edits ? edits_ended_ == ended : !done)) return;
+  if (!edits) typed_ = false;
   const std::string& saved = ButtonFor(Command::kCancel) ? ended_subject_ : form_.Subject();
   toolkit_.Tell(saved.empty() ? "Gespeichert." : "Gespeichert: " + saved + ".");
 }

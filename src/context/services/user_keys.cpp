@@ -67,6 +67,12 @@ std::u32string Pasted(std::string_view text, bool multi_line) {
   return pasted;
 }
 
+std::string Refusal(std::u32string_view characters) {
+  std::string typed;
+  for (const char32_t character : characters) utf8::Append(typed, character);
+  return (typed == " " ? "Ein Leerzeichen" : "„" + typed + "“") + " passt nicht in dieses Feld.";
+}
+
 // The beginning of a text, for a sentence about it.
 std::string Shortened(std::string_view text) {
   constexpr int kShown = 30;
@@ -93,10 +99,13 @@ void UserActions::Lookup() {
 
 // What a lookup brings counts as typed.
 void UserActions::OpenLookup(Control& control) {
-  const auto* const box = dynamic_cast<const TextBox*>(&control);
+  auto* const box = dynamic_cast<TextBox*>(&control);
   const std::string before = box ? box->Text() : "";
   Handle([&] { control.KeyDown(kKeyCtrl, kCtrl); });
-  if (box && box->Text() != before) Entered();
+  if (!box) return;
+  if (box->Text() != before) Entered();
+  // What is typed then takes its place.
+  if (box->HasFocus() && !box->Locked() && !box->MultiLine()) box->SelectAll();
 }
 
 void UserActions::PressKey(int key, int shift) {
@@ -104,6 +113,10 @@ void UserActions::PressKey(int key, int shift) {
   if (!active) {
     if (key == kKeyEscape) Cancel();
     if (IsCommand(key, shift)) DoCommand(key, shift);
+    return;
+  }
+  if (key == kKeySpace && (shift & kCtrl) == 0 && TakesText(*active)) {
+    TypeCharacter(U' ');
     return;
   }
   if (Corrects(key)) return;
@@ -181,11 +194,8 @@ bool UserActions::TypeCharacter(char32_t character) {
 void UserActions::RefuseCharacter(Control& control, char32_t character) {
   if (!form_.IsLoaded() || form_.ActiveControl() != &control) return;
   auto* const box = dynamic_cast<TextBox*>(&control);
-  std::string typed;
-  if (!box || box->Locked() || box->Takes() == Entry::kText) {
-    utf8::Append(typed, character);
-    return toolkit_.ShowRefusal(control, "Das Zeichen „" + typed + "“ passt nicht in dieses Feld.");
-  }
+  if (!box || box->Locked() || box->Takes() == Entry::kText)
+    return toolkit_.ShowRefusal(control, Refusal(std::u32string(1, character)));
   if (!WaitingBox())
     refused_ = {.box = box,
                 .text = box->Text(),
@@ -205,10 +215,7 @@ const TextBox* UserActions::WaitingBox() const {
 
 bool UserActions::HoldsOff() {
   if (!WaitingBox()) return false;
-  std::string typed;
-  for (const char32_t character : refused_.characters) utf8::Append(typed, character);
-  toolkit_.ShowRefusal(*refused_.box,
-                       "„" + typed + "“ passt nicht in dieses Feld. Weiter mit Rücktaste oder Esc.");
+  toolkit_.ShowRefusal(*refused_.box, Refusal(refused_.characters) + " Weiter mit Rücktaste oder Esc.");
   return true;
 }
 
