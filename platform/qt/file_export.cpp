@@ -11,6 +11,7 @@
 #include "platform/qt/public/text.h"
 #include "platform/qt/table_text.h"
 #include "platform/qt/xlsx_file.h"
+#include "src/context/services/environment.h"
 #include "src/context/services/toolkit.h"
 
 namespace tarvoni::qt {
@@ -87,7 +88,13 @@ std::optional<std::filesystem::path> AskSaveFile(QWidget* parent, const std::str
 void ExportTable(QWidget* parent, const TableSource& table, const std::string& title, FileKind kind) {
   const Kind shown = KindOf(kind);
   const auto file = AskSaveFile(parent, shown.caption, title, shown.filter, shown.suffix);
-  if (file) RunExport(parent, [&] { WriteTableFile(table, kind, *file); });
+  if (!file) return;
+  RunExport(parent, [&] {
+    WriteTableFile(table, kind, *file);
+    const int rows = table.RowCount();
+    CurrentToolkit().Tell(std::to_string(rows) + (rows == 1 ? " Zeile" : " Zeilen") + " in „" +
+                          file->string() + "“ gespeichert.");
+  });
 }
 
 void RunExport(QWidget* parent, const std::function<void()>& write) {

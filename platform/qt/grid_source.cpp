@@ -38,7 +38,8 @@ TableColumn GridSource::ColumnAt(int column) const {
           .alignment = alignment,
           .format = even.empty() ? shown.NumberFormat() : even,
           .visible = shown.Visible() && shown.Width() > 0,
-          .sums = alignment == Alignment::kRight};
+          .sums = shown.Sums() && alignment == Alignment::kRight,
+          .unit = shown.UnitColumn()};
 }
 
 std::string GridSource::TextAt(int row, int column) const {

@@ -1,5 +1,9 @@
 #include "platform/qt/piece_builder.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 #include "platform/qt/cell_size.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/grid_view.h"
@@ -12,37 +16,23 @@ namespace tarvoni::qt {
 using layout::Kind;
 using layout::Node;
 
+// What is not listed takes no place of its own.
 Piece PieceBuilder::Build(const Node& node, QWidget* parent) {
-  switch (node.kind) {
-    case Kind::kStack:
-      return Stack(node.children, parent);
-    case Kind::kRow:
-      return Stack({node}, parent);
-    case Kind::kSide:
-      return Beside(node.children, 0, parent);
-    case Kind::kGroup:
-      return Group(node, parent);
-    case Kind::kMatrix:
-      return Matrix(node, parent);
-    case Kind::kTable:
-      return Table(node, parent);
-    case Kind::kList:
-      return Lines(node, parent);
-    case Kind::kTabs:
-      return Tabs(node, parent);
-    case Kind::kBar:
-      return Bar(node, parent);
-    case Kind::kCell:
-      return Cell(node, parent);
-    case Kind::kText:
-      return Text(node, parent);
-    case Kind::kGap:
-    case Kind::kHidden:
-    case Kind::kPage:
-    case Kind::kNone:
-      return {};
-  }
-  return {};
+  using Maker = Piece (PieceBuilder::*)(const Node&, QWidget*);
+  static constexpr auto kMakers =
+      std::to_array<std::pair<Kind, Maker>>({{Kind::kStack, &PieceBuilder::Below},
+                                             {Kind::kRow, &PieceBuilder::Single},
+                                             {Kind::kSide, &PieceBuilder::Beside},
+                                             {Kind::kGroup, &PieceBuilder::Group},
+                                             {Kind::kMatrix, &PieceBuilder::Matrix},
+                                             {Kind::kTable, &PieceBuilder::Table},
+                                             {Kind::kList, &PieceBuilder::Lines},
+                                             {Kind::kTabs, &PieceBuilder::Tabs},
+                                             {Kind::kBar, &PieceBuilder::Bar},
+                                             {Kind::kCell, &PieceBuilder::Cell},
+                                             {Kind::kText, &PieceBuilder::Text}});
+  const auto* const maker = std::ranges::find(kMakers, node.kind, &std::pair<Kind, Maker>::first);
+  return maker == kMakers.end() ? Piece() : (this->*maker->second)(node, parent);
 }
 
 ControlView& PieceBuilder::View(const Node& node, QWidget* parent) {

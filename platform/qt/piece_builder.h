@@ -48,7 +48,10 @@ class PieceBuilder {
   Piece Text(const Node& node, QWidget* parent);
 
   // Nodes beside and below each other.
-  Piece Beside(const Nodes& nodes, std::size_t first, QWidget* parent);
+  Piece Below(const Node& node, QWidget* parent) { return Stack(node.children, parent); }
+  Piece Single(const Node& row, QWidget* parent) { return Stack({row}, parent); }
+  Piece Beside(const Node& node, QWidget* parent) { return InLine(node.children, 0, parent); }
+  Piece InLine(const Nodes& nodes, std::size_t first, QWidget* parent);
   QSplitter* Split(const std::vector<Nodes>& parts, Qt::Orientation direction, QWidget* parent);
 
   // Rows: a label and its cells.

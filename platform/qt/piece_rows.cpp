@@ -29,9 +29,9 @@ void PieceBuilder::Row(const Node& row, QGridLayout& grid, int at, QWidget* pare
   // Codes with their names stand in columns; rows of many cells flow.
   if (cells.size() == 2 && IsFixedBox(cells[0])) {
     AddTo(grid, Build(cells[0], parent), at, 1);
-    AddTo(grid, Beside(cells, 1, parent), at, 2);
+    AddTo(grid, InLine(cells, 1, parent), at, 2);
   } else {
-    AddTo(grid, Beside(cells, 0, parent), at, 1, 2);
+    AddTo(grid, InLine(cells, 0, parent), at, 1, 2);
   }
   NameCells(row, label);
 }

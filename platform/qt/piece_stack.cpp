@@ -39,7 +39,7 @@ QSplitter* PieceBuilder::Split(const std::vector<std::vector<Node>>& parts, Qt::
   for (const auto& part : parts) {
     auto* const widget = new QWidget(splitter);
     QLayout* const layout =
-        direction == Qt::Vertical ? Stack(part, widget).layout : Beside(part, 0, widget).layout;
+        direction == Qt::Vertical ? Stack(part, widget).layout : InLine(part, 0, widget).layout;
     layout->setContentsMargins({});
     widget->setLayout(layout);
     splitter->addWidget(widget);
@@ -48,7 +48,7 @@ QSplitter* PieceBuilder::Split(const std::vector<std::vector<Node>>& parts, Qt::
 }
 
 // Nodes side by side; what is left of the width goes to gaps and wide pieces, or to the end.
-Piece PieceBuilder::Beside(const std::vector<Node>& nodes, std::size_t first, QWidget* parent) {
+Piece PieceBuilder::InLine(const std::vector<Node>& nodes, std::size_t first, QWidget* parent) {
   auto* const box = new QHBoxLayout;
   box->setSpacing(BetweenCells(parent));
   Piece line{.layout = box};

@@ -13,9 +13,13 @@ constexpr int kCellsLookedAt = 100;  // for the number of places
 // A column's numbers, from `top` to `bottom`; what is struck through counts no more.
 void AddColumn(SelectionSum& total, const TableSource& table, int column, int top, int bottom,
                char separator) {
+  const int unit_column = table.ColumnAt(column).unit;
   for (int row = top; row <= bottom; ++row) {
     const auto number = table.IsStruck(row) ? std::nullopt : NumberIn(table.ValueAt(row, column));
     if (!number) continue;
+    const std::string unit = unit_column < 0 ? "" : table.TextAt(row, unit_column);
+    total.mixed = total.mixed || total.unit.value_or(unit) != unit;
+    total.unit = unit;
     if (total.count++ < kCellsLookedAt) {
       total.places = std::max(total.places, PlacesOf(table.TextAt(row, column), separator));
     }
@@ -26,7 +30,7 @@ void AddColumn(SelectionSum& total, const TableSource& table, int column, int to
 }  // namespace
 
 std::string SelectionSum::Text(const Locale& locale) const {
-  if (count == 0) return {};
+  if (count == 0 || mixed) return {};
   if (!sum) return "zu groß";
   const std::size_t shown = std::max(places, PlacesOf(sum->ToShortString(), '.'));
   return FormatNumber(*sum, "0." + std::string(shown, '0'), locale);

@@ -11,11 +11,14 @@ namespace tarvoni::qt {
 
 // The exact sum of the numbers in chosen cells of a column.
 struct SelectionSum {
-  int count = 0;               // of cells that hold a number
-  std::optional<Decimal> sum;  // nothing if it has more than 38 digits
-  std::size_t places = 0;      // the most that one of the first cells shows
+  int count = 0;                         // of cells that hold a number
+  std::optional<Decimal> sum;            // nothing if it has more than 38 digits
+  std::size_t places = 0;                // the most that one of the first cells shows
+  std::optional<std::string> unit = {};  // of the numbers; "" where they need none
+  bool mixed = false;                    // the units differ
 
-  // With as many places as the cells show, or more if it has more; "" without a number.
+  // With as many places as the cells show, or more if it has more; "" without a number or with numbers of several
+  // units.
   std::string Text(const Locale& locale) const;
 };
 

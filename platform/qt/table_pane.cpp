@@ -248,6 +248,11 @@ int TablePane::ShownRow(int from, int steps) const {
 // Escape gives the search up, Enter and the keys of the list go to what it found.
 bool TablePane::eventFilter(QObject* watched, QEvent* event) {
   if (watched != search_ || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  // A letter with Alt is no text, also where no button has it.
+  if (static_cast<QKeyEvent*>(event)->modifiers() == Qt::AltModifier) {
+    event->ignore();
+    return true;
+  }
   const int key = static_cast<QKeyEvent*>(event)->key();
   const bool goes = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Down ||
                     key == Qt::Key_Up || key == Qt::Key_Tab;
@@ -322,8 +327,9 @@ void TablePane::Print() {
   }
   for (int row = 0; row < source_.RowCount(); ++row) {
     if (table_->isRowHidden(row)) continue;
-    auto& cells = table.rows.emplace_back().cells;
-    for (const int column : columns) cells.push_back(PrintedCell(row, column));
+    PrintDocument::Row& printed = table.rows.emplace_back();
+    printed.struck = source_.IsStruck(row);
+    for (const int column : columns) printed.cells.push_back(PrintedCell(row, column));
   }
   const Form* const top = CurrentToolkit().TopForm();
   for (const Form* form : CurrentToolkit().OpenForms()) {

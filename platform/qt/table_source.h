@@ -13,7 +13,8 @@ struct TableColumn {
   Alignment alignment = Alignment::kLeft;
   std::string format = {};  // of numbers and dates, as FieldText takes it
   bool visible = true;
-  bool sums = true;  // holds amounts, whose sum means something
+  bool sums = true;                // holds amounts, whose sum means something
+  int unit = GridColumn::kNoUnit;  // a sum means something only where this column says the same in each row
 };
 
 // A table as it stands on the screen: cells as the user reads them, and what they are. Rows and columns from 0.

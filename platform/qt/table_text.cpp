@@ -10,6 +10,7 @@ namespace {
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 std::string Quoted(std::string_view text, char separator) {
+  if (text.find_first_not_of(' ') == std::string_view::npos) return {};  // of blanks alone
   const bool plain = text.find_first_of("\"\r\n") == std::string_view::npos &&
                      text.find(separator) == std::string_view::npos && !text.starts_with(' ') &&
                      !text.ends_with(' ');

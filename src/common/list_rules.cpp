@@ -12,6 +12,21 @@ ShownColumn AmountColumn(ColumnKey data_field, std::string caption, int width, s
           .width = width};
 }
 
+ShownColumn QuantityColumn(ColumnKey data_field, ColumnKey unit, std::string caption, int width,
+                           std::string number_format) {
+  ShownColumn column =
+      AmountColumn(std::move(data_field), std::move(caption), width, std::move(number_format));
+  column.unit = std::move(unit);
+  return column;
+}
+
+ShownColumn FigureColumn(ColumnKey data_field, std::string caption, int width, std::string number_format) {
+  ShownColumn column =
+      AmountColumn(std::move(data_field), std::move(caption), width, std::move(number_format));
+  column.sums = false;
+  return column;
+}
+
 void ShowColumns(DataGrid& grid, const std::vector<ShownColumn>& columns) {
   for (GridColumn& column : grid.Columns()) column.SetVisible(false);
   for (const ShownColumn& shown : columns) {
@@ -20,6 +35,9 @@ void ShowColumns(DataGrid& grid, const std::vector<ShownColumn>& columns) {
     column.SetCaption(shown.caption);
     column.SetNumberFormat(shown.number_format);
     column.SetAlignment(shown.alignment);
+    column.SetSums(shown.sums);
+    if (shown.unit)
+      column.SetUnitColumn(static_cast<int>(&shown.unit->In(grid.Columns()) - &grid.Columns()[0]));
     if (shown.width > 0) column.SetWidth(shown.width);
   }
 }

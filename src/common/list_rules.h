@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,10 +18,18 @@ struct ShownColumn {
   std::string number_format = {};
   Alignment alignment = Alignment::kLeft;
   int width = 0;  // twips, until the user sets his own; 0 leaves it
+  bool sums = true;
+  std::optional<ColumnKey> unit = {};  // the column of its numbers' unit
 };
 
-// A number, aligned to the right.
+// Numbers, aligned to the right: amounts, which have a sum.
 ShownColumn AmountColumn(ColumnKey data_field, std::string caption, int width,
+                         std::string number_format = "0.00");
+// Quantities, whose sum means something only where all have one unit.
+ShownColumn QuantityColumn(ColumnKey data_field, ColumnKey unit, std::string caption, int width,
+                           std::string number_format = "0.00");
+// Numbers without a sum: rates, measures, positions, quantities whose unit the list does not know.
+ShownColumn FigureColumn(ColumnKey data_field, std::string caption, int width,
                          std::string number_format = "0.00");
 
 // Shows these columns with their captions and hides all others.

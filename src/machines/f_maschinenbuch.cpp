@@ -137,14 +137,14 @@ void F_Maschinenbuch::ShowLife() {
 
 std::vector<ShownColumn> F_Maschinenbuch::LifeColumns() const {
   return {{.data_field = "NAME", .caption = "Arbeitsauftrag", .width = 2100},
-          AmountColumn("ORDERS", "Pos.", 650, "0"),
+          FigureColumn("ORDERS", "Pos.", 650, "0"),
           {.data_field = "DATUM", .caption = "Datum", .number_format = "dd.mm.yyyy", .width = 1200},
           {.data_field = "KOSTENSTELLE", .caption = "Kostenstelle", .width = 2100},
           {.data_field = "LEISTUNGSART", .caption = "Leistungsart", .width = 2400},
           {.data_field = "KOSTENART", .caption = "Kostenart", .width = 2400},
           AmountColumn("FLAECHE", "Fläche", 900),
-          AmountColumn("MENGE", "Menge", 1000),
-          AmountColumn("KOSTEN", "Kosten je Einheit", 1620),
+          FigureColumn("MENGE", "Menge", 1000),
+          FigureColumn("KOSTEN", "Kosten je Einheit", 1620),
           AmountColumn("GESAMT", "Gesamt", 1300)};
 }
 

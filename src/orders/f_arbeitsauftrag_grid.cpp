@@ -19,8 +19,8 @@ std::vector<ShownColumn> F_Arbeitsauftrag::Columns() const {
       {.data_field = "VERFAHREN", .caption = lblVerfahren.Caption()},
       {.data_field = 7, .caption = lblKostenart.Caption()},
       amount("FLAECHE", lblFlache, "0.0000"),
-      amount("MENGE", lblMenge, "0.00"),
-      amount("KOSTEN", lblKostenE, "#0.00"),
+      QuantityColumn("MENGE", "EINH_ID", lblMenge.Caption(), 0),
+      FigureColumn("KOSTEN", lblKostenE.Caption(), 0, "#0.00"),
       amount("GESAMT", lblKosten, "#0.00"),
       amount("STUNDEN", lblStunden),
       amount("MAS", lblMAS)};

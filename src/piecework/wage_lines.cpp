@@ -60,7 +60,7 @@ std::vector<ShownColumn> WageLines::Columns() const {
   columns.insert(
       columns.end(),
       {AmountColumn("FLACHE", lblFlache.Caption(), 1100),
-       AmountColumn("MENGEKLR", lblMengeKLR.Caption(), 1300),
+       QuantityColumn("MENGEKLR", "WARENEINHEITEINHEIT", lblMengeKLR.Caption(), 1300),
        {.data_field = "WARENEINHEITEINHEIT", .caption = Message(message::kUnit), .width = 900},
        {.data_field = "NUTZUNGSARTNA", .caption = natural_.lblNutzungsart.Caption(), .width = 1500},
        {.data_field = "BZTNUMBER", .caption = natural_.lblBestandeszieltyp.Caption(), .width = 1800},

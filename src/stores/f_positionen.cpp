@@ -120,13 +120,13 @@ void F_Positionen::ReloadWithdrawals() {
 }
 
 std::vector<ShownColumn> F_Positionen::PositionColumns() const {
-  return {AmountColumn("KOSTENE", frmKostenE.Caption(), 2600),
+  return {FigureColumn("KOSTENE", frmKostenE.Caption(), 2600),
           {.data_field = "EURO", .caption = "Euro", .width = 750},
-          AmountColumn("MENGE", frmMenge.Caption(), 1300),
+          QuantityColumn("MENGE", "EINHEIT", frmMenge.Caption(), 1300),
           {.data_field = "EINHEIT", .caption = "Einheit", .width = 850},
           {.data_field = "BEZEICHNUNG", .caption = frmBezeichnung.Caption(), .width = 4200},
           AmountColumn("GESAMT", frmKosten.Caption(), 1500),
-          AmountColumn("REST", frmLagerstand.Caption(), 1300)};
+          QuantityColumn("REST", "EINHEIT", frmLagerstand.Caption(), 1300)};
 }
 
 std::vector<ShownColumn> F_Positionen::WithdrawalColumns() const {
@@ -139,7 +139,7 @@ std::vector<ShownColumn> F_Positionen::WithdrawalColumns() const {
           {.data_field = "OBJEKTNUMBER", .caption = lblObjekt.Caption(), .width = 800},
           {.data_field = "KOSTENARTNUMBER", .caption = lblKostenart.Caption(), .width = 950},
           {.data_field = "WALDORT", .caption = lblWaldort.Caption(), .width = 2300},
-          AmountColumn("MENGE", lblMenge_KLR.Caption(), 1150),
+          QuantityColumn("MENGE", "WARENEINHEITEINHEIT", lblMenge_KLR.Caption(), 1150),
           {.data_field = "WARENEINHEITEINHEIT", .caption = "ME", .width = 550},
           AmountColumn("LAGERMENGE", lblLagerMengeAusbuchen.Caption(), 2250),
           AmountColumn("GESAMTKOSTEN", lblGesamtKosten.Caption(), 1400)};

@@ -192,7 +192,7 @@ std::vector<ShownColumn> F_ARA::Columns() const {
           {.data_field = "BESCHREIBUNG", .caption = frmBeschreibung_der_Arbeit.Caption(), .width = 2270},
           {.data_field = "ROTTESHORT", .caption = lblRotte.Caption(), .width = 650},
           AmountColumn("FLACHE", lblFlache.Caption(), 760),
-          AmountColumn("MENGE", lblMenge.Caption(), 880),
+          QuantityColumn("MENGE", "WARENEINHEITEINHEIT", lblMenge.Caption(), 880),
           {.data_field = "WARENEINHEITEINHEIT", .caption = "ME", .width = 450},
           AmountColumn("STUNDEN", lblStunden_dir_Lohn.Caption(), 2110),
           AmountColumn("GESAMNT", lblGesamtKosten.Caption(), 1400)};

@@ -102,9 +102,9 @@ std::vector<ShownColumn> F_Arbeitnehmer::Columns() const {
           {.data_field = "DAYVERLOHNUNG", .caption = "Tag", .number_format = "00", .width = 600},
           {.data_field = "MONTHVERLOHNUNG", .caption = "Monat", .number_format = "00", .width = 750},
           {.data_field = "LOHNARTENNUMBER", .caption = lblLohnart.Caption(), .width = 900},
-          AmountColumn("STUNDEN", lblStunden.Caption(), 1100, ""),
-          AmountColumn("SATZ", lblSatz.Caption(), 1100),
-          AmountColumn("PROZENTSATZ", lblProzentsatz.Caption(), 1100),
+          QuantityColumn("STUNDEN", "EINHEITNAME", lblStunden.Caption(), 1100, ""),
+          FigureColumn("SATZ", lblSatz.Caption(), 1100),
+          FigureColumn("PROZENTSATZ", lblProzentsatz.Caption(), 1100),
           AmountColumn("WERT", lblGesamtbetrag.Caption(), 1400)};
 }
 

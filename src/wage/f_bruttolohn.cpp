@@ -19,11 +19,13 @@ struct SummaryColumn {
   const char* caption;
   int width;  // twips
   Alignment alignment = Alignment::kLeft;
+  bool sums = true;
+  int unit = GridColumn::kNoUnit;
 };
 constexpr std::array<SummaryColumn, 9> kSummary = {{{"Lohnart", 1000},
-                                                    {"Wert", 1000, Alignment::kRight},
+                                                    {"Wert", 1000, Alignment::kRight, true, 2},
                                                     {"Einheit", 1200},
-                                                    {"Satz", 1000, Alignment::kRight},
+                                                    {"Satz", 1000, Alignment::kRight, false},
                                                     {"Betrag", 1200, Alignment::kRight},
                                                     {"PA-Nr", 2200},
                                                     {"ARA Nr.", 1900},
@@ -98,10 +100,10 @@ void F_Bruttolohn::Reload() {
 std::vector<ShownColumn> F_Bruttolohn::Columns() const {
   return {{.data_field = "STUNDENBUCHTAG", .caption = lblTag.Caption(), .number_format = "00", .width = 650},
           {.data_field = "LOHNARTENNUMBER", .caption = lblLohnart.Caption(), .width = 1000},
-          AmountColumn("STUNDENBUCHSTUNDEN", lblWert.Caption(), 1000, ""),
+          QuantityColumn("STUNDENBUCHSTUNDEN", "EINHEITNAME", lblWert.Caption(), 1000, ""),
           {.data_field = "EINHEITNAME", .caption = "", .width = 1200},
-          AmountColumn("SATZ", lblSatz.Caption(), 1000, ""),
-          AmountColumn("PROZENTSATZ", lblProzentsatz.Caption(), 900),
+          FigureColumn("SATZ", lblSatz.Caption(), 1000, ""),
+          FigureColumn("PROZENTSATZ", lblProzentsatz.Caption(), 900),
           AmountColumn("BETRAG", lblBetrag.Caption(), 1200),
           {.data_field = "KOSTENSTELLENUMBER", .caption = lblKostenstelle.Caption(), .width = 1300},
           {.data_field = "ARBEITSAUFTRAG_KOPFNAME", .caption = lblProduktauftragNr.Caption(), .width = 2200},
@@ -179,6 +181,8 @@ void F_Bruttolohn::ShapeSummary() {
     MSFlexGrid1.SetTextMatrix(0, i, column.caption);
     MSFlexGrid1.Columns()[i].SetWidth(column.width);
     MSFlexGrid1.Columns()[i].SetAlignment(column.alignment);
+    MSFlexGrid1.Columns()[i].SetSums(column.sums);
+    MSFlexGrid1.Columns()[i].SetUnitColumn(column.unit);
   }
 }
 

@@ -103,6 +103,22 @@ TEST(PrintPagesTest, AWordHasItsRoomOrIsBrokenNeverCut) {
   EXPECT_GE(LinesAtTheLeft(std::vector<std::string>(12, word), 300), 3);
 }
 
+TEST(PrintPagesTest, CaptionsGiveWayBeforeTextsDo) {
+  const PrintDocument::Table table{
+      .columns = {{"Stunden direkter Lohn"}, {"Waldort"}},
+      .rows = {{{std::int64_t{1}, std::string("Kaltenwald Ahornboden Waldteil")}}}};
+  QImage image = Paper();
+  const PrintedTable printed(table, 0, 230, &image);
+  EXPECT_GT(printed.CaptionHeight(), 1.5 * printed.RowHeight(0));
+}
+
+TEST(PrintPagesTest, WhatWasCancelledIsStruckThrough) {
+  PrintDocument document = Journal(1);
+  const QImage counted = Printed(document, 0);
+  document.tables[0].rows[0].struck = true;
+  EXPECT_NE(Printed(document, 0), counted);
+}
+
 TEST(PrintPagesTest, AFootNeverStandsAlone) {
   PrintDocument document = Journal(30);
   document.remarks.assign(5, "Summe");

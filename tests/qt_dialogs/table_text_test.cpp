@@ -10,8 +10,10 @@
 #include "platform/qt/cell_type.h"
 #include "platform/qt/file_export.h"
 #include "platform/qt/selection_sum.h"
+#include "src/context/services/environment.h"
 #include "src/context/values/field_text.h"
 #include "tests/qt_dialogs/dialog_testing.h"
+#include "tests/support/quiet_toolkit.h"
 
 namespace tarvoni::qt {
 namespace {
@@ -96,6 +98,11 @@ TEST(SelectionSumTest, EachColumnHasItsOwnAndCodesHaveNone) {
   const Table gaps({{"Stunden"}, {"Betrag"}}, {Null{}, Decimal(8, 0), Decimal(15, 1), Decimal(9, 0)});
   EXPECT_EQ(SumText(gaps, {{0, 0, 1, 1}}, kGerman), "Summen: Stunden 1,5 · Betrag 17")
       << "also where one row alone has hours";
+  const Table units({{.caption = "Menge", .unit = 1}, {.caption = "ME", .sums = false}},
+                    {Decimal(8, 0), Text("Stk"), Decimal(15, 1), Text("Stk"), Decimal(9, 0), Text("km"),
+                     Null{}, Text("fm")});
+  EXPECT_EQ(SumText(units, {{0, 0, 1, 1}, {3, 0, 3, 1}}, kGerman), "Summe 9,5 (2 Zahlen)");
+  EXPECT_EQ(SumText(units, {{0, 0, 3, 1}}, kGerman), "") << "pieces and kilometres have none";
 }
 
 TEST(ClipboardTextTest, CarriesTheCaptions) {
@@ -105,6 +112,11 @@ TEST(ClipboardTextTest, CarriesTheCaptions) {
   EXPECT_EQ(ClipboardText(wages, {{0, 1, 0, 1}}), "007") << "one cell stands alone";
   EXPECT_EQ(ClipboardText(wages, {{0, 1, 0, 1}, {1, 2, 1, 2}}), "Nr.\tBetrag\r\n007\t\r\n\t-0,50\r\n")
       << "between two ranges nothing";
+}
+
+TEST(CsvTextTest, BlanksAloneAreNothing) {
+  EXPECT_EQ(CsvText(Table({{"Status"}, {"Nr."}}, {Text(" "), Text("7")})),
+            "\xEF\xBB\xBFStatus;Nr.\r\n;7\r\n");
 }
 
 TEST(CsvTextTest, IsReadByASpreadsheet) {
@@ -189,7 +201,11 @@ TEST_F(TableFileTest, TheUserNamesTheFile) {
     Part<QLineEdit>(dialog, "fileNameEdit").setText(ToQt(file.string()));
     Press(dialog, Qt::Key_Return);
   });
+  test::QuietToolkit toolkit;
+  Environment environment{.toolkit = &toolkit};
+  const EnvironmentScope scope(environment);
   ExportTable(nullptr, Wages(), "Löhne 3/2024", FileKind::kCsv);
+  EXPECT_EQ(toolkit.LastTold(), "3 Zeilen in „" + file.string() + ".csv“ gespeichert.");
   EXPECT_GT(std::filesystem::file_size(folder_ / "liste.csv"), 50U);
 }
 

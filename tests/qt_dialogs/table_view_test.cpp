@@ -139,6 +139,12 @@ TEST_F(TableViewTest, CutNumbersAndCaptionsTakeTheRoomThatIsFree) {
   EXPECT_GT(Table().columnWidth(2), head.fontMetrics().horizontalAdvance("Stunden"));
   EXPECT_EQ(grid_.Columns()[2].Width(), 450) << "what is told stays";
   EXPECT_THAT(widths_, IsEmpty());
+  grid_.SetTextMatrix(2, 0, "Kaltenwald/ Ahornboden/ Waldteil 4");
+  view_->ShowRows();
+  show(300, 450);
+  EXPECT_GT(Table().columnWidth(0),
+            head.fontMetrics().horizontalAdvance("Kaltenwald/ Ahornboden/ Waldteil 4"));
+  grid_.SetTextMatrix(2, 0, "1");
   show(7200, 450);
   EXPECT_EQ(Table().columnWidth(2), view_->logicalDpiX() * 450 / 1440) << "no room";
   Table().horizontalHeader()->resizeSection(2, 35);
@@ -174,7 +180,8 @@ TEST_F(TableViewTest, SearchHidesTheRowsThatDoNotAnswer) {
   ASSERT_EQ(sum.text(), "Summe 30,00 (4 Zahlen)");
   QTest::keyClicks(&search, Table().model()->index(4, 0).data().toString());
   EXPECT_EQ(sum.text(), "") << "of what is seen";
-  EXPECT_FALSE(Table().isRowHidden(4));
+  QTest::keyClick(&search, Qt::Key_X, Qt::AltModifier);
+  EXPECT_FALSE(Table().isRowHidden(4)) << "a letter with Alt is no text";
   EXPECT_TRUE(Table().isRowHidden(3));
   EXPECT_EQ(pane.ShownRow(-1, 1), 4);
   EXPECT_EQ(pane.ShownRow(4, 1), 4) << "the last there is";

@@ -35,6 +35,8 @@ class LocationDialog : public QDialog {
 
  private:
   void Build();
+  QHBoxLayout* FilterLine();
+  QHBoxLayout* Foot();
   void Fill();
   void Begin();
   void FilterNodes();
@@ -81,38 +83,44 @@ LocationDialog::LocationDialog(QWidget* parent, const LocationRequest& request)
 }
 
 void LocationDialog::Build() {
-  filter_->setObjectName("filter");
-  filter_->setClearButtonEnabled(true);
-  filter_->setPlaceholderText("Teil des Pfades oder der Bezeichnung");
-  filter_->installEventFilter(this);
-  auto* label = new QLabel("&Suchen:", this);
-  label->setBuddy(filter_);
-  auto* head = new QHBoxLayout;
-  head->addWidget(label);
-  head->addWidget(filter_);
-
   tree_->setObjectName("tree");
   tree_->setAccessibleName(ToQt(request_.caption));
   tree_->setUniformRowHeights(true);
   tree_->setHeaderLabels({"Waldort", "Bezeichnung"});
   tree_->installEventFilter(this);
   state_->setObjectName("state");
-  const DialogButtons buttons = MakeButtons(*this, "Ü&bernehmen");
-  ok_ = buttons.ok;
-  if (request_.many) {
-    auto* clear = new QPushButton("&Keine markieren", this);
-    clear->setObjectName("clear");
-    connect(clear, &QPushButton::clicked, this, [this] {
-      for (const int node : MarkedNodes()) Item(node)->setCheckState(0, Qt::Unchecked);
-    });
-    buttons.line->insertWidget(0, clear);
-  }
   auto* layout = new QVBoxLayout(this);
-  layout->addLayout(head);
+  layout->addLayout(FilterLine());
   layout->addWidget(tree_, 1);
   layout->addWidget(state_);
-  layout->addLayout(buttons.line);
+  layout->addLayout(Foot());
   ResizeWithin(*this, {CharactersWide(*this, 90), LinesHigh(*this, 36)});
+}
+
+QHBoxLayout* LocationDialog::FilterLine() {
+  filter_->setObjectName("filter");
+  filter_->setClearButtonEnabled(true);
+  filter_->setPlaceholderText("Teil des Pfades oder der Bezeichnung");
+  filter_->installEventFilter(this);
+  auto* label = new QLabel("&Suchen:", this);
+  label->setBuddy(filter_);
+  auto* line = new QHBoxLayout;
+  line->addWidget(label);
+  line->addWidget(filter_);
+  return line;
+}
+
+QHBoxLayout* LocationDialog::Foot() {
+  const DialogButtons buttons = MakeButtons(*this, "Ü&bernehmen");
+  ok_ = buttons.ok;
+  if (!request_.many) return buttons.line;
+  auto* clear = new QPushButton("&Keine markieren", this);
+  clear->setObjectName("clear");
+  connect(clear, &QPushButton::clicked, this, [this] {
+    for (const int node : MarkedNodes()) Item(node)->setCheckState(0, Qt::Unchecked);
+  });
+  buttons.line->insertWidget(0, clear);
+  return buttons.line;
 }
 
 void LocationDialog::Fill() {

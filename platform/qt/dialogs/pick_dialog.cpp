@@ -37,37 +37,51 @@ PickDialog::PickDialog(QWidget* parent, const PickRequest& request, const Locale
 }
 
 void PickDialog::Build(const PickRequest& request) {
+  SetUpColumns();
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(FilterLine());
+  layout->addWidget(list_, 1);
+  layout->addLayout(Foot(request));
+  ResizeToRows();
+}
+
+QHBoxLayout* PickDialog::FilterLine() {
   filter_->setObjectName("filter");
   filter_->setPlaceholderText(words_.placeholder);
   filter_->setClearButtonEnabled(true);
   auto* label = new QLabel(words_.filter, this);
   label->setBuddy(filter_);
-  auto* head = new QHBoxLayout;
-  head->addWidget(label);
-  head->addWidget(filter_);
+  auto* line = new QHBoxLayout;
+  line->addWidget(label);
+  line->addWidget(filter_);
+  return line;
+}
 
+void PickDialog::SetUpColumns() {
   QHeaderView* columns = list_->Table()->horizontalHeader();
   columns->setSortIndicatorShown(true);
   columns->setSortIndicator(-1, Qt::AscendingOrder);
   columns->setStretchLastSection(true);
   list_->FitColumns();
+}
 
+QHBoxLayout* PickDialog::Foot(const PickRequest& request) {
   const DialogButtons buttons = MakeButtons(*this, "Ü&bernehmen");
   ok_ = buttons.ok;
-  if (!request.extra_button.empty()) {
-    extra_ = new QPushButton(ToQt(request.extra_button), this);
-    extra_->setObjectName("extra");
-    buttons.line->insertWidget(0, extra_);
-  }
-  auto* layout = new QVBoxLayout(this);
-  layout->addLayout(head);
-  layout->addWidget(list_, 1);
-  layout->addLayout(buttons.line);
+  if (request.extra_button.empty()) return buttons.line;
+  extra_ = new QPushButton(ToQt(request.extra_button), this);
+  extra_->setObjectName("extra");
+  buttons.line->insertWidget(0, extra_);
+  return buttons.line;
+}
 
+// As wide as its columns and as high as its rows, within bounds.
+void PickDialog::ResizeToRows() {
+  const QTableView& table = *list_->Table();
   const int lines = std::clamp(list_->Model().rowCount(), kFewestLines, kMostLines);
-  const int height = (lines + 1) * list_->Table()->verticalHeader()->defaultSectionSize();
-  const int width = columns->length() + list_->Table()->verticalScrollBar()->sizeHint().width();
-  const QSize around = sizeHint() - list_->Table()->sizeHint();
+  const int height = (lines + 1) * table.verticalHeader()->defaultSectionSize();
+  const int width = table.horizontalHeader()->length() + table.verticalScrollBar()->sizeHint().width();
+  const QSize around = sizeHint() - table.sizeHint();
   ResizeWithin(*this, {std::max(width, CharactersWide(*this, 60)) + CharactersWide(*this, 6),
                        height + std::max(around.height(), 0) + LinesHigh(*this, 1)});
 }

@@ -66,9 +66,11 @@ double PrintedTable::Advance(const QString& text, bool bold) const {
   return known.insert(text, metrics.horizontalAdvance(text)).value() * points_ / kTextPoints;
 }
 
-std::vector<double> PrintedTable::NaturalWidths() const {
+// Captions in one line, or a word of theirs below the other.
+std::vector<double> PrintedTable::NaturalWidths(bool whole_captions) const {
   std::vector<double> widths;
-  for (const QString& caption : captions_) widths.push_back(Advance(caption, true));
+  for (const QString& caption : captions_)
+    widths.push_back(whole_captions ? Advance(caption, true) : LongestWord(caption, true));
   for (std::size_t row = 0; row < RowCount(); ++row) {
     if (KindOf(row) == RowKind::kGroup) continue;
     for (std::size_t i = 0; i < widths.size(); ++i) {
@@ -100,10 +102,11 @@ std::vector<double> PrintedTable::WordWidths() const {
 }
 
 void PrintedTable::FitColumns() {
-  widths_ = NaturalWidths();
+  widths_ = NaturalWidths(true);
+  if (Sum(widths_) > width_) widths_ = NaturalWidths(false);
   while (Sum(widths_) > width_ && points_ > kSmallestPoints) {
     points_ -= kSmallestStep;
-    widths_ = NaturalWidths();
+    widths_ = NaturalWidths(false);
   }
   if (Sum(widths_) <= width_) return StretchTexts();
   Narrow(WordWidths());
@@ -200,7 +203,7 @@ void PrintedTable::PaintRow(QPainter& painter, double y, std::size_t row) const 
   }
   PaintBack(painter, y, row);
   painter.setPen(kInk);
-  PaintCells(painter, y, height, rows_[row], IsBold(row));
+  PaintCells(painter, y, height, rows_[row], IsBold(row), table_.rows[row].struck);
 }
 
 // The lines around a row: a hairline below each, a line above sums, a shade behind the total.
@@ -213,9 +216,11 @@ void PrintedTable::PaintBack(QPainter& painter, double y, std::size_t row) const
   if (KindOf(row) != RowKind::kSum) painter.drawLine(QPointF(left_, bottom), QPointF(left_ + width_, bottom));
 }
 
-void PrintedTable::PaintCells(QPainter& painter, double y, double height, const Texts& cells,
-                              bool bold) const {
-  painter.setFont(PaperFont(device_, points_, bold));
+void PrintedTable::PaintCells(QPainter& painter, double y, double height, const Texts& cells, bool bold,
+                              bool struck) const {
+  QFont font = PaperFont(device_, points_, bold);
+  font.setStrikeOut(struck);
+  painter.setFont(font);
   double x = left_;
   for (std::size_t i = 0; i < cells.size(); ++i) {
     const QRectF room(x + padding_, y, widths_[i] - 2 * padding_, height);

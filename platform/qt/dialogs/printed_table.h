@@ -9,7 +9,8 @@
 
 namespace tarvoni::qt {
 
-// One table of a document, laid out for a width: a table too wide is set smaller first, then long cells are wrapped and,
+// One table of a document, laid out for a width: a table too wide has its captions in several lines
+// and is set smaller first, then long cells are wrapped and,
 // where not even its longest words have room, words broken; one too narrow gives its texts more room.
 class PrintedTable {
  public:
@@ -34,7 +35,7 @@ class PrintedTable {
   void ReadTexts();
   bool IsBold(std::size_t row) const { return KindOf(row) != PrintDocument::RowKind::kPlain; }
   double Advance(const QString& text, bool bold) const;
-  std::vector<double> NaturalWidths() const;
+  std::vector<double> NaturalWidths(bool whole_captions) const;
   std::vector<double> WordWidths() const;
   double LongestWord(const QString& text, bool bold) const;
   void FitColumns();
@@ -42,7 +43,8 @@ class PrintedTable {
   void BreakWords(Texts& cells, bool bold) const;
   void StretchTexts();
   double HeightOf(const Texts& cells, bool bold) const;
-  void PaintCells(QPainter& painter, double y, double height, const Texts& cells, bool bold) const;
+  void PaintCells(QPainter& painter, double y, double height, const Texts& cells, bool bold,
+                  bool struck = false) const;
   void PaintCell(QPainter& painter, const QRectF& room, const QString& text, Alignment alignment,
                  bool bold) const;
   void PaintBack(QPainter& painter, double y, std::size_t row) const;

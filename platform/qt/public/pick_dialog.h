@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -35,6 +36,10 @@ class PickDialog : public QDialog {
 
  private:
   void Build(const PickRequest& request);
+  QHBoxLayout* FilterLine();
+  void SetUpColumns();
+  QHBoxLayout* Foot(const PickRequest& request);
+  void ResizeToRows();
   void Connect();
   void Begin(const std::string& start_text);
   void FilterRows();

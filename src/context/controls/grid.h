@@ -33,6 +33,13 @@ class GridColumn {
   void SetAlignment(tarvoni::Alignment alignment);
   const std::string& NumberFormat() const { return number_format_; }
   void SetNumberFormat(std::string_view format);
+  // Whether a sum of its numbers means something: that of rates and of numbers of positions does not, and that of
+  // quantities only where the column of their unit, from 0, says the same in each row; kNoUnit where they need none.
+  static constexpr int kNoUnit = -1;
+  bool Sums() const { return sums_; }
+  void SetSums(bool sums) { sums_ = sums; }
+  int UnitColumn() const { return unit_column_; }
+  void SetUnitColumn(int number) { unit_column_ = number; }
 
  private:
   Grid* grid_;
@@ -42,6 +49,8 @@ class GridColumn {
   int width_ = kDefaultWidth;
   tarvoni::Alignment alignment_ = tarvoni::Alignment::kLeft;
   std::string number_format_;
+  bool sums_ = true;
+  int unit_column_ = kNoUnit;
 };
 
 class GridColumns {

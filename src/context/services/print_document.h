@@ -27,6 +27,7 @@ struct PrintDocument {
   struct Row {
     std::vector<Value> cells;  // one that is missing is empty
     RowKind kind = RowKind::kPlain;
+    bool struck = false;  // counts no more
   };
 
   struct Table {
