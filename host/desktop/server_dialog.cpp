@@ -4,13 +4,13 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <optional>
 
 #include "host/desktop/digits.h"
 #include "host/desktop/settings.h"
+#include "host/desktop/told_line.h"
 #include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
 #include "src/context/data/password.h"
@@ -19,7 +19,6 @@ namespace tarvoni::host {
 namespace {
 
 constexpr int kFieldWidth = 40;  // characters
-constexpr int kToldWidth = 60;
 constexpr int kDigitsOfPort = 5;
 
 // Drivers know braces only where a semicolon needs them.
@@ -30,7 +29,7 @@ QString Braced(const QString& value) {
 class ServerDialog : public QDialog {
  public:
   ServerDialog(QWidget* parent, const std::function<void(const QString&)>& connect_to)
-      : QDialog(parent), connect_to_(connect_to), told_(new QLabel(this)) {
+      : QDialog(parent), connect_to_(connect_to), told_(new ToldLine(this)) {
     setWindowTitle("Mit einem Server verbinden");
     auto* const form = new QFormLayout(this);
     const ServerSettings last = ServerSettings::Load();
@@ -43,12 +42,6 @@ class ServerDialog : public QDialog {
     driver_ = AddField(*form, "&Treiber:", "driver", last.driver);
     port_ = AddField(*form, "P&ort:", "port", last.port);
     TakeDigits(*port_, kDigitsOfPort);
-    told_->setObjectName("told");
-    told_->setTextFormat(Qt::PlainText);
-    told_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    told_->setWordWrap(true);
-    told_->setMinimumWidth(fontMetrics().averageCharWidth() * kToldWidth);
-    told_->hide();
     form->addRow(told_);
     form->addRow(MakeButtons());
     if (!last.server.isEmpty()) password_->setFocus();
@@ -90,7 +83,7 @@ class ServerDialog : public QDialog {
   // Tells why there is none.
   bool TryToConnect() {
     std::optional<QString> fault;
-    Tell("Die Verbindung wird aufgebaut …");
+    told_->Tell("Die Verbindung wird aufgebaut …");
     repaint();  // to be seen while it lasts
     QApplication::setOverrideCursor(Qt::WaitCursor);
     try {
@@ -116,14 +109,7 @@ class ServerDialog : public QDialog {
 
   // Tells the fault; the focus goes to the field that is wrong, if one is known.
   void Refuse(const QString& fault, QLineEdit* field = nullptr) {
-    Tell(qt::ToQt(WithoutPassword(qt::FromQt(fault))));
-    if (field) field->setFocus();
-  }
-
-  void Tell(const QString& text) {
-    told_->setText(text);
-    told_->show();
-    adjustSize();
+    told_->Tell(qt::ToQt(WithoutPassword(qt::FromQt(fault))), field);
   }
 
   bool HasSemicolon() const {
@@ -149,7 +135,7 @@ class ServerDialog : public QDialog {
   }
 
   const std::function<void(const QString&)>& connect_to_;
-  QLabel* told_;
+  ToldLine* told_;
   QLineEdit* server_;
   QLineEdit* database_;
   QLineEdit* user_;

@@ -266,6 +266,10 @@ TEST_F(Desktop, ANewMachineGetsTheNumberThatIsTyped) {
   auto* const fresh = window.findChild<QCheckBox*>();
   fresh->setChecked(true);
   EXPECT_EQ(box->currentText(), "702") << "the next free number";
+  box->setEditText("700");
+  Named<QTreeWidget>(window, "Mandanten")
+      ->setCurrentItem(Named<QTreeWidget>(window, "Mandanten")->topLevelItem(1));
+  EXPECT_EQ(box->currentText(), "700") << "what was typed stays";
   box->setFocus();
   box->lineEdit()->selectAll();
   look_at_ = [&](QWidget&) {
