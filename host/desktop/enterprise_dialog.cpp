@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <optional>
@@ -31,10 +30,10 @@ namespace {
 constexpr int kNameLength = 50;  // as the tables hold it
 constexpr int kDigits = 9;
 constexpr int kDigitsOfYear = 4;
+constexpr int kDigitsOfCompartments = 3;
 
 constexpr int kBoxWidth = 30;  // characters
 constexpr int kBoxHeight = 4;  // lines
-constexpr int kMostCompartments = 200;
 
 // Asks for the enterprise, then for its file; a file not chosen leads back to what was typed.
 class EnterpriseDialog : public QDialog {
@@ -44,7 +43,7 @@ class EnterpriseDialog : public QDialog {
         name_(new QLineEdit(this)),
         number_(new QLineEdit("1000", this)),
         year_(new QLineEdit(QString::number(Clock::Today().year), this)),
-        compartments_(MakeSpin(0, kMostCompartments, OwnEnterprise().compartments)),
+        compartments_(new QLineEdit(QString::number(OwnEnterprise().compartments), this)),
         districts_(MakeList("districts", "je Zeile ein Revier; sonst „Revier 1“")),
         workers_(MakeList("workers", "je Zeile Nachname und Vorname; Lohngruppe LG 1")),
         objects_(MakeList("objects", "je Zeile eine; sonst Betriebsgebäude, Schlepper, Geländewagen")),
@@ -56,6 +55,7 @@ class EnterpriseDialog : public QDialog {
     number_->setObjectName("number");
     TakeDigits(*number_, kDigits);
     TakeDigits(*year_, kDigitsOfYear);
+    TakeDigits(*compartments_, kDigitsOfCompartments);
     name_->setObjectName("name");
     name_->setMaxLength(kNameLength);
     codes_->setChecked(true);
@@ -71,14 +71,6 @@ class EnterpriseDialog : public QDialog {
   const QString& File() const { return file_; }
 
  private:
-  QSpinBox* MakeSpin(int lowest, int highest, int value) {
-    auto* const spin = new QSpinBox(this);
-    spin->setRange(lowest, highest);
-    spin->setValue(value);
-    TellRefused(*spin->findChild<QLineEdit*>());
-    return spin;
-  }
-
   QPlainTextEdit* MakeList(const QString& name, const QString& hint) {
     auto* const list = new QPlainTextEdit(this);
     list->setObjectName(name);
@@ -181,7 +173,7 @@ class EnterpriseDialog : public QDialog {
             .objects = Texts(*objects_),
             .payees = Texts(*payees_),
             .workers = Texts(*workers_),
-            .compartments = compartments_->value()};
+            .compartments = compartments_->text().toInt()};
   }
 
   bool MakeFile() {
@@ -192,7 +184,7 @@ class EnterpriseDialog : public QDialog {
   QLineEdit* name_;
   QLineEdit* number_;
   QLineEdit* year_;
-  QSpinBox* compartments_;
+  QLineEdit* compartments_;
   QPlainTextEdit* districts_;
   QPlainTextEdit* workers_;
   QPlainTextEdit* objects_;

@@ -20,6 +20,10 @@ namespace {
 
 constexpr int kFieldWidth = 40;  // characters
 constexpr int kDigitsOfPort = 5;
+// How a fault of a connection is told: a sentence, and behind a word what the driver says. The sentence that says
+// nothing more is replaced by one that names the server.
+constexpr const char* kDriverSays = "Meldung: ";
+constexpr const char* kNoConnection = "Die Verbindung zur Datenbank lässt sich nicht öffnen.";
 
 // Drivers know braces only where a semicolon needs them.
 QString Braced(const QString& value) {
@@ -96,15 +100,18 @@ class ServerDialog : public QDialog {
     return !fault;
   }
 
+  // The driver's own words, where a fault has some, come behind ours.
   void RefuseConnection(const QString& fault) {
-    const bool no_driver = fault.contains("Can't open lib");
-    const QString reason = no_driver ? "Der Treiber „" + driver_->text().trimmed() +
-                                           "“ ist auf diesem Rechner nicht installiert."
-                                     : "Die Verbindung zum Server „" + server_->text().trimmed() +
-                                           "“ ist nicht zustande gekommen. Bitte die Angaben prüfen.";
-    // Behind this word stand the driver's own; what comes before it says less than ours.
-    const QString detail = fault.section("Meldung: ", -1);
-    Refuse(reason + "\n\nEinzelheiten: " + detail, no_driver ? driver_ : nullptr);
+    const QString detail = fault.section(kDriverSays, 1);
+    const bool no_driver = detail.contains("Can't open lib");
+    QString reason = fault.section(kDriverSays, 0, 0).trimmed();
+    if (no_driver)
+      reason = "Der Treiber „" + driver_->text().trimmed() + "“ ist auf diesem Rechner nicht installiert.";
+    else if (reason == kNoConnection)
+      reason = "Die Verbindung zum Server „" + server_->text().trimmed() +
+               "“ ist nicht zustande gekommen. Bitte die Angaben prüfen.";
+    if (!detail.isEmpty()) reason += "\n\nEinzelheiten: " + detail;
+    Refuse(reason, no_driver ? driver_ : nullptr);
   }
 
   // Tells the fault; the focus goes to the field that is wrong, if one is known.
