@@ -120,11 +120,13 @@ void ArgumentForm::FillChoices() {
 }
 
 void ArgumentForm::FillBox(const ArgumentField& field, QComboBox& box) {
+  const bool typed = field.free_number && new_number_;
+  if (typed && box.isEditable()) return;  // what was typed stays
   const QSignalBlocker quiet(box);
   box.clear();
-  box.setEditable(field.free_number && new_number_);
+  box.setEditable(typed);
   const std::vector<Choice> rows = workplace_.Choices(field.choices(scope_));
-  if (box.isEditable()) {
+  if (typed) {
     TakeDigits(*box.lineEdit(), kDigitsOfNumber);
     box.setEditText(QString::number(NextNumber(rows)));
     return;

@@ -13,7 +13,10 @@ namespace tarvoni::host {
 using qt::ToQt;
 
 ClientList::ClientList(std::function<void()> chosen, std::function<void()> activated)
-    : activated_(std::move(activated)), filter_(new QLineEdit), list_(new QTreeWidget) {
+    : activated_(std::move(activated)),
+      filter_(new QLineEdit),
+      none_(new QLabel("Kein Mandant passt.")),
+      list_(new QTreeWidget) {
   list_->setHeaderLabels({"Nummer", "Mandant"});
   list_->setRootIsDecorated(false);
   list_->setUniformRowHeights(true);
@@ -34,6 +37,8 @@ ClientList::ClientList(std::function<void()> chosen, std::function<void()> activ
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(label);
   column->addWidget(filter_);
+  column->addWidget(none_);
+  none_->hide();
   column->addWidget(list_);
 }
 
@@ -60,10 +65,20 @@ bool ClientList::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
   auto& key = static_cast<QKeyEvent&>(*event);
   if (watched == list_) return SearchByKey(key);
-  if (key.key() == Qt::Key_Down) list_->setFocus();
-  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-  if (enter && CurrentId() != 0) activated_();
-  return enter || key.key() == Qt::Key_Down;
+  switch (key.key()) {
+    case Qt::Key_Escape:
+      filter_->clear();
+      [[fallthrough]];
+    case Qt::Key_Down:
+      list_->setFocus();
+      return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (CurrentId() != 0) activated_();
+      return true;
+    default:
+      return false;
+  }
 }
 
 // Whoever types letters in the list looks for a name.
@@ -94,6 +109,7 @@ void ClientList::Filter(const QString& text) {
     item->setHidden(!found);
     if (found && !first) first = item;
   }
+  none_->setVisible(!first && !text.isEmpty());
   const QTreeWidgetItem* const current = list_->currentItem();
   if (!current || current->isHidden()) list_->setCurrentItem(first);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QTreeWidget>
 #include <QWidget>
@@ -35,6 +36,7 @@ class ClientList : public QWidget {
 
   std::function<void()> activated_;
   QLineEdit* filter_;
+  QLabel* none_;  // shown where no client answers
   QTreeWidget* list_;
 };
 

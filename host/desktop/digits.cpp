@@ -14,10 +14,6 @@ constexpr int kShown = 1500;  // milliseconds
 void TakeDigits(QLineEdit& box, int most) {
   const QRegularExpression digits(QString("\\d{1,%1}").arg(most));
   box.setValidator(new QRegularExpressionValidator(digits, &box));
-  TellRefused(box);
-}
-
-void TellRefused(QLineEdit& box) {
   QObject::connect(&box, &QLineEdit::inputRejected, &box, [&box] {
     QApplication::beep();
     QToolTip::showText(box.mapToGlobal(box.rect().bottomLeft()), "Das passt nicht in eine Zahl.", &box, {},

@@ -6,7 +6,5 @@ namespace tarvoni::host {
 
 // Lets a box take so many digits and nothing else, and tells whoever types something else.
 void TakeDigits(QLineEdit& box, int most);
-// Tells whoever types in a box for numbers what it does not take.
-void TellRefused(QLineEdit& box);
 
 }  // namespace tarvoni::host

@@ -9,14 +9,16 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/desktop/digits.h"
 #include "host/desktop/new_file.h"
 #include "host/desktop/report.h"
+#include "host/desktop/told_line.h"
 #include "host/own_enterprise.h"
 #include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
@@ -27,10 +29,11 @@ namespace {
 
 constexpr int kNameLength = 50;  // as the tables hold it
 constexpr int kDigits = 9;
+constexpr int kDigitsOfYear = 4;
+constexpr int kDigitsOfCompartments = 3;
 
 constexpr int kBoxWidth = 30;  // characters
 constexpr int kBoxHeight = 4;  // lines
-constexpr int kMostCompartments = 200;
 
 // Asks for the enterprise, then for its file; a file not chosen leads back to what was typed.
 class EnterpriseDialog : public QDialog {
@@ -39,42 +42,35 @@ class EnterpriseDialog : public QDialog {
       : QDialog(parent),
         name_(new QLineEdit(this)),
         number_(new QLineEdit("1000", this)),
-        year_(MakeSpin(FirstForestYear(), kLastForestYear, Clock::Today().year)),
-        compartments_(MakeSpin(0, kMostCompartments, OwnEnterprise().compartments)),
+        year_(new QLineEdit(QString::number(Clock::Today().year), this)),
+        compartments_(new QLineEdit(QString::number(OwnEnterprise().compartments), this)),
         districts_(MakeList("districts", "je Zeile ein Revier; sonst „Revier 1“")),
         workers_(MakeList("workers", "je Zeile Nachname und Vorname; Lohngruppe LG 1")),
         objects_(MakeList("objects", "je Zeile eine; sonst Betriebsgebäude, Schlepper, Geländewagen")),
         payees_(MakeList("payees", "je Zeile einer; sonst „Diverse Lieferanten“")),
         codes_(new QCheckBox("&Codes und Sätze des Musterbetriebs mitgeben: Leistungen, Lohnarten, Tarife …",
-                             this)) {
+                             this)),
+        told_(new ToldLine(this)) {
     setWindowTitle("Eigenen Betrieb anlegen");
     number_->setObjectName("number");
     TakeDigits(*number_, kDigits);
+    TakeDigits(*year_, kDigitsOfYear);
+    TakeDigits(*compartments_, kDigitsOfCompartments);
     name_->setObjectName("name");
     name_->setMaxLength(kNameLength);
     codes_->setChecked(true);
     LayOut();
-    for (const QLineEdit* edit : {number_, name_})
-      connect(edit, &QLineEdit::textChanged, this, [this] { ShowState(); });
-    ShowState();
     name_->setFocus();
   }
 
   void accept() override {
+    if (const auto fault = FindFault()) return told_->Tell(fault->text, fault->field);
     if (MakeFile()) QDialog::accept();
   }
 
   const QString& File() const { return file_; }
 
  private:
-  QSpinBox* MakeSpin(int lowest, int highest, int value) {
-    auto* const spin = new QSpinBox(this);
-    spin->setRange(lowest, highest);
-    spin->setValue(value);
-    TellRefused(*spin->findChild<QLineEdit*>());
-    return spin;
-  }
-
   QPlainTextEdit* MakeList(const QString& name, const QString& hint) {
     auto* const list = new QPlainTextEdit(this);
     list->setObjectName(name);
@@ -100,6 +96,7 @@ class EnterpriseDialog : public QDialog {
     column->addLayout(form);
     column->addLayout(lists);
     column->addWidget(codes_);
+    column->addWidget(told_);
     column->addWidget(MakeButtons());
   }
 
@@ -112,35 +109,71 @@ class EnterpriseDialog : public QDialog {
 
   QDialogButtonBox* MakeButtons() {
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    ok_ = buttons->button(QDialogButtonBox::Ok);
-    ok_->setText("&Weiter …");
+    buttons->button(QDialogButtonBox::Ok)->setText("&Weiter …");
     buttons->button(QDialogButtonBox::Cancel)->setText("&Abbrechen");
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     return buttons;
   }
 
-  void ShowState() { ok_->setEnabled(number_->hasAcceptableInput() && !name_->text().trimmed().isEmpty()); }
-
-  static std::vector<std::string> Lines(const QPlainTextEdit& list) {
-    std::vector<std::string> lines;
-    for (const QString& line : list.toPlainText().split('\n', Qt::SkipEmptyParts)) {
-      const QString name = line.simplified().left(kNameLength);
-      if (!name.isEmpty()) lines.push_back(qt::FromQt(name));
+  struct Fault {
+    QString text;
+    QWidget* field;
+  };
+  std::optional<Fault> FindFault() const {
+    if (name_->text().trimmed().isEmpty()) return Fault{"Der Name des Mandanten fehlt.", name_};
+    if (number_->text().isEmpty()) return Fault{"Die Nummer des Mandanten fehlt.", number_};
+    const int year = year_->text().toInt();
+    if (year < FirstForestYear() || year > kLastForestYear)
+      return Fault{QString("Das Forstjahr muss zwischen %1 und %2 liegen.")
+                       .arg(FirstForestYear())
+                       .arg(kLastForestYear),
+                   year_};
+    for (auto* const list : {districts_, workers_, objects_, payees_}) {
+      const QString fault = FaultOf(Names(*list));
+      if (!fault.isEmpty()) return Fault{fault, list};
     }
-    return lines;
+    return std::nullopt;
+  }
+
+  // "" if each name fits its column and stands once.
+  static QString FaultOf(QStringList names) {
+    for (const QString& name : names) {
+      if (name.size() > kNameLength)
+        return QString("„%1“ ist länger als %2 Zeichen.").arg(name).arg(kNameLength);
+    }
+    names.sort(Qt::CaseInsensitive);
+    const auto same = [](const QString& a, const QString& b) {
+      return a.compare(b, Qt::CaseInsensitive) == 0;
+    };
+    const auto twice = std::adjacent_find(names.begin(), names.end(), same);
+    return twice == names.end() ? QString() : "„" + *twice + "“ steht zweimal in der Liste.";
+  }
+
+  // Line by line, without the empty ones.
+  static QStringList Names(const QPlainTextEdit& list) {
+    QStringList names;
+    for (const QString& line : list.toPlainText().split('\n')) names << line.simplified();
+    names.removeAll(QString());
+    return names;
+  }
+
+  static std::vector<std::string> Texts(const QPlainTextEdit& list) {
+    std::vector<std::string> texts;
+    for (const QString& name : Names(list)) texts.push_back(qt::FromQt(name));
+    return texts;
   }
 
   OwnEnterprise Enterprise() const {
     return {.number = qt::FromQt(number_->text()),
             .name = qt::FromQt(name_->text().trimmed()),
-            .forest_year = year_->value(),
+            .forest_year = year_->text().toInt(),
             .with_codes = codes_->isChecked(),
-            .districts = Lines(*districts_),
-            .objects = Lines(*objects_),
-            .payees = Lines(*payees_),
-            .workers = Lines(*workers_),
-            .compartments = compartments_->value()};
+            .districts = Texts(*districts_),
+            .objects = Texts(*objects_),
+            .payees = Texts(*payees_),
+            .workers = Texts(*workers_),
+            .compartments = compartments_->text().toInt()};
   }
 
   bool MakeFile() {
@@ -150,14 +183,14 @@ class EnterpriseDialog : public QDialog {
 
   QLineEdit* name_;
   QLineEdit* number_;
-  QSpinBox* year_;
-  QSpinBox* compartments_;
+  QLineEdit* year_;
+  QLineEdit* compartments_;
   QPlainTextEdit* districts_;
   QPlainTextEdit* workers_;
   QPlainTextEdit* objects_;
   QPlainTextEdit* payees_;
   QCheckBox* codes_;
-  QPushButton* ok_ = nullptr;
+  ToldLine* told_;
   QString file_;
 };
 

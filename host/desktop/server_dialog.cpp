@@ -4,13 +4,13 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <optional>
 
 #include "host/desktop/digits.h"
 #include "host/desktop/settings.h"
+#include "host/desktop/told_line.h"
 #include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
 #include "src/context/data/password.h"
@@ -19,8 +19,11 @@ namespace tarvoni::host {
 namespace {
 
 constexpr int kFieldWidth = 40;  // characters
-constexpr int kToldWidth = 60;
 constexpr int kDigitsOfPort = 5;
+// How a fault of a connection is told: a sentence, and behind a word what the driver says. The sentence that says
+// nothing more is replaced by one that names the server.
+constexpr const char* kDriverSays = "Meldung: ";
+constexpr const char* kNoConnection = "Die Verbindung zur Datenbank lässt sich nicht öffnen.";
 
 // Drivers know braces only where a semicolon needs them.
 QString Braced(const QString& value) {
@@ -30,7 +33,7 @@ QString Braced(const QString& value) {
 class ServerDialog : public QDialog {
  public:
   ServerDialog(QWidget* parent, const std::function<void(const QString&)>& connect_to)
-      : QDialog(parent), connect_to_(connect_to), told_(new QLabel(this)) {
+      : QDialog(parent), connect_to_(connect_to), told_(new ToldLine(this)) {
     setWindowTitle("Mit einem Server verbinden");
     auto* const form = new QFormLayout(this);
     const ServerSettings last = ServerSettings::Load();
@@ -43,12 +46,6 @@ class ServerDialog : public QDialog {
     driver_ = AddField(*form, "&Treiber:", "driver", last.driver);
     port_ = AddField(*form, "P&ort:", "port", last.port);
     TakeDigits(*port_, kDigitsOfPort);
-    told_->setObjectName("told");
-    told_->setTextFormat(Qt::PlainText);
-    told_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    told_->setWordWrap(true);
-    told_->setMinimumWidth(fontMetrics().averageCharWidth() * kToldWidth);
-    told_->hide();
     form->addRow(told_);
     form->addRow(MakeButtons());
     if (!last.server.isEmpty()) password_->setFocus();
@@ -90,7 +87,7 @@ class ServerDialog : public QDialog {
   // Tells why there is none.
   bool TryToConnect() {
     std::optional<QString> fault;
-    Tell("Die Verbindung wird aufgebaut …");
+    told_->Tell("Die Verbindung wird aufgebaut …");
     repaint();  // to be seen while it lasts
     QApplication::setOverrideCursor(Qt::WaitCursor);
     try {
@@ -103,27 +100,23 @@ class ServerDialog : public QDialog {
     return !fault;
   }
 
+  // The driver's own words, where a fault has some, come behind ours.
   void RefuseConnection(const QString& fault) {
-    const bool no_driver = fault.contains("Can't open lib");
-    const QString reason = no_driver ? "Der Treiber „" + driver_->text().trimmed() +
-                                           "“ ist auf diesem Rechner nicht installiert."
-                                     : "Die Verbindung zum Server „" + server_->text().trimmed() +
-                                           "“ ist nicht zustande gekommen. Bitte die Angaben prüfen.";
-    // Behind this word stand the driver's own; what comes before it says less than ours.
-    const QString detail = fault.section("Meldung: ", -1);
-    Refuse(reason + "\n\nEinzelheiten: " + detail, no_driver ? driver_ : nullptr);
+    const QString detail = fault.section(kDriverSays, 1);
+    const bool no_driver = detail.contains("Can't open lib");
+    QString reason = fault.section(kDriverSays, 0, 0).trimmed();
+    if (no_driver)
+      reason = "Der Treiber „" + driver_->text().trimmed() + "“ ist auf diesem Rechner nicht installiert.";
+    else if (reason == kNoConnection)
+      reason = "Die Verbindung zum Server „" + server_->text().trimmed() +
+               "“ ist nicht zustande gekommen. Bitte die Angaben prüfen.";
+    if (!detail.isEmpty()) reason += "\n\nEinzelheiten: " + detail;
+    Refuse(reason, no_driver ? driver_ : nullptr);
   }
 
   // Tells the fault; the focus goes to the field that is wrong, if one is known.
   void Refuse(const QString& fault, QLineEdit* field = nullptr) {
-    Tell(qt::ToQt(WithoutPassword(qt::FromQt(fault))));
-    if (field) field->setFocus();
-  }
-
-  void Tell(const QString& text) {
-    told_->setText(text);
-    told_->show();
-    adjustSize();
+    told_->Tell(qt::ToQt(WithoutPassword(qt::FromQt(fault))), field);
   }
 
   bool HasSemicolon() const {
@@ -149,7 +142,7 @@ class ServerDialog : public QDialog {
   }
 
   const std::function<void(const QString&)>& connect_to_;
-  QLabel* told_;
+  ToldLine* told_;
   QLineEdit* server_;
   QLineEdit* database_;
   QLineEdit* user_;

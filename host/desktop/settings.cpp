@@ -43,11 +43,15 @@ void Settings::Fill(TvnVar_Dll& record) const {
 ServerSettings ServerSettings::Load() {
   const QSettings store = Store();
   const ServerSettings standard;
+  const auto text_or = [&store](const char* key, const QString& otherwise) {
+    const QString text = store.value(key).toString();
+    return text.isEmpty() ? otherwise : text;
+  };
   return {.server = store.value("server/name").toString(),
           .database = store.value("server/datenbank").toString(),
           .user = store.value("server/benutzer").toString(),
-          .driver = store.value("server/treiber", standard.driver).toString(),
-          .port = store.value("server/port", standard.port).toString()};
+          .driver = text_or("server/treiber", standard.driver),
+          .port = text_or("server/port", standard.port)};
 }
 
 void ServerSettings::Save() const {

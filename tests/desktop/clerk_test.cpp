@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QFileInfo>
+#include <QLabel>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <fstream>
@@ -119,8 +120,19 @@ TEST(Clerk, ComesFromTheEmptyFirstPageToAnOrderOfHisOwn) {
   Typist clerk;
   const QString details = "Eigenen Betrieb anlegen", file_choice = "Datei des Betriebs";
   clerk.Key(Qt::Key_Return).AwaitWindow(details);
+  const auto told = [](const char* text) {
+    return [text] {
+      EXPECT_EQ(QApplication::activeWindow()->findChild<QLabel*>("told")->text().toStdString(), text);
+    };
+  };
+  clerk.Key(Qt::Key_Return).Do(told("Der Name des Mandanten fehlt."));
   clerk.Type("Hof Hagenwald\t\t\t\t\t")
-      .Type("Huber Anna\nMaier Karl\t\t\t\t")
+      .Type("Huber Anna\nHuber Anna")
+      .Type("\t\t\t\t")
+      .Key(Qt::Key_Return)
+      .Do(told("„Huber Anna“ steht zweimal in der Liste."))
+      .Key(Qt::Key_Home, Qt::ShiftModifier)
+      .Type("Maier Karl\t\t\t\t")
       .Key(Qt::Key_Return)
       .AwaitWindow(file_choice);
   clerk.Key(Qt::Key_Escape).AwaitWindow(details);  // no file yet: what was typed is still there

@@ -266,6 +266,10 @@ TEST_F(Desktop, ANewMachineGetsTheNumberThatIsTyped) {
   auto* const fresh = window.findChild<QCheckBox*>();
   fresh->setChecked(true);
   EXPECT_EQ(box->currentText(), "702") << "the next free number";
+  box->setEditText("700");
+  Named<QTreeWidget>(window, "Mandanten")
+      ->setCurrentItem(Named<QTreeWidget>(window, "Mandanten")->topLevelItem(1));
+  EXPECT_EQ(box->currentText(), "700") << "what was typed stays";
   box->setFocus();
   box->lineEdit()->selectAll();
   look_at_ = [&](QWidget&) {
@@ -320,6 +324,9 @@ TEST_F(Desktop, FindsAClientByWhatIsTyped) {
   QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
   type("203");
   EXPECT_EQ(current(), "2030");
+  type("x");
+  EXPECT_EQ(Named<QTreeWidget>(window, "Mandanten")->currentItem(), nullptr);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   EXPECT_THAT(opened_, ElementsAre(testing::Property(&QString::toStdString, testing::HasSubstr("2030"))));
 }
@@ -454,7 +461,8 @@ TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
   ConnectToServer(&window, [&](const QString& server) {
     tried.push_back(server.toStdString());
     EXPECT_EQ(window.findChild<QLabel*>("told")->text(), "Die Verbindung wird aufgebaut …");
-    if (tried.size() == 1) throw CallError("Sie lässt sich nicht öffnen. Meldung: login failed");
+    if (tried.size() == 1)
+      throw CallError("Die Verbindung zur Datenbank lässt sich nicht öffnen. Meldung: login failed");
   });
   EXPECT_EQ(tried, std::vector<std::string>(
                        2, "odbc:Driver=FreeTDS;Server=db1;Port=1433;Database=lohn;PWD={ge;heim}"));
@@ -482,7 +490,7 @@ TEST_F(Desktop, ServerDialogRemembersAllButThePasswordWhenTheUserGivesUp) {
   };
   for (const QString password : {"geheim", ""}) {
     QTimer::singleShot(0, &window, [&] { give_up(password); });
-    ConnectToServer(&window, [](const QString&) { throw CallError("Can't open lib"); });
+    ConnectToServer(&window, [](const QString&) { throw CallError("Nichts. Meldung: Can't open lib"); });
   }
   EXPECT_EQ(ServerSettings::Load().database, "lohn");
   const QSettings store("Tarvoni", "Lohn");
