@@ -1,5 +1,7 @@
 #include "host/own_rows.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -160,12 +162,13 @@ demo::Client WriteOwnClient(Connection& connection, const OwnEnterprise& enterpr
 }
 
 void WriteOwnForest(Connection& connection, const OwnEnterprise& enterprise) {
+  const std::size_t digits = std::to_string(enterprise.compartments).size();  // so that they sort by number
   RowWriter writer(connection, "WALDORT", "WO1, WO2, LANGNAME, MANDANTEN_ID");
   for (const std::string& district : enterprise.districts) {
     const std::string level(utf8::Substring(district, 0, kLevelLength));
     writer.Add(level, Null{}, district, kClient);
     for (int number = 1; number <= enterprise.compartments; ++number) {
-      const std::string compartment = "Abt. " + std::to_string(number);
+      const std::string compartment = fmt::format("Abt. {:0{}}", number, digits);
       writer.Add(level, compartment, district + ", " + compartment, kClient);
     }
   }

@@ -2,7 +2,7 @@
 
 #include "src/context/data/statement.h"
 #include "src/context/services/environment.h"
-#include "src/context/services/toolkit.h"
+#include "src/context/services/told_on_leaving.h"
 #include "src/context/values/field_text.h"
 #include "src/context/values/number_text.h"
 #include "src/context/values/utf8.h"
@@ -84,7 +84,7 @@ void ValueHelper::FormatOnLeave(TextBox& box, const std::string& format) {
   if (const auto number = ParseNumber(box.Text(), locale)) {
     const std::string shown = FormatNumber(*number, format, locale);
     if (box.HasFocus() && ParseNumber(shown, locale) != number)
-      CurrentToolkit().ShowRefusal(box, box.Text() + " wurde auf " + shown + " gerundet.");
+      TellOnLeaving(box, box.Text() + " wurde auf " + shown + " gerundet.");
     box.SetText(shown);
   } else if (kAnySize.Admits(utf8::Trim(box.Text()), locale)) {
     box.SetText("");

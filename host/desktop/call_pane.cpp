@@ -26,16 +26,20 @@ CallPane::CallPane(const Workplace& workplace, Call call, std::function<void(boo
   list_->setFixedWidth(list_->sizeHintForColumn(0) + qt::CharactersWide(*list_, 3));
   purpose_->setWordWrap(true);
   open_->setDefault(true);
+  connect(list_, &QListWidget::currentRowChanged, this, [this](int index) { ShowMethod(index); });
+  connect(list_, &QListWidget::itemActivated, this, [this] { Open(); });
+  connect(open_, &QPushButton::clicked, this, [this] { Open(); });
+  LayOut();
+  list_->setCurrentRow(0);
+}
+
+void CallPane::LayOut() {
   auto* const buttons = new QHBoxLayout;
   buttons->addStretch();
   buttons->addWidget(open_);
   column_->addWidget(purpose_);
   column_->addLayout(buttons);
   column_->addStretch();
-
-  connect(list_, &QListWidget::currentRowChanged, this, [this](int index) { ShowMethod(index); });
-  connect(list_, &QListWidget::itemActivated, this, [this] { Open(); });
-  connect(open_, &QPushButton::clicked, this, [this] { Open(); });
 
   auto* const label = new QLabel("Bi&ldschirme");
   label->setBuddy(list_);
@@ -46,7 +50,6 @@ CallPane::CallPane(const Workplace& workplace, Call call, std::function<void(boo
   row->setContentsMargins(0, 0, 0, 0);
   row->addLayout(left);
   row->addWidget(group_, 1);
-  list_->setCurrentRow(0);
 }
 
 void CallPane::SetScope(const ChoiceScope& scope, const QString& client_name) {

@@ -31,6 +31,7 @@ class CallPane : public QWidget {
   void Open();
 
  private:
+  void LayOut();
   void ShowMethod(int index);
   void OrderTabs();
 

@@ -26,6 +26,8 @@ QString ChooseNewFile(QWidget* parent, const QString& title, const QString& name
   while (true) {
     file = QFileDialog::getSaveFileName(parent, title, file, "Datenbanken (*.db);;Alle Dateien (*)", nullptr,
                                         QFileDialog::DontConfirmOverwrite);
+    // Without an ending the list of databases to open would not show it.
+    if (!file.isEmpty() && QFileInfo(file).suffix().isEmpty()) file += ".db";
     if (file.isEmpty() || IsFree(file)) return file;
     ShowError(parent, "Die Datei " + file +
                           " gibt es schon, und sie ist nicht leer. Bitte einen anderen Namen wählen.");

@@ -91,7 +91,7 @@ class ServerDialog : public QDialog {
   bool TryToConnect() {
     std::optional<QString> fault;
     Tell("Die Verbindung wird aufgebaut …");
-    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);  // to be seen while it lasts
+    repaint();  // to be seen while it lasts
     QApplication::setOverrideCursor(Qt::WaitCursor);
     try {
       connect_to_(Connection());

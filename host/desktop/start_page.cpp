@@ -1,7 +1,8 @@
 #include "host/desktop/start_page.h"
 
 #include <QCommandLinkButton>
-#include <QVBoxLayout>
+
+#include "platform/qt/public/look.h"
 
 namespace tarvoni::host {
 namespace {
@@ -27,9 +28,10 @@ QLabel* Heading(const QString& text, double scale) {
 
 }  // namespace
 
-StartPage::StartPage(Actions actions) : actions_(std::move(actions)) {
-  recent_label_ = Heading("Zuletzt geöffnet", 1.1);
-  recent_ = new QListWidget;
+StartPage::StartPage(Actions actions)
+    : actions_(std::move(actions)),
+      recent_label_(Heading("Zuletzt geöffnet", 1.1)),
+      recent_(new QListWidget) {
   recent_->setAccessibleName("Zuletzt geöffnete Datenbanken");
   // Kept in the layout while hidden, so that what stands above does not move.
   QSizePolicy policy = recent_->sizePolicy();
@@ -39,20 +41,12 @@ StartPage::StartPage(Actions actions) : actions_(std::move(actions)) {
           [this](const QListWidgetItem* item) { actions_.open(item->text()); });
 
   auto* const page = new QWidget;
-  page->setMaximumWidth(fontMetrics().averageCharWidth() * kPageWidth);
+  page->setMaximumWidth(qt::CharactersWide(*this, kPageWidth));
   auto* const column = new QVBoxLayout(page);
   column->addWidget(Heading("Tarvoni Lohn", 2));
   column->addWidget(new QLabel("Lohn und Kostenrechnung eines Forstbetriebs"));
   column->addSpacing(fontMetrics().height());
-  column->addWidget(
-      Link("Datenbank &öffnen", "eine Datei auf diesem Rechner oder im Netz", actions_.open_file));
-  column->addWidget(
-      Link("Mit &Server verbinden", "eine Datenbank auf einem Server", actions_.connect_server));
-  own_ = Link("Ei&genen Betrieb anlegen", "eine neue Datei mit einem Mandanten und den Codes",
-              actions_.make_enterprise);
-  column->addWidget(own_);
-  column->addWidget(
-      Link("&Musterbetrieb anlegen", "ein erfundener Forstbetrieb zum Ausprobieren", actions_.make_demo));
+  AddLinks(*column);
   column->addSpacing(fontMetrics().height());
   column->addWidget(recent_label_);
   column->addWidget(recent_, 1);
@@ -61,6 +55,17 @@ StartPage::StartPage(Actions actions) : actions_(std::move(actions)) {
   row->addStretch(1);
   row->addWidget(page, 8);
   row->addStretch(1);
+}
+
+void StartPage::AddLinks(QVBoxLayout& column) {
+  own_ = Link("Ei&genen Betrieb anlegen", "eine neue Datei mit einem Mandanten und den Codes",
+              actions_.make_enterprise);
+  column.addWidget(
+      Link("Datenbank &öffnen", "eine Datei auf diesem Rechner oder im Netz", actions_.open_file));
+  column.addWidget(Link("Mit &Server verbinden", "eine Datenbank auf einem Server", actions_.connect_server));
+  column.addWidget(own_);
+  column.addWidget(
+      Link("&Musterbetrieb anlegen", "ein erfundener Forstbetrieb zum Ausprobieren", actions_.make_demo));
 }
 
 void StartPage::ShowRecent(const QStringList& databases) {

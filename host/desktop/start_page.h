@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QVBoxLayout>
 #include <QWidget>
 #include <functional>
 
@@ -24,10 +25,12 @@ class StartPage : public QWidget {
   void FocusStart();
 
  private:
+  void AddLinks(QVBoxLayout& column);
+
   Actions actions_;
-  QWidget* own_;
   QLabel* recent_label_;
   QListWidget* recent_;
+  QWidget* own_ = nullptr;
 };
 
 }  // namespace tarvoni::host

@@ -1,5 +1,6 @@
 #include "platform/qt/grid_source.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/qt/cell_type.h"
@@ -50,6 +51,17 @@ std::string GridSource::TextAt(int row, int column) const {
 Value GridSource::ValueAt(int row, int column) const {
   if (data_grid_) return data_grid_->CellValue(row, column);
   return TypedText(grid_.CellText(row, column), CurrentLocale());
+}
+
+// Without an ID a row that holds nothing, or sums of nothing, stands for none.
+bool GridSource::LacksKey(int row) const {
+  if (!data_grid_) return false;
+  if (GridColumn* const key = grid_.Columns().Find("ID"))
+    return IsNull(data_grid_->CellValue(row, static_cast<int>(key - &*grid_.Columns().begin())));
+  return std::ranges::all_of(VisibleColumns(*this), [&](int column) {
+    const auto number = NumberIn(ValueAt(row, column));
+    return number ? *number == Decimal() : TextAt(row, column).find_first_not_of(' ') == std::string::npos;
+  });
 }
 
 }  // namespace tarvoni::qt

@@ -22,6 +22,7 @@ class GridSource : public TableSource {
   std::string TextAt(int row, int column) const override;
   Value ValueAt(int row, int column) const override;
   bool IsStruck(int row) const override { return data_grid_ && data_grid_->IsStruck(row); }
+  bool LacksKey(int row) const override;
 
  private:
   // The format of a column that has none of its own; "" where it needs none.

@@ -52,6 +52,28 @@ class RowDelegate : public QStyledItemDelegate {
   TablePane::RowMark mark_;
 };
 
+// The rows that no search hides.
+class ShownRows : public TableSource {
+ public:
+  ShownRows(const TableSource& all, const QTableView& table) : all_(all) {
+    for (int row = 0; row < all_.RowCount(); ++row) {
+      if (!table.isRowHidden(row)) rows_.push_back(row);
+    }
+  }
+  int RowCount() const override { return static_cast<int>(rows_.size()); }
+  int ColumnCount() const override { return all_.ColumnCount(); }
+  TableColumn ColumnAt(int column) const override { return all_.ColumnAt(column); }
+  std::string TextAt(int row, int column) const override { return all_.TextAt(RowOf(row), column); }
+  Value ValueAt(int row, int column) const override { return all_.ValueAt(RowOf(row), column); }
+  bool IsStruck(int row) const override { return all_.IsStruck(RowOf(row)); }
+
+ private:
+  int RowOf(int shown) const { return rows_[static_cast<std::size_t>(shown)]; }
+
+  const TableSource& all_;
+  std::vector<int> rows_;
+};
+
 QTableView* MakeTable(TableModel* model, TablePane::RowMark mark, QWidget* parent) {
   auto* table = new QTableView(parent);
   table->setObjectName("table");
@@ -145,12 +167,12 @@ void TablePane::SetTitle(const std::string& title) {
   table_->setAccessibleName(ToQt(title));
 }
 
-// A statement that finds nothing may give one row of nothing.
 bool TablePane::IsVoid() const {
   const auto empty = [this](int column) {
     return source_.TextAt(0, column).find_first_not_of(' ') == std::string::npos;
   };
-  return source_.RowCount() == 1 && std::ranges::all_of(VisibleColumns(source_), empty);
+  if (source_.RowCount() != 1) return false;
+  return source_.LacksKey(0) || std::ranges::all_of(VisibleColumns(source_), empty);
 }
 
 void TablePane::ShowCount() {
@@ -314,16 +336,17 @@ void TablePane::Print() {
     if (serves_screen_ && form != top && !form->Subject().empty())
       document.facts.push_back({"Gehört zu", form->Subject()});
   }
+  if (IsSearching()) document.facts.push_back({"Suche", FromQt(search_->text() + ", " + count_->text())});
   document.landscape = columns.size() > kPortraitColumns;
   CurrentToolkit().PreviewPrint(document);
 }
 
 void TablePane::ExportCsv() {
-  ExportTable(this, source_, title_, FileKind::kCsv);
+  ExportTable(this, ShownRows(source_, *table_), title_, FileKind::kCsv);
 }
 
 void TablePane::ExportXlsx() {
-  ExportTable(this, source_, title_, FileKind::kXlsx);
+  ExportTable(this, ShownRows(source_, *table_), title_, FileKind::kXlsx);
 }
 
 }  // namespace tarvoni::qt

@@ -28,6 +28,8 @@ class TableSource {
   virtual Value ValueAt(int row, int column) const = 0;
   // The row counts no more and is struck through.
   virtual bool IsStruck(int /*row*/) const { return false; }
+  // The row stands for none: a statement that finds nothing may give one without a key.
+  virtual bool LacksKey(int /*row*/) const { return false; }
 };
 
 // A block of cells, both ends included.

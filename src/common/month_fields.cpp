@@ -2,7 +2,7 @@
 
 #include "src/context/services/environment.h"
 #include "src/context/services/services.h"
-#include "src/context/services/toolkit.h"
+#include "src/context/services/told_on_leaving.h"
 #include "src/context/values/date_text.h"
 #include "src/context/values/number_text.h"
 
@@ -38,7 +38,7 @@ void MonthFields::OfferMonths() const {
 void MonthFields::LeaveMonth() const {
   const int month = Month();
   if (month == 0 && !month_.Empty())
-    CurrentToolkit().ShowRefusal(month_, "Einen Monat " + month_.Text() + " gibt es nicht.");
+    TellOnLeaving(month_, "Einen Monat " + month_.Text() + " gibt es nicht.");
   month_.SetText(month > 0 ? TwoDigits(month) : "");
   if (!name_) return;
   name_->SetText(month > 0 ? MonthName(month, CurrentLocale()) : "");
@@ -82,15 +82,19 @@ void LeaveDay(TextBox& day, const MonthFields& month) {
   if (number == 0 && !day.Empty()) {
     const std::string in =
         first ? " im " + MonthName(first->month, CurrentLocale()) + " " + std::to_string(first->year) : "";
-    CurrentToolkit().ShowRefusal(day, "Einen " + day.Text() + ". gibt es" + in + " nicht.");
+    TellOnLeaving(day, "Einen " + day.Text() + ". gibt es" + in + " nicht.");
   }
   day.SetText(number > 0 ? TwoDigits(number) : "");
 }
 
-void LeaveYear(TextBox& year) {
-  const int ending = WholeIn(year, 1, 99);
-  const auto meant = ending > 0 ? ParseDate("01.01." + TwoDigits(ending)) : std::nullopt;
-  if (meant) year.SetText(std::to_string(meant->year));
+void TakesYear(TextBox& year) {
+  constexpr int kDigits = 4, kOfEnding = 2;
+  year.LostFocus.Add(Turn::kFilter, [&year] {
+    if (year.Empty() || year.Length() == kDigits) return;
+    const auto meant = year.Length() == kOfEnding ? ParseDate("01.01." + year.Text()) : std::nullopt;
+    if (!meant) TellOnLeaving(year, "Ein Jahr hat zwei oder vier Ziffern: " + year.Text());
+    year.SetText(meant ? std::to_string(meant->year) : "");
+  });
 }
 
 DateTime AddMonths(const DateTime& first_day, int months) {

@@ -40,8 +40,9 @@ class MonthFields {
 // year is not known, and is shown as "00"; otherwise it is emptied, which is seen.
 void LeaveDay(TextBox& day, const MonthFields& month);
 
-// Two digits are the year that they mean in a date.
-void LeaveYear(TextBox& year);
+// A box for a year: left with two digits it shows the year that they mean in a date; with one or three it is emptied,
+// which is seen.
+void TakesYear(TextBox& year);
 
 DateTime AddMonths(const DateTime& first_day, int months);
 

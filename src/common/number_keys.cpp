@@ -2,7 +2,7 @@
 
 #include "src/common/m_common.h"
 #include "src/context/services/environment.h"
-#include "src/context/services/toolkit.h"
+#include "src/context/services/told_on_leaving.h"
 #include "src/context/values/number_text.h"
 #include "src/context/values/utf8.h"
 
@@ -20,7 +20,7 @@ void TellManyPlaces(TextBox& box) {
   constexpr int kPlaces = 2;
   const auto number = ParseNumber(box.Text(), CurrentLocale());
   if (box.HasFocus() && number && number->Scale() > kPlaces)
-    CurrentToolkit().ShowRefusal(box, box.Text() + " hat mehr als zwei Stellen hinter dem Komma.");
+    TellOnLeaving(box, box.Text() + " hat mehr als zwei Stellen hinter dem Komma.");
 }
 
 }  // namespace

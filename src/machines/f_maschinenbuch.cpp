@@ -84,7 +84,7 @@ void F_Maschinenbuch::ConnectFields() {
     ShowAsNumber(txtNutzungs);
     ShowDerived();
   };
-  txtAnschaffjahr.LostFocus = [this] { LeaveYear(txtAnschaffjahr); };
+  TakesYear(txtAnschaffjahr);
   txtAnschaffS.LostFocus = [this] { ShowSums(); };
   txtSteuerS.LostFocus = [this] { ShowSums(); };
 }

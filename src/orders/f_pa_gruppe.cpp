@@ -89,7 +89,8 @@ void F_PA_Gruppe::ConnectFields() {
   ConnectCode(produkt_);
   ConnectCode(kategorie_);
   kategorie_.Changed = [this] { CategoryChanged(); };
-  Rules(txtFWJ).Number("###0", "0000").Left([this] { LeaveYear(txtFWJ); });
+  Rules(txtFWJ).Number("###0", "0000");
+  TakesYear(txtFWJ);
   Rules(txtPA_Nummer).Number("###0", "0000");
 }
 

@@ -270,7 +270,7 @@ void F_Belege_New::NameSubject() {
   if (isNewVoucher)
     subject += ", neuer Beleg";
   else if (!voucher.IsNull("ID"))
-    subject += ", Beleg " + voucher.Text("NUMMER");
+    subject += ", Beleg " + (voucher.IsNull("NUMMER") ? "ohne Nummer" : voucher.Text("NUMMER"));
   if (SSTab1.Tab() == 1 && !view_)
     subject += ", neue Zeile";
   else if (SSTab1.Tab() == 1 && !row.IsNull("ID"))

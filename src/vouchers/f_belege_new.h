@@ -120,8 +120,8 @@ class F_Belege_New : public Screen {
   // --- cancelling (f_belege_new_storno.cpp) ---
   void Storno();
   void StornoThenNew();
-  void CancelRow();
-  void CancelVoucher();
+  bool CancelRow();
+  bool CancelVoucher();
   bool HasNoTimber(std::int32_t position);
 
   // --- timber and natural execution (f_belege_new_natural.cpp) ---

@@ -1,3 +1,4 @@
+#include "src/context/services/toolkit.h"
 #include "src/context/values/clock.h"
 #include "src/vouchers/f_belege_new.h"
 #include "src/vouchers/f_belege_new_sql.h"
@@ -13,7 +14,9 @@ void F_Belege_New::Storno() {
     stornoThenNew = false;
     return;
   }
-  SSTab1.Tab() == 1 ? CancelRow() : CancelVoucher();
+  const std::string cancelled = Subject();
+  if (SSTab1.Tab() == 1 ? CancelRow() : CancelVoucher())
+    CurrentToolkit().Tell("Storniert: " + cancelled + ".");
 }
 
 // Goes on only if something was cancelled and a new entry may begin; whatever went wrong, the next "Neu" is a plain one.
@@ -29,25 +32,27 @@ void F_Belege_New::StornoThenNew() {
   if (stornoThenNew) btnNeu.Press();
 }
 
-void F_Belege_New::CancelRow() {
+// False if nothing was cancelled, of which the user has been told.
+bool F_Belege_New::CancelRow() {
   const std::int32_t position = rows_.CurrentId();
-  if (position == 0) return;
+  if (position == 0) return false;
   if (!HasNoTimber(position)) {
     stornoThenNew = false;
-    return;
+    return false;
   }
   Committed([&] { ExecuteOnRow(sql::CancelRow(position, Clock::Today(), Context().strSqlDateFormat)); });
   LoadRows(vouchers_.CurrentId(), position);
+  return true;
 }
 
 // All rows in force are tested before the first mark is set. Rows that were cancelled before get the new date too.
-void F_Belege_New::CancelVoucher() {
+bool F_Belege_New::CancelVoucher() {
   const std::int32_t voucher = vouchers_.CurrentId();
-  if (voucher == 0) return;
+  if (voucher == 0) return false;
   for (Recordset rows = Screen::Open(sql::RowsInForce(voucher)); !rows.EndOfFile(); rows.MoveNext()) {
     if (HasNoTimber(ToLong(rows.Fields()["ID"].Value()))) continue;
     stornoThenNew = false;
-    return;
+    return false;
   }
   const bool has_rows = !rows_.Empty();
   Committed([&] {
@@ -55,6 +60,7 @@ void F_Belege_New::CancelVoucher() {
     if (has_rows) Execute(sql::CancelRowsOf(voucher, Clock::Today(), Context().strSqlDateFormat));
   });
   LoadVouchers(voucher);
+  return true;
 }
 
 bool F_Belege_New::HasNoTimber(std::int32_t position) {

@@ -159,6 +159,7 @@ CodeField::Rule F_ARA::TeamRule() {
 void F_ARA::LoadGridAndPosition() {
   orders_.Load(sql::OrdersOfYear({curPersonal, curFwj}, StundenCase(), txtKostenstelleSel[0].Tag(),
                                  txtLeistungsartSel[0].Tag()));
+  if (btnAbbrechen.Enabled()) EndEdit();
   if (orders_.Empty()) return SetViewState(true);
   if (curAraId == 0) curAraId = orders_.CurrentId();
   if (curAraId == 0) return orders_.MoveFirst();

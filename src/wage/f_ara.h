@@ -64,6 +64,7 @@ class F_ARA : public Screen {
   Control& FillNewAra();
   void ClearFields();
   std::optional<std::int32_t> Save();
+  void EndEdit();
   bool TakeNumber();
   bool ProductOrderGiven();
   void Storno();

@@ -127,6 +127,12 @@ void F_ARA::ClearFields() {
 
 // --- saving ---
 
+// The edit of this order ends, whichever the list then stands on: under a selection it may not hold the order any more.
+void F_ARA::EndEdit() {
+  SetSubject("Forstbetrieb " + txtForstbetrieb.Text() + ", Auftrag " + OrderName());
+  btnAbbrechen.SetEnabled(false);
+}
+
 std::string F_ARA::OrderName() const {
   return txtKostenstelle[0].Text() + txtFWJ.Text() + txtArbeitsauftrag.Text();
 }
@@ -173,9 +179,11 @@ void F_ARA::Storno() {
   if (curAraId == 0) return;
   const auto day = AskStornoDay();
   if (!day) return;
+  const std::string cancelled = Subject();
   Committed([&] { ExecuteOnRow(sql::CancelOrder(curAraId, *day, Context().strSqlDateFormat)); });
   LoadGridAndPosition();
   SafeSetFocus(DataGridArbeitsauftrag);  // not onto the button behind this one, which opens another Screen
+  CurrentToolkit().Tell("Storniert: " + cancelled + ".");
 }
 
 // A day of a month that is not closed, no later than today; nothing if the user gives up or there is none.

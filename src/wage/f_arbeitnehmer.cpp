@@ -6,6 +6,7 @@
 #include "src/common/messages.h"
 #include "src/common/view_switch.h"
 #include "src/context/rules/hour_amount.h"
+#include "src/context/services/told_on_leaving.h"
 #include "src/context/values/field_text.h"
 #include "src/context/values/number_text.h"
 #include "src/wage/f_arbeitnehmer_sql.h"
@@ -48,17 +49,16 @@ void F_Arbeitnehmer::Run(const TvnVar_Dll& tvnvar, std::int32_t araId) {
 void F_Arbeitnehmer::ConnectFields() {
   ConnectBoxes(*this, TabOnEnter(*this));
   Rules(txtBearbeitungsmonat[1]).Number("00").Month(working_month_);
-  Rules(txtBearbeitungsmonat[3]).Number("0000").Left([this] { LeaveYear(txtBearbeitungsmonat[3]); });
+  for (TextBox* year : {&txtBearbeitungsmonat[3], &txtVerlohnungs[3], &txtAuszahlungsmonat[3]})
+    TakesYear(*year);
+  Rules(txtBearbeitungsmonat[3]).Number("0000");
   Rules(txtVerlohnungs[0]).Number("00").Left([this] { DayLeft(); });
   Rules(txtVerlohnungs[1]).Number("00").Month(pay_month_).Left([this] { DayLeft(); });
-  Rules(txtVerlohnungs[3]).Number("0000").Left([this] {
-    LeaveYear(txtVerlohnungs[3]);
-    DayLeft();
-  });
+  Rules(txtVerlohnungs[3]).Number("0000").Left([this] { DayLeft(); });
   Rules(txtPersonalnummer[0]).Keys("#########0").Code(worker_);
   Rules(txtLohnart[0]).Keys("#########0").Code(wage_type_).Left([this] { WageTypeLeft(); });
   Rules(txtAuszahlungsmonat[1]).Number("00").Month(paying_month_);
-  Rules(txtAuszahlungsmonat[3]).Number("0000").Left([this] { LeaveYear(txtAuszahlungsmonat[3]); });
+  Rules(txtAuszahlungsmonat[3]).Number("0000");
   Rules(txtStunden).Number("-##0.00").Left([this] { ShowAmount(); });
   Rules(txtProzentsatz).Number("-##0.00");
   worker_.Changed = [this] {
@@ -165,9 +165,8 @@ void F_Arbeitnehmer::PriceForWorker() {
   txtAuszahlungsmonat[3].SetText(year);
   paying_month_.LeaveMonth();
   if (follows == month + "." + year) return;
-  CurrentToolkit().ShowRefusal(txtAuszahlungsmonat[1], lblAuszahlungsmonat.Caption() + " bleibt " + month +
-                                                           "." + year + "; aus Tag und Lohnart folgt " +
-                                                           follows + ".");
+  TellOnLeaving(txtAuszahlungsmonat[1], lblAuszahlungsmonat.Caption() + " bleibt " + month + "." + year +
+                                            "; aus Tag und Lohnart folgt " + follows + ".");
 }
 
 void F_Arbeitnehmer::WageTypeLeft() {

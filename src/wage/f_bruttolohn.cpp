@@ -65,16 +65,14 @@ void F_Bruttolohn::Run(const TvnVar_Dll& tvnvar, std::int32_t Id_StundenBuch) {
 
 void F_Bruttolohn::ConnectFields() {
   ConnectBoxes(*this, TabOnEnter(*this));
-  Rules(txtFWJ).Number("0000").Left([this] { LeaveYear(txtFWJ); });
+  for (TextBox* year : {&txtFWJ, &txtVerlohnungs[3], &txtAuszahlungsmonat[3]}) TakesYear(*year);
+  Rules(txtFWJ).Number("0000");
   Rules(txtVerlohnungs[1]).Number("00").Month(pay_month_).Left([this] { DayLeft(); });
-  Rules(txtVerlohnungs[3]).Number("0000").Left([this] {
-    LeaveYear(txtVerlohnungs[3]);
-    DayLeft();
-  });
+  Rules(txtVerlohnungs[3]).Number("0000").Left([this] { DayLeft(); });
   Rules(txtTag).Number("00").Left([this] { DayLeft(); });
   Rules(txtLohnart[0]).Keys("#########0").Code(wage_type_).Left([this] { WageTypeLeft(); });
   Rules(txtAuszahlungsmonat[1]).Number("00").Month(paying_month_);
-  Rules(txtAuszahlungsmonat[3]).Number("0000").Left([this] { LeaveYear(txtAuszahlungsmonat[3]); });
+  Rules(txtAuszahlungsmonat[3]).Number("0000");
   Rules(txtWert).Number("-###0.00").Left([this] { ShowAmount(); });
   Rules(txtProzentsatz).Number("-##0.00").Left([this] { ShowAmount(); });
   Rules(txtKostenstelle[0]).Code(cost_centre_);

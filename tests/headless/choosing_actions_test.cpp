@@ -77,6 +77,7 @@ TEST(Choosing, CtrlWithTabOrAPageKeyTurnsToAnotherTab) {
   UserActions& user = shown->user;
   user.Key(kKeyTab, 2);
   EXPECT_EQ(form.SSTab1.Tab(), 1);
+  EXPECT_TRUE(form.txt.HasFocus()) << "who was on a page goes on on the other";
   user.Key(kKeyPageDown, 2);
   EXPECT_EQ(form.SSTab1.Tab(), 0) << "round the end";
   form.SSTab1.SetTabEnabled(1, false);

@@ -302,6 +302,7 @@ TEST_F(Actions, OnlyWhatABoxDoesNotTakeIsRefused) {
   user.Type("12");
   user.Focus(form.txtC);
   user.Type("1");
+  EXPECT_EQ(toolkit.LastTold(), "Dieses Feld ist gesperrt.");
   EXPECT_FALSE(user.Paste("1"));
   EXPECT_THAT(toolkit.refusals, ElementsAre("txtB", "txtC", "txtC"));
 }

@@ -15,8 +15,7 @@ OwnEnterprise HofHagenwald() {
   return {.number = "1000",
           .name = "Hof Hagenwald",
           .forest_year = 2026,
-          .workers = {"Huber Anna", "Wolf, Eva Maria"},
-          .compartments = 2};
+          .workers = {"Huber Anna", "Wolf, Eva Maria"}};
 }
 
 // What no Screen makes must be there from the start: the script goes through all nine of them.

@@ -1,8 +1,12 @@
 #include "platform/qt/public/table_view.h"
 
+#include <unistd.h>
+
 #include <QClipboard>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <filesystem>
+#include <fstream>
 
 #include "src/context/controls/data_control.h"
 #include "src/context/services/environment.h"
@@ -189,6 +193,15 @@ TEST_F(TableViewTest, SearchHidesTheRowsThatDoNotAnswer) {
       << "what is hidden is not chosen";
   QCoreApplication::processEvents();
   EXPECT_EQ(sum.text(), "");
+  const auto file = std::filesystem::temp_directory_path() / ("found" + std::to_string(getpid()) + ".csv");
+  WhenOpen([&](QDialog& dialog) {
+    Part<QLineEdit>(dialog, "fileNameEdit").setText(ToQt(file.string()));
+    Press(dialog, Qt::Key_Return);
+  });
+  pane.ExportCsv();
+  std::ifstream saved(file);
+  EXPECT_EQ(std::string(std::istreambuf_iterator(saved), {}), "\xEF\xBB\xBFNr.;Stunden\r\n4;7,50\r\n");
+  std::filesystem::remove(file);
   QTest::keyClick(&search, Qt::Key_Escape);
   EXPECT_FALSE(search.isVisible());
   EXPECT_FALSE(Table().isRowHidden(3));
@@ -222,6 +235,9 @@ TEST(GridSourceTest, NumbersWithoutAFormatStandEvenly) {
   db->Answer("WHOLE",
              test::Rows({test::Whole("NR"), {.name = "HOURS", .type = FieldType::kNumeric, .size = 0}},
                         {std::int64_t{1}, Decimal(80000, 4)}));
+  const Column no_sum{.name = "HOURS", .type = FieldType::kNumeric, .size = 0};
+  db->Answer("NO KEY", test::Rows({test::Whole("ID"), test::Chars("UNIT")}, {Null{}, std::string("fm")}));
+  db->Answer("NO SUM", test::Rows({test::Chars("UNIT"), no_sum}, {Null{}, Decimal()}));
   Environment environment{.connect = [&](const std::string&) { return db; }};
   const EnvironmentScope scope(environment);
   Form form("F_TEST");
@@ -254,6 +270,14 @@ TEST(GridSourceTest, NumbersWithoutAFormatStandEvenly) {
   view.ShowColumns();
   view.ShowRows();
   EXPECT_EQ(cell(0, 1), "8");
+  const auto& count = *view.findChild<QLabel*>("count");
+  EXPECT_EQ(count.text(), "1 Zeile");
+  for (const SqlText& nothing : {SqlText("NO KEY"), SqlText("NO SUM")}) {
+    show(nothing);
+    view.ShowColumns();
+    view.ShowRows();
+    EXPECT_EQ(count.text(), "0 Zeilen") << nothing.Text();
+  }
 }
 
 }  // namespace

@@ -29,6 +29,12 @@ int TabStep(int key, int shift) {
   return key == kKeyPageDown ? 1 : key == kKeyPageUp ? -1 : 0;
 }
 
+bool IsWithin(const Control& control, const Control& container) {
+  const Control* around = control.Container();
+  while (around && around != &container) around = around->Container();
+  return around == &container;
+}
+
 // A caption without its mnemonic and dots.
 std::string Plain(std::string_view caption) {
   std::string plain(caption);
@@ -109,14 +115,18 @@ void UserActions::DoCommand(int key, int shift) {
   toolkit_.Tell("„" + Plain(button.Caption()) + "“ ist hier nicht möglich.");
 }
 
-// To the next tab that can be chosen, round the end.
+// To the next tab that can be chosen, round the end. Who was on a page goes on on the other.
 void UserActions::StepTab(int step) {
   TabControl& tabs = *OpenTabs();
+  const bool on_page = form_.ActiveControl() && IsWithin(*form_.ActiveControl(), tabs);
   int tab = tabs.Tab();
   do {
     tab = (tab + step + tabs.Tabs()) % tabs.Tabs();
   } while (tab != tabs.Tab() && (!tabs.TabEnabled(tab) || !tabs.Page(tab).Visible()));
   ChooseTab(tabs, tab);
+  Control* const first = form_.NextInTabOrder(&tabs);
+  const bool of_page = first && IsWithin(*first, tabs);
+  if (on_page && of_page && tabs.HasFocus()) Arrive(*first);
 }
 
 // Escape: gives the edit up, and asks before anything typed is lost; where nothing is edited it closes. What is given up
@@ -167,7 +177,7 @@ void UserActions::PressButton(Button& button) {
   const bool saves = button.Does() == Command::kSave || button.Does() == Command::kSaveAndNew;
   if (!saves || !form_.IsLoaded() || (edits ? edits_ended_ == ended : !done)) return;
   if (!edits) typed_ = false;
-  const std::string& saved = ButtonFor(Command::kCancel) ? ended_subject_ : form_.Subject();
+  const std::string& saved = edits ? ended_subject_ : form_.Subject();
   toolkit_.Tell(saved.empty() ? "Gespeichert." : "Gespeichert: " + saved + ".");
 }
 

@@ -9,6 +9,8 @@
 namespace tarvoni {
 namespace {
 
+constexpr const char* kLocked = "Dieses Feld ist gesperrt.";
+
 // The key behind a character, as KeyDown tells it; 0 where it depends on the keyboard.
 int KeyOf(char32_t character) {
   const char32_t upper = utf8::Upper(character);
@@ -194,8 +196,10 @@ bool UserActions::TypeCharacter(char32_t character) {
 void UserActions::RefuseCharacter(Control& control, char32_t character) {
   if (!form_.IsLoaded() || form_.ActiveControl() != &control) return;
   auto* const box = dynamic_cast<TextBox*>(&control);
-  if (!box || box->Locked() || box->Takes() == Entry::kText)
-    return toolkit_.ShowRefusal(control, Refusal(std::u32string(1, character)));
+  if (box && box->Locked()) return toolkit_.ShowRefusal(control, kLocked);
+  if (!box || box->Takes() == Entry::kText)
+    return toolkit_.ShowRefusal(control,
+                                (character == U' ' ? "" : "Das Zeichen ") + Refusal({&character, 1}));
   if (!WaitingBox())
     refused_ = {.box = box,
                 .text = box->Text(),
@@ -299,8 +303,8 @@ bool UserActions::Paste(std::string_view text) {
     taken = !box->Locked() && PasteInto(*box, text);
     if (taken || form_.ActiveControl() != box) return;
     const std::string shown = Shortened(text);
-    toolkit_.ShowRefusal(*box, box->Locked() ? "Dieses Feld ist gesperrt."
-                                             : "Der Text „" + shown + "“ passt nicht in dieses Feld.");
+    toolkit_.ShowRefusal(*box,
+                         box->Locked() ? kLocked : "Der Text „" + shown + "“ passt nicht in dieses Feld.");
   });
   return taken;
 }
