@@ -457,15 +457,19 @@ TEST_F(Desktop, ServerDialogKeepsWhatWasTypedAndTellsTheFault) {
     EXPECT_TRUE(dialog.findChild<QLabel*>("told")->text().endsWith("\n\nEinzelheiten: login failed"));
     EXPECT_EQ(field("password")->text(), "ge;heim");
     static_cast<QDialog&>(dialog).accept();
+    EXPECT_TRUE(dialog.findChild<QLabel*>("told")->text().startsWith(
+        "Bitte das Kennwort prüfen.\n\nEinzelheiten: 18456"));
+    static_cast<QDialog&>(dialog).accept();
   });
   ConnectToServer(&window, [&](const QString& server) {
     tried.push_back(server.toStdString());
     EXPECT_EQ(window.findChild<QLabel*>("told")->text(), "Die Verbindung wird aufgebaut …");
+    if (tried.size() == 2) throw CallError("Bitte das Kennwort prüfen. Meldung: 18456");
     if (tried.size() == 1)
       throw CallError("Die Verbindung zur Datenbank lässt sich nicht öffnen. Meldung: login failed");
   });
   EXPECT_EQ(tried, std::vector<std::string>(
-                       2, "odbc:Driver=FreeTDS;Server=db1;Port=1433;Database=lohn;PWD={ge;heim}"));
+                       3, "odbc:Driver=FreeTDS;Server=db1;Port=1433;Database=lohn;PWD={ge;heim}"));
   EXPECT_EQ(ServerSettings::Load().database, "lohn");
 }
 
