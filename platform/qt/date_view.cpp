@@ -52,7 +52,7 @@ void DateView::Choose(std::optional<DateTime> day) {
 }
 
 std::optional<DateTime> DateView::TypedDay() const {
-  const auto day = ParseDate(FromQt(edit_->text().trimmed()), date_.Value());
+  const auto day = ParseDate(FromQt(edit_->text().trimmed()), [this] { return date_.MissingYear(); });
   return day && *day >= date_.MinDate() && *day <= date_.MaxDate() ? day : std::nullopt;
 }
 

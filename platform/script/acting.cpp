@@ -75,7 +75,7 @@ void FocusForKeys(const ScriptRun& run, Control& control) {
 void TypeInto(const ScriptRun& run, Control& control, const std::string& text) {
   FocusForKeys(run, control);
   if (auto* date = dynamic_cast<DateControl*>(&control)) {
-    const auto day = ParseDate(text, date->Value());
+    const auto day = ParseDate(text, [date] { return date->MissingYear(); });
     if (!day && !text.empty()) run.Fail("\"" + text + "\" ist kein Datum.");
     return run.driver.ChooseDate(*date, day);
   }

@@ -18,7 +18,7 @@ void DateField::Show(const std::optional<DateTime>& day) {
 }
 
 std::optional<DateTime> DateField::Day() const {
-  return ParseDate(box_.Text(), before_);
+  return ParseDate(box_.Text(), [this] { return before_ ? before_->year : box_.OwnerForm().DateYear(); });
 }
 
 void DateField::TakeBack() {

@@ -9,8 +9,8 @@
 namespace tarvoni {
 
 // A box for a date that is typed as text, by the rule of ParseDate. Leaving shows the day as "dd.mm.yyyy". Without a
-// year it is that of the day the box showed before. An empty box is no date and no mistake. What keys do, `Rules`
-// (box_rules.h) sets up.
+// year it is that of the day the box showed before, else of the Screen's year. An empty box is no date and no mistake.
+// What keys do, `Rules` (box_rules.h) sets up.
 class DateField {
  public:
   // What leaving does with a text that is no date. kReport shows message 223, keeps the text and takes the focus

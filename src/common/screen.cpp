@@ -40,6 +40,11 @@ void Screen::Leave() const {
   }
 }
 
+int Screen::DateYear() const {
+  const int year = OptionNumber("STANDARD_FWJ");
+  return year > 0 ? year : Form::DateYear();
+}
+
 std::string Screen::Message(std::int32_t number) const {
   return CurrentSuite().Messages().GetMessage(number, tvnvar_);
 }

@@ -71,6 +71,8 @@ class Screen : public Form {
   std::string ReadText(const SqlText& statement) const { return tarvoni::ReadText(Db(), statement); }
   std::int32_t OptionNumber(const std::string& key) const { return GetOptionNumber(key, Db()); }
   std::string OptionText(const std::string& key) const { return GetOptionText(key, Db()); }
+  // The standard forest year.
+  int DateYear() const override;
 
   // Tells that an entry is wrong, gives the field the focus and is false: `return Refuse(...)` ends a save.
   bool Refuse(const std::string& text, Control& field, std::int32_t style = kBoxWarning) const;

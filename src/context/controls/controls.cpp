@@ -142,6 +142,10 @@ void DateControl::SetValue(std::optional<DateTime> value) {
   Change();
 }
 
+int DateControl::MissingYear() const {
+  return value_ ? value_->year : OwnerForm().DateYear();
+}
+
 void DateControl::SetLimits(const DateTime& min_date, const DateTime& max_date) {
   min_date_ = min_date;
   max_date_ = max_date;

@@ -158,6 +158,8 @@ class DateControl : public InputControl {
   const DateTime& MinDate() const { return min_date_; }
   const DateTime& MaxDate() const { return max_date_; }
   void SetLimits(const DateTime& min_date, const DateTime& max_date);
+  // The year that a date typed without one means.
+  int MissingYear() const;
 
  private:
   std::optional<DateTime> value_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "src/context/values/clock.h"
 #include "src/context/values/utf8.h"
 
 namespace tarvoni {
@@ -12,6 +13,10 @@ void Form::SetCaption(std::string_view caption) {
   if (caption_ == caption) return;
   caption_ = caption;
   if (observer_) observer_->FormCaptionChanged();
+}
+
+int Form::DateYear() const {
+  return Clock::Today().year;
 }
 
 void Form::SetSubject(std::string_view subject) {

@@ -93,6 +93,10 @@ std::optional<std::string> DatePart(const DateTime& date, char letter, std::size
 }  // namespace
 
 std::optional<DateTime> ParseDate(std::string_view text, const std::optional<DateTime>& before) {
+  return ParseDate(text, [&] { return before.value_or(Clock::Today()).year; });
+}
+
+std::optional<DateTime> ParseDate(std::string_view text, const std::function<int()>& missing_year) {
   text = utf8::Trim(text);
   if (const auto iso = DateTime::FromIso(text)) return iso;
   const bool digits_alone = text.find_first_of(".,") == std::string_view::npos;
@@ -100,7 +104,7 @@ std::optional<DateTime> ParseDate(std::string_view text, const std::optional<Dat
   if (parts.size() != 2 && parts.size() != 3) return std::nullopt;
   const int day = ParsePart(parts[0], 2);
   const int month = ParsePart(parts[1], 2);
-  const int year = parts.size() == 3 ? ParseYear(parts[2]) : before.value_or(Clock::Today()).year;
+  const int year = parts.size() == 3 ? ParseYear(parts[2]) : missing_year();
   if (!IsValidDate(year, month, day)) return std::nullopt;
   return DateTime{.year = year, .month = month, .day = day};
 }
