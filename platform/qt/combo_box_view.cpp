@@ -3,6 +3,7 @@
 #include <QLineEdit>
 
 #include "platform/qt/form_window.h"
+#include "platform/qt/keys.h"
 #include "platform/qt/list_view.h"
 #include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
@@ -83,7 +84,8 @@ bool ComboBoxView::Key(const QKeyEvent& event) {
   const bool opens =
       event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && event.modifiers() == Qt::AltModifier);
   if (opens) {
-    ControlView::Key(event);
+    // The Screen hears the key; looking into the list chooses nothing.
+    Window().Act([&](UserActions& user) { user.Key(KeyCode(event), ShiftState(event.modifiers())); });
     if (combo_.HasFocus()) Open();
     return true;
   }

@@ -94,6 +94,9 @@ TEST(ListView, LockedComboTakesNoItem) {
     EXPECT_EQ(widget.currentIndex(), -1) << "nothing is chosen by itself";
     stage.Press(Qt::Key_Down);
     EXPECT_EQ(FromQt(widget.currentText()), "fm");
+    stage.Press(Qt::Key_Down, Qt::AltModifier);
+    widget.hidePopup();
+    EXPECT_EQ(FromQt(widget.currentText()), "fm") << "looking into the list chooses nothing";
     combo.SetLocked(true);
     stage.Press(Qt::Key_Down);
     stage.driver.SelectItem(combo, 2);
