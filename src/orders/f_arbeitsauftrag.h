@@ -105,6 +105,8 @@ class F_Arbeitsauftrag : public ArbeitsauftragSurface {
   void GradeGroupLeft();
   void OfferGradeGroups();
   void CalculateTotal();
+  void BasisLeft();
+  std::string Factors();
   void TotalLeft();
   void CalculateUnitCost();
   TextBox& Basis();
@@ -155,7 +157,9 @@ class F_Arbeitsauftrag : public ArbeitsauftragSurface {
   std::int32_t activityId_ = 0;
   std::string headerName;
   std::string total_on_arrival_;  // what txtKosten showed when it got the focus
-  bool closed_ = false;           // as it was last read or written
+  std::string
+      total_worked_from_;  // the basis and unit cost that the total belongs to; "" once a basis was typed
+  bool closed_ = false;    // as it was last read or written
   Guard undoing_click_;
   double euroFactor = 1.0;
   PositionWidths widths_;

@@ -41,8 +41,10 @@ void F_Arbeitsauftrag::ConnectFields() {
 }
 
 void F_Arbeitsauftrag::ConnectAmounts() {
-  Rules(txtFlache).Number("-######0.0000").Left([this] { CalculateTotal(); });
-  Rules(txtMenge).Number("-######0.00").Left([this] { CalculateTotal(); });
+  Rules(txtFlache).Number("-######0.0000").Left([this] { BasisLeft(); });
+  Rules(txtMenge).Number("-######0.00").Left([this] { BasisLeft(); });
+  for (TextBox* basis : {&txtFlache, &txtMenge})
+    basis->Change.Add(Turn::kOwn, [this] { total_worked_from_.clear(); });
   for (OptionButton* basis : {&optMenge, &optHa}) {
     basis->Click = [this] {
       if (!suppressEvents) CalculateTotal();
@@ -225,7 +227,18 @@ TextBox& F_Arbeitsauftrag::Basis() {
   return optMenge.Value() ? txtMenge : txtFlache;
 }
 
+std::string F_Arbeitsauftrag::Factors() {
+  const auto number = [](const TextBox& box) { return NumberOrZero(box).ToShortString(); };
+  return (optMenge.Value() ? "Menge " : "Fläche ") + number(Basis()) + " zu " + number(txtKostenE);
+}
+
+// A total that was entered is not worked out anew where basis and unit cost are only passed.
+void F_Arbeitsauftrag::BasisLeft() {
+  if (Factors() != total_worked_from_) CalculateTotal();
+}
+
 void F_Arbeitsauftrag::CalculateTotal() {
+  total_worked_from_ = Factors();
   if (const auto total = TotalCost(Basis().Text(), txtKostenE.Text())) txtKosten.SetText(*total);
   FormatAmountBox(txtKosten);
 }
@@ -239,6 +252,7 @@ void F_Arbeitsauftrag::CalculateUnitCost() {
   txtKostenE.SetText("0");
   if (const auto unit = UnitCost(txtKosten.Text(), Basis().Text())) txtKostenE.SetText(*unit);
   for (TextBox* box : {&txtKostenE, &txtKosten}) FormatAmountBox(*box);
+  total_worked_from_ = Factors();
 }
 
 }  // namespace tarvoni

@@ -39,6 +39,7 @@ void F_Arbeitsauftrag::ShowPosition() {
     ShowLocation(row.Number("WO_ID"));
     ShowAmounts(row);
     ShowFreeFields(row);
+    total_worked_from_ = Factors();
   }
   NameSubject(NumberOfPosition());
   SetViewState(true);
