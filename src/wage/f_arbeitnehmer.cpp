@@ -123,11 +123,10 @@ void F_Arbeitnehmer::ShowCurrentRow() {
   row.Show("PROZENTSATZ", txtProzentsatz, kAmount);
   txtGesamtbetrag.SetText(Amount());  // a row without a rate has no SATZ
   curStundenId = row.Number("ID");
-  SetSubject(curStundenId == 0
-                 ? ""
-                 : txtPersonalnummer[0].Text() + " " + txtPersonalnummer[1].Text() + ", " +
-                       txtVerlohnungs[0].Text() + "." + txtVerlohnungs[1].Text() + "." +
-                       txtVerlohnungs[3].Text() + ", " + lblLohnart.Caption() + " " + txtLohnart[0].Text());
+  SetSubject(curStundenId == 0 ? ""
+                               : txtPersonalnummer[0].Text() + " " + txtPersonalnummer[1].Text() + ", " +
+                                     DayText() + ", " + lblLohnart.Caption() + " " + txtLohnart[0].Text());
+  priced_day_ = DayText();
   SetViewState(true);
 }
 
@@ -144,8 +143,11 @@ void F_Arbeitnehmer::SetViewState(bool bolView) {
 
 // --- rate and amount of the entry ---
 
+// Another day has another rate and is paid in another month. A stored one that is only passed changes neither.
 void F_Arbeitnehmer::DayLeft() {
   LeaveDay(txtVerlohnungs[0], pay_month_);
+  if (priced_day_ == DayText()) return;
+  if (priced_day_) priced_day_ = DayText();
   PriceAgain();
 }
 
@@ -179,6 +181,10 @@ void F_Arbeitnehmer::WageTypeLeft() {
     ReadRate();
   }
   txtStunden.LostFocus();
+}
+
+std::string F_Arbeitnehmer::DayText() const {
+  return txtVerlohnungs[0].Text() + "." + txtVerlohnungs[1].Text() + "." + txtVerlohnungs[3].Text();
 }
 
 std::optional<DateTime> F_Arbeitnehmer::Day() const {

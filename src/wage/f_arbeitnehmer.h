@@ -42,6 +42,7 @@ class F_Arbeitnehmer : public Screen {
   std::string Amount() const;
   void ShowAmount();
   std::optional<DateTime> Day() const;
+  std::string DayText() const;
 
   RowEntry::Steps EntrySteps();
   Control& FillNew();
@@ -55,6 +56,8 @@ class F_Arbeitnehmer : public Screen {
   std::int32_t curStundenId = 0;
   Guard loadingFlag;
   bool wage_type_changed_ = false;  // since its rate was read
+  std::optional<std::string>
+      priced_day_;  // of the stored row, whose day may just be passed; nothing for a new one
 
   DataControl AdodcArbeitnehmer{*this, "AdodcArbeitnehmer"};
   DataGrid DataGridArbeitnehmer{*this, "DataGridArbeitnehmer"};

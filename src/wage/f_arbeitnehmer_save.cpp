@@ -26,6 +26,7 @@ RowEntry::Steps F_Arbeitnehmer::EntrySteps() {
 // The months stay as they are, for the next worker of the same month.
 Control& F_Arbeitnehmer::FillNew() {
   SetSubject("neue Zeile");
+  priced_day_.reset();
   txtBearbeitungsmonat[3].SetText(curFwj);
   txtVerlohnungs[3].SetText(curFwj);
   worker_.Clear();

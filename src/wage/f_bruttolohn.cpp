@@ -138,6 +138,7 @@ void F_Bruttolohn::ShowCurrentRow() {
   SetSubject(Worker() + (curLineId == 0 ? ""
                                         : ", Tag " + txtTag.Text() + ", " + lblLohnart.Caption() + " " +
                                               txtLohnart[0].Text()));
+  priced_day_ = DayText();
   SetViewState(true);
 }
 

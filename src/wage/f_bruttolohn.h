@@ -47,6 +47,7 @@ class F_Bruttolohn : public Screen {
   CodeField::Rule MethodRule();
   void ProductOrderLeft();
   void DayLeft();
+  std::string DayText() const;
   // Reads the rate for the wage type once more.
   void PriceAgain();
   void WageTypeLeft();
@@ -69,7 +70,9 @@ class F_Bruttolohn : public Screen {
   std::int32_t curProduktId = 0;
   Guard loadingFlag;
   bool wage_type_changed_ = false;  // since its rate was read
-  bool summary_is_old_ = false;     // lines were written since it was filled
+  std::optional<std::string>
+      priced_day_;               // of the stored line, whose day may just be passed; nothing for a new one
+  bool summary_is_old_ = false;  // lines were written since it was filled
 
   DataControl AdodcBruttoLohn{*this, "AdodcBruttoLohn"};
   DataGrid DataGridBruttoLohn{*this, "DataGridBruttoLohn"};

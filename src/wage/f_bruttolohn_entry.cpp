@@ -63,9 +63,16 @@ void F_Bruttolohn::ProductOrderLeft() {
 
 // --- rate and amount ---
 
+// Another day has another rate and is paid in another month. A stored one that is only passed changes neither.
 void F_Bruttolohn::DayLeft() {
   LeaveDay(txtTag, pay_month_);
+  if (priced_day_ == DayText()) return;
+  if (priced_day_) priced_day_ = DayText();
   PriceAgain();
+}
+
+std::string F_Bruttolohn::DayText() const {
+  return txtTag.Text() + "." + txtVerlohnungs[1].Text() + "." + txtVerlohnungs[3].Text();
 }
 
 void F_Bruttolohn::PriceAgain() {

@@ -41,6 +41,7 @@ RowEntry::Steps F_Bruttolohn::EntrySteps() {
 // Month, paying month and cost assignment stay as they are, for the next line of the same work.
 Control& F_Bruttolohn::FillNew() {
   SetSubject(Worker() + ", neue Zeile");
+  priced_day_.reset();
   txtFWJ.SetText(curFwj);
   txtVerlohnungs[3].SetText(curFwj);
   txtTag.LostFocus();
