@@ -170,9 +170,11 @@ void UserActions::Entered() {
 // Where nothing can be cancelled a save has no end that shows: it went well if nothing was told.
 void UserActions::PressButton(Button& button) {
   // A button of the Screen's own may change what is edited as typing does.
-  button.Does() == Command::kNone ? Entered() : toolkit_.Tell("");
+  const bool own = button.Does() == Command::kNone;
+  own ? Entered() : toolkit_.Tell("");
   const int ended = edits_ended_, told = toolkit_.MessageBoxes();
   const bool done = Handle([&] { button.Press(); }) && toolkit_.MessageBoxes() == told;
+  typed_ = typed_ || (own && Offers(Command::kCancel));  // a copy that it began, too
   const bool edits = Offers(Command::kCancel);
   const bool saves = button.Does() == Command::kSave || button.Does() == Command::kSaveAndNew;
   if (!saves || !form_.IsLoaded() || (edits ? edits_ended_ == ended : !done)) return;
