@@ -3,7 +3,6 @@
 #include <QLineEdit>
 
 #include "platform/qt/form_window.h"
-#include "platform/qt/keys.h"
 #include "platform/qt/list_view.h"
 #include "platform/qt/public/look.h"
 #include "platform/qt/public/text.h"
@@ -81,11 +80,10 @@ bool ComboBoxView::EditsText() const {
 }
 
 bool ComboBoxView::Key(const QKeyEvent& event) {
-  const bool opens =
-      event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && event.modifiers() == Qt::AltModifier);
-  if (opens) {
-    // The Screen hears the key; looking into the list chooses nothing.
-    Window().Act([&](UserActions& user) { user.Key(KeyCode(event), ShiftState(event.modifiers())); });
+  const bool looks = event.key() == Qt::Key_F4;
+  const bool opens = event.key() == Qt::Key_Down && event.modifiers() == Qt::AltModifier;
+  if (looks) ControlView::Key(event);
+  if (looks || opens) {  // without a choice: Alt+Down alone would be the next entry
     if (combo_.HasFocus()) Open();
     return true;
   }

@@ -12,6 +12,7 @@
 #include "src/context/services/environment.h"
 #include "tests/qt_dialogs/dialog_testing.h"
 #include "tests/support/fake_connection.h"
+#include "tests/support/quiet_toolkit.h"
 
 namespace tarvoni::qt {
 namespace {
@@ -198,7 +199,11 @@ TEST_F(TableViewTest, SearchHidesTheRowsThatDoNotAnswer) {
     Part<QLineEdit>(dialog, "fileNameEdit").setText(ToQt(file.string()));
     Press(dialog, Qt::Key_Return);
   });
+  test::QuietToolkit toolkit;
+  Environment environment{.toolkit = &toolkit};
+  const EnvironmentScope scope(environment);
   pane.ExportCsv();
+  EXPECT_THAT(toolkit.LastTold(), testing::StartsWith("1 Zeile in"));
   std::ifstream saved(file);
   EXPECT_EQ(std::string(std::istreambuf_iterator(saved), {}), "\xEF\xBB\xBFNr.;Stunden\r\n4;7,50\r\n");
   std::filesystem::remove(file);
