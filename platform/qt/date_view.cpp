@@ -73,7 +73,7 @@ bool DateView::Commit() {
 }
 
 void DateView::Open() {
-  if (!TypedDay()) Show(Aspect::kValue);
+  if (!edit_->text().trimmed().isEmpty() && !TypedDay()) Show(Aspect::kValue);
   Window().Act([this](UserActions& user) {
     if (!user.Focus(date_) || date_.Locked()) return;
     const auto day = CurrentToolkit().PickDate("Datum", date_.Value());

@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QTabBar>
 #include <QTableView>
+#include <QTimer>
 #include <QTest>
 
 #include "tests/qt/dark_palette.h"
@@ -184,6 +185,10 @@ TEST(DateView, ReadsWhatAClerkTypesAndTakesNothingWhileLocked) {
     EXPECT_EQ(typed("030326"), "02.03.2025");
     date.SetLocked(false);
     EXPECT_EQ(typed("030326"), "03.03.2026");
+    edit.clear();
+    QTimer::singleShot(100, [] { QApplication::activeModalWidget()->close(); });
+    stage.Press(Qt::Key_F4);
+    EXPECT_EQ(edit.text(), "") << "an emptied box stays empty where no day is chosen";
   });
 }
 
