@@ -63,8 +63,7 @@ void F_EST_Stucklohn::Cancel() {
 void F_EST_Stucklohn::Save() {
   if (!TestMonth()) return;
   Committed([this] { Write(); });
-  btnAbbrechen.SetEnabled(
-      false);  // the edit of this log ends; with other lists the Screen goes on to another one
+  btnAbbrechen.SetEnabled(false);  // the edit of this log ends; the next one may be of another list
   btnAbbrechen.Press();
 }
 

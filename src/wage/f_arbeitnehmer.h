@@ -55,9 +55,8 @@ class F_Arbeitnehmer : public Screen {
   std::string curFwj;
   std::int32_t curStundenId = 0;
   Guard loadingFlag;
-  bool wage_type_changed_ = false;  // since its rate was read
-  std::optional<std::string>
-      priced_day_;  // of the stored row, whose day may just be passed; nothing for a new one
+  bool wage_type_changed_ = false;         // since its rate was read
+  std::optional<std::string> priced_day_;  // of the stored row; nothing for a new one
 
   DataControl AdodcArbeitnehmer{*this, "AdodcArbeitnehmer"};
   DataGrid DataGridArbeitnehmer{*this, "DataGridArbeitnehmer"};

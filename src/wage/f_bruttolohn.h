@@ -69,10 +69,9 @@ class F_Bruttolohn : public Screen {
   std::string curFwj;
   std::int32_t curProduktId = 0;
   Guard loadingFlag;
-  bool wage_type_changed_ = false;  // since its rate was read
-  std::optional<std::string>
-      priced_day_;               // of the stored line, whose day may just be passed; nothing for a new one
-  bool summary_is_old_ = false;  // lines were written since it was filled
+  bool wage_type_changed_ = false;         // since its rate was read
+  std::optional<std::string> priced_day_;  // of the stored line; nothing for a new one
+  bool summary_is_old_ = false;            // lines were written since it was filled
 
   DataControl AdodcBruttoLohn{*this, "AdodcBruttoLohn"};
   DataGrid DataGridBruttoLohn{*this, "DataGridBruttoLohn"};

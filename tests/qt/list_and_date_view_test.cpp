@@ -8,8 +8,8 @@
 #include <QListWidget>
 #include <QTabBar>
 #include <QTableView>
-#include <QTimer>
 #include <QTest>
+#include <QTimer>
 
 #include "tests/qt/dark_palette.h"
 #include "tests/qt/stage.h"
