@@ -14,13 +14,13 @@ GridSource::GridSource(Grid& grid) : grid_(grid), data_grid_(dynamic_cast<const 
 
 bool GridSource::ReadNumbers() {
   if (!data_grid_) return false;
-  std::vector<EvenFormat> needed(static_cast<std::size_t>(ColumnCount()));
-  for (int row = 0; row < RowCount(); ++row) {
-    for (std::size_t column = 0; column < needed.size(); ++column)
-      needed[column].Add(data_grid_->CellValue(row, static_cast<int>(column)));
+  std::vector<std::string> formats(static_cast<std::size_t>(ColumnCount()));
+  for (const int column : VisibleColumns(*this)) {
+    if (!grid_.Columns()[column].NumberFormat().empty()) continue;
+    EvenFormat needed;
+    for (int row = 0; row < RowCount(); ++row) needed.Add(data_grid_->CellValue(row, column));
+    formats[static_cast<std::size_t>(column)] = needed.Text();
   }
-  std::vector<std::string> formats;
-  for (const EvenFormat& format : needed) formats.push_back(format.Text());
   return std::exchange(even_formats_, formats) != formats;
 }
 

@@ -76,7 +76,7 @@ class Form {
   // The database whose writes one handler commits together; null for a Screen without one.
   virtual Connection* HandlerConnection() const { return nullptr; }
 
-  // The year of a date that is typed without one where none stood before: the current one, unless the Screen knows better.
+  // The year of a date typed without one where none stood before: the current one, unless the Screen knows better.
   virtual int DateYear() const;
 
   Event<> Form_Activate;
